@@ -1,0 +1,15 @@
+# Every library the program links, found once.
+
+find_package(Threads REQUIRED)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui)
+find_package(nlohmann_json 3.11 REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(PNG REQUIRED IMPORTED_TARGET libpng)
+pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp)
+pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
+
+if(NOT KESTRIO_FUZZ)
+  find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
+  find_package(GTest REQUIRED)
+  find_package(benchmark REQUIRED)
+endif()

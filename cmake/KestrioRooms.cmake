@@ -1,0 +1,23 @@
+# kestrio_room(<name> [LINKS <target>...]): the library kestrio_<name> from every source below the
+# current folder. Naming the rooms it may include in LINKS is what puts them on its include path.
+function(kestrio_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS")
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(kestrio_${name} STATIC ${sources})
+  target_include_directories(kestrio_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(kestrio_${name} PUBLIC kestrio_common ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
+  target_precompile_headers(kestrio_${name} REUSE_FROM kestrio_pch)
+endfunction()
+
+# kestrio_test(<room> LINKS <target>...): one GoogleTest program from tests/<room>/, each case a ctest case.
+function(kestrio_test room)
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "LINKS")
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_executable(test_${room} ${sources})
+  target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(test_${room} PRIVATE KESTRIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(test_${room} PRIVATE ${TEST_LINKS} kestrio_test_support GTest::gmock)
+  target_precompile_headers(test_${room} REUSE_FROM kestrio_pch)
+  gtest_discover_tests(test_${room} TEST_PREFIX "${room}." DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,26 @@
+# Compiler flags that every target shares, and the compiler cache.
+
+find_program(KESTRIO_CCACHE ccache)
+if(KESTRIO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # Precompiled headers only hit the cache with these two sloppiness switches.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${KESTRIO_CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror=return-type)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-fpch-preprocess)
+endif()
+# Contracted multiply-adds would make results differ between the SIMD clones of one function.
+add_compile_options(-ffp-contract=off)
+
+if(KESTRIO_SANITIZE)
+  add_compile_options(-fsanitize=${KESTRIO_SANITIZE} -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=${KESTRIO_SANITIZE})
+  if(KESTRIO_SANITIZE MATCHES "undefined")
+    add_compile_options(-fno-sanitize-recover=undefined)
+  endif()
+  if(KESTRIO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+  endif()
+endif()

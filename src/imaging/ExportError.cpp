@@ -1,0 +1,39 @@
+#include "imaging/ExportError.h"
+
+#include "core/Localisation.h"
+
+namespace kestrio {
+
+ExportError ExportError::fileWriteFailed(QString path) {
+    ExportError error(Case::fileWriteFailed);
+    error.path_ = std::move(path);
+    return error;
+}
+
+ExportError ExportError::unsupportedFormat(ExportFormat format) {
+    ExportError error(Case::unsupportedFormat);
+    error.format_ = format;
+    return error;
+}
+
+QString ExportError::errorDescription() const {
+    switch (case_) {
+        case Case::fileWriteFailed:
+            return localised("Failed to write file: ") + path_;
+        case Case::unsupportedFormat:
+            if (format_ == ExportFormat::webp) {
+                return localised(
+                    "WebP export is not available on this macOS runtime. Please export as PNG or "
+                    "JPEG.");
+            }
+            return localised("Unsupported export format: ") + fileExtension(format_).toUpper();
+        case Case::renderingFailed: return localised("Image rendering failed");
+        case Case::clipboardFailed: return localised("Failed to copy to clipboard");
+        case Case::invalidFormat: return localised("Unsupported export format");
+        case Case::insufficientDiskSpace: return localised("Insufficient disk space");
+        case Case::userCancelled: return localised("Export cancelled by user");
+    }
+    return {};
+}
+
+}  // namespace kestrio
