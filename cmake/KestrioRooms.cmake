@@ -9,15 +9,22 @@ function(kestrio_room name)
   target_precompile_headers(kestrio_${name} REUSE_FROM kestrio_pch)
 endfunction()
 
-# kestrio_test(<room> LINKS <target>...): one GoogleTest program from tests/<room>/, each case a ctest case.
+# kestrio_test(<room> [ON_X_SERVER] LINKS <target>...): one GoogleTest program from tests/<room>/. Each
+# case is a ctest case on Qt's offscreen platform; with ON_X_SERVER all are one ctest case that runs
+# on an X server of its own.
 function(kestrio_test room)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "ON_X_SERVER" "" "LINKS")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
   add_executable(test_${room} ${sources})
   target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(test_${room} PRIVATE KESTRIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(test_${room} PRIVATE ${TEST_LINKS} kestrio_test_support GTest::gmock)
   target_precompile_headers(test_${room} REUSE_FROM kestrio_pch)
-  gtest_discover_tests(test_${room} TEST_PREFIX "${room}." DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  if(TEST_ON_X_SERVER)
+    add_test(NAME ${room} COMMAND xvfb-run --auto-servernum $<TARGET_FILE:test_${room}>)
+    set_tests_properties(${room} PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=xcb")
+  else()
+    gtest_discover_tests(test_${room} TEST_PREFIX "${room}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
+                         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  endif()
 endfunction()

@@ -4,9 +4,10 @@
 
 namespace kestrio {
 
-ExportError ExportError::fileWriteFailed(QString path) {
+ExportError ExportError::fileWriteFailed(QString path, QString reason) {
     ExportError error(Case::fileWriteFailed);
     error.path_ = std::move(path);
+    error.reason_ = std::move(reason);
     return error;
 }
 

@@ -18,7 +18,8 @@ class ExportError : public Error {
         userCancelled,
     };
 
-    static ExportError fileWriteFailed(QString path);
+    /// `reason` is what the system said, such as "No space left on device".
+    static ExportError fileWriteFailed(QString path, QString reason = {});
     static ExportError unsupportedFormat(ExportFormat format);
     static ExportError renderingFailed() { return ExportError(Case::renderingFailed); }
     static ExportError clipboardFailed() { return ExportError(Case::clipboardFailed); }
@@ -29,6 +30,8 @@ class ExportError : public Error {
     Case errorCase() const { return case_; }
     /// The file that could not be written; empty in the other cases.
     const QString& path() const { return path_; }
+    /// What the system said about a file that could not be written; may be empty.
+    const QString& reason() const { return reason_; }
 
     QString errorDescription() const override;
 
@@ -41,6 +44,7 @@ class ExportError : public Error {
 
     Case case_;
     QString path_;
+    QString reason_;
     ExportFormat format_ = ExportFormat::png;
 };
 

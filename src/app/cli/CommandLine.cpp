@@ -1,0 +1,67 @@
+#include "app/cli/CommandLine.h"
+
+#include "app/cli/RenderCommand.h"
+#include "core/Localisation.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+
+namespace kestrio {
+
+namespace {
+
+constexpr CliVerb verbs[] = {
+    {"render", "set pictures on a backdrop and write them as files", runRender},
+};
+
+void printVerbs() {
+    std::printf("Kestrio, a screenshot beautifier\n\nusage: kestrio VERB [ARGUMENTS]\n\n");
+    for (const CliVerb& verb : verbs) std::printf("  %-10s %s\n", verb.name, verb.summary);
+    std::printf("\n\"kestrio VERB --help\" tells the options of a verb.\n");
+}
+
+QString verbNames() {
+    QStringList names;
+    for (const CliVerb& verb : verbs) names << QString::fromLatin1(verb.name);
+    return names.join(QStringLiteral(", "));
+}
+
+ExitStatus runVerb(const CliVerb& verb, const QStringList& arguments) {
+    try {
+        return verb.run(arguments);
+    } catch (const UsageError& error) {
+        printError(error.errorDescription());
+        return ExitStatus::wrongUsage;
+    } catch (const Error& error) {
+        printError(error.errorDescription());
+    } catch (const std::bad_alloc&) {
+        printError(localised("there is not enough memory for this"));
+    }
+    return ExitStatus::failed;
+}
+
+}  // namespace
+
+void printError(const QString& message) {
+    const QString line = message.simplified();
+    std::fprintf(stderr, "kestrio: %s\n", line.toUtf8().constData());
+}
+
+ExitStatus runCommandLine(const QStringList& arguments) {
+    const QString first = arguments.value(0);
+    if (first.isEmpty() || first == u"--help" || first == u"-h" || first == u"help") {
+        printVerbs();
+        return ExitStatus::done;
+    }
+    if (first == u"--version") {
+        std::printf("kestrio %s\n", qUtf8Printable(QCoreApplication::applicationVersion()));
+        return ExitStatus::done;
+    }
+    for (const CliVerb& verb : verbs) {
+        if (first == QLatin1String(verb.name)) return runVerb(verb, arguments.mid(1));
+    }
+    printError(localised("unknown verb \"%1\"; known are %2").arg(first, verbNames()));
+    return ExitStatus::wrongUsage;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,222 @@
+#include "app/cli/RenderCommand.h"
+
+#include "app/cli/ProgressLine.h"
+#include "app/cli/RenderPlan.h"
+#include "app/cli/StopSignals.h"
+#include "app/cli/StyleOptions.h"
+#include "core/Localisation.h"
+#include "core/Stopwatch.h"
+#include "imaging/ExportError.h"
+#include "imaging/codecs/ImageDecoder.h"
+#include "platform/PlatformServices.h"
+#include "render/ImageRendererService.h"
+#include "settings/AppSettingsService.h"
+
+#include <QFileInfo>
+#include <cstdio>
+
+namespace kestrio {
+
+namespace {
+
+struct RenderOptions {
+    std::vector<RenderJob> jobs;
+    CommandLineStyle style;
+    bool isJson = false;
+    bool isQuickSave = false;
+};
+
+struct RenderedFile {
+    RenderJob job;
+    QSize pixels;
+    SavedFile saved;
+    double loadMilliseconds = 0;
+    double composeMilliseconds = 0;
+};
+
+struct FailedFile {
+    QString input;
+    QString message;
+};
+
+struct RenderReport {
+    std::vector<RenderedFile> files;
+    std::vector<FailedFile> failures;
+    bool isCancelled = false;
+};
+
+void addRenderOptions(QCommandLineParser& parser) {
+    parser.setApplicationDescription(
+        localised("Sets pictures on a backdrop and writes them as files."));
+    parser.addPositionalArgument(QStringLiteral("INPUT"), localised("a picture; several may be given"),
+                                 QStringLiteral("INPUT..."));
+    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                      localised("the file to write, or a folder"), QStringLiteral("OUTPUT")});
+    parser.addOption({QStringLiteral("quick-save"),
+                      localised("write to the save folder of the settings instead")});
+    parser.addOption({QStringLiteral("format"),
+                      localised("png, jpeg or webp; told by the output's ending unless given"),
+                      QStringLiteral("FORMAT")});
+    parser.addOption({QStringLiteral("json"), localised("tell what was written as JSON")});
+    addStyleOptions(parser);
+    parser.addHelpOption();
+}
+
+std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("format"))) return std::nullopt;
+    const QString name = parser.value(QStringLiteral("format"));
+    if (const auto format = formatNamed(name)) return format;
+    throw UsageError(localised("unknown format \"%1\"; known are %2")
+                         .arg(name, rawStrings<ExportFormat>().join(QStringLiteral(", "))));
+}
+
+AppSettings userSettings() {
+    return AppSettingsService(std::make_shared<IniUserDefaults>(IniUserDefaults::standardPath())).load();
+}
+
+RenderOptions parsedOptions(const QCommandLineParser& parser) {
+    RenderOptions options;
+    options.isJson = parser.isSet(QStringLiteral("json"));
+    options.isQuickSave = parser.isSet(QStringLiteral("quick-save"));
+    const QString output = parser.value(QStringLiteral("output"));
+    if (output.isEmpty() != options.isQuickSave) {
+        throw UsageError(localised("say where the result goes: -o OUTPUT or --quick-save"));
+    }
+    options.jobs = planRender(parser.positionalArguments(), {output, formatOption(parser)}, userSettings());
+    options.style = styleFromOptions(parser);
+    return options;
+}
+
+// Told before the work and not after seconds of it.
+void requireFolder(const QString& output) {
+    const QFileInfo folder(QFileInfo(output).path());
+    if (!folder.isDir()) {
+        throw ExportError::fileWriteFailed(output,
+                                           localised("the folder %1 does not exist").arg(folder.filePath()));
+    }
+}
+
+Task<RenderedFile> renderOne(ImageRendererServiceProtocol* renderer, CommandLineStyle style,
+                             RenderJob job, EncodeHooks hooks) {
+    requireFolder(job.output);
+    RenderedFile file;
+    file.job = job;
+    Stopwatch stopwatch;
+    auto load = [path = job.input] { return loadImageFile(path); };
+    const auto loading = runInBackground(std::move(load));
+    QImage bitmap = co_await loading;
+    file.loadMilliseconds = stopwatch.lap();
+    CompositeRequest request = style.requestFor(bitmap);
+    bitmap = {};
+    const auto composing = renderer->renderComposite(std::move(request), hooks.stop);
+    Image picture = co_await composing;
+    file.composeMilliseconds = stopwatch.lap();
+    file.pixels = picture.pixelSize();
+    const auto saving = renderer->saveImage(std::move(picture), job.output, job.format, hooks);
+    file.saved = co_await saving;
+    co_return file;
+}
+
+QString describe(const Error& error) {
+    const auto* exportError = dynamic_cast<const ExportError*>(&error);
+    if (!exportError || exportError->reason().isEmpty()) return error.errorDescription();
+    return error.errorDescription() + QStringLiteral(" (%1)").arg(exportError->reason());
+}
+
+bool isStop(const Error& error) {
+    const auto* exportError = dynamic_cast<const ExportError*>(&error);
+    return dynamic_cast<const Cancelled*>(&error) ||
+           (exportError && exportError->errorCase() == ExportError::Case::userCancelled);
+}
+
+Task<RenderReport> renderAll(RenderOptions options, std::shared_ptr<ImageRendererServiceProtocol> renderer,
+                             std::stop_token stop) {
+    RenderReport report;
+    ProgressLine progress(static_cast<int>(options.jobs.size()));
+    EncodeHooks hooks;
+    hooks.stop = stop;
+    hooks.progress = [&progress](double fraction) { progress.setFraction(fraction); };
+    int number = 0;
+    for (const RenderJob& job : options.jobs) {
+        progress.startItem(++number, QFileInfo(job.input).fileName());
+        try {
+            const auto rendering = renderOne(renderer.get(), options.style, job, hooks);
+            RenderedFile file = co_await rendering;
+            report.files.push_back(std::move(file));
+        } catch (const Error& error) {
+            report.isCancelled = isStop(error);
+            if (report.isCancelled) break;
+            report.failures.push_back({job.input, describe(error)});
+        } catch (const std::bad_alloc&) {
+            report.failures.push_back({job.input, localised("there is not enough memory for this")});
+        }
+    }
+    co_return report;
+}
+
+JsonValue rounded(double milliseconds) { return jsonNumber(std::round(milliseconds * 10) / 10); }
+
+JsonValue jsonOf(const RenderedFile& file) {
+    return {{"input", file.job.input.toStdString()},
+            {"path", file.job.output.toStdString()},
+            {"format", rawString(file.job.format).toStdString()},
+            {"width", file.pixels.width()},
+            {"height", file.pixels.height()},
+            {"bytes", file.saved.byteCount},
+            {"milliseconds",
+             {{"load", rounded(file.loadMilliseconds)},
+              {"compose", rounded(file.composeMilliseconds)},
+              {"encode", rounded(file.saved.encodeMilliseconds)},
+              {"write", rounded(file.saved.writeMilliseconds)}}}};
+}
+
+void printJson(const RenderReport& report) {
+    JsonValue document = JsonValue::object();
+    document["outputs"] = JsonValue::array();
+    for (const RenderedFile& file : report.files) document["outputs"].push_back(jsonOf(file));
+    document["failures"] = JsonValue::array();
+    for (const FailedFile& failure : report.failures) {
+        document["failures"].push_back(
+            {{"input", failure.input.toStdString()}, {"message", failure.message.toStdString()}});
+    }
+    std::printf("%s\n", jsonText(document, 2).constData());
+}
+
+ExitStatus tell(const RenderOptions& options, const RenderReport& report) {
+    for (const FailedFile& failure : report.failures) {
+        printError(failure.message.contains(failure.input)
+                       ? failure.message
+                       : failure.input + QStringLiteral(": ") + failure.message);
+    }
+    if (options.isJson) {
+        printJson(report);
+    } else if (options.isQuickSave) {
+        for (const RenderedFile& file : report.files) {
+            std::printf("%s\n", qUtf8Printable(localised("Saved to ") + file.job.output));
+        }
+    }
+    if (report.isCancelled) return ExitStatus::cancelled;
+    return report.failures.empty() ? ExitStatus::done : ExitStatus::failed;
+}
+
+}  // namespace
+
+ExitStatus runRender(const QStringList& arguments) {
+    QCommandLineParser parser;
+    addRenderOptions(parser);
+    if (!parser.parse(QStringList(QStringLiteral("kestrio render")) + arguments)) {
+        throw UsageError(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        std::printf("%s", qUtf8Printable(parser.helpText()));
+        return ExitStatus::done;
+    }
+    const RenderOptions options = parsedOptions(parser);
+    const StopSignals stopSignals;
+    const auto watermarks = std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());
+    const auto renderer = std::make_shared<ImageRendererService>(watermarks, makePlatformServices().pasteboard);
+    const RenderReport report = runUntilDone(renderAll(options, renderer, stopSignals.token()));
+    return tell(options, report);
+}
+
+}  // namespace kestrio

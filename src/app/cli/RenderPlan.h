@@ -1,0 +1,34 @@
+#pragma once
+
+#include "imaging/ExportFormat.h"
+#include "settings/AppSettings.h"
+
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+namespace kestrio {
+
+/// Where finished pictures of a command go.
+struct OutputChoice {
+    QString output;                      ///< a file, or a folder; empty for a quick save
+    std::optional<ExportFormat> format;  ///< as asked for; else told by the output's extension
+};
+
+/// One picture to make.
+struct RenderJob {
+    QString input;
+    QString output;
+    ExportFormat format;
+};
+
+/// What is written for each input, without touching any file. A folder takes any number of inputs
+/// and gives each output the name of its input, with a number where that file exists or is planned
+/// already; a file takes one input. Throws UsageError, also for an output that is its own input.
+std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
+                                  const AppSettings& settings);
+
+/// The format that a name such as "png" or "jpg" stands for, or nothing.
+std::optional<ExportFormat> formatNamed(const QString& name);
+
+}  // namespace kestrio

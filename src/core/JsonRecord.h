@@ -1,0 +1,98 @@
+#pragma once
+
+#include "core/JsonCodecs.h"
+
+#include <optional>
+#include <tuple>
+
+namespace kestrio {
+
+/// One key of a record. A member of type std::optional is left out when absent and may be missing;
+/// every other one is required.
+template <typename Record, typename T>
+struct JsonField {
+    const char* key;
+    T Record::*member;
+    bool isDefaulted = false;
+};
+
+template <typename Record, typename T>
+constexpr JsonField<Record, T> jsonField(const char* key, T Record::*member) {
+    return {key, member};
+}
+
+/// A key that may be missing or unreadable: the member then keeps what the record starts with.
+template <typename Record, typename T>
+constexpr JsonField<Record, T> defaultedField(const char* key, T Record::*member) {
+    return {key, member, true};
+}
+
+/// A record declares its keys once, in their order:
+/// `static constexpr auto jsonFields() { return std::tuple(jsonField("x", &Point::x), ...); }`
+template <typename T>
+concept JsonRecord = requires { T::jsonFields(); };
+
+namespace detail {
+
+template <typename T>
+struct OptionalTrait {
+    static constexpr bool isOptional = false;
+    using Value = T;
+};
+
+template <typename T>
+struct OptionalTrait<std::optional<T>> {
+    static constexpr bool isOptional = true;
+    using Value = T;
+};
+
+template <typename Record, typename T>
+void encodeField(JsonValue& object, const Record& record, const JsonField<Record, T>& field) {
+    const T& member = record.*field.member;
+    if constexpr (OptionalTrait<T>::isOptional) {
+        if (member) object[field.key] = encodeJson(*member);
+    } else {
+        object[field.key] = encodeJson(member);
+    }
+}
+
+template <typename Record, typename T>
+void decodeField(const JsonReader& reader, Record& record, const JsonField<Record, T>& field) {
+    using Value = typename OptionalTrait<T>::Value;
+    try {
+        if (const auto found = reader.find(field.key)) {
+            record.*field.member = decodeJson<Value>(*found);
+        } else if (!field.isDefaulted) {
+            // An optional that is missing is absent, whatever a fresh record starts with.
+            if constexpr (OptionalTrait<T>::isOptional) {
+                record.*field.member = std::nullopt;
+            } else {
+                reader.at(field.key);
+            }
+        }
+    } catch (const JsonError&) {
+        if (!field.isDefaulted) throw;
+    }
+}
+
+}  // namespace detail
+
+template <JsonRecord Record>
+struct JsonCodec<Record> {
+    static JsonValue encode(const Record& record) {
+        JsonValue object = JsonValue::object();
+        std::apply([&](const auto&... field) { (detail::encodeField(object, record, field), ...); },
+                   Record::jsonFields());
+        return object;
+    }
+
+    static Record decode(const JsonReader& reader) {
+        if (!reader.value().is_object()) reader.fail(localised("expected an object"));
+        Record record{};
+        std::apply([&](const auto&... field) { (detail::decodeField(reader, record, field), ...); },
+                   Record::jsonFields());
+        return record;
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,11 @@
+#include "core/Log.h"
+
+#include <cstdio>
+
+namespace kestrio {
+
+void logLine(const char* name, const QString& message) {
+    std::fprintf(stderr, "[%s] %s\n", name, message.toUtf8().constData());
+}
+
+}  // namespace kestrio

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace kestrio {
+
+/// Writes "[name] message" as one line. The line goes to standard error: standard output belongs to
+/// what a command was asked for.
+void logLine(const char* name, const QString& message);
+
+}  // namespace kestrio

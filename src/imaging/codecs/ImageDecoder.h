@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+
+#include "imaging/codecs/ImageLoadError.h"
+
+namespace kestrio {
+
+/// What a picture may claim before any of its pixels are allocated.
+struct DecodeLimits {
+    /// 256 mebipixels: a bitmap of one gibibyte.
+    qint64 pixels = qint64(1) << 28;
+    /// The longer side, in pixels.
+    int side = 131072;
+};
+
+/// The picture in `bytes`, a whole PNG, JPEG, WebP, BMP, GIF, ICO, PPM or TIFF file (the first
+/// frame of an animation), in one of the two formats that Image allows: RGB32 where the file's
+/// format has no alpha, else ARGB32_Premultiplied. Colours are converted from an embedded profile
+/// to sRGB and the orientation that a camera noted is applied. Throws ImageLoadError.
+QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits = {});
+
+/// The picture in a file, as decodeImage(). Throws ImageLoadError.
+QImage loadImageFile(const QString& path);
+
+}  // namespace kestrio

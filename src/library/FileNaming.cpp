@@ -1,0 +1,78 @@
+#include "library/FileNaming.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QUuid>
+
+namespace kestrio {
+
+namespace {
+
+const QString sequenceVariable = QStringLiteral("{sequence}");
+
+QString threeDigits(int number) { return QString::asprintf("%03d", number); }
+
+// The C locale, so that names are the same in every language.
+QString formatted(const QDateTime& date, QStringView format) {
+    return QLocale::c().toString(date, format);
+}
+
+bool isAllowed(QChar character) {
+    const char16_t code = character.unicode();
+    return (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z') ||
+           (code >= '0' && code <= '9') || code == '_' || code == '-';
+}
+
+QString sanitised(QString name) {
+    static const QRegularExpression whiteSpace(QStringLiteral("\\s+"),
+                                               QRegularExpression::UseUnicodePropertiesOption);
+    name.replace(whiteSpace, QStringLiteral("_"));
+    for (QChar& character : name) {
+        if (!isAllowed(character)) character = u'_';
+    }
+    while (name.contains(QStringLiteral("__"))) name.replace(QStringLiteral("__"), QStringLiteral("_"));
+    const auto isTrimmed = [](QChar character) { return character == u'_' || character == u'-'; };
+    while (!name.isEmpty() && isTrimmed(name.back())) name.chop(1);
+    while (!name.isEmpty() && isTrimmed(name.front())) name.remove(0, 1);
+    return name;
+}
+
+QString withoutDots(QString extension) {
+    while (extension.startsWith(u'.')) extension.remove(0, 1);
+    while (extension.endsWith(u'.')) extension.chop(1);
+    return extension;
+}
+
+}  // namespace
+
+QString formatFileName(int sequence, const QDateTime& date, const QString& pattern) {
+    const QString day = formatted(date, u"yyyy-MM-dd");
+    QString name = pattern;
+    name.replace(QStringLiteral("{date}"), day);
+    name.replace(QStringLiteral("{time}"), formatted(date, u"HH-mm-ss"));
+    name.replace(sequenceVariable, threeDigits(sequence));
+    name = sanitised(name);
+    return name.isEmpty() ? QStringLiteral("Kestrio_%1_%2").arg(day, threeDigits(sequence)) : name;
+}
+
+QString uniqueFileName(const QString& directory, const QString& extension, const QDateTime& date,
+                       const QString& pattern) {
+    constexpr int mostTries = 999999;
+    const QString ending = withoutDots(extension);
+    const QString suffix = ending.isEmpty() ? QString() : u'.' + ending;
+    const QString base = formatFileName(1, date, pattern);
+    const bool isNumbered = pattern.contains(sequenceVariable);
+    for (int number = 1; number <= mostTries; ++number) {
+        QString candidate = base;
+        if (isNumbered) {
+            candidate = formatFileName(number, date, pattern);
+        } else if (number > 1) {
+            candidate += u'_' + threeDigits(number);
+        }
+        if (!QFileInfo::exists(directory + u'/' + candidate + suffix)) return candidate;
+    }
+    return base + u'_' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+}
+
+}  // namespace kestrio

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "settings/AppSettings.h"
+
+#include <QDateTime>
+
+namespace kestrio {
+
+/// The file that a quick save at `now` writes: in the user's save folder, named by the user's
+/// pattern, never one that exists.
+QString quickSavePath(const AppSettings& settings, const QDateTime& now, ExportFormat format);
+
+}  // namespace kestrio

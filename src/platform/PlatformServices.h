@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <memory>
+
+namespace kestrio {
+
+/// One of each service of the desktop. A platform fills it in its factory.
+struct PlatformServices {
+    std::shared_ptr<Pasteboard> pasteboard;
+};
+
+/// The services of the desktop that the program runs on. Needs a GUI application.
+PlatformServices makePlatformServices();
+
+}  // namespace kestrio

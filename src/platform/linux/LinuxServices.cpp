@@ -1,0 +1,8 @@
+#include "platform/PlatformServices.h"
+#include "platform/linux/QtPasteboard.h"
+
+namespace kestrio {
+
+PlatformServices makePlatformServices() { return {std::make_shared<QtPasteboard>()}; }
+
+}  // namespace kestrio

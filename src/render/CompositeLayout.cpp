@@ -1,0 +1,81 @@
+#include "render/CompositeLayout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrio {
+
+namespace {
+
+bool isPositive(double length) { return std::isfinite(length) && length > 0; }
+
+bool isPositive(QSizeF size) { return isPositive(size.width()) && isPositive(size.height()); }
+
+double perPoint(double pixels, double points) { return points > 1 ? pixels / points : pixels; }
+
+int wholePixels(double length) {
+    constexpr double most = 1 << 30;
+    return std::max(1, static_cast<int>(std::lround(std::min(length, most))));
+}
+
+}  // namespace
+
+bool CompositeLayout::isValid() const {
+    return isPositive(canvasSize) && isPositive(outputSize) && isPositive(imageSize);
+}
+
+QSize CompositeLayout::outputPixels() const {
+    return {wholePixels(outputSize.width()), wholePixels(outputSize.height())};
+}
+
+double CompositeLayout::scale() const { return outputSize.width() / std::max(canvasSize.width(), 1.0); }
+
+double CompositeLayout::backdropScale() const {
+    return kestrio::backdropScale(canvasSize, outputSize);
+}
+
+double CompositeLayout::titleBarHeight() const {
+    return frameMetrics(frameStyle).titleBarHeight * std::max(frameScale, 0.0);
+}
+
+double backdropScale(QSizeF canvasSize, QSizeF pixels) {
+    return std::max(std::min(perPoint(pixels.width(), canvasSize.width()),
+                             perPoint(pixels.height(), canvasSize.height())),
+                    1.0);
+}
+
+QPointF scaledPadding(const CompositeLayout& layout) {
+    if (!layout.isValid()) return {layout.padding, layout.padding};
+    return {layout.padding * (layout.outputSize.width() / layout.canvasSize.width()),
+            layout.padding * (layout.outputSize.height() / layout.canvasSize.height())};
+}
+
+QRectF contentRect(const CompositeLayout& layout) {
+    if (!layout.isValid()) return {};
+    const QPointF padding = scaledPadding(layout);
+    const double titleBar =
+        layout.titleBarHeight() * (layout.outputSize.height() / layout.canvasSize.height());
+    const double availableWidth = layout.outputSize.width() - 2 * padding.x();
+    const double availableHeight = layout.outputSize.height() - 2 * padding.y() - titleBar;
+    if (availableWidth <= 0 || availableHeight <= 0) return {};
+
+    const double aspect = layout.imageSize.width() / layout.imageSize.height();
+    double width = availableWidth;
+    double height = availableHeight;
+    if (availableWidth / availableHeight < aspect) {
+        height = availableWidth / aspect;
+    } else {
+        width = availableHeight * aspect;
+    }
+    return {padding.x() + (availableWidth - width) * 0.5,
+            padding.y() + titleBar + (availableHeight - height) * 0.5, width, height};
+}
+
+QRectF mapToOutput(const QRectF& rect, const CompositeLayout& layout) {
+    if (!layout.isValid()) return rect;
+    const double x = layout.outputSize.width() / layout.canvasSize.width();
+    const double y = layout.outputSize.height() / layout.canvasSize.height();
+    return {rect.x() * x, rect.y() * y, rect.width() * x, rect.height() * y};
+}
+
+}  // namespace kestrio

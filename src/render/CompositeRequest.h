@@ -1,0 +1,32 @@
+#pragma once
+
+#include "imaging/Image.h"
+#include "render/CompositeLayout.h"
+#include "render/style/CanvasState.h"
+#include "render/style/EditorStyleSettings.h"
+#include "render/style/WatermarkSettings.h"
+
+namespace kestrio {
+
+/// All that one composition needs, by value, so that it can be composed on any thread while its
+/// maker goes on.
+struct CompositeRequest {
+    Image screenshot;
+    BackdropSettings backdrop;
+    MockupSettings mockup;
+    FrameStyle frameStyle = FrameStyle::none;
+    double frameScale = 1;
+    CanvasState canvasState;
+    std::optional<WatermarkSettings> watermark;
+
+    void setStyle(const EditorStyleSettings& style) {
+        backdrop = style.backdrop;
+        mockup = style.mockup;
+        frameStyle = style.frameStyle;
+    }
+};
+
+/// The geometry of a request for a screenshot of a given density (pixels a point).
+CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDensity);
+
+}  // namespace kestrio

@@ -1,0 +1,108 @@
+#include "render/ImageComposer.h"
+
+#include "core/Cancelled.h"
+#include "imaging/ExportError.h"
+#include "imaging/filters/Opacity.h"
+#include "imaging/filters/Rotate.h"
+#include "render/ScreenshotGroup.h"
+#include "render/backdrop/OverlayPainter.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace kestrio {
+
+namespace {
+
+// What decoders accept too; more would ask for gigabytes for a typing error in a canvas size.
+constexpr qint64 mostPixels = 256LL * 1024 * 1024;
+
+constexpr double negligibleTurn = 0.0001;
+
+double turnOf(double degrees) { return std::isfinite(degrees) ? std::fmod(degrees, 360.0) : 0.0; }
+
+// A whole number of pixels that holds `length`, forgiving what rounding in cos and sin adds.
+int pixelsHolding(double length) {
+    const double nearest = std::round(length);
+    const double whole = std::abs(length - nearest) < negligibleTurn ? nearest : std::ceil(length);
+    return std::max(1, static_cast<int>(whole));
+}
+
+void requirePossible(const CompositeLayout& layout) {
+    if (!layout.isValid()) throw ExportError::renderingFailed();
+    const QSize pixels = layout.outputPixels();
+    if (qint64(pixels.width()) * pixels.height() > mostPixels) throw ExportError::renderingFailed();
+}
+
+}  // namespace
+
+CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDensity) {
+    CompositeLayout layout;
+    layout.canvasSize = request.canvasState.canvasSize;
+    layout.outputSize = layout.canvasSize * pixelDensity;
+    layout.imageSize = request.screenshot.pointSize();
+    layout.padding = std::clamp(request.backdrop.padding, 0.0, 100.0);
+    layout.frameStyle = request.frameStyle;
+    layout.frameScale = std::max(request.frameScale, 0.0);
+    return layout;
+}
+
+QImage turned(const QImage& picture, double degrees) {
+    const double turn = turnOf(degrees);
+    if (std::abs(turn) <= negligibleTurn) return picture;
+    const double quarters = std::round(turn / 90);
+    if (std::abs(turn - quarters * 90) <= negligibleTurn) {
+        return rotatedQuarterTurns(picture, static_cast<int>(quarters));
+    }
+    const double radians = turn * std::numbers::pi / 180;
+    const double cosine = std::abs(std::cos(radians));
+    const double sine = std::abs(std::sin(radians));
+    const QSize canvas(pixelsHolding(picture.width() * cosine + picture.height() * sine),
+                       pixelsHolding(picture.height() * cosine + picture.width() * sine));
+    return rotated(picture, turn, canvas);
+}
+
+ImageComposer::ImageComposer(std::shared_ptr<WatermarkServiceProtocol> watermarkService)
+    : watermarkService_(std::move(watermarkService)),
+      renderQueue_(QStringLiteral("com.kestrio.imagerenderer")) {}
+
+Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
+    if (request.screenshot.isNull()) throw ExportError::renderingFailed();
+    const CompositeLayout layout = compositeLayout(request, request.screenshot.pixelDensity());
+    requirePossible(layout);
+    if (request.watermark) {
+        request.screenshot = watermarkService_->apply(request.screenshot, *request.watermark);
+    }
+
+    const double scale = layout.backdropScale();
+    throwIfStopped(stop);
+    QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale);
+    if (output.isNull()) throw ExportError::renderingFailed();
+    throwIfStopped(stop);
+    backdropRenderer_.applyEffects(output, request.backdrop.effects, scale);
+
+    throwIfStopped(stop);
+    paintScreenshotGroup(output, {request.screenshot.bitmap(), request.mockup, layout});
+    request.screenshot = {};
+    if (const auto& overlay = request.backdrop.overlay;
+        overlay && overlay->position == OverlayPosition::overlay) {
+        drawOverlay(output, overlay->type, overlay->opacity);
+    }
+
+    throwIfStopped(stop);
+    output = turned(output, request.canvasState.transform.rotation);
+    if (output.isNull()) throw ExportError::renderingFailed();
+    return Image(markedOpaque(std::move(output)));
+}
+
+Image ImageComposer::renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) {
+    return Image(backdropRenderer_.render(backdrop, pixels, scale));
+}
+
+Image ImageComposer::applyEffects(const Image& image, const BackdropEffects& effects, double scale) {
+    QImage bitmap = image.bitmap();
+    backdropRenderer_.applyEffects(bitmap, effects, scale);
+    return {bitmap, image.pointSize()};
+}
+
+}  // namespace kestrio

@@ -1,0 +1,44 @@
+#include "render/ImageRendererService.h"
+
+#include "core/Stopwatch.h"
+#include "imaging/ExportError.h"
+#include "render/ImageFile.h"
+
+namespace kestrio {
+
+ImageRendererService::ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService,
+                                           std::shared_ptr<Pasteboard> pasteboard)
+    : composer_(std::make_shared<ImageComposer>(std::move(watermarkService))),
+      pasteboard_(std::move(pasteboard)) {}
+
+Task<Image> ImageRendererService::renderComposite(CompositeRequest request, std::stop_token stop) {
+    // The composer is shared with the work, which may outlive this service.
+    auto work = [composer = composer_, request = std::move(request), stop]() mutable {
+        return composer->compose(std::move(request), stop);
+    };
+    const auto picture = runInBackground(std::move(work));
+    co_return co_await picture;
+}
+
+Task<SavedFile> ImageRendererService::saveImage(Image image, QString path, ExportFormat format,
+                                               EncodeHooks hooks) {
+    auto work = [image = std::move(image), path, format, hooks = std::move(hooks)] {
+        SavedFile saved;
+        Stopwatch stopwatch;
+        const QByteArray bytes = encodeImage(image.bitmap(), format, hooks);
+        saved.encodeMilliseconds = stopwatch.lap();
+        writeFile(path, bytes);
+        saved.writeMilliseconds = stopwatch.lap();
+        saved.byteCount = bytes.size();
+        return saved;
+    };
+    const auto saved = runInBackground(std::move(work));
+    co_return co_await saved;
+}
+
+void ImageRendererService::copyToClipboard(const Image& image) {
+    pasteboard_->clearContents();
+    if (!pasteboard_->writeImage(image.bitmap())) throw ExportError::clipboardFailed();
+}
+
+}  // namespace kestrio

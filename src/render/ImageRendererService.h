@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/SerialQueue.h"
+#include "core/Task.h"
+#include "imaging/codecs/ImageEncoder.h"
+#include "platform/Pasteboard.h"
+#include "render/CompositeRequest.h"
+#include "render/ImageComposer.h"
+#include "render/watermark/WatermarkService.h"
+
+#include <memory>
+
+namespace kestrio {
+
+/// What became of a picture that was saved.
+struct SavedFile {
+    qint64 byteCount = 0;
+    double encodeMilliseconds = 0;
+    double writeMilliseconds = 0;
+};
+
+/// Turns a screenshot and its style into the finished picture and hands that on. The flows run on
+/// the main thread and leave all work to the background; each takes its values by copy.
+class ImageRendererServiceProtocol {
+  public:
+    virtual ~ImageRendererServiceProtocol() = default;
+
+    /// The finished picture, one pixel a point. Throws ExportError::renderingFailed for a request
+    /// without a screenshot or with an impossible size, and Cancelled.
+    virtual Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) = 0;
+
+    /// Encodes, then writes. Nothing is written when encoding fails. Throws
+    /// ExportError::renderingFailed, fileWriteFailed and userCancelled.
+    virtual Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+                                      EncodeHooks hooks = {}) = 0;
+
+    /// Replaces what is on the clipboard. Throws ExportError::clipboardFailed. Main thread.
+    virtual void copyToClipboard(const Image& image) = 0;
+};
+
+class ImageRendererService : public ImageRendererServiceProtocol {
+  public:
+    ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService,
+                         std::shared_ptr<Pasteboard> pasteboard);
+
+    Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) override;
+    Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+                              EncodeHooks hooks = {}) override;
+    void copyToClipboard(const Image& image) override;
+
+  private:
+    std::shared_ptr<ImageComposer> composer_;
+    std::shared_ptr<Pasteboard> pasteboard_;
+};
+
+}  // namespace kestrio

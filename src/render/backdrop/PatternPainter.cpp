@@ -1,0 +1,144 @@
+#include "render/backdrop/PatternPainter.h"
+
+#include "render/backdrop/Grain.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+#include <numbers>
+
+namespace kestrio {
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+
+struct PatternDrawing {
+    QImage& bitmap;
+    double width;
+    double height;
+    double scale;  // pixels a point
+    double lineWidth;
+    double intensity;  // 0 to 1
+    CodableColor color;  // its alpha carries the intensity
+
+    void stroke(const QPainterPath& path) const {
+        QPainter painter(&bitmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.strokePath(path, QPen(color.toQColor(), lineWidth, Qt::SolidLine, Qt::FlatCap,
+                                      Qt::MiterJoin));
+    }
+};
+
+void drawCircles(const PatternDrawing& drawing) {
+    const QPointF centre(drawing.width / 2, drawing.height / 2);
+    const double last = std::max(drawing.width, drawing.height);
+    for (double radius = 30 * drawing.scale; radius <= last; radius += 30 * drawing.scale) {
+        QPainterPath circle;
+        circle.addEllipse(centre, radius, radius);
+        drawing.stroke(circle);
+    }
+}
+
+void drawWaves(const PatternDrawing& drawing) {
+    const double step = std::max(2 * drawing.scale, 1.0);
+    const double amplitude = 10 * drawing.scale;
+    const double length = 40 * drawing.scale;
+    for (double y = 20 * drawing.scale; y <= drawing.height; y += 20 * drawing.scale) {
+        QPainterPath wave(QPointF(0, y));
+        for (double x = step; x <= drawing.width; x += step) {
+            wave.lineTo(x, y + amplitude * std::sin(2 * pi * x / length));
+        }
+        drawing.stroke(wave);
+    }
+}
+
+void drawDots(const PatternDrawing& drawing) {
+    QPainter painter(&drawing.bitmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(drawing.color.toQColor());
+    const double diameter = drawing.lineWidth * 1.5;
+    const double pitch = 15 * drawing.scale;
+    for (double y = 0; y < drawing.height; y += pitch) {
+        for (double x = 0; x < drawing.width; x += pitch) {
+            painter.drawEllipse(QRectF(x, y, diameter, diameter));
+        }
+    }
+}
+
+void drawRays(const PatternDrawing& drawing) {
+    constexpr int rays = 24;
+    const QPointF centre(drawing.width / 2, drawing.height / 2);
+    const double length = 1.5 * std::max(drawing.width, drawing.height);
+    QPainterPath path;
+    for (int ray = 0; ray < rays; ++ray) {
+        const double angle = 2 * pi * ray / rays;
+        path.moveTo(centre);
+        path.lineTo(centre + length * QPointF(std::cos(angle), std::sin(angle)));
+    }
+    drawing.stroke(path);
+}
+
+void drawGrid(const PatternDrawing& drawing) {
+    const double pitch = 20 * drawing.scale;
+    QPainterPath path;
+    for (double x = 0; x <= drawing.width; x += pitch) {
+        path.moveTo(x, 0);
+        path.lineTo(x, drawing.height);
+    }
+    for (double y = 0; y <= drawing.height; y += pitch) {
+        path.moveTo(0, y);
+        path.lineTo(drawing.width, y);
+    }
+    drawing.stroke(path);
+}
+
+void drawStripes(const PatternDrawing& drawing) {
+    QPainterPath path;
+    for (double x = -drawing.height; x <= drawing.width; x += 10 * drawing.scale) {
+        path.moveTo(x, 0);
+        path.lineTo(x + drawing.height, drawing.height);
+    }
+    drawing.stroke(path);
+}
+
+void drawNoise(const PatternDrawing& drawing) {
+    drawPatternGrain(drawing.bitmap, drawing.color, drawing.intensity, drawing.scale);
+}
+
+using DrawFunction = void (*)(const PatternDrawing&);
+
+struct PatternRow {
+    PatternType type;
+    DrawFunction draw;
+};
+
+constexpr PatternRow patternRows[] = {
+    {PatternType::circles, drawCircles}, {PatternType::waves, drawWaves},
+    {PatternType::dots, drawDots},       {PatternType::rays, drawRays},
+    {PatternType::grid, drawGrid},       {PatternType::stripes, drawStripes},
+    {PatternType::noise, drawNoise},
+};
+
+double lineWidth(double thickness, double scale) {
+    return thickness >= 1 ? scale * 3 : scale * std::max(thickness * 3, 0.5);
+}
+
+}  // namespace
+
+void drawPattern(QImage& bitmap, const PatternSettings& pattern, double scale) {
+    const double intensity = std::clamp(pattern.intensity, 0.0, 1.0);
+    const PatternDrawing drawing{bitmap,
+                                 double(bitmap.width()),
+                                 double(bitmap.height()),
+                                 scale,
+                                 lineWidth(pattern.thickness, scale),
+                                 intensity,
+                                 pattern.color.withAlphaTimes(intensity)};
+    for (const PatternRow& row : patternRows) {
+        if (row.type == pattern.type) row.draw(drawing);
+    }
+}
+
+}  // namespace kestrio

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QString>
+
+namespace kestrio {
+
+enum class FrameTextWeight { regular, medium };
+
+/// A line of text on a frame.
+struct FrameText {
+    QString text;
+    double size;  ///< units of the painter
+    FrameTextWeight weight = FrameTextWeight::regular;
+    QColor color;
+};
+
+/// The host that address fields show.
+QString placeholderHost();
+
+double frameTextWidth(const FrameText& text);
+
+/// Draws the line with its left end at `place`, its capitals centred on place.y(). Shaped without
+/// hinting, so that it is the same picture at every scale.
+void paintFrameText(QPainter& painter, const FrameText& text, QPointF place);
+
+}  // namespace kestrio

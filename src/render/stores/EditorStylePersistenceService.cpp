@@ -1,0 +1,27 @@
+#include "render/stores/EditorStylePersistenceService.h"
+
+namespace kestrio {
+
+namespace {
+const QString styleKey = QStringLiteral("com.kestrio.editorStyleSettings");
+}
+
+std::optional<EditorStyleSettings> EditorStylePersistenceService::load() {
+    const auto data = userDefaults_->data(styleKey);
+    if (!data) return std::nullopt;
+    try {
+        return decodeJsonText<EditorStyleSettings>(*data);
+    } catch (const JsonError&) {
+        return std::nullopt;
+    }
+}
+
+void EditorStylePersistenceService::save(const EditorStyleSettings& style) {
+    try {
+        userDefaults_->setData(styleKey, encodeJsonText(style));
+    } catch (const JsonError&) {
+        // The last style that could be written stays.
+    }
+}
+
+}  // namespace kestrio

@@ -1,0 +1,81 @@
+#include "render/stores/ThemeStorageService.h"
+
+namespace kestrio {
+
+namespace {
+
+const QString themesKey = QStringLiteral("com.kestrio.savedThemes");
+
+bool isNameTaken(const std::vector<Theme>& themes, const Theme& candidate) {
+    return std::any_of(themes.begin(), themes.end(), [&](const Theme& theme) {
+        return theme.name == candidate.name && theme.id != candidate.id;
+    });
+}
+
+auto findTheme(std::vector<Theme>& themes, QUuid id) {
+    const auto found = std::find_if(themes.begin(), themes.end(),
+                                    [&](const Theme& theme) { return theme.id == id; });
+    if (found == themes.end()) throw ThemeStorageError::themeNotFound(id);
+    return found;
+}
+
+}  // namespace
+
+ThemeStorageError ThemeStorageError::themeNotFound(QUuid id) {
+    return {Case::themeNotFound, id.toString(QUuid::WithoutBraces).toUpper()};
+}
+
+ThemeStorageError ThemeStorageError::duplicateName(const QString& name) {
+    return {Case::duplicateName, name};
+}
+
+QString ThemeStorageError::errorDescription() const {
+    switch (case_) {
+        case Case::themeNotFound: return localised("Theme not found: ") + subject_;
+        case Case::duplicateName: return localised("Theme name already exists: ") + subject_;
+        case Case::encodingFailed: return localised("Theme encoding failed");
+        case Case::decodingFailed: return localised("Theme decoding failed");
+    }
+    return {};
+}
+
+std::vector<Theme> ThemeStorageService::loadThemes() {
+    const auto data = userDefaults_->data(themesKey);
+    if (!data) return {};
+    try {
+        return decodeJsonText<std::vector<Theme>>(*data);
+    } catch (const JsonError&) {
+        throw ThemeStorageError::decodingFailed();
+    }
+}
+
+void ThemeStorageService::saveTheme(const Theme& theme) {
+    auto themes = loadThemes();
+    if (isNameTaken(themes, theme)) throw ThemeStorageError::duplicateName(theme.name);
+    themes.push_back(theme);
+    write(themes);
+}
+
+void ThemeStorageService::updateTheme(const Theme& theme) {
+    auto themes = loadThemes();
+    const auto place = findTheme(themes, theme.id);
+    if (isNameTaken(themes, theme)) throw ThemeStorageError::duplicateName(theme.name);
+    *place = theme;
+    write(themes);
+}
+
+void ThemeStorageService::deleteTheme(QUuid id) {
+    auto themes = loadThemes();
+    themes.erase(findTheme(themes, id));
+    write(themes);
+}
+
+void ThemeStorageService::write(const std::vector<Theme>& themes) {
+    try {
+        userDefaults_->setData(themesKey, encodeJsonText(themes));
+    } catch (const JsonError&) {
+        throw ThemeStorageError::encodingFailed();
+    }
+}
+
+}  // namespace kestrio

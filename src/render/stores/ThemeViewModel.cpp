@@ -1,0 +1,49 @@
+#include "render/stores/ThemeViewModel.h"
+
+namespace kestrio {
+
+ThemeViewModel::ThemeViewModel(std::shared_ptr<ThemeStorageServiceProtocol> storageService,
+                               QObject* parent)
+    : QObject(parent), storageService_(std::move(storageService)) {
+    reload();
+}
+
+void ThemeViewModel::reload() {
+    set_isLoading(true);
+    std::vector<Theme> user;
+    try {
+        user = storageService_->loadThemes();
+    } catch (const ThemeStorageError& error) {
+        set_errorMessage(error.errorDescription());
+    }
+    std::vector<Theme> all = defaults_;
+    all.insert(all.end(), user.begin(), user.end());
+    set_userThemes(std::move(user));
+    set_allThemes(std::move(all));
+    set_isLoading(false);
+}
+
+void ThemeViewModel::saveTheme(const QString& name, const EditorStyleSettings& style) {
+    const Theme theme = Theme::make(name, style);
+    set_errorMessage({});
+    try {
+        storageService_->saveTheme(theme);
+        set_selectedTheme(theme);
+    } catch (const ThemeStorageError& error) {
+        set_errorMessage(localised("Failed to save theme: ") + error.errorDescription());
+    }
+    reload();
+}
+
+void ThemeViewModel::deleteTheme(QUuid id) {
+    set_errorMessage({});
+    try {
+        storageService_->deleteTheme(id);
+        if (selectedTheme() && selectedTheme()->id == id) set_selectedTheme(std::nullopt);
+    } catch (const ThemeStorageError& error) {
+        set_errorMessage(error.errorDescription());
+    }
+    reload();
+}
+
+}  // namespace kestrio

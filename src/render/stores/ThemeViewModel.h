@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/Published.h"
+#include "render/stores/ThemeStorageService.h"
+
+#include <QObject>
+
+namespace kestrio {
+
+/// The list of themes: the built-in defaults followed by the user's own.
+class ThemeViewModel : public QObject {
+    Q_OBJECT
+    PUBLISHED(std::vector<Theme>, allThemes, {})
+    PUBLISHED(std::vector<Theme>, userThemes, {})
+    PUBLISHED(std::optional<Theme>, selectedTheme, std::nullopt)
+    PUBLISHED(QString, errorMessage, {})
+    PUBLISHED(bool, isLoading, false)
+
+  public:
+    explicit ThemeViewModel(std::shared_ptr<ThemeStorageServiceProtocol> storageService,
+                            QObject* parent = nullptr);
+
+    /// Reads the user's themes again. Where that fails the defaults stay and errorMessage tells.
+    void reload();
+    /// Saves a style under a name and selects it. Failure is told in errorMessage.
+    void saveTheme(const QString& name, const EditorStyleSettings& style);
+    void deleteTheme(QUuid id);
+    void select(const std::optional<Theme>& theme) { set_selectedTheme(theme); }
+
+  private:
+    std::shared_ptr<ThemeStorageServiceProtocol> storageService_;
+    const std::vector<Theme> defaults_ = Theme::defaults();
+};
+
+}  // namespace kestrio

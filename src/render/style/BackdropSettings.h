@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/CodableColor.h"
+#include "render/style/BackdropEffects.h"
+#include "render/style/ImageBackdropSettings.h"
+#include "render/style/OverlaySettings.h"
+#include "render/style/PatternSettings.h"
+#include "render/style/PortraitSettings.h"
+
+namespace kestrio {
+
+enum class BackdropType { none, solid, gradient, image };
+
+inline constexpr EnumTable<BackdropType, 4> backdropTypes = {{
+    {BackdropType::none, "none", "None"},
+    {BackdropType::solid, "solid", "Solid"},
+    {BackdropType::gradient, "gradient", "Gradient"},
+    {BackdropType::image, "image", "Image"},
+}};
+constexpr const auto& enumTable(BackdropType) { return backdropTypes; }
+
+/// The picture behind a screenshot. Initially what a new editor shows. Numbers are kept as stored
+/// and clamped where they are rendered.
+struct BackdropSettings {
+    BackdropType type = BackdropType::solid;
+    std::optional<CodableColor> solidColor = CodableColor{0.2, 0.2, 0.3, 1};
+    std::optional<QString> gradientPreset;  ///< id in GradientPreset::all()
+    /// Wins over `gradientPreset` when it has two colours or more.
+    std::optional<std::vector<CodableColor>> customGradientColors;
+    double opacity = 1;   ///< 0 to 1
+    double padding = 32;  ///< points, 0 to 100
+    BackdropEffects effects;
+    std::optional<PatternSettings> pattern;
+    std::optional<OverlaySettings> overlay;
+    std::optional<ImageBackdropSettings> imageSettings;
+    std::optional<PortraitSettings> portrait;
+
+    bool operator==(const BackdropSettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("type", &BackdropSettings::type),
+                          jsonField("solidColor", &BackdropSettings::solidColor),
+                          jsonField("gradientPreset", &BackdropSettings::gradientPreset),
+                          jsonField("customGradientColors", &BackdropSettings::customGradientColors),
+                          jsonField("opacity", &BackdropSettings::opacity),
+                          jsonField("padding", &BackdropSettings::padding),
+                          jsonField("effects", &BackdropSettings::effects),
+                          jsonField("pattern", &BackdropSettings::pattern),
+                          jsonField("overlay", &BackdropSettings::overlay),
+                          jsonField("imageSettings", &BackdropSettings::imageSettings),
+                          jsonField("portrait", &BackdropSettings::portrait));
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/EnumTable.h"
+
+namespace kestrio {
+
+/// The imitation window around a screenshot.
+enum class FrameStyle { none, macOS, safari, arc, windows, stack, stack2 };
+
+inline constexpr EnumTable<FrameStyle, 7> frameStyles = {{
+    {FrameStyle::none, "none", "None"},
+    {FrameStyle::macOS, "macOS", "macOS"},
+    {FrameStyle::safari, "safari", "Safari"},
+    {FrameStyle::arc, "arc", "Arc"},
+    {FrameStyle::windows, "windows", "Windows"},
+    {FrameStyle::stack, "stack", "Stack"},
+    {FrameStyle::stack2, "stack2", "Stack 2"},
+}};
+constexpr const auto& enumTable(FrameStyle) { return frameStyles; }
+
+/// The measures of a frame, in points before any scale.
+struct FrameMetrics {
+    FrameStyle style;
+    double titleBarHeight;
+    double cornerRadius;
+    int backSheets;                 ///< sheets that show behind the window
+    const char* accessibilityText;  ///< empty where the frame has none
+};
+
+/// How far each back sheet stands below and to the right of the one in front of it, in points.
+inline constexpr double backSheetOffset = 8;
+
+inline constexpr std::array<FrameMetrics, 7> frameMetricsTable = {{
+    {FrameStyle::none, 0, 0, 0, ""},
+    {FrameStyle::macOS, 28, 10, 0, "macOS window frame"},
+    {FrameStyle::safari, 44, 10, 0, "Safari browser frame"},
+    {FrameStyle::arc, 40, 12, 0, "Arc browser frame"},
+    {FrameStyle::windows, 32, 8, 0, "Windows window frame"},
+    {FrameStyle::stack, 28, 10, 1, ""},
+    {FrameStyle::stack2, 28, 10, 2, ""},
+}};
+
+constexpr const FrameMetrics& frameMetrics(FrameStyle style) {
+    for (const FrameMetrics& row : frameMetricsTable) {
+        if (row.style == style) return row;
+    }
+    return frameMetricsTable.front();
+}
+
+}  // namespace kestrio

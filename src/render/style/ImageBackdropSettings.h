@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/Json.h"
+
+namespace kestrio {
+
+/// How a picture fills the backdrop: covering it, wholly visible in it, or stretched to its shape.
+enum class ImageScaleFit { fill, fit, stretch };
+
+inline constexpr EnumTable<ImageScaleFit, 3> imageScaleFits = {{
+    {ImageScaleFit::fill, "fill", "Fill"},
+    {ImageScaleFit::fit, "fit", "Fit"},
+    {ImageScaleFit::stretch, "stretch", "Stretch"},
+}};
+constexpr const auto& enumTable(ImageScaleFit) { return imageScaleFits; }
+
+/// A picture as backdrop.
+struct ImageBackdropSettings {
+    std::optional<QByteArray> imageData;  ///< the bytes of an encoded picture
+    std::optional<QString> imagePath;     ///< where they came from; never read again
+    double blur = 0;                      ///< 0 to 10, points
+    double opacity = 100;                 ///< percent
+    ImageScaleFit scaleFit = ImageScaleFit::fill;
+
+    bool operator==(const ImageBackdropSettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("imageData", &ImageBackdropSettings::imageData),
+                          jsonField("imagePath", &ImageBackdropSettings::imagePath),
+                          jsonField("blur", &ImageBackdropSettings::blur),
+                          jsonField("opacity", &ImageBackdropSettings::opacity),
+                          jsonField("scaleFit", &ImageBackdropSettings::scaleFit));
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/Json.h"
+
+namespace kestrio {
+
+enum class OverlayType { none, diagonalShadow, naturalShadow, softGlow, vignette };
+
+inline constexpr EnumTable<OverlayType, 5> overlayTypes = {{
+    {OverlayType::none, "none", "None"},
+    {OverlayType::diagonalShadow, "diagonalShadow", "Diagonal Shadow"},
+    {OverlayType::naturalShadow, "naturalShadow", "Natural Shadow"},
+    {OverlayType::softGlow, "softGlow", "Soft Glow"},
+    {OverlayType::vignette, "vignette", "Vignette"},
+}};
+constexpr const auto& enumTable(OverlayType) { return overlayTypes; }
+
+/// In front of the screenshot, or behind it as part of the backdrop.
+enum class OverlayPosition { overlay, underlay };
+
+inline constexpr EnumTable<OverlayPosition, 2> overlayPositions = {{
+    {OverlayPosition::overlay, "overlay", "Overlay"},
+    {OverlayPosition::underlay, "underlay", "Underlay"},
+}};
+constexpr const auto& enumTable(OverlayPosition) { return overlayPositions; }
+
+/// A gradient of light or shade. Its initial values are what is shown where there is none.
+struct OverlaySettings {
+    OverlayType type = OverlayType::none;
+    double opacity = 10;  ///< percent
+    OverlayPosition position = OverlayPosition::overlay;
+
+    bool operator==(const OverlaySettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("type", &OverlaySettings::type),
+                          jsonField("opacity", &OverlaySettings::opacity),
+                          jsonField("position", &OverlaySettings::position));
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/CodableColor.h"
+
+namespace kestrio {
+
+enum class PatternType { none, circles, waves, dots, rays, grid, stripes, noise };
+
+inline constexpr EnumTable<PatternType, 8> patternTypes = {{
+    {PatternType::none, "none", "None"},
+    {PatternType::circles, "circles", "Circles"},
+    {PatternType::waves, "waves", "Waves"},
+    {PatternType::dots, "dots", "Dots"},
+    {PatternType::rays, "rays", "Rays"},
+    {PatternType::grid, "grid", "Grid"},
+    {PatternType::stripes, "stripes", "Stripes"},
+    {PatternType::noise, "noise", "Noise"},
+}};
+constexpr const auto& enumTable(PatternType) { return patternTypes; }
+
+/// A drawing on the backdrop's fill. Its initial values are what is shown where there is none.
+struct PatternSettings {
+    PatternType type = PatternType::none;
+    double intensity = 0.5;  ///< 0 to 1, a factor on the colour's alpha
+    double thickness = 1;    ///< 1 and more is a line of 3 points
+    CodableColor color = {0, 0, 0, 0.1};
+
+    bool operator==(const PatternSettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("type", &PatternSettings::type),
+                          jsonField("intensity", &PatternSettings::intensity),
+                          jsonField("thickness", &PatternSettings::thickness),
+                          jsonField("color", &PatternSettings::color));
+    }
+};
+
+}  // namespace kestrio

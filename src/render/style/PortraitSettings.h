@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/Json.h"
+
+namespace kestrio {
+
+enum class PortraitEffectType { none, blur, stage };
+
+inline constexpr EnumTable<PortraitEffectType, 3> portraitEffectTypes = {{
+    {PortraitEffectType::none, "none", "None"},
+    {PortraitEffectType::blur, "blur", "Blur"},
+    {PortraitEffectType::stage, "stage", "Stage"},
+}};
+constexpr const auto& enumTable(PortraitEffectType) { return portraitEffectTypes; }
+
+/// Stored and carried with a backdrop; nothing renders it.
+struct PortraitSettings {
+    PortraitEffectType effectType = PortraitEffectType::none;
+    double position = 0;
+    double distance = 0;
+
+    bool operator==(const PortraitSettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("effectType", &PortraitSettings::effectType),
+                          jsonField("position", &PortraitSettings::position),
+                          jsonField("distance", &PortraitSettings::distance));
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,60 @@
+#include "render/watermark/WatermarkService.h"
+
+#include "render/watermark/WatermarkPainter.h"
+
+namespace kestrio {
+
+namespace {
+const QString presetsKey = QStringLiteral("com.kestrio.watermarkPresets");
+}
+
+QString WatermarkError::errorDescription() const {
+    switch (case_) {
+        case Case::saveFailed: return localised("Failed to save preset: ") + subject_;
+        case Case::duplicateName: return localised("Preset name already exists: ") + subject_;
+        case Case::invalidImageData: return localised("Invalid watermark image data");
+        case Case::presetNotFound: return localised("Watermark preset not found");
+        case Case::encodingFailed: return localised("Failed to encode preset data");
+    }
+    return {};
+}
+
+Image WatermarkService::apply(const Image& image, const WatermarkSettings& settings) {
+    return paintWatermark(image, settings);
+}
+
+std::vector<WatermarkPreset> WatermarkService::presets() {
+    const auto data = userDefaults_->data(presetsKey);
+    if (!data) return {};
+    try {
+        return decodeJsonText<std::vector<WatermarkPreset>>(*data);
+    } catch (const JsonError& error) {
+        throw WatermarkError::saveFailed(error.errorDescription());
+    }
+}
+
+void WatermarkService::savePreset(const QString& name, const WatermarkSettings& settings) {
+    auto list = presets();
+    for (const WatermarkPreset& preset : list) {
+        if (preset.name == name) throw WatermarkError::duplicateName(name);
+    }
+    list.push_back({QUuid::createUuid(), name, settings, Date::now()});
+    write(list);
+}
+
+void WatermarkService::deletePreset(QUuid id) {
+    auto list = presets();
+    const auto removed = std::erase_if(list, [&](const auto& preset) { return preset.id == id; });
+    if (removed == 0) throw WatermarkError::presetNotFound();
+    write(list);
+}
+
+void WatermarkService::write(const std::vector<WatermarkPreset>& presets) {
+    try {
+        userDefaults_->setData(presetsKey, encodeJsonText(presets));
+    } catch (const JsonError&) {
+        throw WatermarkError::encodingFailed();
+    }
+}
+
+}  // namespace kestrio

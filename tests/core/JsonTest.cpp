@@ -1,0 +1,129 @@
+#include "core/Json.h"
+
+#include "core/CodableColor.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrio {
+namespace {
+
+enum class Fruit { apple, pear };
+constexpr EnumTable<Fruit, 2> fruits = {{{Fruit::apple, "apple"}, {Fruit::pear, "pear"}}};
+constexpr const auto& enumTable(Fruit) { return fruits; }
+
+struct Inner {
+    double weight = 1;
+    Fruit fruit = Fruit::apple;
+
+    bool operator==(const Inner&) const = default;
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("weight", &Inner::weight), jsonField("fruit", &Inner::fruit));
+    }
+};
+
+struct Outer {
+    QString name;
+    std::optional<double> note = 7;  // a default that decoding must not leave in place
+    std::vector<Inner> items;
+    int tolerant = 42;
+
+    bool operator==(const Outer&) const = default;
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("name", &Outer::name), jsonField("note", &Outer::note),
+                          jsonField("items", &Outer::items),
+                          defaultedField("tolerant", &Outer::tolerant));
+    }
+};
+
+TEST(Json, KeysKeepTheirOrderAndAbsentOptionalsAreLeftOut) {
+    const Outer record{QStringLiteral("a\"b"), std::nullopt, {{0.5, Fruit::pear}}, 3};
+    const QByteArray text = encodeJsonText(record);
+    EXPECT_EQ(text, R"({"name":"a\"b","items":[{"weight":0.5,"fruit":"pear"}],"tolerant":3})");
+    EXPECT_EQ(decodeJsonText<Outer>(text), record);
+}
+
+TEST(Json, DefaultedKeysSwallowTheirOwnErrorsOnly) {
+    EXPECT_EQ(decodeJsonText<Outer>(R"({"name":"","items":[]})").tolerant, 42);
+    EXPECT_EQ(decodeJsonText<Outer>(R"({"name":"","items":[],"tolerant":"x"})").tolerant, 42);
+}
+
+TEST(Json, ErrorsNameThePath) {
+    struct Row {
+        const char* text;
+        const char* path;
+    };
+    const Row rows[] = {
+        {R"({"items":[]})", "name"},
+        {R"({"name":null,"items":[]})", "name"},
+        {R"({"name":1,"items":[]})", "name"},
+        {R"({"name":"","items":{}})", "items"},
+        {R"({"name":"","items":[{"weight":1,"fruit":"apple"},{"weight":"x","fruit":"apple"}]})",
+         "items[1].weight"},
+        {R"({"name":"","items":[{"weight":1,"fruit":"plum"}]})", "items[0].fruit"},
+        {R"({"name":"","items":[3]})", "items[0]"},
+        {R"([])", ""},
+        {R"({"name":)", ""},
+        {R"({"name":1e999})", ""},
+        {"", ""},
+    };
+    for (const Row& row : rows) {
+        try {
+            decodeJsonText<Outer>(row.text);
+            ADD_FAILURE() << row.text;
+        } catch (const JsonError& error) {
+            EXPECT_EQ(error.path(), QString::fromLatin1(row.path)) << row.text;
+        }
+    }
+}
+
+TEST(Json, SyntaxErrorsTellLineAndColumn) {
+    try {
+        parseJson("{\n  \"a\": oops\n}");
+        ADD_FAILURE();
+    } catch (const JsonError& error) {
+        EXPECT_TRUE(error.errorDescription().contains(QStringLiteral("line 2"))) << error.what();
+    }
+}
+
+TEST(Json, NumbersSurvive) {
+    for (double number : {0.0, 1.0, -1.0, 0.1, 1e-300, 1e300, 9007199254740993.0, 0.30000000000000004}) {
+        EXPECT_EQ(decodeJsonText<double>(encodeJsonText(number)), number);
+    }
+    EXPECT_EQ(encodeJsonText(32.0), "32");
+    EXPECT_EQ(decodeJsonText<quint64>(encodeJsonText(quint64(0xc000000000000001))), 0xc000000000000001);
+    EXPECT_THROW(encodeJsonText(std::nan("")), JsonError);
+    EXPECT_THROW(decodeJsonText<int>("3000000000"), JsonError);
+    EXPECT_THROW(decodeJsonText<int>("1.5"), JsonError);
+}
+
+TEST(Json, ValuesOfEveryKindRoundTrip) {
+    const QRectF rect(1.5, -2, 30, 4);
+    EXPECT_EQ(encodeJsonText(rect), "[[1.5,-2],[30,4]]");
+    EXPECT_EQ(decodeJsonText<QRectF>("[[1.5,-2],[30,4]]"), rect);
+    EXPECT_THROW(decodeJsonText<QSizeF>("[1,2,3]"), JsonError);
+    const QUuid id = QUuid::createUuid();
+    EXPECT_EQ(decodeJsonText<QUuid>(encodeJsonText(id)), id);
+    EXPECT_THROW(decodeJsonText<QUuid>("\"nonsense\""), JsonError);
+    const QByteArray bytes("\x00\xff\x7f", 3);
+    EXPECT_EQ(decodeJsonText<QByteArray>(encodeJsonText(bytes)), bytes);
+    EXPECT_THROW(decodeJsonText<QByteArray>("\"not base64!\""), JsonError);
+}
+
+TEST(CodableColor, ReadsHex) {
+    struct Row {
+        const char* text;
+        std::optional<CodableColor> color;
+    };
+    const Row rows[] = {
+        {"#ff0000", CodableColor{1, 0, 0, 1}}, {"00FF00", CodableColor{0, 1, 0, 1}},
+        {"#fff", CodableColor{1, 1, 1, 1}},    {"#00000080", CodableColor{0, 0, 0, 128 / 255.0}},
+        {"#ff00", std::nullopt},               {"#gg0000", std::nullopt},
+        {"", std::nullopt},                    {"+12345", std::nullopt},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(CodableColor::fromHex(QString::fromLatin1(row.text)), row.color) << row.text;
+    }
+}
+
+}  // namespace
+}  // namespace kestrio

@@ -1,0 +1,46 @@
+#include "core/UserDefaults.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace kestrio {
+namespace {
+
+void fill(UserDefaults& defaults) {
+    defaults.setData(QStringLiteral("com.kestrio.blob"), R"({"a":"ü, \" = ; %"})");
+    defaults.setString(QStringLiteral("com.kestrio.text"), QStringLiteral("a,b; ünïcode"));
+    defaults.setStringArray(QStringLiteral("com.kestrio.list"), {QStringLiteral("one")});
+    defaults.setBoolean(QStringLiteral("com.kestrio.flag"), true);
+    defaults.setBoolean(QStringLiteral("com.kestrio.gone"), true);
+    defaults.remove(QStringLiteral("com.kestrio.gone"));
+    defaults.synchronise();
+}
+
+void check(const UserDefaults& defaults) {
+    EXPECT_EQ(defaults.data(QStringLiteral("com.kestrio.blob")), QByteArray(R"({"a":"ü, \" = ; %"})"));
+    EXPECT_EQ(defaults.string(QStringLiteral("com.kestrio.text")), QStringLiteral("a,b; ünïcode"));
+    EXPECT_EQ(defaults.stringArray(QStringLiteral("com.kestrio.list")),
+              QStringList{QStringLiteral("one")});
+    EXPECT_EQ(defaults.boolean(QStringLiteral("com.kestrio.flag")), true);
+    EXPECT_FALSE(defaults.boolean(QStringLiteral("com.kestrio.gone")));
+    EXPECT_FALSE(defaults.data(QStringLiteral("com.kestrio.never")));
+    EXPECT_FALSE(defaults.boolean(QStringLiteral("com.kestrio.text")));
+}
+
+TEST(UserDefaults, EveryKindOfValueIsKeptInMemoryAndOnDisk) {
+    MemoryUserDefaults memory;
+    fill(memory);
+    check(memory);
+
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("deep/kestrio.ini"));
+    {
+        IniUserDefaults ini(path);
+        fill(ini);
+    }
+    check(IniUserDefaults(path));
+}
+
+}  // namespace
+}  // namespace kestrio

@@ -1,0 +1,38 @@
+#include "platform/PlatformServices.h"
+#include "support/MemoryPasteboard.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrio {
+namespace {
+
+struct Candidate {
+    const char* name;
+    std::shared_ptr<Pasteboard> (*make)();
+};
+
+const Candidate candidates[] = {
+    {"memory", []() -> std::shared_ptr<Pasteboard> { return std::make_shared<MemoryPasteboard>(); }},
+    {"desktop", [] { return makePlatformServices().pasteboard; }},
+};
+
+class PasteboardContract : public testing::TestWithParam<Candidate> {};
+
+TEST_P(PasteboardContract, HoldsTheLastPictureUntilItIsCleared) {
+    const auto pasteboard = GetParam().make();
+    QImage picture(5, 3, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(qRgba(10, 20, 30, 128));
+    pasteboard->clearContents();
+    EXPECT_TRUE(pasteboard->readImage().isNull());
+    ASSERT_TRUE(pasteboard->writeImage(picture));
+    EXPECT_EQ(pasteboard->readImage().convertToFormat(picture.format()), picture);
+    EXPECT_FALSE(pasteboard->writeImage(QImage()));
+    pasteboard->clearContents();
+    EXPECT_TRUE(pasteboard->readImage().isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+}  // namespace
+}  // namespace kestrio

@@ -1,0 +1,81 @@
+#include "imaging/codecs/ImageDecoder.h"
+#include "imaging/codecs/ImageEncoder.h"
+#include "render/ImageFile.h"
+#include "render/RenderFixtures.h"
+#include "render/style/Theme.h"
+
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+// Pictures that somebody looked at before they were kept. To renew them, run this test with
+// KESTRIO_RENEW_GOLDEN=1 in the environment, look at what changed in tests/render/golden/, and
+// commit what is right.
+
+namespace kestrio {
+namespace {
+
+struct GoldenCase {
+    const char* name;
+    CompositeRequest (*make)();
+};
+
+CompositeRequest preset(const char* id) {
+    CompositeRequest request = requestOf(testScreenshot({480, 300}), PresetTheme::find(QString::fromLatin1(id))->style());
+    request.canvasState.canvasSize = {480, 320};
+    return request;
+}
+
+const GoldenCase goldenCases[] = {
+    {"clean", [] { return preset("clean"); }},
+    {"ocean", [] { return preset("ocean"); }},
+    {"neon", [] { return preset("neon"); }},
+    {"dreamy", [] { return preset("dreamy"); }},
+    {"dotted", [] { return preset("dotted"); }},
+    {"windows-vignette",
+     [] {
+         CompositeRequest request = preset("vintage");
+         request.frameStyle = FrameStyle::windows;
+         request.backdrop.overlay = OverlaySettings{OverlayType::vignette, 40, OverlayPosition::underlay};
+         return request;
+     }},
+    {"stack2-waves",
+     [] {
+         CompositeRequest request = preset("lavender");
+         request.frameStyle = FrameStyle::stack2;
+         request.frameScale = 1.5;
+         request.backdrop.pattern = PatternSettings{PatternType::waves, 0.6, 0.4, {1, 1, 1, 0.5}};
+         return request;
+     }},
+    {"watermark-turned",
+     [] {
+         CompositeRequest request = preset("sunset");
+         request.watermark = WatermarkSettings();
+         request.watermark->textColor = {0.8, 0.1, 0.1, 1};
+         request.watermark->scale = 0.3;
+         request.canvasState.transform.rotation = 8;
+         return request;
+     }},
+};
+
+class Golden : public testing::TestWithParam<GoldenCase> {};
+
+TEST_P(Golden, LooksAsItDidWhenItWasApproved) {
+    const QImage picture = testComposer().compose(GetParam().make()).bitmap();
+    const QString path = QStringLiteral(KESTRIO_SOURCE_DIR "/tests/render/golden/%1.png")
+                             .arg(QString::fromLatin1(GetParam().name));
+    if (qEnvironmentVariableIsSet("KESTRIO_RENEW_GOLDEN")) {
+        writeFile(path, encodeImage(picture, ExportFormat::png));
+    }
+    const QImage approved = loadImageFile(path);
+    ASSERT_EQ(picture.size(), approved.size());
+    EXPECT_LT(meanDifference(picture, approved), 0.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Golden, testing::ValuesIn(goldenCases), [](const auto& each) {
+    std::string name = each.param.name;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+}  // namespace
+}  // namespace kestrio
