@@ -1,8 +1,14 @@
-# kestrio_room(<name> [LINKS <target>...]): the library kestrio_<name> from every source below the
-# current folder. Naming the rooms it may include in LINKS is what puts them on its include path.
+# kestrio_room(<name> [LINKS <target>...] [COROUTINES <file>...]): the library kestrio_<name> from
+# every source below the current folder. Naming the rooms it may include in LINKS is what puts them
+# on its include path. COROUTINES names the sources that need the coroutine library; the fuzzers'
+# Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them.
 function(kestrio_room name)
-  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS;COROUTINES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(KESTRIO_FUZZ)
+    list(TRANSFORM ROOM_COROUTINES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    list(REMOVE_ITEM sources ${ROOM_COROUTINES})
+  endif()
   add_library(kestrio_${name} STATIC ${sources})
   target_include_directories(kestrio_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(kestrio_${name} PUBLIC kestrio_common ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})

@@ -36,32 +36,37 @@ struct Place {
     double radius;
 };
 
+KESTRIO_SIMD void distancesFrom(const Place& place, float y, float* places, int count) {
+    const auto middle = static_cast<float>(place.width / 2 - 0.5);
+    const auto dy = y - static_cast<float>(place.height / 2);
+    const auto perRadius = static_cast<float>(1 / place.radius);
+    for (int x = 0; x < count; ++x) {
+        const float dx = static_cast<float>(x) - middle;
+        places[x] = std::sqrt(dx * dx + dy * dy) * perRadius;
+    }
+}
+
+KESTRIO_SIMD void placesAlong(const Place& place, float y, float* places, int count) {
+    const double squared = place.width * place.width + place.height * place.height;
+    const auto step = static_cast<float>(place.width / squared);
+    const auto first = static_cast<float>((0.5 * place.width + y * place.height) / squared);
+    for (int x = 0; x < count; ++x) places[x] = first + step * static_cast<float>(x);
+}
+
 // How far along the shape each pixel centre of row `y` lies: 0 at its first stop, 1 at its last.
 void placesOfRow(const Shade& shade, const Place& place, int y, std::vector<float>& places) {
     const double centreY = y + 0.5;
     const auto count = static_cast<int>(places.size());
     switch (shade.shape) {
-        case Shape::diagonal: {
-            const double squared = place.width * place.width + place.height * place.height;
-            for (int x = 0; x < count; ++x) {
-                places[x] = static_cast<float>(
-                    ((x + 0.5) * place.width + centreY * place.height) / squared);
-            }
+        case Shape::diagonal:
+            placesAlong(place, static_cast<float>(centreY), places.data(), count);
             break;
-        }
         case Shape::vertical:
             std::fill(places.begin(), places.end(), static_cast<float>(centreY / place.height));
             break;
-        case Shape::radial: {
-            const auto dy = static_cast<float>(centreY - place.height / 2);
-            const auto middle = static_cast<float>(place.width / 2 - 0.5);
-            const auto radius = static_cast<float>(place.radius);
-            for (int x = 0; x < count; ++x) {
-                const float dx = static_cast<float>(x) - middle;
-                places[x] = std::sqrt(dx * dx + dy * dy) / radius;
-            }
+        case Shape::radial:
+            distancesFrom(place, static_cast<float>(centreY), places.data(), count);
             break;
-        }
     }
 }
 
@@ -82,17 +87,18 @@ KESTRIO_SIMD void alphasAlong(float* places, int count, const Shade& shade, floa
     }
 }
 
+// Signed integers throughout: AVX2 converts no unsigned ones.
 KESTRIO_SIMD void blendRow(QRgb* row, const float* alphas, int count, float level) {
     for (int x = 0; x < count; ++x) {
-        const QRgb below = row[x];
+        const int below = static_cast<int>(row[x]);
         const float keep = 1.0f - alphas[x];
         const float add = level * alphas[x] + 0.5f;
-        const auto blue = static_cast<std::uint32_t>(float(int(below & 255)) * keep + add);
-        const auto green = static_cast<std::uint32_t>(float(int((below >> 8) & 255)) * keep + add);
-        const auto red = static_cast<std::uint32_t>(float(int((below >> 16) & 255)) * keep + add);
-        const auto alpha = static_cast<std::uint32_t>(float(int(below >> 24)) * keep +
-                                                      255.0f * alphas[x] + 0.5f);
-        row[x] = (alpha << 24) | (red << 16) | (green << 8) | blue;
+        const int blue = static_cast<int>(static_cast<float>(below & 255) * keep + add);
+        const int green = static_cast<int>(static_cast<float>((below >> 8) & 255) * keep + add);
+        const int red = static_cast<int>(static_cast<float>((below >> 16) & 255) * keep + add);
+        const int alpha = static_cast<int>(static_cast<float>((below >> 24) & 255) * keep +
+                                           255.0f * alphas[x] + 0.5f);
+        row[x] = static_cast<QRgb>((alpha << 24) | (red << 16) | (green << 8) | blue);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "render/backdrop/PatternPainter.h"
 
+#include "imaging/filters/Mask.h"
+#include "render/backdrop/DistanceFields.h"
 #include "render/backdrop/Grain.h"
 
 #include <QPainter>
@@ -22,6 +24,17 @@ struct PatternDrawing {
     double intensity;  // 0 to 1
     CodableColor color;  // its alpha carries the intensity
 
+    // Colours what lies within half of `thickness` of the field's lines.
+    template <typename Field>
+    void fill(const Field& field, double thickness) const {
+        compositeColor(bitmap, maskAround(field, bitmap.size(), thickness), {0, 0}, color.toQColor());
+    }
+
+    template <typename Field>
+    void fill(const Field& field) const {
+        fill(field, lineWidth);
+    }
+
     void stroke(const QPainterPath& path) const {
         QPainter painter(&bitmap);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -31,40 +44,19 @@ struct PatternDrawing {
 };
 
 void drawCircles(const PatternDrawing& drawing) {
-    const QPointF centre(drawing.width / 2, drawing.height / 2);
-    const double last = std::max(drawing.width, drawing.height);
-    for (double radius = 30 * drawing.scale; radius <= last; radius += 30 * drawing.scale) {
-        QPainterPath circle;
-        circle.addEllipse(centre, radius, radius);
-        drawing.stroke(circle);
-    }
+    const CirclesField field{drawing.width / 2, drawing.height / 2, 30 * drawing.scale,
+                             std::max(drawing.width, drawing.height)};
+    if (field.last >= field.pitch) drawing.fill(field);
 }
 
 void drawWaves(const PatternDrawing& drawing) {
-    const double step = std::max(2 * drawing.scale, 1.0);
-    const double amplitude = 10 * drawing.scale;
-    const double length = 40 * drawing.scale;
-    for (double y = 20 * drawing.scale; y <= drawing.height; y += 20 * drawing.scale) {
-        QPainterPath wave(QPointF(0, y));
-        for (double x = step; x <= drawing.width; x += step) {
-            wave.lineTo(x, y + amplitude * std::sin(2 * pi * x / length));
-        }
-        drawing.stroke(wave);
-    }
+    if (drawing.height < 20 * drawing.scale) return;
+    drawing.fill(WavesField(drawing.bitmap.size(), drawing.scale));
 }
 
 void drawDots(const PatternDrawing& drawing) {
-    QPainter painter(&drawing.bitmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(drawing.color.toQColor());
-    const double diameter = drawing.lineWidth * 1.5;
-    const double pitch = 15 * drawing.scale;
-    for (double y = 0; y < drawing.height; y += pitch) {
-        for (double x = 0; x < drawing.width; x += pitch) {
-            painter.drawEllipse(QRectF(x, y, diameter, diameter));
-        }
-    }
+    const double radius = drawing.lineWidth * 1.5 / 2;
+    drawing.fill(DotsField{15 * drawing.scale, radius}, 2 * radius);
 }
 
 void drawRays(const PatternDrawing& drawing) {
@@ -95,12 +87,7 @@ void drawGrid(const PatternDrawing& drawing) {
 }
 
 void drawStripes(const PatternDrawing& drawing) {
-    QPainterPath path;
-    for (double x = -drawing.height; x <= drawing.width; x += 10 * drawing.scale) {
-        path.moveTo(x, 0);
-        path.lineTo(x + drawing.height, drawing.height);
-    }
-    drawing.stroke(path);
+    drawing.fill(StripesField{drawing.height, 10 * drawing.scale});
 }
 
 void drawNoise(const PatternDrawing& drawing) {

@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks beside other programs on this machine and prints the ratios.
+
+usage: bench/compare.py [--skia FOLDER] [--webp]
+
+FOLDER holds the Skia peer (compose.mjs and package.json); it is copied and installed with npm.
+--webp adds the slow comparison with cwebp (package webp). Needs a release build.
+"""
+import argparse
+import json
+import os
+import shutil
+import statistics
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build" / "release"
+SAMPLE = ROOT / "tests" / "support" / "pictures" / "dashboard-4k.png"
+BITMAP_BYTES = 3840 * 2160 * 4
+
+
+def medians(program, pattern):
+    """The median milliseconds of each benchmark that matches."""
+    command = [BUILD / "bench" / program, f"--benchmark_filter={pattern}", "--benchmark_format=json",
+               "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true"]
+    report = json.loads(subprocess.run(command, capture_output=True, check=True,
+                                       env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}).stdout)
+    return {row["run_name"].removesuffix("/real_time"): row["real_time"]
+            for row in report["benchmarks"] if row["aggregate_name"] == "median"}
+
+
+def skia_figures(folder):
+    with tempfile.TemporaryDirectory() as place:
+        peer = Path(place) / "skia"
+        shutil.copytree(folder, peer)
+        subprocess.run(["npm", "install"], cwd=peer, check=True, capture_output=True)
+        output = subprocess.run(["node", "compose.mjs", SAMPLE, "7"], cwd=peer, check=True,
+                                capture_output=True).stdout
+        return json.loads(output)
+
+
+def timed(command, runs):
+    """The median seconds of a whole process and its peak memory in bytes."""
+    seconds, peak = [], 0
+    for _ in range(runs):
+        start = time.perf_counter()
+        process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        seconds.append(time.perf_counter() - start)
+        peak = max(peak, usage.ru_maxrss * 1024)
+        if status != 0:
+            raise SystemExit(f"{command[0]} failed")
+    return statistics.median(seconds), peak
+
+
+def tell(name, ours, bound, peer=None, unit="ms"):
+    figure = ours / peer if peer else ours
+    beside = f"{ours:8.1f} / {peer:7.1f} {unit}" if peer else f"{ours:8.2f} {unit}"
+    verdict = "" if bound is None else f"at most {bound:<5} {'ok' if figure <= bound else 'MISSED'}"
+    print(f"{name:42} {beside:24} {figure:6.2f}  {verdict}")
+
+
+def compare_with_skia(folder):
+    # Skia runs before and after ours, so that a machine that slows down meanwhile shows in both.
+    before = skia_figures(folder)
+    ours = {**medians("bench_render", "composePlain|composeEverything"), **medians("bench_filters", "^blur/20/"),
+            **medians("bench_codecs", "encodePngOurs|encodePngLibpng")}
+    after = skia_figures(folder)
+    skia = {key: (before[key] + after[key]) / 2 for key in ("compose_ms", "blur20_ms", "png_ms")}
+    worst = max(value for key, value in ours.items() if key.startswith("composeEverything"))
+    tell("compose, plain", ours["composePlain"], 0.4, skia["compose_ms"])
+    tell("compose, everything, slowest pattern", worst, 1.0, skia["compose_ms"])
+    tell("Gaussian blur, sigma 20", ours["blur/20"], 0.3, skia["blur20_ms"])
+    tell("PNG encoding", ours["encodePngOurs"], 0.25, skia["png_ms"])
+    tell("PNG encoding beside libpng", ours["encodePngOurs"], None, ours["encodePngLibpng"])
+
+
+def compare_process():
+    with tempfile.TemporaryDirectory() as place:
+        command = [BUILD / "kestrio", "render", SAMPLE, "--density", "2", "--preset", "sunset",
+                   "-o", Path(place) / "out.png"]
+        seconds, peak = timed(command, 9)
+    tell("kestrio render to PNG, whole process", seconds, 0.5, unit="s")
+    tell("its peak memory in output bitmaps", peak / BITMAP_BYTES, 5.0, unit="bitmaps")
+
+
+def compare_webp():
+    with tempfile.TemporaryDirectory() as place:
+        composed = Path(place) / "composed.png"
+        subprocess.run([BUILD / "kestrio", "render", SAMPLE, "--density", "2", "--preset", "sunset",
+                        "-o", composed], check=True)
+        ours, _ = timed([BUILD / "kestrio", "render", SAMPLE, "--density", "2", "--preset", "sunset",
+                         "-o", Path(place) / "out.webp"], 3)
+        theirs, _ = timed(["cwebp", "-quiet", "-z", "6", "-near_lossless", "90", "-mt", composed,
+                           "-o", Path(place) / "peer.webp"], 3)
+    tell("kestrio render to WebP beside cwebp", ours, 1.0, theirs, unit="s")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
+    parser.add_argument("--skia", type=Path, help="folder of the Skia peer")
+    parser.add_argument("--webp", action="store_true", help="compare with cwebp too")
+    options = parser.parse_args()
+    if options.skia:
+        compare_with_skia(options.skia)
+    compare_process()
+    if options.webp:
+        compare_webp()
+
+
+if __name__ == "__main__":
+    main()
