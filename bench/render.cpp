@@ -4,8 +4,8 @@
 #include "render/ImageComposer.h"
 #include "render/style/Theme.h"
 
-#include <QGuiApplication>
 #include <benchmark/benchmark.h>
+#include <QGuiApplication>
 
 namespace kestrio {
 namespace {
@@ -17,8 +17,8 @@ ImageComposer& composer() {
 }
 
 CompositeRequest sunsetRequest() {
-    static const QImage sample =
-        loadImageFile(QStringLiteral(KESTRIO_SOURCE_DIR "/tests/support/pictures/dashboard-4k.png"));
+    static const QImage sample = loadImageFile(
+        QStringLiteral(KESTRIO_SOURCE_DIR "/tests/support/pictures/dashboard-4k.png"));
     CompositeRequest request;
     request.screenshot = Image(sample, 2.0);
     request.canvasState.canvasSize = request.screenshot.pointSize();
@@ -27,10 +27,13 @@ CompositeRequest sunsetRequest() {
 }
 
 void compose(benchmark::State& state, const CompositeRequest& request) {
-    for (auto _ : state) benchmark::DoNotOptimize(composer().compose(request));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(composer().compose(request));
 }
 
-void composePlain(benchmark::State& state) { compose(state, sunsetRequest()); }
+void composePlain(benchmark::State& state) {
+    compose(state, sunsetRequest());
+}
 
 // Blur 10, noise 30, saturation 150, an overlay in front and the pattern of the argument.
 void composeEverything(benchmark::State& state) {

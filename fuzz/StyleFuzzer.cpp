@@ -3,7 +3,6 @@
 
 #include <QGuiApplication>
 
-#include <array>
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
@@ -134,9 +133,9 @@ bool isOfNumber(uint8_t byte) {
 
 // Puts a number that is at some edge in the place of one of the text's own.
 size_t replaceNumber(uint8_t* data, size_t size, size_t mostBytes, unsigned seed) {
-    static constexpr std::array<std::string_view, 16> edges = {
-        "0",      "-0.0", "1",      "-1",         "1e308", "-1e308", "5e-324",       "1e-9",
-        "0.9999", "1e9",  "100000", "2147483648", "4e9",   "1e18",   "-99999999999", "0.5"};
+    static constexpr std::string_view edges[] = {
+        "0",      "-0.0",   "0.5",  "0.9999", "1",          "-1",   "1e308",
+        "-1e308", "5e-324", "1e-9", "1e9",    "2147483648", "1e18", "18446744073709551615"};
     std::minstd_rand random(seed);
     const auto end = data + size;
     auto first =
@@ -145,7 +144,7 @@ size_t replaceNumber(uint8_t* data, size_t size, size_t mostBytes, unsigned seed
     while (first > data && isOfNumber(first[-1]))
         --first;
     const auto last = std::find_if_not(first, end, isOfNumber);
-    const std::string_view edge = edges[random() % edges.size()];
+    const std::string_view edge = edges[random() % std::size(edges)];
     const std::string rest(last, end);
     const size_t grown = (first - data) + edge.size() + rest.size();
     if (grown > mostBytes) return LLVMFuzzerMutate(data, size, mostBytes);

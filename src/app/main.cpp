@@ -16,7 +16,8 @@ void dropQtMessages(QtMsgType type, const QMessageLogContext&, const QString& me
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("KESTRIO_VERBOSE")) qInstallMessageHandler(dropQtMessages);
     QStringList arguments;
-    for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
     // Qt would take options of ours for its own, such as --style.
     int ownCount = 1;
     // Verbs that open no window work without a display, and start faster without asking for one.

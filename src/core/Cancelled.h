@@ -12,6 +12,7 @@ class Cancelled : public Error {
     QString errorDescription() const override { return QStringLiteral("Cancelled"); }
 };
 
+/// Throws Cancelled once a stop was asked for.
 inline void throwIfStopped(const std::stop_token& stop) {
     if (stop.stop_requested()) throw Cancelled();
 }

@@ -26,10 +26,9 @@ struct CodableColor {
     static std::optional<CodableColor> fromHex(QStringView text);
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("red", &CodableColor::red),
-                          jsonField("green", &CodableColor::green),
-                          jsonField("blue", &CodableColor::blue),
-                          jsonField("alpha", &CodableColor::alpha));
+        return std::tuple(
+            jsonField("red", &CodableColor::red), jsonField("green", &CodableColor::green),
+            jsonField("blue", &CodableColor::blue), jsonField("alpha", &CodableColor::alpha));
     }
 };
 

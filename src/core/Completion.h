@@ -99,7 +99,8 @@ class Completion {
         }
 
         T await_resume() {
-            // Off the stop token before the state is read: its callback holds only a weak reference.
+            // Off the stop token before the state is read: its callback holds only a weak
+            // reference.
             state->stopCallback.reset();
             const std::lock_guard lock(state->mutex);
             if (state->outcome.index() == failureIndex) {

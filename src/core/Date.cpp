@@ -9,7 +9,9 @@ namespace {
 constexpr double referenceMilliseconds = 978307200.0 * 1000.0;
 }  // namespace
 
-Date Date::now() { return fromDateTime(QDateTime::currentDateTimeUtc()); }
+Date Date::now() {
+    return fromDateTime(QDateTime::currentDateTimeUtc());
+}
 
 Date Date::fromDateTime(const QDateTime& moment) {
     return {(static_cast<double>(moment.toMSecsSinceEpoch()) - referenceMilliseconds) / 1000.0};

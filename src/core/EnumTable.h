@@ -25,7 +25,9 @@ template <typename E, std::size_t count>
 using EnumTable = std::array<EnumRow<E>, count>;
 
 template <typename E>
-concept TabledEnum = requires(E value) { enumTable(value).size(); };
+concept TabledEnum = requires(E value) {
+    enumTable(value).size();
+};
 
 template <TabledEnum E>
 constexpr const EnumRow<E>& enumRow(E value) {
@@ -60,7 +62,8 @@ std::optional<E> fromRawString(std::string_view raw) {
 template <TabledEnum E>
 QStringList rawStrings() {
     QStringList list;
-    for (const EnumRow<E>& row : enumTable(E{})) list << QString::fromLatin1(row.raw);
+    for (const EnumRow<E>& row : enumTable(E{}))
+        list << QString::fromLatin1(row.raw);
     return list;
 }
 

@@ -1,5 +1,6 @@
 #include "core/Json.h"
 
+#include <QStringDecoder>
 #include <cmath>
 #include <limits>
 
@@ -63,7 +64,9 @@ quint64 JsonReader::unsignedInteger() const {
 
 QString JsonReader::string() const {
     if (!value_->is_string()) fail(localised("expected a string"));
-    return QString::fromStdString(value_->get_ref<const std::string&>());
+    // QString::fromStdString() would drop a byte order mark that the text begins with.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(QByteArrayView(value_->get_ref<const std::string&>()));
 }
 
 QString JsonReader::path() const {
@@ -73,7 +76,9 @@ QString JsonReader::path() const {
     return before.isEmpty() ? QString::fromLatin1(key_) : before + u'.' + QString::fromLatin1(key_);
 }
 
-void JsonReader::fail(const QString& reason) const { throw JsonError(path(), reason); }
+void JsonReader::fail(const QString& reason) const {
+    throw JsonError(path(), reason);
+}
 
 JsonValue parseJson(const QByteArray& text) {
     try {
@@ -82,7 +87,8 @@ JsonValue parseJson(const QByteArray& text) {
         const auto before = text.left(static_cast<qsizetype>(error.byte));
         const auto line = before.count('\n') + 1;
         const auto column = before.size() - before.lastIndexOf('\n') - 1;
-        throw JsonError({}, localised("not valid JSON at line %1, column %2").arg(line).arg(column));
+        throw JsonError({},
+                        localised("not valid JSON at line %1, column %2").arg(line).arg(column));
     } catch (const nlohmann::json::exception&) {
         throw JsonError({}, localised("not valid JSON: a number is out of range"));
     }
@@ -101,27 +107,49 @@ JsonValue jsonNumber(double number) {
     return number;
 }
 
-JsonValue JsonCodec<bool>::encode(const bool& value) { return value; }
-bool JsonCodec<bool>::decode(const JsonReader& reader) { return reader.boolean(); }
+JsonValue JsonCodec<bool>::encode(const bool& value) {
+    return value;
+}
+bool JsonCodec<bool>::decode(const JsonReader& reader) {
+    return reader.boolean();
+}
 
-JsonValue JsonCodec<int>::encode(const int& value) { return value; }
+JsonValue JsonCodec<int>::encode(const int& value) {
+    return value;
+}
 int JsonCodec<int>::decode(const JsonReader& reader) {
     const qint64 value = reader.integer();
     if (value != static_cast<int>(value)) reader.fail(localised("the number is too large"));
     return static_cast<int>(value);
 }
 
-JsonValue JsonCodec<qint64>::encode(const qint64& value) { return value; }
-qint64 JsonCodec<qint64>::decode(const JsonReader& reader) { return reader.integer(); }
+JsonValue JsonCodec<qint64>::encode(const qint64& value) {
+    return value;
+}
+qint64 JsonCodec<qint64>::decode(const JsonReader& reader) {
+    return reader.integer();
+}
 
-JsonValue JsonCodec<quint64>::encode(const quint64& value) { return value; }
-quint64 JsonCodec<quint64>::decode(const JsonReader& reader) { return reader.unsignedInteger(); }
+JsonValue JsonCodec<quint64>::encode(const quint64& value) {
+    return value;
+}
+quint64 JsonCodec<quint64>::decode(const JsonReader& reader) {
+    return reader.unsignedInteger();
+}
 
-JsonValue JsonCodec<double>::encode(const double& value) { return jsonNumber(value); }
-double JsonCodec<double>::decode(const JsonReader& reader) { return reader.number(); }
+JsonValue JsonCodec<double>::encode(const double& value) {
+    return jsonNumber(value);
+}
+double JsonCodec<double>::decode(const JsonReader& reader) {
+    return reader.number();
+}
 
-JsonValue JsonCodec<QString>::encode(const QString& value) { return value.toStdString(); }
-QString JsonCodec<QString>::decode(const JsonReader& reader) { return reader.string(); }
+JsonValue JsonCodec<QString>::encode(const QString& value) {
+    return value.toStdString();
+}
+QString JsonCodec<QString>::decode(const JsonReader& reader) {
+    return reader.string();
+}
 
 JsonValue JsonCodec<QByteArray>::encode(const QByteArray& value) {
     return value.toBase64().toStdString();
@@ -146,8 +174,12 @@ QUuid JsonCodec<QUuid>::decode(const JsonReader& reader) {
     return id;
 }
 
-JsonValue JsonCodec<Date>::encode(const Date& value) { return jsonNumber(value.sinceReference); }
-Date JsonCodec<Date>::decode(const JsonReader& reader) { return {reader.number()}; }
+JsonValue JsonCodec<Date>::encode(const Date& value) {
+    return jsonNumber(value.sinceReference);
+}
+Date JsonCodec<Date>::decode(const JsonReader& reader) {
+    return {reader.number()};
+}
 
 namespace {
 

@@ -27,10 +27,10 @@ T decodeJson(const JsonReader& reader) {
     return JsonCodec<T>::decode(reader);
 }
 
-#define KESTRIO_DECLARE_JSON_CODEC(Type)             \
-    template <>                                      \
-    struct JsonCodec<Type> {                         \
-        static JsonValue encode(const Type& value);  \
+#define KESTRIO_DECLARE_JSON_CODEC(Type)              \
+    template <>                                       \
+    struct JsonCodec<Type> {                          \
+        static JsonValue encode(const Type& value);   \
         static Type decode(const JsonReader& reader); \
     };
 
@@ -53,7 +53,8 @@ template <typename T>
 struct JsonCodec<std::vector<T>> {
     static JsonValue encode(const std::vector<T>& list) {
         JsonValue array = JsonValue::array();
-        for (const T& item : list) array.push_back(encodeJson(item));
+        for (const T& item : list)
+            array.push_back(encodeJson(item));
         return array;
     }
 
@@ -61,7 +62,8 @@ struct JsonCodec<std::vector<T>> {
         std::vector<T> list;
         const std::size_t count = reader.elementCount();
         list.reserve(count);
-        for (std::size_t i = 0; i < count; ++i) list.push_back(decodeJson<T>(reader.element(i)));
+        for (std::size_t i = 0; i < count; ++i)
+            list.push_back(decodeJson<T>(reader.element(i)));
         return list;
     }
 };

@@ -30,7 +30,9 @@ constexpr JsonField<Record, T> defaultedField(const char* key, T Record::*member
 /// A record declares its keys once, in their order:
 /// `static constexpr auto jsonFields() { return std::tuple(jsonField("x", &Point::x), ...); }`
 template <typename T>
-concept JsonRecord = requires { T::jsonFields(); };
+concept JsonRecord = requires {
+    T::jsonFields();
+};
 
 namespace detail {
 

@@ -70,7 +70,9 @@ class BandRun {
 
 }  // namespace
 
-void setParallelThreadLimit(int threads) { threadLimit = threads; }
+void setParallelThreadLimit(int threads) {
+    threadLimit = threads;
+}
 
 int parallelThreads() {
     const int limit = threadLimit;

@@ -8,7 +8,8 @@ namespace kestrio {
 /// thread and idle threads of the shared pool, and returns when all are done. Bands are at least
 /// `minimumBand` long. What the bands compute must not depend on where they are cut: then results
 /// are the same with any number of threads. The first exception of a band is rethrown.
-void parallelBands(int count, int minimumBand, const std::function<void(int first, int last)>& work);
+void parallelBands(int count, int minimumBand,
+                   const std::function<void(int first, int last)>& work);
 
 /// Limits parallelBands() to this many threads, the caller included; 0 lifts the limit.
 void setParallelThreadLimit(int threads);

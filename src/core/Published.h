@@ -11,30 +11,32 @@
 ///         ...
 ///
 /// The block stands first in the class, after Q_OBJECT. Types that contain a comma need an alias.
-#define PUBLISHED(Type, name, initial)                                     \
-  private:                                                                 \
-    Q_PROPERTY(Type name READ name NOTIFY name##Changed)                   \
+#define PUBLISHED(Type, name, initial)                   \
+  private:                                               \
+    Q_PROPERTY(Type name READ name NOTIFY name##Changed) \
     KESTRIO_PUBLISHED_MEMBER(Type, name, initial, protected)
 
 /// The same with write access for QML and for everybody else, through set_<name>().
-#define PUBLISHED_WRITABLE(Type, name, initial)                            \
-  private:                                                                 \
-    Q_PROPERTY(Type name READ name WRITE set_##name NOTIFY name##Changed)  \
+#define PUBLISHED_WRITABLE(Type, name, initial)                           \
+  private:                                                                \
+    Q_PROPERTY(Type name READ name WRITE set_##name NOTIFY name##Changed) \
     KESTRIO_PUBLISHED_MEMBER(Type, name, initial, public)
 
-#define KESTRIO_PUBLISHED_MEMBER(Type, name, initial, setterAccess)        \
-  public:                                                                  \
-    const Type& name() const { return name##_; }                           \
-    Q_SIGNAL void name##Changed();                                         \
-                                                                           \
-    setterAccess:                                                          \
-    void set_##name(Type value) {                                          \
-        if (::kestrio::assignIfDifferent(name##_, std::move(value))) {     \
-            Q_EMIT name##Changed();                                        \
-        }                                                                  \
-    }                                                                      \
-                                                                           \
-  private:                                                                 \
+#define KESTRIO_PUBLISHED_MEMBER(Type, name, initial, setterAccess)    \
+  public:                                                              \
+    const Type& name() const {                                         \
+        return name##_;                                                \
+    }                                                                  \
+    Q_SIGNAL void name##Changed();                                     \
+                                                                       \
+    setterAccess:                                                      \
+    void set_##name(Type value) {                                      \
+        if (::kestrio::assignIfDifferent(name##_, std::move(value))) { \
+            Q_EMIT name##Changed();                                    \
+        }                                                              \
+    }                                                                  \
+                                                                       \
+  private:                                                             \
     Type name##_ = initial;
 
 namespace kestrio {

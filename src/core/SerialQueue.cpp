@@ -23,7 +23,8 @@ bool SerialQueue::isCurrent() const {
 }
 
 void SerialQueue::refuseReentry() const {
-    if (isCurrent()) throw std::logic_error("sync() called on its own queue: " + label_.toStdString());
+    if (isCurrent())
+        throw std::logic_error("sync() called on its own queue: " + label_.toStdString());
 }
 
 void SerialQueue::async(std::function<void()> work) {

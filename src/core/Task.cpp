@@ -7,7 +7,9 @@
 
 namespace kestrio {
 
-QString TimeLimitExceeded::errorDescription() const { return localised("The time limit was exceeded"); }
+QString TimeLimitExceeded::errorDescription() const {
+    return localised("The time limit was exceeded");
+}
 
 Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop) {
     Completion<> done(std::move(stop));
@@ -17,40 +19,30 @@ Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop) 
 
 namespace {
 
-void logUnhandled(const char* flow, std::exception_ptr failure) {
+void logUnhandled(const char* owner, std::exception_ptr failure) {
     try {
         std::rethrow_exception(std::move(failure));
     } catch (const Cancelled&) {
         return;
     } catch (const std::exception& error) {
-        logLine(flow, QString::fromUtf8(error.what()));
+        logLine(owner, QString::fromUtf8(error.what()));
     } catch (...) {
-        logLine(flow, QStringLiteral("unknown exception"));
+        logLine(owner, QStringLiteral("unknown exception"));
     }
 }
 
-Task<> logFailure(Task<> task, const char* flow) {
+Task<> logFailure(Task<> task, const char* owner) {
     try {
         co_await task;
     } catch (...) {
-        logUnhandled(flow, std::current_exception());
+        logUnhandled(owner, std::current_exception());
     }
 }
 
 }  // namespace
 
-namespace detail {
-
-void failAfter(std::chrono::milliseconds limit, std::stop_source stop,
-               std::function<void()> onExpiry) {
-    QTimer::singleShot(limit, [stop, onExpiry = std::move(onExpiry)]() mutable {
-        onExpiry();
-        stop.request_stop();
-    });
+void launch(Task<> task, const QObject* owner) {
+    logFailure(std::move(task), owner->metaObject()->className());
 }
-
-}  // namespace detail
-
-void launch(Task<> task, const char* flow) { logFailure(std::move(task), flow); }
 
 }  // namespace kestrio

@@ -6,6 +6,7 @@
 #include <QCoroTask>
 #include <QEventLoop>
 #include <QThreadPool>
+#include <QTimer>
 #include <chrono>
 #include <functional>
 #include <stop_token>
@@ -53,9 +54,6 @@ Completion<std::invoke_result_t<Work>> runOn(SerialQueue& queue, Work work) {
 }
 
 namespace detail {
-
-void failAfter(std::chrono::milliseconds limit, std::stop_source stop,
-               std::function<void()> onExpiry);
 
 template <typename T>
 struct Waiting {
@@ -107,9 +105,13 @@ Task<T> withTimeLimit(std::chrono::milliseconds limit, std::stop_token stop,
     std::stop_source inner;
     std::stop_callback relay(stop, [&inner] { inner.request_stop(); });
     Completion<T> done(stop);
-    detail::failAfter(limit, inner, [done] {
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [done, &inner] {
         done.fail(std::make_exception_ptr(TimeLimitExceeded()));
+        inner.request_stop();
     });
+    timer.start(limit);
     auto task = start(inner.get_token());
     detail::forward<T>(std::move(task), done);
     co_return co_await done;
@@ -127,8 +129,8 @@ T runUntilDone(Task<T> task) {
     if constexpr (!std::is_void_v<T>) return std::move(*waiting.result);
 }
 
-/// The only way to start a flow that nobody awaits. What it throws is logged under the flow's name;
-/// Cancelled is not. The flow keeps running when its owner dies; it must look.
-void launch(Task<> task, const char* flow);
+/// The only way to start a flow that nobody awaits. What it throws is logged under the class name
+/// of its owner; Cancelled is not. The flow keeps running when its owner dies; it must look.
+void launch(Task<> task, const QObject* owner);
 
 }  // namespace kestrio

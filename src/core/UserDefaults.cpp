@@ -8,6 +8,10 @@ std::optional<QByteArray> UserDefaults::data(const QString& key) const {
     const QVariant value = read(key);
     // A hand-edited INI file holds plain text where the program would have written bytes.
     if (value.typeId() == QMetaType::QString) return value.toString().toUtf8();
+    // INI files read text with bare commas as a list.
+    if (value.typeId() == QMetaType::QStringList) {
+        return value.toStringList().join(u',').toUtf8();
+    }
     if (value.typeId() == QMetaType::QByteArray) return value.toByteArray();
     return std::nullopt;
 }

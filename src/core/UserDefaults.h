@@ -48,7 +48,9 @@ class IniUserDefaults : public UserDefaults {
 
   protected:
     QVariant read(const QString& key) const override { return settings_.value(key); }
-    void write(const QString& key, const QVariant& value) override { settings_.setValue(key, value); }
+    void write(const QString& key, const QVariant& value) override {
+        settings_.setValue(key, value);
+    }
 
   private:
     QSettings settings_;

@@ -11,6 +11,12 @@ ExportError ExportError::fileWriteFailed(QString path, QString reason) {
     return error;
 }
 
+ExportError ExportError::renderingFailed(QString reason) {
+    ExportError error(Case::renderingFailed);
+    error.reason_ = std::move(reason);
+    return error;
+}
+
 ExportError ExportError::unsupportedFormat(ExportFormat format) {
     ExportError error(Case::unsupportedFormat);
     error.format_ = format;
@@ -28,11 +34,16 @@ QString ExportError::errorDescription() const {
                     "JPEG.");
             }
             return localised("Unsupported export format: ") + fileExtension(format_).toUpper();
-        case Case::renderingFailed: return localised("Image rendering failed");
-        case Case::clipboardFailed: return localised("Failed to copy to clipboard");
-        case Case::invalidFormat: return localised("Unsupported export format");
-        case Case::insufficientDiskSpace: return localised("Insufficient disk space");
-        case Case::userCancelled: return localised("Export cancelled by user");
+        case Case::renderingFailed:
+            return localised("Image rendering failed");
+        case Case::clipboardFailed:
+            return localised("Failed to copy to clipboard");
+        case Case::invalidFormat:
+            return localised("Unsupported export format");
+        case Case::insufficientDiskSpace:
+            return localised("Insufficient disk space");
+        case Case::userCancelled:
+            return localised("Export cancelled by user");
     }
     return {};
 }

@@ -21,7 +21,8 @@ class ExportError : public Error {
     /// `reason` is what the system said, such as "No space left on device".
     static ExportError fileWriteFailed(QString path, QString reason = {});
     static ExportError unsupportedFormat(ExportFormat format);
-    static ExportError renderingFailed() { return ExportError(Case::renderingFailed); }
+    /// `reason` tells users more than that it failed; may be empty.
+    static ExportError renderingFailed(QString reason = {});
     static ExportError clipboardFailed() { return ExportError(Case::clipboardFailed); }
     static ExportError invalidFormat() { return ExportError(Case::invalidFormat); }
     static ExportError insufficientDiskSpace() { return ExportError(Case::insufficientDiskSpace); }
@@ -30,7 +31,7 @@ class ExportError : public Error {
     Case errorCase() const { return case_; }
     /// The file that could not be written; empty in the other cases.
     const QString& path() const { return path_; }
-    /// What the system said about a file that could not be written; may be empty.
+    /// What more is known about the failure; may be empty.
     const QString& reason() const { return reason_; }
 
     QString errorDescription() const override;

@@ -12,10 +12,14 @@ inline constexpr EnumTable<ExportFormat, 3> exportFormats = {{
     {ExportFormat::jpeg, "jpeg", "JPEG"},
     {ExportFormat::webp, "webp", "WebP"},
 }};
-constexpr const auto& enumTable(ExportFormat) { return exportFormats; }
+constexpr const auto& enumTable(ExportFormat) {
+    return exportFormats;
+}
 
 /// The raw string, which is also the extension of files without its dot; JPEG files end in "jpeg".
-inline QString fileExtension(ExportFormat format) { return rawString(format); }
+inline QString fileExtension(ExportFormat format) {
+    return rawString(format);
+}
 
 /// The MIME type, such as "image/png".
 inline QString mimeType(ExportFormat format) {

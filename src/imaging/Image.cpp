@@ -19,7 +19,7 @@ QImage inCanonicalFormat(QImage bitmap) {
 
 Image::Image(QImage bitmap, double pixelsPerPoint)
     : bitmap_(inCanonicalFormat(std::move(bitmap))),
-      pointSize_(QSizeF(bitmap_.size()) / pixelsPerPoint) {}
+      pointSize_(bitmap_.width() / pixelsPerPoint, bitmap_.height() / pixelsPerPoint) {}
 
 Image::Image(QImage bitmap, QSizeF pointSize)
     : bitmap_(inCanonicalFormat(std::move(bitmap))), pointSize_(pointSize) {}

@@ -24,6 +24,8 @@ class Image {
 
     bool isNull() const { return bitmap_.isNull(); }
     const QImage& bitmap() const { return bitmap_; }
+    /// The bitmap of a picture that is given up, so that changing it copies nothing.
+    QImage takeBitmap() && { return std::move(bitmap_); }
     QSize pixelSize() const { return bitmap_.size(); }
     QSizeF pointSize() const { return pointSize_; }
 

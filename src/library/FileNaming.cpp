@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QLocale>
-#include <QRegularExpression>
 #include <QUuid>
 
 namespace kestrio {
@@ -11,7 +10,9 @@ namespace {
 
 const QString sequenceVariable = QStringLiteral("{sequence}");
 
-QString threeDigits(int number) { return QString::asprintf("%03d", number); }
+QString threeDigits(int number) {
+    return QString::asprintf("%03d", number);
+}
 
 // The C locale, so that names are the same in every language.
 QString formatted(const QDateTime& date, QStringView format) {
@@ -25,22 +26,24 @@ bool isAllowed(QChar character) {
 }
 
 QString sanitised(QString name) {
-    static const QRegularExpression whiteSpace(QStringLiteral("\\s+"),
-                                               QRegularExpression::UseUnicodePropertiesOption);
-    name.replace(whiteSpace, QStringLiteral("_"));
     for (QChar& character : name) {
         if (!isAllowed(character)) character = u'_';
     }
-    while (name.contains(QStringLiteral("__"))) name.replace(QStringLiteral("__"), QStringLiteral("_"));
+    while (name.contains(QStringLiteral("__")))
+        name.replace(QStringLiteral("__"), QStringLiteral("_"));
     const auto isTrimmed = [](QChar character) { return character == u'_' || character == u'-'; };
-    while (!name.isEmpty() && isTrimmed(name.back())) name.chop(1);
-    while (!name.isEmpty() && isTrimmed(name.front())) name.remove(0, 1);
+    while (!name.isEmpty() && isTrimmed(name.back()))
+        name.chop(1);
+    while (!name.isEmpty() && isTrimmed(name.front()))
+        name.remove(0, 1);
     return name;
 }
 
 QString withoutDots(QString extension) {
-    while (extension.startsWith(u'.')) extension.remove(0, 1);
-    while (extension.endsWith(u'.')) extension.chop(1);
+    while (extension.startsWith(u'.'))
+        extension.remove(0, 1);
+    while (extension.endsWith(u'.'))
+        extension.chop(1);
     return extension;
 }
 

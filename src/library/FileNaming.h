@@ -22,8 +22,8 @@ inline constexpr NamingVariable namingVariables[] = {
 QString formatFileName(int sequence, const QDateTime& date, const QString& pattern);
 
 /// The name to use in a directory, without the extension: the lowest sequence number whose file
-/// does not exist yet, counted from 1 at every call. Patterns without "{sequence}" get "_002" and so
-/// on from the second file on. `extension` with or without its dot; empty appends none.
+/// does not exist yet, counted from 1 at every call. Patterns without "{sequence}" get "_002" and
+/// so on from the second file on. `extension` with or without its dot; empty appends none.
 QString uniqueFileName(const QString& directory, const QString& extension, const QDateTime& date,
                        const QString& pattern);
 

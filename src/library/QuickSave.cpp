@@ -6,8 +6,8 @@ namespace kestrio {
 
 QString quickSavePath(const AppSettings& settings, const QDateTime& now, ExportFormat format) {
     const QString extension = fileExtension(format);
-    const QString name = uniqueFileName(settings.defaultSavePath, extension, now,
-                                        settings.fileNamingPattern);
+    const QString name =
+        uniqueFileName(settings.defaultSavePath, extension, now, settings.fileNamingPattern);
     return settings.defaultSavePath + u'/' + name + u'.' + extension;
 }
 

@@ -7,11 +7,17 @@ namespace kestrio {
 
 namespace {
 
-bool isPositive(double length) { return std::isfinite(length) && length > 0; }
+bool isPositive(double length) {
+    return std::isfinite(length) && length > 0;
+}
 
-bool isPositive(QSizeF size) { return isPositive(size.width()) && isPositive(size.height()); }
+bool isPositive(QSizeF size) {
+    return isPositive(size.width()) && isPositive(size.height());
+}
 
-double perPoint(double pixels, double points) { return points > 1 ? pixels / points : pixels; }
+double perPoint(double pixels, double points) {
+    return points > 1 ? pixels / points : pixels;
+}
 
 int wholePixels(double length) {
     constexpr double most = 1 << 30;
@@ -28,7 +34,9 @@ QSize CompositeLayout::outputPixels() const {
     return {wholePixels(outputSize.width()), wholePixels(outputSize.height())};
 }
 
-double CompositeLayout::scale() const { return outputSize.width() / std::max(canvasSize.width(), 1.0); }
+double CompositeLayout::scale() const {
+    return outputSize.width() / std::max(canvasSize.width(), 1.0);
+}
 
 double CompositeLayout::backdropScale() const {
     return kestrio::backdropScale(canvasSize, outputSize);
@@ -57,7 +65,7 @@ QRectF contentRect(const CompositeLayout& layout) {
         layout.titleBarHeight() * (layout.outputSize.height() / layout.canvasSize.height());
     const double availableWidth = layout.outputSize.width() - 2 * padding.x();
     const double availableHeight = layout.outputSize.height() - 2 * padding.y() - titleBar;
-    if (availableWidth <= 0 || availableHeight <= 0) return {};
+    if (!(availableWidth > 0 && availableHeight > 0)) return {};
 
     const double aspect = layout.imageSize.width() / layout.imageSize.height();
     double width = availableWidth;

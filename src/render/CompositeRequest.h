@@ -19,6 +19,7 @@ struct CompositeRequest {
     CanvasState canvasState;
     std::optional<WatermarkSettings> watermark;
 
+    /// Replaces backdrop, mockup and frame.
     void setStyle(const EditorStyleSettings& style) {
         backdrop = style.backdrop;
         mockup = style.mockup;

@@ -1,6 +1,8 @@
 #include "render/ImageComposer.h"
 
 #include "core/Cancelled.h"
+#include "core/Clamp.h"
+#include "core/Localisation.h"
 #include "imaging/ExportError.h"
 #include "imaging/filters/Opacity.h"
 #include "imaging/filters/Rotate.h"
@@ -8,6 +10,7 @@
 #include "render/backdrop/OverlayPainter.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace kestrio {
@@ -19,7 +22,9 @@ constexpr qint64 mostPixels = 256LL * 1024 * 1024;
 
 constexpr double negligibleTurn = 0.0001;
 
-double turnOf(double degrees) { return std::isfinite(degrees) ? std::fmod(degrees, 360.0) : 0.0; }
+double turnOf(double degrees) {
+    return std::isfinite(degrees) ? std::fmod(degrees, 360.0) : 0.0;
+}
 
 // A whole number of pixels that holds `length`, forgiving what rounding in cos and sin adds.
 int pixelsHolding(double length) {
@@ -28,10 +33,31 @@ int pixelsHolding(double length) {
     return std::max(1, static_cast<int>(whole));
 }
 
-void requirePossible(const CompositeLayout& layout) {
-    if (!layout.isValid()) throw ExportError::renderingFailed();
-    const QSize pixels = layout.outputPixels();
-    if (qint64(pixels.width()) * pixels.height() > mostPixels) throw ExportError::renderingFailed();
+double radiansOf(double degrees) {
+    return degrees * std::numbers::pi / 180;
+}
+
+// What a picture of this size turned by turnOf() degrees fills.
+QSize turnedSize(QSize size, double turn) {
+    const double cosine = std::abs(std::cos(radiansOf(turn)));
+    const double sine = std::abs(std::sin(radiansOf(turn)));
+    return {pixelsHolding(size.width() * cosine + size.height() * sine),
+            pixelsHolding(size.height() * cosine + size.width() * sine)};
+}
+
+void requirePossible(QSize pixels) {
+    if (qint64(pixels.width()) * pixels.height() > mostPixels) {
+        throw ExportError::renderingFailed(
+            localised("the picture would have %1 x %2 pixels, at most 256 million are possible")
+                .arg(pixels.width())
+                .arg(pixels.height()));
+    }
+}
+
+void requirePossible(const CompositeLayout& layout, double rotation) {
+    if (!layout.isValid()) throw ExportError::renderingFailed(localised("the canvas has no size"));
+    requirePossible(layout.outputPixels());
+    requirePossible(turnedSize(layout.outputPixels(), turnOf(rotation)));
 }
 
 }  // namespace
@@ -41,9 +67,9 @@ CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDen
     layout.canvasSize = request.canvasState.canvasSize;
     layout.outputSize = layout.canvasSize * pixelDensity;
     layout.imageSize = request.screenshot.pointSize();
-    layout.padding = std::clamp(request.backdrop.padding, 0.0, 100.0);
+    layout.padding = clampedOr(request.backdrop.padding, 0, 100);
     layout.frameStyle = request.frameStyle;
-    layout.frameScale = std::max(request.frameScale, 0.0);
+    layout.frameScale = clampedOr(request.frameScale, 0, std::numeric_limits<double>::max());
     return layout;
 }
 
@@ -54,12 +80,7 @@ QImage turned(const QImage& picture, double degrees) {
     if (std::abs(turn - quarters * 90) <= negligibleTurn) {
         return rotatedQuarterTurns(picture, static_cast<int>(quarters));
     }
-    const double radians = turn * std::numbers::pi / 180;
-    const double cosine = std::abs(std::cos(radians));
-    const double sine = std::abs(std::sin(radians));
-    const QSize canvas(pixelsHolding(picture.width() * cosine + picture.height() * sine),
-                       pixelsHolding(picture.height() * cosine + picture.width() * sine));
-    return rotated(picture, turn, canvas);
+    return rotated(picture, turn, turnedSize(picture.size(), turn));
 }
 
 ImageComposer::ImageComposer(std::shared_ptr<WatermarkServiceProtocol> watermarkService)
@@ -69,9 +90,10 @@ ImageComposer::ImageComposer(std::shared_ptr<WatermarkServiceProtocol> watermark
 Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
     if (request.screenshot.isNull()) throw ExportError::renderingFailed();
     const CompositeLayout layout = compositeLayout(request, request.screenshot.pixelDensity());
-    requirePossible(layout);
+    requirePossible(layout, request.canvasState.transform.rotation);
     if (request.watermark) {
-        request.screenshot = watermarkService_->apply(request.screenshot, *request.watermark);
+        request.screenshot =
+            watermarkService_->apply(std::move(request.screenshot), *request.watermark);
     }
 
     const double scale = layout.backdropScale();
@@ -99,7 +121,8 @@ Image ImageComposer::renderBackdrop(const BackdropSettings& backdrop, QSize pixe
     return Image(backdropRenderer_.render(backdrop, pixels, scale));
 }
 
-Image ImageComposer::applyEffects(const Image& image, const BackdropEffects& effects, double scale) {
+Image ImageComposer::applyEffects(const Image& image, const BackdropEffects& effects,
+                                  double scale) {
     QImage bitmap = image.bitmap();
     backdropRenderer_.applyEffects(bitmap, effects, scale);
     return {bitmap, image.pointSize()};

@@ -2,12 +2,14 @@
 
 #include "core/Stopwatch.h"
 #include "imaging/ExportError.h"
-#include "render/ImageFile.h"
+#include "render/FileWriter.h"
+#include "render/backdrop/OverlayPainter.h"
 
 namespace kestrio {
 
-ImageRendererService::ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService,
-                                           std::shared_ptr<Pasteboard> pasteboard)
+ImageRendererService::ImageRendererService(
+    std::shared_ptr<WatermarkServiceProtocol> watermarkService,
+    std::shared_ptr<Pasteboard> pasteboard)
     : composer_(std::make_shared<ImageComposer>(std::move(watermarkService))),
       pasteboard_(std::move(pasteboard)) {}
 
@@ -20,8 +22,22 @@ Task<Image> ImageRendererService::renderComposite(CompositeRequest request, std:
     co_return co_await picture;
 }
 
+Image ImageRendererService::renderBackdrop(const BackdropSettings& backdrop, QSize pixels,
+                                           double scale) {
+    return composer_->renderBackdrop(backdrop, pixels, scale);
+}
+
+Image ImageRendererService::applyEffects(const Image& image, const BackdropEffects& effects,
+                                         double scale) {
+    return composer_->applyEffects(image, effects, scale);
+}
+
+Image ImageRendererService::renderOverlayImage(OverlayType type, QSize pixels, double opacity) {
+    return Image(kestrio::renderOverlayImage(type, pixels, opacity));
+}
+
 Task<SavedFile> ImageRendererService::saveImage(Image image, QString path, ExportFormat format,
-                                               EncodeHooks hooks) {
+                                                EncodeHooks hooks) {
     auto work = [image = std::move(image), path, format, hooks = std::move(hooks)] {
         SavedFile saved;
         Stopwatch stopwatch;

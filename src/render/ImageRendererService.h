@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/SerialQueue.h"
 #include "core/Task.h"
 #include "imaging/codecs/ImageEncoder.h"
 #include "platform/Pasteboard.h"
@@ -29,6 +28,16 @@ class ImageRendererServiceProtocol {
     /// without a screenshot or with an impossible size, and Cancelled.
     virtual Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) = 0;
 
+    /// The backdrop alone, without its effects; pixels, and pixels a point. Blocks; any thread.
+    virtual Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) = 0;
+
+    /// A picture with backdrop effects applied; the very same where they are neutral. Blocks.
+    virtual Image applyEffects(const Image& image, const BackdropEffects& effects,
+                               double scale) = 0;
+
+    /// An overlay alone on a transparent picture; `opacity` is a percentage. Blocks.
+    virtual Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) = 0;
+
     /// Encodes, then writes. Nothing is written when encoding fails. Throws
     /// ExportError::renderingFailed, fileWriteFailed and userCancelled.
     virtual Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
@@ -38,12 +47,16 @@ class ImageRendererServiceProtocol {
     virtual void copyToClipboard(const Image& image) = 0;
 };
 
+/// The renderer on the real composer, encoders and clipboard.
 class ImageRendererService : public ImageRendererServiceProtocol {
   public:
     ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService,
                          std::shared_ptr<Pasteboard> pasteboard);
 
     Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) override;
+    Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) override;
+    Image applyEffects(const Image& image, const BackdropEffects& effects, double scale) override;
+    Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) override;
     Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
                               EncodeHooks hooks = {}) override;
     void copyToClipboard(const Image& image) override;

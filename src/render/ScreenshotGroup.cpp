@@ -1,5 +1,6 @@
 #include "render/ScreenshotGroup.h"
 
+#include "core/Clamp.h"
 #include "imaging/filters/Mask.h"
 #include "imaging/filters/Resample.h"
 #include "render/ShadowPainter.h"
@@ -38,8 +39,8 @@ void paintFrameless(QImage& output, const ScreenshotGroup& group, const QRectF& 
         const bool isOpaque = !group.screenshot.hasAlphaChannel();
         paintShadow(output, outline, shadowMetrics(group.mockup), scale, output.rect(),
                     surelyCovered(content, radius));
-        // The shadow is that of a white sheet, which shows where the picture is not opaque. Under an
-        // opaque one it would only lighten the edge.
+        // The shadow is that of a white sheet, which shows where the picture is not opaque. Under
+        // an opaque one it would only lighten the edge.
         if (!isOpaque) {
             QPainter painter(&output);
             painter.setRenderHint(QPainter::Antialiasing);
@@ -51,7 +52,8 @@ void paintFrameless(QImage& output, const ScreenshotGroup& group, const QRectF& 
 
 void paintFramed(QImage& output, const ScreenshotGroup& group, const QRectF& content) {
     const CompositeLayout& layout = group.layout;
-    const FrameShape shape{layout.frameStyle, content, std::max(layout.frameScale, 0.0) * layout.scale()};
+    const FrameShape shape{layout.frameStyle, content, layout.frameScale * layout.scale(),
+                           !group.screenshot.hasAlphaChannel()};
     // A stack is cut out along its extent, and its shadow with it.
     const bool isStack = frameMetrics(layout.frameStyle).backSheets > 0;
     const QRect clip = isStack ? shape.extent().toAlignedRect() : output.rect();
@@ -70,7 +72,9 @@ void paintFramed(QImage& output, const ScreenshotGroup& group, const QRectF& con
 
 }  // namespace
 
-double framelessCornerRadius(double setting) { return std::clamp(setting - 4, 0.0, 44.0); }
+double framelessCornerRadius(double setting) {
+    return clampedOr(setting - 4, 0, 44);
+}
 
 void paintScreenshotGroup(QImage& output, const ScreenshotGroup& group) {
     const QRectF content = contentRect(group.layout);

@@ -1,5 +1,7 @@
 #include "render/ShadowPainter.h"
 
+#include "core/Localisation.h"
+#include "imaging/ExportError.h"
 #include "imaging/filters/GaussianBlur.h"
 #include "imaging/filters/Mask.h"
 
@@ -28,10 +30,20 @@ struct LightRow {
 };
 
 constexpr LightRow lightRows[] = {
-    {LightSource::topLeft, 8, 8},     {LightSource::top, 0, 8},     {LightSource::topRight, -8, 8},
-    {LightSource::left, 8, 0},        {LightSource::center, 0, 0},  {LightSource::right, -8, 0},
-    {LightSource::bottomLeft, 8, -8}, {LightSource::bottom, 0, -8}, {LightSource::bottomRight, -8, -8},
+    {LightSource::topLeft, 8, 8},       {LightSource::top, 0, 8},
+    {LightSource::topRight, -8, 8},     {LightSource::left, 8, 0},
+    {LightSource::center, 0, 0},        {LightSource::right, -8, 0},
+    {LightSource::bottomLeft, 8, -8},   {LightSource::bottom, 0, -8},
+    {LightSource::bottomRight, -8, -8},
 };
+
+// A gibibyte, as heavy as the largest bitmap. Only a canvas of a few points on thousands of pixels
+// throws its shadow further.
+constexpr qint64 mostMaskPixels = qint64(1) << 30;
+
+QRect grown(const QRect& rect, int margin) {
+    return rect.isEmpty() ? QRect() : rect.adjusted(-margin, -margin, margin, margin);
+}
 
 }  // namespace
 
@@ -54,10 +66,16 @@ void paintShadow(QImage& bitmap, const QPainterPath& silhouette, const ShadowMet
     const int reach = static_cast<int>(std::ceil(3 * sigma)) + 1;
     const QPainterPath cast =
         silhouette.translated(shadow.offset.x() * scale, -shadow.offset.y() * scale);
+    const QRect shape = cast.boundingRect().toAlignedRect();
     const QRect visible = clip & bitmap.rect();
-    const QRect bounds = cast.boundingRect().toAlignedRect().adjusted(-reach, -reach, reach, reach) &
-                         visible.adjusted(-reach, -reach, reach, reach);
-    if (bounds.isEmpty() || visible.isEmpty()) return;
+    const QRect casting = shape & grown(visible, reach);
+    const QRect reached = visible & grown(shape, reach);
+    if (casting.isEmpty() || reached.isEmpty()) return;
+    const QRect bounds = casting | reached;
+    if (qint64(bounds.width()) * bounds.height() > mostMaskPixels) {
+        throw ExportError::renderingFailed(
+            localised("the canvas has too few points for a shadow on so many pixels"));
+    }
 
     Mask mask = rasterise(cast, bounds);
     gaussianBlur(mask, sigma);

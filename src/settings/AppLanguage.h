@@ -9,7 +9,6 @@ namespace kestrio {
 /// The language of the user interface. The raw string is also the locale code, but for `system`.
 enum class AppLanguage { system, en, zhHans, ja, ko, es, fr, de, ptPT, it, ru, ar };
 
-// Each language is named in itself, so only the first name goes through the translation.
 inline constexpr EnumTable<AppLanguage, 12> appLanguages = {{
     {AppLanguage::system, "system", "System Default"},
     {AppLanguage::en, "en", "English"},
@@ -24,7 +23,15 @@ inline constexpr EnumTable<AppLanguage, 12> appLanguages = {{
     {AppLanguage::ru, "ru", "Русский"},
     {AppLanguage::ar, "ar", "العربية"},
 }};
-constexpr const auto& enumTable(AppLanguage) { return appLanguages; }
+constexpr const auto& enumTable(AppLanguage) {
+    return appLanguages;
+}
+
+/// The name shown to users: each language in itself, only "System Default" is translated.
+inline QString displayName(AppLanguage language) {
+    const char* name = enumRow(language).name;
+    return language == AppLanguage::system ? localised(name) : QString::fromUtf8(name);
+}
 
 /// The code that the language preference is set to; nothing for the system's own language.
 inline std::optional<QString> languageCode(AppLanguage language) {

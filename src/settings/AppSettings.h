@@ -14,7 +14,9 @@ inline constexpr EnumTable<ScrollingCaptureMode, 2> scrollingCaptureModes = {{
     {ScrollingCaptureMode::manual, "manual", "Manual scroll"},
     {ScrollingCaptureMode::automatic, "auto", "Auto scroll"},
 }};
-constexpr const auto& enumTable(ScrollingCaptureMode) { return scrollingCaptureModes; }
+constexpr const auto& enumTable(ScrollingCaptureMode) {
+    return scrollingCaptureModes;
+}
 
 /// The user's desktop folder, where pictures are saved unless told otherwise.
 QString standardSavePath();

@@ -2,11 +2,11 @@
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/ImageEncoder.h"
 
+#include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <csignal>
 
@@ -21,9 +21,13 @@ struct Outcome {
     std::string errors;
 };
 
-auto lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+auto lines(const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
+}
 
-bool holds(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+bool holds(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
 
 class RenderCommand : public testing::Test {
   protected:
@@ -131,7 +135,8 @@ TEST_F(RenderCommand, TellsWhatItWroteAsJson) {
 }
 
 TEST_F(RenderCommand, StylesComeFromFiles) {
-    write("style.json", R"({"backdrop":{"type":"solid","solidColor":{"red":0,"green":0,"blue":1,"alpha":1},
+    write("style.json",
+          R"({"backdrop":{"type":"solid","solidColor":{"red":0,"green":0,"blue":1,"alpha":1},
         "opacity":1,"padding":8,"effects":{"blur":0,"noise":0,"saturation":100}},
         "mockup":{"cornerRadius":12,"shadowEnabled":false,"shadowIntensity":"low","lightSource":"top"},
         "frameStyle":"none"})");
@@ -213,8 +218,9 @@ TEST_F(RenderCommand, BadInputEndsWithOneLineThatSaysWhy) {
 
 TEST_F(RenderCommand, InterruptingItLeavesNothingBehind) {
     // Many seconds of work for the WebP encoder; the signal comes while it is at it.
-    const auto process = started("render " KESTRIO_SOURCE_DIR
-                                 "/tests/support/pictures/dashboard-4k.png --canvas 6000x3400 -o out.webp");
+    const auto process =
+        started("render " KESTRIO_SOURCE_DIR
+                "/tests/support/pictures/dashboard-4k.png --canvas 6000x3400 -o out.webp");
     ASSERT_TRUE(process->waitForStarted());
     ASSERT_FALSE(process->waitForFinished(1500));
     ::kill(static_cast<pid_t>(process->processId()), SIGINT);

@@ -2,14 +2,16 @@
 
 #include "app/cli/CommandLine.h"
 
+#include <gtest/gtest.h>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {
 
-void touch(const QString& path) { ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly)); }
+void touch(const QString& path) {
+    ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+}
 
 TEST(RenderPlan, TheFormatComesFromTheOptionElseFromTheName) {
     struct Row {
@@ -24,7 +26,8 @@ TEST(RenderPlan, TheFormatComesFromTheOptionElseFromTheName) {
         {"/dev/full", ExportFormat::webp, ExportFormat::webp},
     };
     for (const Row& row : rows) {
-        const auto jobs = planRender({QStringLiteral("/in.png")}, {QString::fromLatin1(row.output), row.asked}, {});
+        const auto jobs = planRender({QStringLiteral("/in.png")},
+                                     {QString::fromLatin1(row.output), row.asked}, {});
         ASSERT_EQ(jobs.size(), 1u);
         EXPECT_EQ(jobs[0].format, row.planned);
         EXPECT_EQ(jobs[0].output, QString::fromLatin1(row.output));
@@ -50,8 +53,10 @@ TEST(RenderPlan, NonsenseIsWrongUsage) {
     const QString other = folder.filePath(QStringLiteral("q.png"));
     EXPECT_THROW(planRender({}, {other, {}}, {}), UsageError);
     EXPECT_THROW(planRender({picture, picture}, {other, {}}, {}), UsageError);
-    EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("q.tiff")), {}}, {}), UsageError);
-    EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("./p.png")), {}}, {}), UsageError);
+    EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("q.tiff")), {}}, {}),
+                 UsageError);
+    EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("./p.png")), {}}, {}),
+                 UsageError);
 }
 
 }  // namespace

@@ -9,7 +9,9 @@ namespace {
 
 enum class Fruit { apple, pear };
 constexpr EnumTable<Fruit, 2> fruits = {{{Fruit::apple, "apple"}, {Fruit::pear, "pear"}}};
-constexpr const auto& enumTable(Fruit) { return fruits; }
+constexpr const auto& enumTable(Fruit) {
+    return fruits;
+}
 
 struct Inner {
     double weight = 1;
@@ -86,11 +88,13 @@ TEST(Json, SyntaxErrorsTellLineAndColumn) {
 }
 
 TEST(Json, NumbersSurvive) {
-    for (double number : {0.0, 1.0, -1.0, 0.1, 1e-300, 1e300, 9007199254740993.0, 0.30000000000000004}) {
+    for (double number :
+         {0.0, 1.0, -1.0, 0.1, 1e-300, 1e300, 9007199254740993.0, 0.30000000000000004}) {
         EXPECT_EQ(decodeJsonText<double>(encodeJsonText(number)), number);
     }
     EXPECT_EQ(encodeJsonText(32.0), "32");
-    EXPECT_EQ(decodeJsonText<quint64>(encodeJsonText(quint64(0xc000000000000001))), 0xc000000000000001);
+    EXPECT_EQ(decodeJsonText<quint64>(encodeJsonText(quint64(0xc000000000000001))),
+              0xc000000000000001);
     EXPECT_THROW(encodeJsonText(std::nan("")), JsonError);
     EXPECT_THROW(decodeJsonText<int>("3000000000"), JsonError);
     EXPECT_THROW(decodeJsonText<int>("1.5"), JsonError);
@@ -115,10 +119,14 @@ TEST(CodableColor, ReadsHex) {
         std::optional<CodableColor> color;
     };
     const Row rows[] = {
-        {"#ff0000", CodableColor{1, 0, 0, 1}}, {"00FF00", CodableColor{0, 1, 0, 1}},
-        {"#fff", CodableColor{1, 1, 1, 1}},    {"#00000080", CodableColor{0, 0, 0, 128 / 255.0}},
-        {"#ff00", std::nullopt},               {"#gg0000", std::nullopt},
-        {"", std::nullopt},                    {"+12345", std::nullopt},
+        {"#ff0000", CodableColor{1, 0, 0, 1}},
+        {"00FF00", CodableColor{0, 1, 0, 1}},
+        {"#fff", CodableColor{1, 1, 1, 1}},
+        {"#00000080", CodableColor{0, 0, 0, 128 / 255.0}},
+        {"#ff00", std::nullopt},
+        {"#gg0000", std::nullopt},
+        {"", std::nullopt},
+        {"+12345", std::nullopt},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(CodableColor::fromHex(QString::fromLatin1(row.text)), row.color) << row.text;

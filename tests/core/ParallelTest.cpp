@@ -13,9 +13,11 @@ TEST(Parallel, BandsCoverEveryIndexOnceWithAnyNumberOfThreads) {
         for (int count : {0, 1, 7, 64, 1001}) {
             std::vector<std::atomic<int>> hits(count);
             parallelBands(count, 4, [&](int first, int last) {
-                for (int i = first; i < last; ++i) ++hits[i];
+                for (int i = first; i < last; ++i)
+                    ++hits[i];
             });
-            for (const auto& hit : hits) EXPECT_EQ(hit, 1);
+            for (const auto& hit : hits)
+                EXPECT_EQ(hit, 1);
         }
     }
     setParallelThreadLimit(0);
@@ -23,7 +25,8 @@ TEST(Parallel, BandsCoverEveryIndexOnceWithAnyNumberOfThreads) {
 
 TEST(Parallel, NestedCallsAndExceptionsEnd) {
     std::atomic<int> sum{0};
-    parallelBands(16, 1, [&](int, int) { parallelBands(100, 1, [&](int a, int b) { sum += b - a; }); });
+    parallelBands(16, 1,
+                  [&](int, int) { parallelBands(100, 1, [&](int a, int b) { sum += b - a; }); });
     EXPECT_GE(sum, 100);
     EXPECT_THROW(parallelBands(100, 1, [](int, int) { throw std::runtime_error("band"); }),
                  std::runtime_error);

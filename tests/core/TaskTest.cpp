@@ -1,7 +1,7 @@
 #include "core/Task.h"
 
-#include <QThread>
 #include <gtest/gtest.h>
+#include <QThread>
 
 namespace kestrio {
 namespace {
@@ -88,7 +88,8 @@ TEST(Completion, TheFirstOutcomeWins) {
 TEST(SerialQueue, RunsInOrderRethrowsAndRefusesReentry) {
     SerialQueue queue(QStringLiteral("com.kestrio.test"));
     std::vector<int> order;
-    for (int i = 0; i < 100; ++i) queue.async([&order, i] { order.push_back(i); });
+    for (int i = 0; i < 100; ++i)
+        queue.async([&order, i] { order.push_back(i); });
     EXPECT_EQ(queue.sync([&] { return order.size(); }), 100u);
     EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
     EXPECT_THROW(queue.sync([] { throw Cancelled(); }), Cancelled);
@@ -99,7 +100,8 @@ TEST(SerialQueue, EndsWithWhatIsQueued) {
     std::atomic<int> ran{0};
     {
         SerialQueue queue(QStringLiteral("com.kestrio.test"));
-        for (int i = 0; i < 20; ++i) queue.async([&] { ++ran; });
+        for (int i = 0; i < 20; ++i)
+            queue.async([&] { ++ran; });
     }
     EXPECT_EQ(ran, 20);
 }

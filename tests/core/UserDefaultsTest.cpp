@@ -1,8 +1,8 @@
 #include "core/UserDefaults.h"
 
+#include <gtest/gtest.h>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {
@@ -18,7 +18,8 @@ void fill(UserDefaults& defaults) {
 }
 
 void check(const UserDefaults& defaults) {
-    EXPECT_EQ(defaults.data(QStringLiteral("com.kestrio.blob")), QByteArray(R"({"a":"ü, \" = ; %"})"));
+    EXPECT_EQ(defaults.data(QStringLiteral("com.kestrio.blob")),
+              QByteArray(R"({"a":"ü, \" = ; %"})"));
     EXPECT_EQ(defaults.string(QStringLiteral("com.kestrio.text")), QStringLiteral("a,b; ünïcode"));
     EXPECT_EQ(defaults.stringArray(QStringLiteral("com.kestrio.list")),
               QStringList{QStringLiteral("one")});

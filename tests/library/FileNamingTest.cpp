@@ -2,9 +2,9 @@
 
 #include "library/QuickSave.h"
 
+#include <gtest/gtest.h>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {

@@ -12,7 +12,8 @@ struct Candidate {
 };
 
 const Candidate candidates[] = {
-    {"memory", []() -> std::shared_ptr<Pasteboard> { return std::make_shared<MemoryPasteboard>(); }},
+    {"memory",
+     []() -> std::shared_ptr<Pasteboard> { return std::make_shared<MemoryPasteboard>(); }},
     {"desktop", [] { return makePlatformServices().pasteboard; }},
 };
 

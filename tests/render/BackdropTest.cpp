@@ -43,7 +43,8 @@ TEST(Grain, CountsFollowAreaAndStrengthUpToTheirLimits) {
         drawPatternGrain(image, {0, 0, 0, 1}, row.intensity, row.scale);
         int touched = 0;
         for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) touched += qAlpha(image.pixel(x, y)) > 0;
+            for (int x = 0; x < image.width(); ++x)
+                touched += qAlpha(image.pixel(x, y)) > 0;
         }
         EXPECT_LE(touched, row.mostTouched);
         EXPECT_EQ(touched == 0, row.isEmpty);
@@ -85,7 +86,8 @@ TEST(Patterns, SettingsAreClamped) {
     EXPECT_EQ(patterned({PatternType::grid, 2, 1, ink}), patterned({PatternType::grid, 1, 1, ink}));
     EXPECT_EQ(patterned({PatternType::grid, 0, 1, ink}), blank({120, 90}));
     EXPECT_EQ(patterned({PatternType::grid, 1, 7, ink}), patterned({PatternType::grid, 1, 1, ink}));
-    EXPECT_EQ(patterned({PatternType::grid, 1, -3, ink}), patterned({PatternType::grid, 1, 0, ink}));
+    EXPECT_EQ(patterned({PatternType::grid, 1, -3, ink}),
+              patterned({PatternType::grid, 1, 0, ink}));
     EXPECT_NE(patterned({PatternType::grid, 1, 0, ink}), blank({120, 90}));
 }
 
@@ -107,11 +109,16 @@ TEST(Overlays, ShadesRunAsTheirStopsSay) {
         bool isLight;
     };
     const Row rows[] = {
-        {OverlayType::diagonalShadow, {0, 0}, 254, false}, {OverlayType::diagonalShadow, {199, 99}, 0, false},
-        {OverlayType::naturalShadow, {100, 0}, 202, false}, {OverlayType::naturalShadow, {7, 50}, 1, false},
-        {OverlayType::naturalShadow, {100, 99}, 76, false}, {OverlayType::softGlow, {100, 50}, 127, true},
-        {OverlayType::softGlow, {199, 50}, 1, true},        {OverlayType::vignette, {100, 50}, 2, false},
-        {OverlayType::vignette, {198, 50}, 252, false},     {OverlayType::vignette, {0, 0}, 0, false},
+        {OverlayType::diagonalShadow, {0, 0}, 254, false},
+        {OverlayType::diagonalShadow, {199, 99}, 0, false},
+        {OverlayType::naturalShadow, {100, 0}, 202, false},
+        {OverlayType::naturalShadow, {7, 50}, 1, false},
+        {OverlayType::naturalShadow, {100, 99}, 76, false},
+        {OverlayType::softGlow, {100, 50}, 127, true},
+        {OverlayType::softGlow, {199, 50}, 1, true},
+        {OverlayType::vignette, {100, 50}, 2, false},
+        {OverlayType::vignette, {198, 50}, 252, false},
+        {OverlayType::vignette, {0, 0}, 0, false},
     };
     for (const Row& row : rows) {
         const QRgb pixel = renderOverlayImage(row.type, {200, 100}, 100).pixel(row.place);

@@ -30,15 +30,18 @@ TEST(CompositeLayout, RandomLayoutsKeepTheScreenshotInsideAndInShape) {
         if (content.isEmpty()) continue;
         const double slack = 1e-6 * layout.outputSize.width() + 1e-6;
         const QPointF padding = scaledPadding(layout);
-        const double bar = layout.titleBarHeight() * layout.outputSize.height() / layout.canvasSize.height();
+        const double bar =
+            layout.titleBarHeight() * layout.outputSize.height() / layout.canvasSize.height();
         EXPECT_GE(content.left(), padding.x() - slack);
         EXPECT_GE(content.top() - bar, padding.y() - slack);
         EXPECT_LE(content.right(), layout.outputSize.width() - padding.x() + slack);
         EXPECT_LE(content.bottom(), layout.outputSize.height() - padding.y() + slack);
         EXPECT_NEAR(content.width() / content.height() /
-                        (layout.imageSize.width() / layout.imageSize.height()), 1, 1e-9);
-        const bool fillsOneAxis = content.width() >= layout.outputSize.width() - 2 * padding.x() - slack ||
-                                  content.height() >= layout.outputSize.height() - 2 * padding.y() - bar - slack;
+                        (layout.imageSize.width() / layout.imageSize.height()),
+                    1, 1e-9);
+        const bool fillsOneAxis =
+            content.width() >= layout.outputSize.width() - 2 * padding.x() - slack ||
+            content.height() >= layout.outputSize.height() - 2 * padding.y() - bar - slack;
         EXPECT_TRUE(fillsOneAxis);
     }
 }

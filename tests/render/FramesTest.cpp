@@ -51,14 +51,16 @@ TEST(FramePainter, IsTheSamePictureAtEveryScale) {
     for (const FrameMetrics& row : frameMetricsTable) {
         const QImage small = paintedFrame(row.style, 1);
         const QImage large = paintedFrame(row.style, 3);
-        const QImage reduced = large.scaled(small.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const QImage reduced =
+            large.scaled(small.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         qint64 sum = 0;
         for (int y = 0; y < small.height(); ++y) {
             for (int x = 0; x < small.width() * 4; ++x) {
                 sum += std::abs(small.constScanLine(y)[x] - reduced.constScanLine(y)[x]);
             }
         }
-        EXPECT_LT(double(sum) / (4.0 * small.width() * small.height()), 0.6) << row.accessibilityText;
+        EXPECT_LT(double(sum) / (4.0 * small.width() * small.height()), 0.6)
+            << row.accessibilityText;
     }
 }
 
@@ -90,8 +92,10 @@ TEST(Shadow, FallsAwayFromTheLightOnTheSidesAndTowardsItVertically) {
         LightSource light;
         int dx, dy;
     };
-    const Row rows[] = {{LightSource::topLeft, 8, -8}, {LightSource::bottomRight, -8, 8},
-                        {LightSource::center, 0, 0},   {LightSource::top, 0, -8},
+    const Row rows[] = {{LightSource::topLeft, 8, -8},
+                        {LightSource::bottomRight, -8, 8},
+                        {LightSource::center, 0, 0},
+                        {LightSource::top, 0, -8},
                         {LightSource::left, 8, 0}};
     for (const Row& row : rows) {
         QImage image(200, 200, QImage::Format_ARGB32_Premultiplied);

@@ -1,11 +1,11 @@
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/ImageEncoder.h"
-#include "render/ImageFile.h"
+#include "render/FileWriter.h"
 #include "render/RenderFixtures.h"
 #include "render/style/Theme.h"
 
-#include <QFileInfo>
 #include <gtest/gtest.h>
+#include <QFileInfo>
 
 // Pictures that somebody looked at before they were kept. To renew them, run this test with
 // KESTRIO_RENEW_GOLDEN=1 in the environment, look at what changed in tests/render/golden/, and
@@ -20,7 +20,8 @@ struct GoldenCase {
 };
 
 CompositeRequest preset(const char* id) {
-    CompositeRequest request = requestOf(testScreenshot({480, 300}), PresetTheme::find(QString::fromLatin1(id))->style());
+    CompositeRequest request =
+        requestOf(testScreenshot({480, 300}), PresetTheme::find(QString::fromLatin1(id))->style());
     request.canvasState.canvasSize = {480, 320};
     return request;
 }
@@ -35,7 +36,8 @@ const GoldenCase goldenCases[] = {
      [] {
          CompositeRequest request = preset("vintage");
          request.frameStyle = FrameStyle::windows;
-         request.backdrop.overlay = OverlaySettings{OverlayType::vignette, 40, OverlayPosition::underlay};
+         request.backdrop.overlay =
+             OverlaySettings{OverlayType::vignette, 40, OverlayPosition::underlay};
          return request;
      }},
     {"stack2-waves",

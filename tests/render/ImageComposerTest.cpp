@@ -12,7 +12,9 @@
 namespace kestrio {
 namespace {
 
-QImage composed(const CompositeRequest& request) { return testComposer().compose(request).bitmap(); }
+QImage composed(const CompositeRequest& request) {
+    return testComposer().compose(request).bitmap();
+}
 
 TEST(ImageComposer, ABareStyleGivesTheScreenshotBack) {
     const QImage screenshot = testScreenshot();
@@ -64,7 +66,8 @@ TEST(ImageComposer, ImpossibleRequestsAreRefused) {
 }
 
 TEST(ImageComposer, SameBytesAtEveryRunAndWithAnyNumberOfThreads) {
-    CompositeRequest request = requestOf(testScreenshot({333, 217}), PresetTheme::find(QStringLiteral("dreamy"))->style());
+    CompositeRequest request =
+        requestOf(testScreenshot({333, 217}), PresetTheme::find(QStringLiteral("dreamy"))->style());
     request.backdrop.pattern = PatternSettings{PatternType::waves, 1, 0.5, {0, 0, 0, 0.5}};
     request.backdrop.overlay = OverlaySettings{OverlayType::vignette, 60, OverlayPosition::overlay};
     request.frameStyle = FrameStyle::arc;
@@ -81,9 +84,11 @@ TEST(ImageComposer, RotationTurnsClockwiseAndFourQuartersGiveThePictureBack) {
     const QImage picture = testScreenshot({300, 200});
     EXPECT_EQ(turned(picture, 360), picture);
     EXPECT_EQ(turned(picture, 90).size(), QSize(200, 300));
-    EXPECT_EQ(turned(picture, 90).pixel(199, 0), picture.pixel(0, 0)) << "top left comes to top right";
+    EXPECT_EQ(turned(picture, 90).pixel(199, 0), picture.pixel(0, 0))
+        << "top left comes to top right";
     QImage again = picture;
-    for (int i = 0; i < 4; ++i) again = turned(again, 90);
+    for (int i = 0; i < 4; ++i)
+        again = turned(again, 90);
     EXPECT_EQ(again, picture);
     EXPECT_EQ(turned(picture, -90), turned(picture, 270));
     EXPECT_EQ(turned(picture, 45).size(), QSize(354, 354));
@@ -98,7 +103,12 @@ TEST(ImageComposer, FillsFallBackToGrey) {
     };
     const QColor grey = QColor::fromRgbF(0.5f, 0.5f, 0.5f);
     const Row rows[] = {
-        {"no colour", [](BackdropSettings& b) { b.solidColor = std::nullopt; b.opacity = 0; }, grey},
+        {"no colour",
+         [](BackdropSettings& b) {
+             b.solidColor = std::nullopt;
+             b.opacity = 0;
+         },
+         grey},
         {"unknown gradient",
          [](BackdropSettings& b) {
              b.type = BackdropType::gradient;
@@ -109,7 +119,8 @@ TEST(ImageComposer, FillsFallBackToGrey) {
         {"bad picture",
          [](BackdropSettings& b) {
              b.type = BackdropType::image;
-             b.imageSettings = ImageBackdropSettings{QByteArray("junk"), {}, 0, 100, ImageScaleFit::fill};
+             b.imageSettings =
+                 ImageBackdropSettings{QByteArray("junk"), {}, 0, 100, ImageScaleFit::fill};
          },
          grey},
         {"one custom colour falls back to the preset",
@@ -151,7 +162,8 @@ TEST(ImageComposer, NeutralEffectsLeaveTheVeryPicture) {
 
 TEST(ImageComposer, OverlaysLieInFrontOrBehind) {
     CompositeRequest request = requestOf(testScreenshot());
-    request.backdrop.overlay = OverlaySettings{OverlayType::naturalShadow, 100, OverlayPosition::overlay};
+    request.backdrop.overlay =
+        OverlaySettings{OverlayType::naturalShadow, 100, OverlayPosition::overlay};
     const QRgb plain = request.screenshot.bitmap().pixel(120, 2);
     request.backdrop.padding = 0;
     request.mockup = {0, false, ShadowIntensity::low, LightSource::top};
@@ -171,7 +183,8 @@ TEST(ImageComposer, CornerSettingsAreCutInsideTheirOuterFigure) {
         style.mockup.cornerRadius = row.setting;
         const QImage output = composed(requestOf(testScreenshot(), style));
         int free = 0;
-        while (qAlpha(output.pixel(free, free)) == 0) ++free;
+        while (qAlpha(output.pixel(free, free)) == 0)
+            ++free;
         EXPECT_EQ(free, row.transparentDiagonal) << row.setting;
     }
 }

@@ -5,9 +5,9 @@
 #include "render/RenderFixtures.h"
 #include "support/MemoryPasteboard.h"
 
+#include <gtest/gtest.h>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {
@@ -20,7 +20,8 @@ struct Renderer : testing::Test {
 
     ExportError::Case failureOfSaving(const QString& path, EncodeHooks hooks = {}) {
         try {
-            runUntilDone(service->saveImage(Image(testScreenshot()), path, ExportFormat::png, hooks));
+            runUntilDone(
+                service->saveImage(Image(testScreenshot()), path, ExportFormat::png, hooks));
         } catch (const ExportError& error) {
             return error.errorCase();
         }
@@ -38,8 +39,9 @@ TEST_F(Renderer, FailuresAndStopsReachTheCaller) {
     EXPECT_THROW(runUntilDone(service->renderComposite({})), ExportError);
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THROW(runUntilDone(service->renderComposite(requestOf(testScreenshot()), stop.get_token())),
-                 Cancelled);
+    EXPECT_THROW(
+        runUntilDone(service->renderComposite(requestOf(testScreenshot()), stop.get_token())),
+        Cancelled);
 }
 
 TEST_F(Renderer, TheServiceMayGoWhileItsFlowIsPending) {

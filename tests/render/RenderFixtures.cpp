@@ -48,7 +48,8 @@ double meanDifference(const QImage& first, const QImage& second) {
     for (int y = 0; y < a.height(); ++y) {
         const uchar* rowA = a.constScanLine(y);
         const uchar* rowB = b.constScanLine(y);
-        for (int x = 0; x < a.width() * 4; ++x) sum += std::abs(rowA[x] - rowB[x]);
+        for (int x = 0; x < a.width() * 4; ++x)
+            sum += std::abs(rowA[x] - rowB[x]);
     }
     return sum / (4.0 * a.width() * a.height());
 }

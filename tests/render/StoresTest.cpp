@@ -33,8 +33,8 @@ TEST_F(Stores, ThemesAreSavedUpdatedAndDeleted) {
         themes->deleteTheme(first.id);
         ADD_FAILURE();
     } catch (const ThemeStorageError& error) {
-        EXPECT_EQ(error.errorDescription(),
-                  QStringLiteral("Theme not found: ") + first.id.toString(QUuid::WithoutBraces).toUpper());
+        EXPECT_EQ(error.errorDescription(), QStringLiteral("Theme not found: ") +
+                                                first.id.toString(QUuid::WithoutBraces).toUpper());
     }
 }
 

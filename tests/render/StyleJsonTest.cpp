@@ -19,8 +19,8 @@ EditorStyleSettings fullStyle() {
     style.backdrop.effects = {1, 2, 250};
     style.backdrop.pattern = PatternSettings{PatternType::rays, 0.3, 0.5, {0.1, 0.2, 0.3, 0.4}};
     style.backdrop.overlay = OverlaySettings{OverlayType::vignette, 40, OverlayPosition::underlay};
-    style.backdrop.imageSettings =
-        ImageBackdropSettings{QByteArray("\x01\xff"), QStringLiteral("/p.png"), 3, 60, ImageScaleFit::fit};
+    style.backdrop.imageSettings = ImageBackdropSettings{
+        QByteArray("\x01\xff"), QStringLiteral("/p.png"), 3, 60, ImageScaleFit::fit};
     style.backdrop.portrait = PortraitSettings{PortraitEffectType::stage, 0.5, 2};
     style.mockup = {20, false, ShadowIntensity::high, LightSource::bottomRight};
     style.frameStyle = FrameStyle::stack2;
@@ -28,11 +28,12 @@ EditorStyleSettings fullStyle() {
 }
 
 TEST(StyleJson, WritesTheAgreedKeysInTheirOrder) {
-    EXPECT_EQ(encodeJsonText(EditorStyleSettings()),
-              R"({"backdrop":{"type":"solid","solidColor":{"red":0.2,"green":0.2,"blue":0.3,"alpha":1},)"
-              R"("opacity":1,"padding":32,"effects":{"blur":0,"noise":0,"saturation":100}},)"
-              R"("mockup":{"cornerRadius":12,"shadowEnabled":true,"shadowIntensity":"medium",)"
-              R"("lightSource":"topLeft"},"frameStyle":"none"})");
+    EXPECT_EQ(
+        encodeJsonText(EditorStyleSettings()),
+        R"({"backdrop":{"type":"solid","solidColor":{"red":0.2,"green":0.2,"blue":0.3,"alpha":1},)"
+        R"("opacity":1,"padding":32,"effects":{"blur":0,"noise":0,"saturation":100}},)"
+        R"("mockup":{"cornerRadius":12,"shadowEnabled":true,"shadowIntensity":"medium",)"
+        R"("lightSource":"topLeft"},"frameStyle":"none"})");
     EXPECT_EQ(
         encodeJsonText(fullStyle()),
         R"({"backdrop":{"type":"image","solidColor":{"red":0.2,"green":0.2,"blue":0.3,"alpha":1},)"
@@ -50,7 +51,8 @@ TEST(StyleJson, WritesTheAgreedKeysInTheirOrder) {
 TEST(StyleJson, StylesRoundTrip) {
     EXPECT_EQ(decodeJsonText<EditorStyleSettings>(encodeJsonText(fullStyle())), fullStyle());
     for (const PresetTheme& preset : PresetTheme::all()) {
-        EXPECT_EQ(decodeJsonText<EditorStyleSettings>(encodeJsonText(preset.style())), preset.style());
+        EXPECT_EQ(decodeJsonText<EditorStyleSettings>(encodeJsonText(preset.style())),
+                  preset.style());
     }
     const Theme theme = Theme::make(QStringLiteral("Mine"), fullStyle());
     EXPECT_EQ(decodeJsonText<Theme>(encodeJsonText(theme)), theme);
@@ -88,16 +90,18 @@ TEST(StyleJson, MissingOptionalsDecodeAsAbsent) {
     const auto backdrop = decodeJsonText<BackdropSettings>(
         R"({"type":"none","opacity":2,"padding":-3,"effects":{"blur":0,"noise":0,"saturation":250}})");
     EXPECT_FALSE(backdrop.solidColor || backdrop.gradientPreset || backdrop.customGradientColors ||
-                 backdrop.pattern || backdrop.overlay || backdrop.imageSettings || backdrop.portrait);
+                 backdrop.pattern || backdrop.overlay || backdrop.imageSettings ||
+                 backdrop.portrait);
     EXPECT_EQ(backdrop.effects.saturation, 250) << "stored values are not clamped";
 }
 
 TEST(CanvasJson, HasArraysForGeometry) {
     CanvasState state;
     state.canvasSize = {800, 600};
-    EXPECT_EQ(encodeJsonText(state),
-              R"({"transform":{"offset":[0,0],"scale":1,"rotation":0},"aspectRatio":{"name":"Auto"},)"
-              R"("canvasSize":[800,600],"isCropping":false})");
+    EXPECT_EQ(
+        encodeJsonText(state),
+        R"({"transform":{"offset":[0,0],"scale":1,"rotation":0},"aspectRatio":{"name":"Auto"},)"
+        R"("canvasSize":[800,600],"isCropping":false})");
     state.cropRect = QRectF(1, 2, 3, 4);
     state.aspectRatio = {QStringLiteral("16:9"), 16.0 / 9.0};
     EXPECT_EQ(decodeJsonText<CanvasState>(encodeJsonText(state)), state);
@@ -127,7 +131,8 @@ TEST(Libraries, GroupsAreCutFromTheGradientsInOrder) {
     EXPECT_EQ(sizes, (std::vector<std::size_t>{5, 5, 5, 5, 4}));
     EXPECT_EQ(joined, GradientPreset::all());
     EXPECT_EQ(GradientPreset::find(QStringLiteral("nowhere")), nullptr);
-    EXPECT_GT(GradientPreset::find(QStringLiteral("fire"))->startPoint.y, 0.9) << "fire burns upwards";
+    EXPECT_GT(GradientPreset::find(QStringLiteral("fire"))->startPoint.y, 0.9)
+        << "fire burns upwards";
 }
 
 TEST(Libraries, EveryPresetNamesAGradientThatExists) {

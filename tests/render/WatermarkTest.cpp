@@ -101,7 +101,8 @@ TEST(Watermark, TextStandsInItsCornerAndKeepsItsShapeAtEveryDensity) {
     EXPECT_NEAR(large.left(), small.left() * 2, 3);
     EXPECT_NEAR(large.width(), small.width() * 2, 4);
     settings.textContent = QStringLiteral("i");
-    EXPECT_DOUBLE_EQ(textMarkSize(600, settings).width(), 600 * 0.15 * 0.5) << "at least half the box";
+    EXPECT_DOUBLE_EQ(textMarkSize(600, settings).width(), 600 * 0.15 * 0.5)
+        << "at least half the box";
 }
 
 TEST(Watermark, IsUnderTheFramesAndOnlyWhenAsked) {

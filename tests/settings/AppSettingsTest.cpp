@@ -56,13 +56,12 @@ TEST(HotkeyConfig, ShowsModifiersInTheirOrderAndTheKey) {
         const char* text;
     };
     const Row rows[] = {
-        {{0, 6144}, "⌃⌥A"},
-        {{49, 0x1b00}, "⌃⌥⇧⌘Space"},
-        {{111, 0x100}, "⌘F12"},
-        {{200, 0x200}, "⇧?"},
+        {{0, 6144}, "⌃⌥A"},     {{49, 0x1b00}, "⌃⌥⇧⌘Space"},
+        {{111, 0x100}, "⌘F12"}, {{200, 0x200}, "⇧?"},
         {{29, 0}, "0"},
     };
-    for (const Row& row : rows) EXPECT_EQ(row.hotkey.displayString(), QString::fromUtf8(row.text));
+    for (const Row& row : rows)
+        EXPECT_EQ(row.hotkey.displayString(), QString::fromUtf8(row.text));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/cli/RenderCommand.h"
 #include "core/Localisation.h"
+#include "imaging/ExportError.h"
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -16,13 +17,15 @@ constexpr CliVerb verbs[] = {
 
 void printVerbs() {
     std::printf("Kestrio, a screenshot beautifier\n\nusage: kestrio VERB [ARGUMENTS]\n\n");
-    for (const CliVerb& verb : verbs) std::printf("  %-10s %s\n", verb.name, verb.summary);
+    for (const CliVerb& verb : verbs)
+        std::printf("  %-10s %s\n", verb.name, verb.summary);
     std::printf("\n\"kestrio VERB --help\" tells the options of a verb.\n");
 }
 
 QString verbNames() {
     QStringList names;
-    for (const CliVerb& verb : verbs) names << QString::fromLatin1(verb.name);
+    for (const CliVerb& verb : verbs)
+        names << QString::fromLatin1(verb.name);
     return names.join(QStringLiteral(", "));
 }
 
@@ -32,18 +35,33 @@ ExitStatus runVerb(const CliVerb& verb, const QStringList& arguments) {
     } catch (const UsageError& error) {
         printError(error.errorDescription());
         return ExitStatus::wrongUsage;
-    } catch (const Error& error) {
-        printError(error.errorDescription());
-    } catch (const std::bad_alloc&) {
-        printError(localised("there is not enough memory for this"));
+    } catch (const std::exception& error) {
+        printError(describeFailure(error));
     }
     return ExitStatus::failed;
 }
 
 }  // namespace
 
+QString describeFailure(const std::exception& error) {
+    if (dynamic_cast<const std::bad_alloc*>(&error)) {
+        return localised("there is not enough memory for this");
+    }
+    const auto* own = dynamic_cast<const Error*>(&error);
+    if (!own) return localised("unexpected failure: ") + QString::fromUtf8(error.what());
+    const auto* exportError = dynamic_cast<const ExportError*>(&error);
+    if (!exportError || exportError->reason().isEmpty()) return own->errorDescription();
+    return own->errorDescription() + QStringLiteral(" (%1)").arg(exportError->reason());
+}
+
+bool printDocument(const QByteArray& text) {
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
 void printError(const QString& message) {
-    const QString line = message.simplified();
+    QString line = message;
+    line.replace(u'\n', u' ');
     std::fprintf(stderr, "kestrio: %s\n", line.toUtf8().constData());
 }
 

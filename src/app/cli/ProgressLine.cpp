@@ -8,7 +8,9 @@ namespace kestrio {
 
 ProgressLine::ProgressLine(int total) : total_(total), isTerminal_(::isatty(STDERR_FILENO) == 1) {}
 
-ProgressLine::~ProgressLine() { clear(); }
+ProgressLine::~ProgressLine() {
+    clear();
+}
 
 void ProgressLine::startItem(int number, const QString& name) {
     number_ = number;
@@ -28,7 +30,8 @@ void ProgressLine::clear() {
 
 void ProgressLine::print(int percent) const {
     if (!isTerminal_) return;
-    std::fprintf(stderr, "\r\033[K[%d/%d] %s %d %%", number_, total_, qUtf8Printable(name_), percent);
+    std::fprintf(stderr, "\r\033[K[%d/%d] %s %d %%", number_, total_, qUtf8Printable(name_),
+                 percent);
     std::fflush(stderr);
 }
 

@@ -12,8 +12,9 @@
 #include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"
 
+#include <QDir>
 #include <QFileInfo>
-#include <cstdio>
+#include <cmath>
 
 namespace kestrio {
 
@@ -37,6 +38,7 @@ struct RenderedFile {
 struct FailedFile {
     QString input;
     QString message;
+    bool namesInput;  // the message tells the input's name itself
 };
 
 struct RenderReport {
@@ -48,10 +50,12 @@ struct RenderReport {
 void addRenderOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         localised("Sets pictures on a backdrop and writes them as files."));
-    parser.addPositionalArgument(QStringLiteral("INPUT"), localised("a picture; several may be given"),
+    parser.addPositionalArgument(QStringLiteral("INPUT"),
+                                 localised("a picture; several may be given"),
                                  QStringLiteral("INPUT..."));
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
-                      localised("the file to write, or a folder"), QStringLiteral("OUTPUT")});
+                      localised("the file to write, or a folder"),
+                      QStringLiteral("OUTPUT")});
     parser.addOption({QStringLiteral("quick-save"),
                       localised("write to the save folder of the settings instead")});
     parser.addOption({QStringLiteral("format"),
@@ -59,7 +63,14 @@ void addRenderOptions(QCommandLineParser& parser) {
                       QStringLiteral("FORMAT")});
     parser.addOption({QStringLiteral("json"), localised("tell what was written as JSON")});
     addStyleOptions(parser);
-    parser.addHelpOption();
+    parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
+}
+
+// Qt heads its help with the path of the program, which knows nothing of verbs.
+QByteArray helpText(const QCommandLineParser& parser) {
+    const QString text = parser.helpText();
+    return "usage: kestrio render [options] INPUT..." + text.mid(text.indexOf(u'\n')).toUtf8();
 }
 
 std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
@@ -71,7 +82,8 @@ std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
 }
 
 AppSettings userSettings() {
-    return AppSettingsService(std::make_shared<IniUserDefaults>(IniUserDefaults::standardPath())).load();
+    return AppSettingsService(std::make_shared<IniUserDefaults>(IniUserDefaults::standardPath()))
+        .load();
 }
 
 RenderOptions parsedOptions(const QCommandLineParser& parser) {
@@ -79,10 +91,14 @@ RenderOptions parsedOptions(const QCommandLineParser& parser) {
     options.isJson = parser.isSet(QStringLiteral("json"));
     options.isQuickSave = parser.isSet(QStringLiteral("quick-save"));
     const QString output = parser.value(QStringLiteral("output"));
-    if (output.isEmpty() != options.isQuickSave) {
+    if (!output.isEmpty() && options.isQuickSave) {
+        throw UsageError(localised("give only one of -o and --quick-save"));
+    }
+    if (output.isEmpty() && !options.isQuickSave) {
         throw UsageError(localised("say where the result goes: -o OUTPUT or --quick-save"));
     }
-    options.jobs = planRender(parser.positionalArguments(), {output, formatOption(parser)}, userSettings());
+    options.jobs =
+        planRender(parser.positionalArguments(), {output, formatOption(parser)}, userSettings());
     options.style = styleFromOptions(parser);
     return options;
 }
@@ -91,8 +107,8 @@ RenderOptions parsedOptions(const QCommandLineParser& parser) {
 void requireFolder(const QString& output) {
     const QFileInfo folder(QFileInfo(output).path());
     if (!folder.isDir()) {
-        throw ExportError::fileWriteFailed(output,
-                                           localised("the folder %1 does not exist").arg(folder.filePath()));
+        throw ExportError::fileWriteFailed(
+            output, localised("the folder %1 does not exist").arg(folder.filePath()));
     }
 }
 
@@ -117,19 +133,14 @@ Task<RenderedFile> renderOne(ImageRendererServiceProtocol* renderer, CommandLine
     co_return file;
 }
 
-QString describe(const Error& error) {
-    const auto* exportError = dynamic_cast<const ExportError*>(&error);
-    if (!exportError || exportError->reason().isEmpty()) return error.errorDescription();
-    return error.errorDescription() + QStringLiteral(" (%1)").arg(exportError->reason());
-}
-
-bool isStop(const Error& error) {
+bool isStop(const std::exception& error) {
     const auto* exportError = dynamic_cast<const ExportError*>(&error);
     return dynamic_cast<const Cancelled*>(&error) ||
            (exportError && exportError->errorCase() == ExportError::Case::userCancelled);
 }
 
-Task<RenderReport> renderAll(RenderOptions options, std::shared_ptr<ImageRendererServiceProtocol> renderer,
+Task<RenderReport> renderAll(RenderOptions options,
+                             std::shared_ptr<ImageRendererServiceProtocol> renderer,
                              std::stop_token stop) {
     RenderReport report;
     ProgressLine progress(static_cast<int>(options.jobs.size()));
@@ -143,18 +154,20 @@ Task<RenderReport> renderAll(RenderOptions options, std::shared_ptr<ImageRendere
             const auto rendering = renderOne(renderer.get(), options.style, job, hooks);
             RenderedFile file = co_await rendering;
             report.files.push_back(std::move(file));
-        } catch (const Error& error) {
+        } catch (const std::exception& error) {
             report.isCancelled = isStop(error);
             if (report.isCancelled) break;
-            report.failures.push_back({job.input, describe(error)});
-        } catch (const std::bad_alloc&) {
-            report.failures.push_back({job.input, localised("there is not enough memory for this")});
+            const auto* unreadable = dynamic_cast<const ImageLoadError*>(&error);
+            const bool namesInput = unreadable && !unreadable->path().isEmpty();
+            report.failures.push_back({job.input, describeFailure(error), namesInput});
         }
     }
     co_return report;
 }
 
-JsonValue rounded(double milliseconds) { return jsonNumber(std::round(milliseconds * 10) / 10); }
+JsonValue rounded(double milliseconds) {
+    return jsonNumber(std::round(milliseconds * 10) / 10);
+}
 
 JsonValue jsonOf(const RenderedFile& file) {
     return {{"input", file.job.input.toStdString()},
@@ -170,30 +183,38 @@ JsonValue jsonOf(const RenderedFile& file) {
               {"write", rounded(file.saved.writeMilliseconds)}}}};
 }
 
-void printJson(const RenderReport& report) {
+QByteArray jsonOf(const RenderReport& report) {
     JsonValue document = JsonValue::object();
     document["outputs"] = JsonValue::array();
-    for (const RenderedFile& file : report.files) document["outputs"].push_back(jsonOf(file));
+    for (const RenderedFile& file : report.files)
+        document["outputs"].push_back(jsonOf(file));
     document["failures"] = JsonValue::array();
     for (const FailedFile& failure : report.failures) {
         document["failures"].push_back(
             {{"input", failure.input.toStdString()}, {"message", failure.message.toStdString()}});
     }
-    std::printf("%s\n", jsonText(document, 2).constData());
+    return jsonText(document, 2) + '\n';
+}
+
+// What standard output is owed.
+QByteArray documentOf(const RenderOptions& options, const RenderReport& report) {
+    if (options.isJson) return jsonOf(report);
+    QByteArray lines;
+    if (!options.isQuickSave) return lines;
+    for (const RenderedFile& file : report.files) {
+        lines += (localised("Saved to ") + file.job.output).toUtf8() + '\n';
+    }
+    return lines;
 }
 
 ExitStatus tell(const RenderOptions& options, const RenderReport& report) {
     for (const FailedFile& failure : report.failures) {
-        printError(failure.message.contains(failure.input)
-                       ? failure.message
-                       : failure.input + QStringLiteral(": ") + failure.message);
+        printError(failure.namesInput ? failure.message
+                                      : failure.input + QStringLiteral(": ") + failure.message);
     }
-    if (options.isJson) {
-        printJson(report);
-    } else if (options.isQuickSave) {
-        for (const RenderedFile& file : report.files) {
-            std::printf("%s\n", qUtf8Printable(localised("Saved to ") + file.job.output));
-        }
+    if (!printDocument(documentOf(options, report))) {
+        printError(localised("standard output cannot be written to"));
+        return ExitStatus::failed;
     }
     if (report.isCancelled) return ExitStatus::cancelled;
     return report.failures.empty() ? ExitStatus::done : ExitStatus::failed;
@@ -208,13 +229,16 @@ ExitStatus runRender(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        std::printf("%s", qUtf8Printable(parser.helpText()));
-        return ExitStatus::done;
+        return printDocument(helpText(parser)) ? ExitStatus::done : ExitStatus::failed;
     }
     const RenderOptions options = parsedOptions(parser);
+    // The save folder is Kestrio's own choice on a fresh account, so it makes it.
+    if (options.isQuickSave) QDir().mkpath(QFileInfo(options.jobs.front().output).path());
     const StopSignals stopSignals;
-    const auto watermarks = std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());
-    const auto renderer = std::make_shared<ImageRendererService>(watermarks, makePlatformServices().pasteboard);
+    const auto watermarks =
+        std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());
+    const auto renderer =
+        std::make_shared<ImageRendererService>(watermarks, makePlatformServices().pasteboard);
     const RenderReport report = runUntilDone(renderAll(options, renderer, stopSignals.token()));
     return tell(options, report);
 }

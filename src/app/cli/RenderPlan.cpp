@@ -12,19 +12,25 @@ namespace kestrio {
 
 namespace {
 
-bool isFolder(const QString& path) { return path.endsWith(u'/') || QFileInfo(path).isDir(); }
+bool isFolder(const QString& path) {
+    return path.endsWith(u'/') || QFileInfo(path).isDir();
+}
 
 ExportFormat formatOfFile(const OutputChoice& choice) {
     if (choice.format) return *choice.format;
     const QString extension = QFileInfo(choice.output).suffix();
     if (const auto format = formatNamed(extension)) return *format;
-    throw UsageError(localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp, or give --format")
-                         .arg(choice.output));
+    throw UsageError(
+        localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp, or give --format")
+            .arg(choice.output));
 }
 
 QString pathInFolder(const QString& folder, const QString& input, ExportFormat format,
                      const QSet<QString>& planned) {
-    const QString stem = QFileInfo(input).completeBaseName();
+    const QFileInfo source(input);
+    // A hidden file such as ".shot" is all suffix to Qt.
+    const QString base = source.completeBaseName();
+    const QString stem = base.isEmpty() ? source.fileName() : base;
     const QString suffix = u'.' + fileExtension(format);
     QString path = QDir(folder).filePath(stem + suffix);
     for (int number = 2; planned.contains(path) || QFileInfo::exists(path); ++number) {
@@ -64,12 +70,17 @@ std::optional<ExportFormat> formatNamed(const QString& name) {
 
 std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
                                   const AppSettings& settings) {
-    if (inputs.isEmpty()) throw UsageError(localised("name a picture to render"));
+    if (inputs.isEmpty() || inputs.contains(QString())) {
+        throw UsageError(localised("name a picture to render"));
+    }
     const bool isQuickSave = choice.output.isEmpty();
     if (!isQuickSave && isFolder(choice.output)) return planIntoFolder(inputs, choice, settings);
+    if (inputs.size() > 1 && isQuickSave) {
+        throw UsageError(localised("--quick-save takes one picture; name a folder for several"));
+    }
     if (inputs.size() > 1) {
         throw UsageError(localised("several pictures need a folder to go to; \"%1\" is none")
-                             .arg(isQuickSave ? QStringLiteral("--quick-save") : choice.output));
+                             .arg(choice.output));
     }
     RenderJob job{inputs.front(), choice.output, ExportFormat::png};
     if (isQuickSave) {

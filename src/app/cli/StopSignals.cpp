@@ -28,7 +28,11 @@ StopSignals::StopSignals() {
     if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0) return;
     notifier_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
-                     [stop = stop_]() mutable { stop.request_stop(); });
+                     [notifier = notifier_.get(), stop = stop_]() mutable {
+                         // The byte stays in the pipe; one stop is enough.
+                         notifier->setEnabled(false);
+                         stop.request_stop();
+                     });
     listen(onSignal);
 }
 

@@ -15,7 +15,19 @@ namespace kestrio {
 
 namespace {
 
-[[noreturn]] void refuseUnknown(const QString& what, const QString& value, const QStringList& known) {
+constexpr qint64 longestStyle = qint64(64) << 20;
+
+double numberOption(const QString& option, const QString& text) {
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number)) {
+        throw UsageError(localised("--%1 takes a number, not \"%2\"").arg(option, text));
+    }
+    return number;
+}
+
+[[noreturn]] void refuseUnknown(const QString& what, const QString& value,
+                                const QStringList& known) {
     throw UsageError(localised("unknown %1 \"%2\"; known are %3")
                          .arg(what, value, known.join(QStringLiteral(", "))));
 }
@@ -29,19 +41,15 @@ E enumOption(const QString& what, const QString& value) {
 template <typename List>
 QStringList idsOf(const List& list) {
     QStringList ids;
-    for (const auto& item : list) ids << item.id;
+    for (const auto& item : list)
+        ids << item.id;
     return ids;
-}
-
-QByteArray readFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw ImageLoadError::unreadable(path, file.errorString());
-    return file.readAll();
 }
 
 class StyleFileError : public Error {
   public:
-    StyleFileError(QString path, QString reason) : path_(std::move(path)), reason_(std::move(reason)) {}
+    StyleFileError(QString path, QString reason)
+        : path_(std::move(path)), reason_(std::move(reason)) {}
     QString errorDescription() const override {
         return localised("the style file %1 cannot be used: %2").arg(path_, reason_);
     }
@@ -55,19 +63,21 @@ class StyleFileError : public Error {
 QSizeF pairOption(const QString& option, const QString& text, QChar separator) {
     const QStringList parts = text.split(separator);
     bool widthIsNumber = false, heightIsNumber = false;
-    const QSizeF pair(parts.value(0).toDouble(&widthIsNumber), parts.value(1).toDouble(&heightIsNumber));
+    const QSizeF pair(parts.value(0).toDouble(&widthIsNumber),
+                      parts.value(1).toDouble(&heightIsNumber));
     if (parts.size() != 2 || !widthIsNumber || !heightIsNumber || !std::isfinite(pair.width()) ||
         !std::isfinite(pair.height()) || pair.isEmpty()) {
-        throw UsageError(localised("--%1 takes two numbers above 0 as in 16%2 9, not \"%3\"")
-                             .arg(option, QString(separator), text)
-                             .replace(QString(separator) + u' ', QString(separator)));
+        const QString example = QStringLiteral("16") + separator + QStringLiteral("9");
+        throw UsageError(localised("--%1 takes two numbers above 0 as in %2, not \"%3\"")
+                             .arg(option, example, text));
     }
     return pair;
 }
 
 double positiveOption(const QString& option, const QString& text) {
     const double number = numberOption(option, text);
-    if (number <= 0) throw UsageError(localised("--%1 takes a number above 0, not \"%2\"").arg(option, text));
+    if (number <= 0)
+        throw UsageError(localised("--%1 takes a number above 0, not \"%2\"").arg(option, text));
     return number;
 }
 
@@ -80,18 +90,19 @@ void applyPreset(CommandLineStyle& style, const QString&, const QString& value) 
 void applyStyleFile(CommandLineStyle& style, const QString&, const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw StyleFileError(path, file.errorString());
+    const QByteArray text = file.read(longestStyle + 1);
+    if (text.size() > longestStyle) throw StyleFileError(path, localised("it is too large"));
+    if (file.error() != QFileDevice::NoError) throw StyleFileError(path, file.errorString());
     try {
-        style.style = decodeJsonText<EditorStyleSettings>(file.readAll());
+        style.style = decodeJsonText<EditorStyleSettings>(text);
     } catch (const JsonError& error) {
         throw StyleFileError(path, error.errorDescription());
     }
 }
 
-void applySolid(BackdropSettings& backdrop, const QString& value) {
-    backdrop.solidColor = CodableColor::fromHex(value);
-    if (!backdrop.solidColor) {
-        throw UsageError(localised("\"%1\" is no colour; write it as #RRGGBB").arg(value));
-    }
+CodableColor colorOption(const QString& value) {
+    if (const auto color = CodableColor::fromHex(value)) return *color;
+    throw UsageError(localised("\"%1\" is no colour; write it as #RRGGBB or #RRGGBBAA").arg(value));
 }
 
 void applyGradient(BackdropSettings& backdrop, const QString& value) {
@@ -104,7 +115,7 @@ void applyGradient(BackdropSettings& backdrop, const QString& value) {
 
 void applyImage(BackdropSettings& backdrop, const QString& path) {
     ImageBackdropSettings settings;
-    settings.imageData = readFile(path);
+    settings.imageData = readImageFile(path);
     settings.imagePath = path;
     decodeImage(*settings.imageData);  // a picture that cannot be read is told now, not drawn grey
     backdrop.imageSettings = settings;
@@ -116,10 +127,17 @@ void applyBackdrop(CommandLineStyle& style, const QString&, const QString& value
     BackdropSettings& backdrop = style.style.backdrop;
     const auto type = enumOption<BackdropType>(QStringLiteral("backdrop"), kind);
     switch (type) {
-        case BackdropType::none: break;
-        case BackdropType::solid: applySolid(backdrop, detail); break;
-        case BackdropType::gradient: applyGradient(backdrop, detail); break;
-        case BackdropType::image: applyImage(backdrop, detail); break;
+        case BackdropType::none:
+            break;
+        case BackdropType::solid:
+            backdrop.solidColor = colorOption(detail);
+            break;
+        case BackdropType::gradient:
+            applyGradient(backdrop, detail);
+            break;
+        case BackdropType::image:
+            applyImage(backdrop, detail);
+            break;
     }
     backdrop.type = type;
 }
@@ -145,7 +163,8 @@ void applyShadow(CommandLineStyle& style, const QString& option, const QString& 
     if (value == u"off") return;
     const auto intensity = fromRawString<ShadowIntensity>(value.toStdString());
     if (!intensity) {
-        refuseUnknown(option, value, QStringList(QStringLiteral("off")) + rawStrings<ShadowIntensity>());
+        refuseUnknown(option, value,
+                      QStringList(QStringLiteral("off")) + rawStrings<ShadowIntensity>());
     }
     style.style.mockup.shadowIntensity = *intensity;
 }
@@ -154,16 +173,36 @@ void applyLight(CommandLineStyle& style, const QString& option, const QString& v
     style.style.mockup.lightSource = enumOption<LightSource>(option, value);
 }
 
+PatternSettings& patternOf(CommandLineStyle& style) {
+    auto& pattern = style.style.backdrop.pattern;
+    if (!pattern) pattern = PatternSettings();
+    return *pattern;
+}
+
+OverlaySettings& overlayOf(CommandLineStyle& style) {
+    auto& overlay = style.style.backdrop.overlay;
+    if (!overlay) overlay = OverlaySettings();
+    return *overlay;
+}
+
 void applyPattern(CommandLineStyle& style, const QString& option, const QString& value) {
-    PatternSettings pattern = style.style.backdrop.pattern.value_or(PatternSettings());
-    pattern.type = enumOption<PatternType>(option, value);
-    style.style.backdrop.pattern = pattern;
+    patternOf(style).type = enumOption<PatternType>(option, value);
+}
+
+void applyPatternColor(CommandLineStyle& style, const QString&, const QString& value) {
+    patternOf(style).color = colorOption(value);
+}
+
+void applyPatternIntensity(CommandLineStyle& style, const QString& option, const QString& value) {
+    patternOf(style).intensity = numberOption(option, value);
+}
+
+void applyOverlayOpacity(CommandLineStyle& style, const QString& option, const QString& value) {
+    overlayOf(style).opacity = numberOption(option, value);
 }
 
 void applyOverlay(CommandLineStyle& style, const QString& option, const QString& value) {
-    OverlaySettings overlay = style.style.backdrop.overlay.value_or(OverlaySettings());
-    overlay.type = enumOption<OverlayType>(option, value);
-    style.style.backdrop.overlay = overlay;
+    overlayOf(style).type = enumOption<OverlayType>(option, value);
 }
 
 void applyEffect(CommandLineStyle& style, const QString& option, const QString& value) {
@@ -217,7 +256,11 @@ constexpr StyleOption styleOptions[] = {
     {"shadow", "STRENGTH", "off, low, medium or high", applyShadow},
     {"light", "NAME", "where the light comes from, such as topLeft", applyLight},
     {"pattern", "NAME", "circles, waves, dots, rays, grid, stripes, noise or none", applyPattern},
+    {"pattern-color", "#RRGGBBAA", "its colour, black at 10 percent unless given",
+     applyPatternColor},
+    {"pattern-intensity", "F", "its strength, 0 to 1", applyPatternIntensity},
     {"overlay", "NAME", "diagonalShadow, naturalShadow, softGlow, vignette or none", applyOverlay},
+    {"overlay-opacity", "PERCENT", "its strength, 10 unless given", applyOverlayOpacity},
     {"effect", "ID", "backdrop effects, such as dreamy or film", applyEffect},
     {"aspect", "W:H", "shape of the canvas around the picture", applyAspect},
     {"canvas", "WxH", "size of the canvas in points", applyCanvas},
@@ -227,15 +270,6 @@ constexpr StyleOption styleOptions[] = {
 };
 
 }  // namespace
-
-double numberOption(const QString& option, const QString& text) {
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(number)) {
-        throw UsageError(localised("--%1 takes a number, not \"%2\"").arg(option, text));
-    }
-    return number;
-}
 
 CompositeRequest CommandLineStyle::requestFor(const QImage& bitmap) const {
     CompositeRequest request;

@@ -13,10 +13,10 @@ namespace kestrio {
 struct CommandLineStyle {
     EditorStyleSettings style;
     double frameScale = 1;
-    double rotation = 0;                 ///< degrees, clockwise
-    double pixelsPerPoint = 1;           ///< of the input
-    std::optional<AspectRatio> aspect;   ///< shapes the canvas around the picture
-    std::optional<QSizeF> canvasSize;    ///< points; wins over the picture's own size
+    double rotation = 0;                ///< degrees, clockwise
+    double pixelsPerPoint = 1;          ///< of the input
+    std::optional<AspectRatio> aspect;  ///< shapes the canvas around the picture
+    std::optional<QSizeF> canvasSize;   ///< points; wins over the picture's own size
     std::optional<WatermarkSettings> watermark;
 
     /// The composition of a decoded bitmap in this style.
@@ -30,8 +30,5 @@ void addStyleOptions(QCommandLineParser& parser);
 /// override earlier ones. Throws UsageError for values that make no sense, with what is known, and
 /// Error for files that cannot be read.
 CommandLineStyle styleFromOptions(const QCommandLineParser& parser);
-
-/// A finite number, or UsageError naming the option.
-double numberOption(const QString& option, const QString& text);
 
 }  // namespace kestrio

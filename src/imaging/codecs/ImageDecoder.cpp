@@ -87,7 +87,7 @@ QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits) {
     throw ImageLoadError::unsupportedFormat();
 }
 
-QImage loadImageFile(const QString& path) {
+QByteArray readImageFile(const QString& path) {
     const QString shownPath = QDir::toNativeSeparators(path);
     if (QFileInfo(path).isDir()) {
         throw ImageLoadError::unreadable(shownPath, qt_error_string(EISDIR));
@@ -103,7 +103,11 @@ QImage loadImageFile(const QString& path) {
     if (bytes.size() > largestFile) {
         throw ImageLoadError::unreadable(shownPath, localised("it is larger than 1 GiB"));
     }
-    return decodeImage(bytes);
+    return bytes;
+}
+
+QImage loadImageFile(const QString& path) {
+    return decodeImage(readImageFile(path));
 }
 
 }  // namespace kestrio

@@ -22,6 +22,10 @@ struct DecodeLimits {
 /// to sRGB and the orientation that a camera noted is applied. Throws ImageLoadError.
 QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits = {});
 
+/// The bytes of a file that should hold a picture. Throws ImageLoadError::unreadable, also for
+/// folders and for more than a gibibyte.
+QByteArray readImageFile(const QString& path);
+
 /// The picture in a file, as decodeImage(). Throws ImageLoadError.
 QImage loadImageFile(const QString& path);
 

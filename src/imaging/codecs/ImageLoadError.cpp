@@ -32,7 +32,7 @@ QString ImageLoadError::errorDescription() const {
         case Case::unsupportedFormat:
             return localised(
                 "This is not a picture in a supported format; please choose a PNG, JPEG, WebP, "
-                "BMP, GIF, PPM or TIFF file.");
+                "BMP, GIF, ICO, PPM or TIFF file.");
         case Case::damaged:
             return localised("The picture is damaged or incomplete: %1.").arg(reason_);
         case Case::tooLarge:

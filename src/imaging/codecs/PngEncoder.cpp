@@ -13,6 +13,7 @@
 #include "imaging/codecs/DeflateSegment.h"
 #include "imaging/codecs/PngFilter.h"
 #include "imaging/codecs/StraightAlpha.h"
+#include "imaging/filters/Opacity.h"
 
 namespace kestrio {
 
@@ -54,22 +55,6 @@ KESTRIO_SIMD void swapRedAndBlue(const quint32* source, uchar* __restrict target
         target[4 * x + 2] = static_cast<uchar>(source[x]);
         target[4 * x + 3] = static_cast<uchar>(source[x] >> 24);
     }
-}
-
-KESTRIO_SIMD quint32 commonBits(const quint32* pixels, int count) {
-    quint32 common = ~0u;
-    for (int x = 0; x < count; ++x)
-        common &= pixels[x];
-    return common;
-}
-
-bool everyPixelOpaque(const QImage& bitmap) {
-    if (bitmap.format() == QImage::Format_RGB32) return true;
-    for (int y = 0; y < bitmap.height(); ++y) {
-        const auto* row = reinterpret_cast<const quint32*>(bitmap.constScanLine(y));
-        if (commonBits(row, bitmap.width()) >> 24 != 255) return false;
-    }
-    return true;
 }
 
 // Filters and compresses the pieces of one band with buffers that they share.
@@ -175,7 +160,7 @@ QByteArray header(QSize size, bool opaque) {
 
 QByteArray encodePng(const QImage& bitmap, const EncodeHooks& hooks) {
     if (bitmap.isNull()) throw ExportError::renderingFailed();
-    const bool opaque = everyPixelOpaque(bitmap);
+    const bool opaque = isOpaque(bitmap);
     const std::vector<Piece> pieces = encodePieces(bitmap, opaque ? 3 : 4, hooks);
 
     qsizetype total = 0;

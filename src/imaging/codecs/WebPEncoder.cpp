@@ -2,6 +2,7 @@
 
 #include <webp/encode.h>
 
+#include "core/Localisation.h"
 #include "imaging/ExportError.h"
 #include "imaging/codecs/StraightAlpha.h"
 
@@ -82,18 +83,17 @@ class WebPJob {
     std::exception_ptr failure_;
 };
 
-bool fitsBuffer(qint64 width, qint64 height) {
-    constexpr qint64 largest = std::numeric_limits<qint32>::max();
-    return width >= 1 && height >= 1 && width <= largest && height <= largest &&
-           width * 4 <= std::numeric_limits<qint64>::max() / height;
-}
-
 }  // namespace
 
 QByteArray encodeWebP(const QImage& bitmap, const EncodeHooks& hooks) {
-    if (!fitsBuffer(bitmap.width(), bitmap.height())) throw ExportError::renderingFailed();
+    if (bitmap.isNull()) throw ExportError::renderingFailed();
     if (std::max(bitmap.width(), bitmap.height()) > WEBP_MAX_DIMENSION) {
-        throw ExportError::renderingFailed();
+        throw ExportError::renderingFailed(
+            localised("a WebP file holds at most %1 x %1 pixels, the picture has %2 x %3; "
+                      "write PNG instead")
+                .arg(WEBP_MAX_DIMENSION)
+                .arg(bitmap.width())
+                .arg(bitmap.height()));
     }
     WebPJob job(hooks);
     job.fill(bitmap);

@@ -3,6 +3,8 @@
 
 namespace kestrio {
 
-PlatformServices makePlatformServices() { return {std::make_shared<QtPasteboard>()}; }
+PlatformServices makePlatformServices() {
+    return {std::make_shared<QtPasteboard>()};
+}
 
 }  // namespace kestrio

@@ -5,7 +5,9 @@
 
 namespace kestrio {
 
-void QtPasteboard::clearContents() { QGuiApplication::clipboard()->clear(); }
+void QtPasteboard::clearContents() {
+    QGuiApplication::clipboard()->clear();
+}
 
 bool QtPasteboard::writeImage(const QImage& image) {
     if (image.isNull()) return false;
@@ -14,6 +16,8 @@ bool QtPasteboard::writeImage(const QImage& image) {
     return clipboard->ownsClipboard();
 }
 
-QImage QtPasteboard::readImage() const { return QGuiApplication::clipboard()->image(); }
+QImage QtPasteboard::readImage() const {
+    return QGuiApplication::clipboard()->image();
+}
 
 }  // namespace kestrio

@@ -1,5 +1,6 @@
 #include "render/backdrop/BackdropRenderer.h"
 
+#include "core/Clamp.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/ColorAdjust.h"
 #include "imaging/filters/GaussianBlur.h"
@@ -17,7 +18,9 @@ namespace {
 // What shows where a fill lacks its colour, gradient or picture.
 constexpr CodableColor missingFill{0.5, 0.5, 0.5, 1};
 
-void fillSolid(QImage& bitmap, const CodableColor& color) { bitmap.fill(color.toQColor()); }
+void fillSolid(QImage& bitmap, const CodableColor& color) {
+    bitmap.fill(color.toQColor());
+}
 
 QPointF pointIn(const QImage& bitmap, CodableUnitPoint unit) {
     return {unit.x * bitmap.width(), unit.y * bitmap.height()};
@@ -35,7 +38,7 @@ std::optional<LinearGradient> gradientOf(const QImage& bitmap, const BackdropSet
 }
 
 double clampedOpacity(const BackdropSettings& backdrop) {
-    return std::clamp(backdrop.opacity, 0.0, 1.0);
+    return clampedOr(backdrop.opacity, 0, 1);
 }
 
 QImage decodedImage(const BackdropSettings& backdrop) {
@@ -61,7 +64,8 @@ QRectF placedImage(QSizeF image, const QRectF& area, ImageScaleFit fit) {
             size};
 }
 
-QImage BackdropRenderer::render(const BackdropSettings& backdrop, QSize pixels, double scale) const {
+QImage BackdropRenderer::render(const BackdropSettings& backdrop, QSize pixels,
+                                double scale) const {
     QImage bitmap(pixels, QImage::Format_ARGB32_Premultiplied);
     if (bitmap.isNull()) return bitmap;
     fill(bitmap, backdrop, scale);
@@ -86,7 +90,8 @@ void BackdropRenderer::fill(QImage& bitmap, const BackdropSettings& backdrop, do
             break;
         case BackdropType::gradient:
             if (auto gradient = gradientOf(bitmap, backdrop)) {
-                for (CodableColor& color : gradient->colors) color = color.withAlphaTimes(opacity);
+                for (CodableColor& color : gradient->colors)
+                    color = color.withAlphaTimes(opacity);
                 fillLinearGradient(bitmap, *gradient);
             } else {
                 fillSolid(bitmap, missingFill);
@@ -109,17 +114,17 @@ void BackdropRenderer::fillWithImage(QImage& bitmap, const BackdropSettings& bac
     bitmap.fill(Qt::transparent);
     ScaledDraw draw;
     draw.target = placedImage(image.size(), QRectF(bitmap.rect()), settings.scaleFit);
-    draw.opacity = std::clamp(settings.opacity, 0.0, 100.0) / 100 * clampedOpacity(backdrop);
+    draw.opacity = clampedOr(settings.opacity, 0, 100) / 100 * clampedOpacity(backdrop);
     drawScaled(bitmap, image, draw);
-    const double blur = std::clamp(settings.blur, 0.0, 10.0) * scale;
+    const double blur = clampedOr(settings.blur, 0, 10) * scale;
     if (blur > 0) filterQueue_.sync([&] { gaussianBlur(bitmap, blur); });
 }
 
 void BackdropRenderer::applyEffects(QImage& bitmap, const BackdropEffects& effects,
                                     double scale) const {
-    const double blur = std::clamp(effects.blur, 0.0, 10.0);
-    const double noise = std::clamp(effects.noise, 0.0, 100.0);
-    const double saturation = std::clamp(effects.saturation, 0.0, 200.0);
+    const double blur = clampedOr(effects.blur, 0, 10);
+    const double noise = clampedOr(effects.noise, 0, 100);
+    const double saturation = clampedOr(effects.saturation, 0, 200);
     if (blur > 0 || saturation != 100) {
         filterQueue_.sync([&] {
             if (blur > 0) gaussianBlur(bitmap, blur * scale);

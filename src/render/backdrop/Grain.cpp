@@ -15,7 +15,9 @@ std::uint64_t Generator::nextWord() {
     return word ^ (word >> 31);
 }
 
-double Generator::nextUnit() { return static_cast<double>(nextWord()) * 0x1p-64; }
+double Generator::nextUnit() {
+    return static_cast<double>(nextWord()) * 0x1p-64;
+}
 
 Sample Generator::next() {
     Sample sample{};
@@ -41,7 +43,8 @@ struct Square {
 
 // How much of the pixel from `place` to `place + 1` lies between `from` and `to`.
 float share(int place, double from, double to) {
-    return static_cast<float>(std::max(0.0, std::min(to, place + 1.0) - std::max(from, double(place))));
+    return static_cast<float>(
+        std::max(0.0, std::min(to, place + 1.0) - std::max(from, double(place))));
 }
 
 QRgb blended(QRgb below, const Square& square, float alpha) {
@@ -68,9 +71,11 @@ void drawSquare(QImage& bitmap, const Square& square) {
     }
 }
 
-int sampleCount(const QImage& bitmap, double perPoint, double scale, int most) {
-    const double area = (bitmap.width() / scale) * (bitmap.height() / scale);
-    const double count = std::floor(perPoint * area);
+// One grain for `pointsEach` square points at full strength.
+int sampleCount(const QImage& bitmap, double strength, double pointsEach, double scale, int most) {
+    const double width = bitmap.width() / scale;
+    const double height = bitmap.height() / scale;
+    const double count = std::floor(strength * width * height / pointsEach);
     return std::isfinite(count) ? static_cast<int>(std::clamp(count, 0.0, double(most))) : 0;
 }
 
@@ -82,7 +87,7 @@ QPointF placed(const QImage& bitmap, const Noise::Sample& sample) {
 
 void drawBackdropGrain(QImage& bitmap, double strength, double scale) {
     Noise::Generator generator(Noise::backdropSeed);
-    const int count = sampleCount(bitmap, strength / 50, scale, Noise::backdropLimit);
+    const int count = sampleCount(bitmap, strength, 50, scale, Noise::backdropLimit);
     for (int i = 0; i < count; ++i) {
         const Noise::Sample sample = generator.next();
         const float level = sample.isLight ? 255.0f : 0.0f;
@@ -94,7 +99,7 @@ void drawBackdropGrain(QImage& bitmap, double strength, double scale) {
 void drawPatternGrain(QImage& bitmap, const CodableColor& color, double intensity, double scale) {
     Noise::Generator generator(Noise::patternSeed);
     const QColor ink = color.toQColor();
-    const int count = sampleCount(bitmap, intensity / 100, scale, Noise::patternLimit);
+    const int count = sampleCount(bitmap, intensity, 100, scale, Noise::patternLimit);
     for (int i = 0; i < count; ++i) {
         const Noise::Sample sample = generator.next();
         const auto alpha = static_cast<float>(ink.alphaF() * (sample.alphaUnit * 0.7 + 0.3));

@@ -1,9 +1,11 @@
 #include "render/backdrop/LinearGradient.h"
 
+#include "core/Clamp.h"
 #include "core/Parallel.h"
 #include "core/Simd.h"
 
 #include <QRgb>
+#include <algorithm>
 #include <cmath>
 
 namespace kestrio {
@@ -15,18 +17,19 @@ constexpr int entryCount = 4096;
 
 QRgb colourAt(const std::vector<CodableColor>& colors, double place) {
     const double last = static_cast<double>(colors.size() - 1);
-    const double stop = std::clamp(place, 0.0, 1.0) * last;
-    const auto index = static_cast<std::size_t>(std::min(std::floor(stop), std::max(last - 1, 0.0)));
+    const double stop = clampedOr(place, 0, 1) * last;
+    const auto index =
+        static_cast<std::size_t>(std::min(std::floor(stop), std::max(last - 1, 0.0)));
     const double share = stop - static_cast<double>(index);
     const CodableColor& from = colors[index];
     const CodableColor& to = colors[std::min(index + 1, colors.size() - 1)];
     const auto level = [&](double CodableColor::*member) {
-        const double first = std::clamp(from.*member, 0.0, 1.0) * std::clamp(from.alpha, 0.0, 1.0);
-        const double second = std::clamp(to.*member, 0.0, 1.0) * std::clamp(to.alpha, 0.0, 1.0);
+        const double first = clampedOr(from.*member, 0, 1) * clampedOr(from.alpha, 0, 1);
+        const double second = clampedOr(to.*member, 0, 1) * clampedOr(to.alpha, 0, 1);
         return static_cast<int>(std::lround((first + (second - first) * share) * 255));
     };
-    const double firstAlpha = std::clamp(from.alpha, 0.0, 1.0);
-    const double secondAlpha = std::clamp(to.alpha, 0.0, 1.0);
+    const double firstAlpha = clampedOr(from.alpha, 0, 1);
+    const double secondAlpha = clampedOr(to.alpha, 0, 1);
     const int alpha =
         static_cast<int>(std::lround((firstAlpha + (secondAlpha - firstAlpha) * share) * 255));
     return qRgba(std::min(level(&CodableColor::red), alpha),

@@ -1,5 +1,6 @@
 #include "render/backdrop/OverlayPainter.h"
 
+#include "core/Clamp.h"
 #include "core/Parallel.h"
 #include "core/Simd.h"
 
@@ -50,7 +51,8 @@ KESTRIO_SIMD void placesAlong(const Place& place, float y, float* places, int co
     const double squared = place.width * place.width + place.height * place.height;
     const auto step = static_cast<float>(place.width / squared);
     const auto first = static_cast<float>((0.5 * place.width + y * place.height) / squared);
-    for (int x = 0; x < count; ++x) places[x] = first + step * static_cast<float>(x);
+    for (int x = 0; x < count; ++x)
+        places[x] = first + step * static_cast<float>(x);
 }
 
 // How far along the shape each pixel centre of row `y` lies: 0 at its first stop, 1 at its last.
@@ -72,7 +74,8 @@ void placesOfRow(const Shade& shade, const Place& place, int y, std::vector<floa
 
 // `edge` is the shape's length in pixels: where it ends, its last pixel fades, so that the end of a
 // circle is smooth.
-KESTRIO_SIMD void alphasAlong(float* places, int count, const Shade& shade, float opacity, float edge) {
+KESTRIO_SIMD void alphasAlong(float* places, int count, const Shade& shade, float opacity,
+                              float edge) {
     const float first = shade.stops[0] * opacity;
     const float second = shade.stops[1] * opacity;
     const float third = shade.stopCount == 3 ? shade.stops[2] * opacity : second;
@@ -107,7 +110,7 @@ KESTRIO_SIMD void blendRow(QRgb* row, const float* alphas, int count, float leve
 void drawOverlay(QImage& bitmap, OverlayType type, double opacity) {
     const auto shade = std::find_if(std::begin(shades), std::end(shades),
                                     [type](const Shade& row) { return row.type == type; });
-    const auto share = static_cast<float>(std::clamp(opacity, 0.0, 100.0) / 100);
+    const auto share = static_cast<float>(clampedOr(opacity, 0, 100) / 100);
     if (shade == std::end(shades) || !(share > 0)) return;
     const int width = bitmap.width();
     const int height = bitmap.height();
@@ -122,7 +125,8 @@ void drawOverlay(QImage& bitmap, OverlayType type, double opacity) {
         for (int y = first; y < last; ++y) {
             placesOfRow(*shade, place, y, alphas);
             alphasAlong(alphas.data(), width, *shade, share, edge);
-            blendRow(reinterpret_cast<QRgb*>(bits + y * stride), alphas.data(), width, shade->level);
+            blendRow(reinterpret_cast<QRgb*>(bits + y * stride), alphas.data(), width,
+                     shade->level);
         }
     });
 }

@@ -1,5 +1,6 @@
 #include "render/backdrop/PatternPainter.h"
 
+#include "core/Clamp.h"
 #include "imaging/filters/Mask.h"
 #include "render/backdrop/DistanceFields.h"
 #include "render/backdrop/Grain.h"
@@ -21,13 +22,14 @@ struct PatternDrawing {
     double height;
     double scale;  // pixels a point
     double lineWidth;
-    double intensity;  // 0 to 1
+    double intensity;    // 0 to 1
     CodableColor color;  // its alpha carries the intensity
 
     // Colours what lies within half of `thickness` of the field's lines.
     template <typename Field>
     void fill(const Field& field, double thickness) const {
-        compositeColor(bitmap, maskAround(field, bitmap.size(), thickness), {0, 0}, color.toQColor());
+        compositeColor(bitmap, maskAround(field, bitmap.size(), thickness), {0, 0},
+                       color.toQColor());
     }
 
     template <typename Field>
@@ -38,8 +40,8 @@ struct PatternDrawing {
     void stroke(const QPainterPath& path) const {
         QPainter painter(&bitmap);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.strokePath(path, QPen(color.toQColor(), lineWidth, Qt::SolidLine, Qt::FlatCap,
-                                      Qt::MiterJoin));
+        painter.strokePath(
+            path, QPen(color.toQColor(), lineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     }
 };
 
@@ -115,7 +117,7 @@ double lineWidth(double thickness, double scale) {
 }  // namespace
 
 void drawPattern(QImage& bitmap, const PatternSettings& pattern, double scale) {
-    const double intensity = std::clamp(pattern.intensity, 0.0, 1.0);
+    const double intensity = clampedOr(pattern.intensity, 0, 1);
     const PatternDrawing drawing{bitmap,
                                  double(bitmap.width()),
                                  double(bitmap.height()),

@@ -12,7 +12,11 @@ inline const QColor textBackground(255, 255, 255);
 inline const QColor primaryText(0, 0, 0, 217);
 inline const QColor secondaryText(0, 0, 0, 128);
 
-inline QColor black(double opacity) { return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity)); }
-inline QColor white(double opacity) { return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity)); }
+inline QColor black(double opacity) {
+    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
+}
+inline QColor white(double opacity) {
+    return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
+}
 
 }  // namespace kestrio::frameColors

@@ -16,13 +16,18 @@ struct GlyphPaths {
 
 QPainterPath polyline(std::initializer_list<QPointF> points) {
     QPainterPath path(*points.begin());
-    for (const QPointF& point : points) path.lineTo(point);
+    for (const QPointF& point : points)
+        path.lineTo(point);
     return path;
 }
 
-GlyphPaths chevronLeft() { return {polyline({{15, 4}, {8, 12}, {15, 20}}), {}}; }
+GlyphPaths chevronLeft() {
+    return {polyline({{15, 4}, {8, 12}, {15, 20}}), {}};
+}
 
-GlyphPaths chevronRight() { return {polyline({{9, 4}, {16, 12}, {9, 20}}), {}}; }
+GlyphPaths chevronRight() {
+    return {polyline({{9, 4}, {16, 12}, {9, 20}}), {}};
+}
 
 GlyphPaths share() {
     QPainterPath path = polyline({{8.5, 9}, {5, 9}, {5, 21}, {19, 21}, {19, 9}, {15.5, 9}});
@@ -52,8 +57,6 @@ GlyphPaths globe() {
     path.addEllipse(QPointF(12, 12), 9, 9);
     path.addEllipse(QPointF(12, 12), 4, 9);
     path.addPath(polyline({{3, 12}, {21, 12}}));
-    path.addPath(polyline({{4.4, 7.4}, {19.6, 7.4}}));
-    path.addPath(polyline({{4.4, 16.6}, {19.6, 16.6}}));
     return {path, {}};
 }
 
@@ -74,7 +77,9 @@ GlyphPaths appWindow() {
     return {{}, body};
 }
 
-GlyphPaths minimise() { return {polyline({{4, 12}, {20, 12}}), {}}; }
+GlyphPaths minimise() {
+    return {polyline({{4, 12}, {20, 12}}), {}};
+}
 
 GlyphPaths maximise() {
     QPainterPath path;
@@ -94,11 +99,16 @@ struct GlyphRow {
 };
 
 constexpr GlyphRow glyphRows[] = {
-    {FrameGlyph::chevronLeft, chevronLeft}, {FrameGlyph::chevronRight, chevronRight},
-    {FrameGlyph::share, share},             {FrameGlyph::plus, plus},
-    {FrameGlyph::lock, lock},               {FrameGlyph::globe, globe},
-    {FrameGlyph::sidebarLeft, sidebarLeft}, {FrameGlyph::appWindow, appWindow},
-    {FrameGlyph::minimise, minimise},       {FrameGlyph::maximise, maximise},
+    {FrameGlyph::chevronLeft, chevronLeft},
+    {FrameGlyph::chevronRight, chevronRight},
+    {FrameGlyph::share, share},
+    {FrameGlyph::plus, plus},
+    {FrameGlyph::lock, lock},
+    {FrameGlyph::globe, globe},
+    {FrameGlyph::sidebarLeft, sidebarLeft},
+    {FrameGlyph::appWindow, appWindow},
+    {FrameGlyph::minimise, minimise},
+    {FrameGlyph::maximise, maximise},
     {FrameGlyph::close, closeCross},
 };
 
@@ -115,8 +125,8 @@ void paintFrameGlyph(QPainter& painter, FrameGlyph glyph, QPointF centre, const 
     painter.scale(style.size / grid, style.size / grid);
     painter.translate(-grid / 2, -grid / 2);
     painter.fillPath(paths.fills, style.color);
-    painter.strokePath(paths.strokes, QPen(style.color, strokeWidth, Qt::SolidLine, Qt::RoundCap,
-                                           Qt::RoundJoin));
+    painter.strokePath(paths.strokes,
+                       QPen(style.color, strokeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.restore();
 }
 

@@ -21,8 +21,10 @@ enum class FrameGlyph {
     close,
 };
 
+/// How heavy the strokes of a symbol are.
 enum class GlyphWeight { regular, medium };
 
+/// How a symbol is drawn; sizes in units of the painter.
 struct GlyphStyle {
     double size = 14;  ///< the side of its square
     QColor color;

@@ -33,7 +33,9 @@ struct TrafficLight {
     QColor stroke;
 };
 
-QColor rgb(float red, float green, float blue) { return QColor::fromRgbF(red, green, blue); }
+QColor rgb(float red, float green, float blue) {
+    return QColor::fromRgbF(red, green, blue);
+}
 
 void paintTrafficLights(const Bar& bar) {
     const TrafficLight lights[] = {
@@ -87,7 +89,8 @@ void paintAddressField(const Bar& bar, const AddressField& field) {
     const GlyphStyle glyph{field.glyphSize, secondaryText};
     if (whole <= room) {
         const double left = rect.center().x() - whole / 2;
-        paintFrameGlyph(bar.painter, field.glyph, {left + field.glyphSize / 2, bar.middle()}, glyph);
+        paintFrameGlyph(bar.painter, field.glyph, {left + field.glyphSize / 2, bar.middle()},
+                        glyph);
         paintFrameText(bar.painter, text, {left + field.glyphSize + field.spacing, bar.middle()});
     } else if (field.glyphSize <= room) {
         paintFrameGlyph(bar.painter, field.glyph, rect.center(), glyph);
@@ -124,12 +127,15 @@ void paintSafariBar(const Bar& bar) {
     QColor faint = secondaryText;
     faint.setAlphaF(secondaryText.alphaF() * 0.5f);
     const BarGlyph glyphs[] = {
-        {FrameGlyph::chevronLeft, lightsEnd + 16 + size / 2, {size, secondaryText, GlyphWeight::medium}},
+        {FrameGlyph::chevronLeft,
+         lightsEnd + 16 + size / 2,
+         {size, secondaryText, GlyphWeight::medium}},
         {FrameGlyph::chevronRight, lightsEnd + 36 + size / 2, {size, faint, GlyphWeight::medium}},
         {FrameGlyph::share, bar.width - 46, {size, secondaryText}},
         {FrameGlyph::plus, bar.width - 19, {size, secondaryText}},
     };
-    for (const BarGlyph& glyph : glyphs) paintBarGlyph(bar, glyph, fieldWidth);
+    for (const BarGlyph& glyph : glyphs)
+        paintBarGlyph(bar, glyph, fieldWidth);
     paintAddressField(bar, {fieldWidth, 24, 6, textBackground, black(0.08), FrameGlyph::lock, 10, 6,
                             FrameTextWeight::regular});
 }
@@ -139,7 +145,8 @@ void paintArcBar(const Bar& bar) {
     fillVertically(bar, rgb(0.95f, 0.95f, 0.97f), rgb(0.92f, 0.92f, 0.94f));
     paintTrafficLights(bar);
     const double pillWidth = std::min(bar.width * 0.4, 220.0);
-    paintBarGlyph(bar, {FrameGlyph::sidebarLeft, lightsEnd + 10 + size / 2 + 4, {size, secondaryText}},
+    paintBarGlyph(bar,
+                  {FrameGlyph::sidebarLeft, lightsEnd + 10 + size / 2 + 4, {size, secondaryText}},
                   pillWidth);
     paintBarGlyph(bar, {FrameGlyph::plus, bar.width - 19, {size, secondaryText}}, pillWidth);
     paintAddressField(bar, {pillWidth, 24, 12, white(0.8), black(0.08), FrameGlyph::globe, 11, 4,
@@ -150,7 +157,8 @@ void paintWindowsBar(const Bar& bar) {
     constexpr double buttonWidth = 46;
     constexpr double iconSize = 14;
     constexpr double leading = 12;
-    constexpr FrameGlyph buttons[] = {FrameGlyph::close, FrameGlyph::maximise, FrameGlyph::minimise};
+    constexpr FrameGlyph buttons[] = {FrameGlyph::close, FrameGlyph::maximise,
+                                      FrameGlyph::minimise};
     bar.painter.fillRect(bar.rect(), rgb(0.96f, 0.96f, 0.96f));
     double centre = bar.width - buttonWidth / 2;
     for (const FrameGlyph button : buttons) {
@@ -158,7 +166,7 @@ void paintWindowsBar(const Bar& bar) {
         centre -= buttonWidth;
     }
     const double room = bar.width - std::size(buttons) * buttonWidth;
-    const FrameText title{localised("Window"), 12, FrameTextWeight::regular, primaryText};
+    const FrameText title{QStringLiteral("Window"), 12, FrameTextWeight::regular, primaryText};
     const double titleLeft = leading + iconSize + 8;
     if (leading + iconSize <= room) {
         paintFrameGlyph(bar.painter, FrameGlyph::appWindow, {leading + iconSize / 2, bar.middle()},
@@ -196,37 +204,44 @@ const FrameRow* frameRow(FrameStyle style) {
     return nullptr;
 }
 
-void strokeInside(QPainter& painter, const FrameShape& shape, const QRectF& rect, double opacity) {
-    constexpr double width = 0.5;
-    const double half = width * shape.scale / 2;
-    painter.strokePath(roundedRect(rect.adjusted(half, half, -half, -half), shape.cornerRadius() - half),
-                       QPen(black(opacity), width * shape.scale));
+void outlineInside(QPainter& painter, const FrameShape& shape, const QRectF& rect, double opacity) {
+    // A filled ring and no stroke: pens thinner than a pixel are widened to one.
+    const double width = 0.5 * shape.scale;
+    QPainterPath ring = roundedRect(rect, shape.cornerRadius());
+    ring.addPath(
+        roundedRect(rect.adjusted(width, width, -width, -width), shape.cornerRadius() - width));
+    ring.setFillRule(Qt::OddEvenFill);
+    painter.fillPath(ring, black(opacity));
 }
 
 void paintSheets(QPainter& painter, const FrameShape& shape) {
     for (int depth = frameMetrics(shape.style).backSheets; depth > 0; --depth) {
         const QPainterPath sheet = shape.sheetPath(depth);
         painter.fillPath(sheet, windowBackground);
-        strokeInside(painter, shape, sheet.boundingRect(), 0.1);
+        outlineInside(painter, shape, sheet.boundingRect(), 0.1);
     }
+}
+
+// Its edges lie under the window's outline, which hides that clips are not smooth.
+void paintTitleBar(QPainter& painter, const FrameShape& shape, const FrameRow& row) {
+    painter.setClipPath(shape.windowPath(), Qt::IntersectClip);
+    const QRectF titleBar = shape.titleBar();
+    painter.translate(titleBar.topLeft());
+    painter.scale(shape.scale, shape.scale);
+    row.paintBar(
+        {painter, titleBar.width() / shape.scale, frameMetrics(shape.style).titleBarHeight});
 }
 
 }  // namespace
 
 void paintFrameBehindContent(QPainter& painter, const FrameShape& shape) {
     const FrameRow* row = frameRow(shape.style);
-    if (!row || shape.scale <= 0) return;
+    if (!row) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     paintSheets(painter, shape);
-    painter.fillPath(shape.windowPath(), row->background);
-
-    // The window's outline is drawn over this clip's edge, which hides that clips are not smooth.
-    painter.setClipPath(shape.windowPath(), Qt::IntersectClip);
-    const QRectF titleBar = shape.titleBar();
-    painter.translate(titleBar.topLeft());
-    painter.scale(shape.scale, shape.scale);
-    row->paintBar({painter, titleBar.width() / shape.scale, frameMetrics(shape.style).titleBarHeight});
+    painter.fillPath(shape.backgroundPath(), row->background);
+    if (shape.scale > 0) paintTitleBar(painter, shape, *row);
     painter.restore();
 }
 
@@ -235,7 +250,7 @@ void paintFrameOverContent(QPainter& painter, const FrameShape& shape) {
     if (!row || shape.scale <= 0) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    strokeInside(painter, shape, shape.window(), row->outlineOpacity);
+    outlineInside(painter, shape, shape.window(), row->outlineOpacity);
     painter.restore();
 }
 

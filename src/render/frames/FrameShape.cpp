@@ -24,7 +24,9 @@ double FrameShape::cornerRadius() const {
     return frameMetrics(style).cornerRadius * std::max(scale, 0.0);
 }
 
-QPainterPath FrameShape::windowPath() const { return roundedRect(window(), cornerRadius()); }
+QPainterPath FrameShape::windowPath() const {
+    return roundedRect(window(), cornerRadius());
+}
 
 QPainterPath FrameShape::sheetPath(int depth) const {
     const double offset = backSheetOffset * std::max(scale, 0.0) * depth;
@@ -43,6 +45,14 @@ QPainterPath FrameShape::silhouette() const {
 QRectF FrameShape::extent() const {
     const double reach = backSheetOffset * std::max(scale, 0.0) * frameMetrics(style).backSheets;
     return window().adjusted(0, 0, reach, reach);
+}
+
+QPainterPath FrameShape::backgroundPath() const {
+    if (!contentIsOpaque) return windowPath();
+    // One point under the content, so that no seam shows between the two.
+    QPainterPath bar;
+    bar.addRect(titleBar().adjusted(0, 0, 0, std::max(scale, 0.0)));
+    return windowPath().intersected(bar);
 }
 
 QPainterPath FrameShape::contentPath() const {

@@ -13,6 +13,9 @@ struct FrameShape {
     FrameStyle style = FrameStyle::none;
     QRectF content;
     double scale = 1;
+    /// True where the content hides all that lies under it. Then the window is not painted there,
+    /// which would shine through at the content's antialiased edges.
+    bool contentIsOpaque = false;
 
     /// The content with the title bar above it.
     QRectF window() const;
@@ -28,6 +31,10 @@ struct FrameShape {
 
     /// The window with its sheets as a rectangle: the picture's extent.
     QRectF extent() const;
+
+    /// The part of the window that shows its own background: all of it, or what opaque content
+    /// leaves.
+    QPainterPath backgroundPath() const;
 
     /// The part of the window that the content fills, rounded where the window is.
     QPainterPath contentPath() const;

@@ -19,10 +19,13 @@ QFont layoutFont(FrameTextWeight weight) {
 
 }  // namespace
 
-QString placeholderHost() { return QStringLiteral("example.com"); }
+QString placeholderHost() {
+    return QStringLiteral("example.com");
+}
 
 double frameTextWidth(const FrameText& text) {
-    return QFontMetricsF(layoutFont(text.weight)).horizontalAdvance(text.text) * text.size / layoutSize;
+    return QFontMetricsF(layoutFont(text.weight)).horizontalAdvance(text.text) * text.size /
+           layoutSize;
 }
 
 void paintFrameText(QPainter& painter, const FrameText& text, QPointF place) {

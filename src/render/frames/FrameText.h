@@ -6,6 +6,7 @@
 
 namespace kestrio {
 
+/// How heavy a line of text is.
 enum class FrameTextWeight { regular, medium };
 
 /// A line of text on a frame.
@@ -19,6 +20,7 @@ struct FrameText {
 /// The host that address fields show.
 QString placeholderHost();
 
+/// How far the line advances, in units of the painter.
 double frameTextWidth(const FrameText& text);
 
 /// Draws the line with its left end at `place`, its capitals centred on place.y(). Shaped without

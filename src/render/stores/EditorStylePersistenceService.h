@@ -7,6 +7,7 @@
 
 namespace kestrio {
 
+/// Keeps the style that was used last.
 class EditorStylePersistenceServiceProtocol {
   public:
     virtual ~EditorStylePersistenceServiceProtocol() = default;

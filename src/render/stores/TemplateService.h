@@ -28,6 +28,7 @@ class TemplateService {
         }
     }
 
+    /// Throws JsonError for settings that JSON cannot hold.
     template <typename T>
     void save(const QString& tool, const T& settings) {
         userDefaults_->setData(storageKey(tool), encodeJsonText(settings));

@@ -6,10 +6,12 @@ namespace {
 
 const QString themesKey = QStringLiteral("com.kestrio.savedThemes");
 
-bool isNameTaken(const std::vector<Theme>& themes, const Theme& candidate) {
-    return std::any_of(themes.begin(), themes.end(), [&](const Theme& theme) {
-        return theme.name == candidate.name && theme.id != candidate.id;
-    });
+// `own` is the theme that may keep its name.
+void requireFreeName(const std::vector<Theme>& themes, const QString& name,
+                     std::optional<QUuid> own = std::nullopt) {
+    for (const Theme& theme : themes) {
+        if (theme.name == name && theme.id != own) throw ThemeStorageError::duplicateName(name);
+    }
 }
 
 auto findTheme(std::vector<Theme>& themes, QUuid id) {
@@ -31,10 +33,14 @@ ThemeStorageError ThemeStorageError::duplicateName(const QString& name) {
 
 QString ThemeStorageError::errorDescription() const {
     switch (case_) {
-        case Case::themeNotFound: return localised("Theme not found: ") + subject_;
-        case Case::duplicateName: return localised("Theme name already exists: ") + subject_;
-        case Case::encodingFailed: return localised("Theme encoding failed");
-        case Case::decodingFailed: return localised("Theme decoding failed");
+        case Case::themeNotFound:
+            return localised("Theme not found: ") + subject_;
+        case Case::duplicateName:
+            return localised("Theme name already exists: ") + subject_;
+        case Case::encodingFailed:
+            return localised("Theme encoding failed");
+        case Case::decodingFailed:
+            return localised("Theme decoding failed");
     }
     return {};
 }
@@ -51,7 +57,7 @@ std::vector<Theme> ThemeStorageService::loadThemes() {
 
 void ThemeStorageService::saveTheme(const Theme& theme) {
     auto themes = loadThemes();
-    if (isNameTaken(themes, theme)) throw ThemeStorageError::duplicateName(theme.name);
+    requireFreeName(themes, theme.name);
     themes.push_back(theme);
     write(themes);
 }
@@ -59,7 +65,7 @@ void ThemeStorageService::saveTheme(const Theme& theme) {
 void ThemeStorageService::updateTheme(const Theme& theme) {
     auto themes = loadThemes();
     const auto place = findTheme(themes, theme.id);
-    if (isNameTaken(themes, theme)) throw ThemeStorageError::duplicateName(theme.name);
+    requireFreeName(themes, theme.name, theme.id);
     *place = theme;
     write(themes);
 }

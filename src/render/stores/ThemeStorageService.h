@@ -7,6 +7,7 @@
 
 namespace kestrio {
 
+/// Every way in which themes cannot be kept or found.
 class ThemeStorageError : public Error {
   public:
     enum class Case { themeNotFound, duplicateName, encodingFailed, decodingFailed };

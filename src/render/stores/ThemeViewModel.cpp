@@ -14,7 +14,8 @@ void ThemeViewModel::reload() {
     try {
         user = storageService_->loadThemes();
     } catch (const ThemeStorageError& error) {
-        set_errorMessage(error.errorDescription());
+        // What a save or deletion has just told is the better message.
+        if (errorMessage().isEmpty()) set_errorMessage(error.errorDescription());
     }
     std::vector<Theme> all = defaults_;
     all.insert(all.end(), user.begin(), user.end());

@@ -28,6 +28,7 @@ struct SocialPlatform {
     QString name;
     std::vector<AspectRatio> presets;
 
+    /// In display order.
     static const std::vector<SocialPlatform>& all();
 };
 

@@ -9,6 +9,7 @@
 
 namespace kestrio {
 
+/// What fills the backdrop.
 enum class BackdropType { none, solid, gradient, image };
 
 inline constexpr EnumTable<BackdropType, 4> backdropTypes = {{
@@ -17,7 +18,9 @@ inline constexpr EnumTable<BackdropType, 4> backdropTypes = {{
     {BackdropType::gradient, "gradient", "Gradient"},
     {BackdropType::image, "image", "Image"},
 }};
-constexpr const auto& enumTable(BackdropType) { return backdropTypes; }
+constexpr const auto& enumTable(BackdropType) {
+    return backdropTypes;
+}
 
 /// The picture behind a screenshot. Initially what a new editor shows. Numbers are kept as stored
 /// and clamped where they are rendered.
@@ -38,17 +41,18 @@ struct BackdropSettings {
     bool operator==(const BackdropSettings&) const = default;
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("type", &BackdropSettings::type),
-                          jsonField("solidColor", &BackdropSettings::solidColor),
-                          jsonField("gradientPreset", &BackdropSettings::gradientPreset),
-                          jsonField("customGradientColors", &BackdropSettings::customGradientColors),
-                          jsonField("opacity", &BackdropSettings::opacity),
-                          jsonField("padding", &BackdropSettings::padding),
-                          jsonField("effects", &BackdropSettings::effects),
-                          jsonField("pattern", &BackdropSettings::pattern),
-                          jsonField("overlay", &BackdropSettings::overlay),
-                          jsonField("imageSettings", &BackdropSettings::imageSettings),
-                          jsonField("portrait", &BackdropSettings::portrait));
+        return std::tuple(
+            jsonField("type", &BackdropSettings::type),
+            jsonField("solidColor", &BackdropSettings::solidColor),
+            jsonField("gradientPreset", &BackdropSettings::gradientPreset),
+            jsonField("customGradientColors", &BackdropSettings::customGradientColors),
+            jsonField("opacity", &BackdropSettings::opacity),
+            jsonField("padding", &BackdropSettings::padding),
+            jsonField("effects", &BackdropSettings::effects),
+            jsonField("pattern", &BackdropSettings::pattern),
+            jsonField("overlay", &BackdropSettings::overlay),
+            jsonField("imageSettings", &BackdropSettings::imageSettings),
+            jsonField("portrait", &BackdropSettings::portrait));
     }
 };
 

@@ -7,7 +7,7 @@ namespace kestrio {
 /// A named set of backdrop effects.
 struct EffectPreset {
     QString id;
-    QString name;
+    QString name;  ///< English; views translate it
     double blur = 0;
     double noise = 0;
     double saturation = 100;
@@ -20,10 +20,10 @@ struct EffectPreset {
     static const std::vector<EffectPreset>& all();
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("id", &EffectPreset::id), jsonField("name", &EffectPreset::name),
-                          jsonField("blur", &EffectPreset::blur),
-                          jsonField("noise", &EffectPreset::noise),
-                          jsonField("saturation", &EffectPreset::saturation));
+        return std::tuple(
+            jsonField("id", &EffectPreset::id), jsonField("name", &EffectPreset::name),
+            jsonField("blur", &EffectPreset::blur), jsonField("noise", &EffectPreset::noise),
+            jsonField("saturation", &EffectPreset::saturation));
     }
 };
 

@@ -2,6 +2,8 @@
 
 #include "core/EnumTable.h"
 
+#include <array>
+
 namespace kestrio {
 
 /// The imitation window around a screenshot.
@@ -16,7 +18,9 @@ inline constexpr EnumTable<FrameStyle, 7> frameStyles = {{
     {FrameStyle::stack, "stack", "Stack"},
     {FrameStyle::stack2, "stack2", "Stack 2"},
 }};
-constexpr const auto& enumTable(FrameStyle) { return frameStyles; }
+constexpr const auto& enumTable(FrameStyle) {
+    return frameStyles;
+}
 
 /// The measures of a frame, in points before any scale.
 struct FrameMetrics {
@@ -39,6 +43,15 @@ inline constexpr std::array<FrameMetrics, 7> frameMetricsTable = {{
     {FrameStyle::stack, 28, 10, 1, ""},
     {FrameStyle::stack2, 28, 10, 2, ""},
 }};
+
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < frameStyles.size(); ++i) {
+            if (frameMetricsTable[i].style != frameStyles[i].value) return false;
+        }
+        return frameMetricsTable.size() == frameStyles.size();
+    }(),
+    "every frame style has its measures, in the same order");
 
 constexpr const FrameMetrics& frameMetrics(FrameStyle style) {
     for (const FrameMetrics& row : frameMetricsTable) {

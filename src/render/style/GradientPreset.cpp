@@ -52,19 +52,24 @@ struct GroupRow {
 };
 
 constexpr GroupRow groupRows[] = {
-    {"warm", "Warm"}, {"cool", "Cool"}, {"nature", "Nature"}, {"vibrant", "Vibrant"},
-    {"neutral", "Neutral"},
+    {"warm", "Warm"},       {"cool", "Cool"},       {"nature", "Nature"},
+    {"vibrant", "Vibrant"}, {"neutral", "Neutral"},
 };
 
 constexpr std::size_t groupSize = 5;
 
-CodableColor opaque(const Rgb& colour) { return {colour.red, colour.green, colour.blue, 1}; }
+CodableColor opaque(const Rgb& colour) {
+    return {colour.red, colour.green, colour.blue, 1};
+}
 
 std::vector<GradientPreset> makePresets() {
     std::vector<GradientPreset> presets;
     for (const Row& row : rows) {
-        presets.push_back({QString::fromLatin1(row.id), localised(row.name),
-                           {opaque(row.first), opaque(row.last)}, row.start, row.end});
+        presets.push_back({QString::fromLatin1(row.id),
+                           QString::fromLatin1(row.name),
+                           {opaque(row.first), opaque(row.last)},
+                           row.start,
+                           row.end});
     }
     return presets;
 }
@@ -75,7 +80,8 @@ std::vector<GradientGroup> makeGroups() {
     for (const GroupRow& row : groupRows) {
         const auto first = presets.begin() + static_cast<std::ptrdiff_t>(groups.size() * groupSize);
         const bool isLast = groups.size() + 1 == std::size(groupRows);
-        groups.push_back({QString::fromLatin1(row.id), localised(row.name),
+        groups.push_back({QString::fromLatin1(row.id),
+                          QString::fromLatin1(row.name),
                           {first, isLast ? presets.end() : first + groupSize}});
     }
     return groups;

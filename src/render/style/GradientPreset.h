@@ -12,14 +12,15 @@ struct CodableUnitPoint {
     bool operator==(const CodableUnitPoint&) const = default;
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("x", &CodableUnitPoint::x), jsonField("y", &CodableUnitPoint::y));
+        return std::tuple(jsonField("x", &CodableUnitPoint::x),
+                          jsonField("y", &CodableUnitPoint::y));
     }
 };
 
 /// A named linear gradient; its stops are spaced evenly.
 struct GradientPreset {
     QString id;
-    QString name;
+    QString name;  ///< English; views translate it
     std::vector<CodableColor> colors;
     CodableUnitPoint startPoint;
     CodableUnitPoint endPoint;

@@ -12,7 +12,9 @@ inline constexpr EnumTable<ImageScaleFit, 3> imageScaleFits = {{
     {ImageScaleFit::fit, "fit", "Fit"},
     {ImageScaleFit::stretch, "stretch", "Stretch"},
 }};
-constexpr const auto& enumTable(ImageScaleFit) { return imageScaleFits; }
+constexpr const auto& enumTable(ImageScaleFit) {
+    return imageScaleFits;
+}
 
 /// A picture as backdrop.
 struct ImageBackdropSettings {

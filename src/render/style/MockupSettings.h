@@ -4,6 +4,7 @@
 
 namespace kestrio {
 
+/// How strong the shadow is.
 enum class ShadowIntensity { low, medium, high };
 
 inline constexpr EnumTable<ShadowIntensity, 3> shadowIntensities = {{
@@ -11,7 +12,9 @@ inline constexpr EnumTable<ShadowIntensity, 3> shadowIntensities = {{
     {ShadowIntensity::medium, "medium", "Medium"},
     {ShadowIntensity::high, "high", "High"},
 }};
-constexpr const auto& enumTable(ShadowIntensity) { return shadowIntensities; }
+constexpr const auto& enumTable(ShadowIntensity) {
+    return shadowIntensities;
+}
 
 /// Where the light comes from, in the three-by-three order of its picker.
 enum class LightSource {
@@ -37,7 +40,9 @@ inline constexpr EnumTable<LightSource, 9> lightSources = {{
     {LightSource::bottom, "bottom", "Bottom"},
     {LightSource::bottomRight, "bottomRight", "Bottom Right"},
 }};
-constexpr const auto& enumTable(LightSource) { return lightSources; }
+constexpr const auto& enumTable(LightSource) {
+    return lightSources;
+}
 
 /// Corners and shadow of the screenshot.
 struct MockupSettings {

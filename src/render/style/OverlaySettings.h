@@ -4,6 +4,7 @@
 
 namespace kestrio {
 
+/// The shapes that light and shade over a picture come in.
 enum class OverlayType { none, diagonalShadow, naturalShadow, softGlow, vignette };
 
 inline constexpr EnumTable<OverlayType, 5> overlayTypes = {{
@@ -13,7 +14,9 @@ inline constexpr EnumTable<OverlayType, 5> overlayTypes = {{
     {OverlayType::softGlow, "softGlow", "Soft Glow"},
     {OverlayType::vignette, "vignette", "Vignette"},
 }};
-constexpr const auto& enumTable(OverlayType) { return overlayTypes; }
+constexpr const auto& enumTable(OverlayType) {
+    return overlayTypes;
+}
 
 /// In front of the screenshot, or behind it as part of the backdrop.
 enum class OverlayPosition { overlay, underlay };
@@ -22,7 +25,9 @@ inline constexpr EnumTable<OverlayPosition, 2> overlayPositions = {{
     {OverlayPosition::overlay, "overlay", "Overlay"},
     {OverlayPosition::underlay, "underlay", "Underlay"},
 }};
-constexpr const auto& enumTable(OverlayPosition) { return overlayPositions; }
+constexpr const auto& enumTable(OverlayPosition) {
+    return overlayPositions;
+}
 
 /// A gradient of light or shade. Its initial values are what is shown where there is none.
 struct OverlaySettings {

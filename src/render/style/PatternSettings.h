@@ -4,6 +4,7 @@
 
 namespace kestrio {
 
+/// The drawings that a backdrop can carry.
 enum class PatternType { none, circles, waves, dots, rays, grid, stripes, noise };
 
 inline constexpr EnumTable<PatternType, 8> patternTypes = {{
@@ -16,7 +17,9 @@ inline constexpr EnumTable<PatternType, 8> patternTypes = {{
     {PatternType::stripes, "stripes", "Stripes"},
     {PatternType::noise, "noise", "Noise"},
 }};
-constexpr const auto& enumTable(PatternType) { return patternTypes; }
+constexpr const auto& enumTable(PatternType) {
+    return patternTypes;
+}
 
 /// A drawing on the backdrop's fill. Its initial values are what is shown where there is none.
 struct PatternSettings {

@@ -4,6 +4,7 @@
 
 namespace kestrio {
 
+/// What a portrait effect does with its surroundings.
 enum class PortraitEffectType { none, blur, stage };
 
 inline constexpr EnumTable<PortraitEffectType, 3> portraitEffectTypes = {{
@@ -11,7 +12,9 @@ inline constexpr EnumTable<PortraitEffectType, 3> portraitEffectTypes = {{
     {PortraitEffectType::blur, "blur", "Blur"},
     {PortraitEffectType::stage, "stage", "Stage"},
 }};
-constexpr const auto& enumTable(PortraitEffectType) { return portraitEffectTypes; }
+constexpr const auto& enumTable(PortraitEffectType) {
+    return portraitEffectTypes;
+}
 
 /// Stored and carried with a backdrop; nothing renders it.
 struct PortraitSettings {

@@ -43,7 +43,8 @@ std::vector<PresetTheme> makePresets() {
     const PatternSettings grid{PatternType::grid, 0.2, 0.3, {0.8, 0.8, 0.85, 0.4}};
     const auto preset = [](const char* id, const char* name, const BackdropSettings& backdrop,
                            const MockupSettings& mockup, FrameStyle frame) {
-        return PresetTheme{QString::fromLatin1(id), localised(name), backdrop, mockup, frame};
+        return PresetTheme{QString::fromLatin1(id), QString::fromLatin1(name), backdrop, mockup,
+                           frame};
     };
     return {
         preset("clean", "Clean", solid(1, 1, 1), lit(8, low), none),
@@ -53,11 +54,14 @@ std::vector<PresetTheme> makePresets() {
         preset("lavender", "Lavender", gradient("lavender"), lit(12, medium), none),
         preset("neon", "Neon", gradient("neon"), lit(16, high, LightSource::center), arc),
         preset("forest", "Forest", gradient("forest"), lit(8, medium), none),
-        preset("midnight", "Midnight", gradient("midnight"), lit(12, high, LightSource::top), macOS),
-        preset("dreamy", "Dreamy", gradient("sky", {3, 5, 90}), lit(20, low, LightSource::top), none),
+        preset("midnight", "Midnight", gradient("midnight"), lit(12, high, LightSource::top),
+               macOS),
+        preset("dreamy", "Dreamy", gradient("sky", {3, 5, 90}), lit(20, low, LightSource::top),
+               none),
         preset("vintage", "Vintage", withEffects(solid(0.95, 0.92, 0.88), {0, 15, 70}), lit(4, low),
                none),
-        preset("dotted", "Dotted", withPattern(solid(0.95, 0.95, 0.97), dots), lit(12, medium), none),
+        preset("dotted", "Dotted", withPattern(solid(0.95, 0.95, 0.97), dots), lit(12, medium),
+               none),
         preset("grid", "Grid", withPattern(solid(0.98, 0.98, 1), grid), lit(8, low), none),
     };
 }
@@ -71,7 +75,8 @@ Theme Theme::make(const QString& name, const EditorStyleSettings& style) {
 
 std::vector<Theme> Theme::defaults() {
     const auto theme = [](const char* name, const char* preset) {
-        return make(localised(name), PresetTheme::find(QString::fromLatin1(preset))->style());
+        return make(QString::fromLatin1(name),
+                    PresetTheme::find(QString::fromLatin1(preset))->style());
     };
     return {theme("Clean", "clean"), theme("Dark Mode", "dark"), theme("Sunset Glow", "sunset"),
             theme("Ocean Breeze", "ocean")};

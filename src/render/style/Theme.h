@@ -25,19 +25,18 @@ struct Theme {
     static std::vector<Theme> defaults();
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("id", &Theme::id), jsonField("name", &Theme::name),
-                          jsonField("backdrop", &Theme::backdrop),
-                          jsonField("mockup", &Theme::mockup),
-                          jsonField("frameStyle", &Theme::frameStyle),
-                          jsonField("createdAt", &Theme::createdAt),
-                          jsonField("updatedAt", &Theme::updatedAt));
+        return std::tuple(
+            jsonField("id", &Theme::id), jsonField("name", &Theme::name),
+            jsonField("backdrop", &Theme::backdrop), jsonField("mockup", &Theme::mockup),
+            jsonField("frameStyle", &Theme::frameStyle), jsonField("createdAt", &Theme::createdAt),
+            jsonField("updatedAt", &Theme::updatedAt));
     }
 };
 
 /// A built-in style; never stored.
 struct PresetTheme {
     QString id;
-    QString name;
+    QString name;  ///< English; views translate it
     BackdropSettings backdrop;
     MockupSettings mockup;
     FrameStyle frameStyle = FrameStyle::none;

@@ -1,6 +1,7 @@
 #include "render/style/WatermarkPreset.h"
 
 #include <bit>
+#include <cmath>
 
 namespace kestrio {
 
@@ -14,7 +15,8 @@ struct StoredPreset {
     std::optional<quint64> createdAtBitPattern;
 
     static constexpr auto jsonFields() {
-        return std::tuple(jsonField("id", &StoredPreset::id), jsonField("name", &StoredPreset::name),
+        return std::tuple(jsonField("id", &StoredPreset::id),
+                          jsonField("name", &StoredPreset::name),
                           jsonField("settings", &StoredPreset::settings),
                           jsonField("createdAt", &StoredPreset::createdAt),
                           jsonField("createdAtBitPattern", &StoredPreset::createdAtBitPattern));
@@ -32,7 +34,9 @@ WatermarkPreset JsonCodec<WatermarkPreset>::decode(const JsonReader& reader) {
     const auto stored = decodeJson<StoredPreset>(reader);
     Date createdAt = stored.createdAt;
     if (stored.createdAtBitPattern) {
-        createdAt.sinceReference = std::bit_cast<double>(*stored.createdAtBitPattern);
+        const auto exact = std::bit_cast<double>(*stored.createdAtBitPattern);
+        // Bits that are no moment could never be written again.
+        if (std::isfinite(exact)) createdAt.sinceReference = exact;
     }
     return {stored.id, stored.name, stored.settings, createdAt};
 }

@@ -15,7 +15,8 @@ struct WatermarkPreset {
 };
 
 /// Beside "createdAt" the JSON holds "createdAtBitPattern", the bits of the same number of seconds,
-/// so that no reader's or writer's decimal rounding changes the date. The bits win when present.
+/// so that no reader's or writer's decimal rounding changes the date. The bits win when present
+/// and finite.
 template <>
 struct JsonCodec<WatermarkPreset> {
     static JsonValue encode(const WatermarkPreset& preset);

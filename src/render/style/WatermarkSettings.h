@@ -4,14 +4,18 @@
 
 namespace kestrio {
 
+/// What a watermark is made of.
 enum class WatermarkType { text, image };
 
 inline constexpr EnumTable<WatermarkType, 2> watermarkTypes = {{
     {WatermarkType::text, "text", "Text"},
     {WatermarkType::image, "image", "Image"},
 }};
-constexpr const auto& enumTable(WatermarkType) { return watermarkTypes; }
+constexpr const auto& enumTable(WatermarkType) {
+    return watermarkTypes;
+}
 
+/// Where a watermark stands on the screenshot, row by row.
 enum class WatermarkPosition {
     topLeft,
     topCenter,
@@ -35,7 +39,9 @@ inline constexpr EnumTable<WatermarkPosition, 9> watermarkPositions = {{
     {WatermarkPosition::bottomCenter, "bottomCenter", "Bottom Center"},
     {WatermarkPosition::bottomRight, "bottomRight", "Bottom Right"},
 }};
-constexpr const auto& enumTable(WatermarkPosition) { return watermarkPositions; }
+constexpr const auto& enumTable(WatermarkPosition) {
+    return watermarkPositions;
+}
 
 /// A mark burned into the screenshot. Initially what a new panel shows.
 struct WatermarkSettings {

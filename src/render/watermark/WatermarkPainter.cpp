@@ -1,5 +1,6 @@
 #include "render/watermark/WatermarkPainter.h"
 
+#include "core/Clamp.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
 #include "render/SystemFont.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr double layoutSize = 64;
 
 double boxWidth(double imageWidth, const WatermarkSettings& settings) {
-    return imageWidth * std::clamp(settings.scale, 0.0, 0.5);
+    return imageWidth * clampedOr(settings.scale, 0, 0.5);
 }
 
 QImage decodedMark(const WatermarkSettings& settings) {
@@ -37,14 +38,15 @@ QPointF pixelsPerPoint(const Image& image) {
             image.pixelSize().height() / image.pointSize().height()};
 }
 
-Image paintText(const Image& image, const WatermarkSettings& settings, double opacity) {
+Image paintText(Image image, const WatermarkSettings& settings, double opacity) {
     const QSizeF mark = textMarkSize(image.pointSize().width(), settings);
     if (mark.isEmpty()) return image;
     const QPointF centre = watermarkRect(image.pointSize(), mark, settings).center();
     const QPointF density = pixelsPerPoint(image);
     const double fontScale = mark.height() * 0.7 / layoutSize;
 
-    QImage marked = image.bitmap();
+    const QSizeF pointSize = image.pointSize();
+    QImage marked = std::move(image).takeBitmap();
     QPainter painter(&marked);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                            QPainter::SmoothPixmapTransform);
@@ -53,12 +55,13 @@ Image paintText(const Image& image, const WatermarkSettings& settings, double op
     painter.scale(fontScale, fontScale);
     painter.setFont(fontOrSystemFont(settings.fontName, layoutSize));
     painter.setPen(settings.textColor.withAlphaTimes(opacity).toQColor());
-    painter.drawText(QRectF(-1, -1, 2, 2), Qt::AlignCenter | Qt::TextDontClip, settings.textContent);
+    painter.drawText(QRectF(-1, -1, 2, 2), Qt::AlignCenter | Qt::TextDontClip,
+                     settings.textContent);
     painter.end();
-    return {marked, image.pointSize()};
+    return {marked, pointSize};
 }
 
-Image paintImage(const Image& image, const WatermarkSettings& settings, double opacity) {
+Image paintImage(Image image, const WatermarkSettings& settings, double opacity) {
     const QImage picture = decodedMark(settings);
     const double width = boxWidth(image.pointSize().width(), settings);
     if (picture.isNull() || width <= 0) return image;
@@ -66,13 +69,14 @@ Image paintImage(const Image& image, const WatermarkSettings& settings, double o
     const QRectF rect = watermarkRect(image.pointSize(), mark, settings);
     const QPointF density = pixelsPerPoint(image);
 
-    QImage marked = image.bitmap();
+    const QSizeF pointSize = image.pointSize();
+    QImage marked = std::move(image).takeBitmap();
     ScaledDraw draw;
     draw.target = {rect.x() * density.x(), rect.y() * density.y(), rect.width() * density.x(),
                    rect.height() * density.y()};
     draw.opacity = opacity;
     drawScaled(marked, picture, draw);
-    return {marked, image.pointSize()};
+    return {marked, pointSize};
 }
 
 }  // namespace
@@ -95,11 +99,11 @@ QRectF watermarkRect(QSizeF image, QSizeF mark, const WatermarkSettings& setting
             mark};
 }
 
-Image paintWatermark(const Image& image, const WatermarkSettings& settings) {
-    const double opacity = std::clamp(settings.opacity, 0.0, 1.0);
+Image paintWatermark(Image image, const WatermarkSettings& settings) {
+    const double opacity = clampedOr(settings.opacity, 0, 1);
     if (image.isNull() || image.pointSize().isEmpty()) return image;
-    return settings.type == WatermarkType::text ? paintText(image, settings, opacity)
-                                                : paintImage(image, settings, opacity);
+    return settings.type == WatermarkType::text ? paintText(std::move(image), settings, opacity)
+                                                : paintImage(std::move(image), settings, opacity);
 }
 
 }  // namespace kestrio

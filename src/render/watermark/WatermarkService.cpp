@@ -10,17 +10,22 @@ const QString presetsKey = QStringLiteral("com.kestrio.watermarkPresets");
 
 QString WatermarkError::errorDescription() const {
     switch (case_) {
-        case Case::saveFailed: return localised("Failed to save preset: ") + subject_;
-        case Case::duplicateName: return localised("Preset name already exists: ") + subject_;
-        case Case::invalidImageData: return localised("Invalid watermark image data");
-        case Case::presetNotFound: return localised("Watermark preset not found");
-        case Case::encodingFailed: return localised("Failed to encode preset data");
+        case Case::saveFailed:
+            return localised("Failed to save preset: ") + subject_;
+        case Case::duplicateName:
+            return localised("Preset name already exists: ") + subject_;
+        case Case::invalidImageData:
+            return localised("Invalid watermark image data");
+        case Case::presetNotFound:
+            return localised("Watermark preset not found");
+        case Case::encodingFailed:
+            return localised("Failed to encode preset data");
     }
     return {};
 }
 
-Image WatermarkService::apply(const Image& image, const WatermarkSettings& settings) {
-    return paintWatermark(image, settings);
+Image WatermarkService::apply(Image image, const WatermarkSettings& settings) {
+    return paintWatermark(std::move(image), settings);
 }
 
 std::vector<WatermarkPreset> WatermarkService::presets() {
@@ -29,7 +34,8 @@ std::vector<WatermarkPreset> WatermarkService::presets() {
     try {
         return decodeJsonText<std::vector<WatermarkPreset>>(*data);
     } catch (const JsonError& error) {
-        throw WatermarkError::saveFailed(error.errorDescription());
+        throw WatermarkError::saveFailed(localised("the stored presets cannot be read: ") +
+                                         error.errorDescription());
     }
 }
 

@@ -8,12 +8,17 @@
 
 namespace kestrio {
 
+/// Every way in which watermark presets cannot be kept or found.
 class WatermarkError : public Error {
   public:
     enum class Case { saveFailed, duplicateName, invalidImageData, presetNotFound, encodingFailed };
 
-    static WatermarkError saveFailed(QString reason) { return {Case::saveFailed, std::move(reason)}; }
-    static WatermarkError duplicateName(QString name) { return {Case::duplicateName, std::move(name)}; }
+    static WatermarkError saveFailed(QString reason) {
+        return {Case::saveFailed, std::move(reason)};
+    }
+    static WatermarkError duplicateName(QString name) {
+        return {Case::duplicateName, std::move(name)};
+    }
     static WatermarkError invalidImageData() { return {Case::invalidImageData, {}}; }
     static WatermarkError presetNotFound() { return {Case::presetNotFound, {}}; }
     static WatermarkError encodingFailed() { return {Case::encodingFailed, {}}; }
@@ -35,7 +40,7 @@ class WatermarkServiceProtocol {
     virtual ~WatermarkServiceProtocol() = default;
 
     /// The picture with the mark burned in; the picture itself where there is no mark to draw.
-    virtual Image apply(const Image& image, const WatermarkSettings& settings) = 0;
+    virtual Image apply(Image image, const WatermarkSettings& settings) = 0;
 
     /// The stored presets; none where nothing is stored. Throws WatermarkError::saveFailed where
     /// what is stored cannot be read, so that a save never overwrites it.
@@ -52,7 +57,7 @@ class WatermarkService : public WatermarkServiceProtocol {
     explicit WatermarkService(std::shared_ptr<UserDefaults> userDefaults)
         : userDefaults_(std::move(userDefaults)) {}
 
-    Image apply(const Image& image, const WatermarkSettings& settings) override;
+    Image apply(Image image, const WatermarkSettings& settings) override;
     std::vector<WatermarkPreset> presets() override;
     void savePreset(const QString& name, const WatermarkSettings& settings) override;
     void deletePreset(QUuid id) override;

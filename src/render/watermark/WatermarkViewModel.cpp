@@ -56,8 +56,8 @@ void WatermarkViewModel::clearMessages() {
 void WatermarkViewModel::reload() {
     try {
         set_presets(watermarkService_->presets());
-    } catch (const Error& error) {
-        set_errorMessage(error.errorDescription());
+    } catch (const Error&) {
+        set_errorMessage(localised("The saved watermark presets cannot be read"));
     }
 }
 
