@@ -1,7 +1,8 @@
 # kestrio_room(<name> [LINKS <target>...] [COROUTINES <file>...]): the library kestrio_<name> from
 # every source below the current folder. Naming the rooms it may include in LINKS is what puts them
 # on its include path. COROUTINES names the sources that need the coroutine library; the fuzzers'
-# Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them.
+# Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them, and only rooms that a
+# fuzzer links are built.
 function(kestrio_room name)
   cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS;COROUTINES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
@@ -13,6 +14,7 @@ function(kestrio_room name)
   target_include_directories(kestrio_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(kestrio_${name} PUBLIC kestrio_common ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
   target_precompile_headers(kestrio_${name} REUSE_FROM kestrio_pch)
+  set_target_properties(kestrio_${name} PROPERTIES EXCLUDE_FROM_ALL "${KESTRIO_FUZZ}")
 endfunction()
 
 # kestrio_test(<room> [ON_X_SERVER] LINKS <target>...): one GoogleTest program from tests/<room>/. Each

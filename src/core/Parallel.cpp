@@ -1,5 +1,7 @@
 #include "core/Parallel.h"
 
+#include "core/Handover.h"
+
 #include <QThread>
 #include <QThreadPool>
 #include <atomic>
@@ -90,7 +92,9 @@ void parallelBands(int count, int minimumBand, const std::function<void(int, int
     BandRun run(count, bands, work);
     for (int helper = 1; helper < std::min(threads, bands); ++helper) {
         run.helperStarted();
+        handOver(&run);
         const bool started = bandPool().tryStart([&run] {
+            takeOver(&run);
             run.drain();
             run.helperDone();
         });

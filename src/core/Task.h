@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Completion.h"
+#include "core/Handover.h"
 #include "core/SerialQueue.h"
 
 #include <QCoroTask>
@@ -39,8 +40,13 @@ Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop =
 template <typename Work>
 Completion<std::invoke_result_t<Work>> runInBackground(Work work) {
     Completion<std::invoke_result_t<Work>> done;
-    QThreadPool::globalInstance()->start(
-        [done, work = std::move(work)]() mutable { done.run(work); });
+    QThreadPool* const pool = QThreadPool::globalInstance();
+    std::function<void()> job = [done, work = std::move(work)]() mutable {
+        takeOver(QThreadPool::globalInstance());
+        done.run(work);
+    };
+    handOver(pool);
+    pool->start(std::move(job));
     return done;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/MemoryPressure.h"
 #include "platform/Pasteboard.h"
 
 #include <memory>
@@ -9,6 +10,7 @@ namespace kestrio {
 /// One of each service of the desktop. A platform fills it in its factory.
 struct PlatformServices {
     std::shared_ptr<Pasteboard> pasteboard;
+    std::shared_ptr<MemoryPressure> memoryPressure;
 };
 
 /// The services of the desktop that the program runs on. Needs a GUI application.

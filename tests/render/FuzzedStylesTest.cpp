@@ -120,7 +120,7 @@ TEST(FuzzedStyles, WildSizesAreDrawnOrRefusedAtOnce) {
         request.backdrop.padding = 0;
         request.frameStyle = FrameStyle::stack2;
         request.frameScale = row.frameScale;
-        request.watermark = WatermarkSettings();
+        request.watermark.emplace();
         EXPECT_EQ(isRefused(request), row.isRefused)
             << "density " << row.density << ", canvas " << row.canvas.width() << " x "
             << row.canvas.height() << ", frame " << row.frameScale << ", turn " << row.rotation;

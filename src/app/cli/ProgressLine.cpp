@@ -1,12 +1,36 @@
 #include "app/cli/ProgressLine.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdio>
 
 namespace kestrio {
 
-ProgressLine::ProgressLine(int total) : total_(total), isTerminal_(::isatty(STDERR_FILENO) == 1) {}
+namespace {
+
+int terminalColumns() {
+    constexpr int usual = 80;
+    winsize size{};
+    const bool isKnown = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : usual;
+}
+
+// A line that wraps could not be removed again, and control characters are not for terminals.
+QString shortened(QString name) {
+    constexpr int roomForNumbers = 24;
+    for (QChar& character : name) {
+        if (!character.isPrint()) character = u'?';
+    }
+    const qsizetype most = std::max(terminalColumns() - roomForNumbers, 8);
+    return name.size() > most ? name.left(most - 1) + u'…' : name;
+}
+
+}  // namespace
+
+ProgressLine::ProgressLine(int total) : total_(total), isTerminal_(::isatty(STDERR_FILENO) == 1) {
+    clock_.start();
+}
 
 ProgressLine::~ProgressLine() {
     clear();
@@ -14,14 +38,18 @@ ProgressLine::~ProgressLine() {
 
 void ProgressLine::startItem(int number, const QString& name) {
     number_ = number;
-    name_ = name;
+    name_ = shortened(name);
     shownPercent_ = 0;
     print(0);
 }
 
 void ProgressLine::setFraction(double fraction) {
     const int percent = static_cast<int>(fraction * 100);
-    if (shownPercent_.exchange(percent) != percent) print(percent);
+    const qint64 now = clock_.elapsed();
+    constexpr qint64 pause = 50;  // milliseconds; faster than that only flickers
+    if (now - shownAt_.load() < pause || shownPercent_.exchange(percent) == percent) return;
+    shownAt_ = now;
+    print(percent);
 }
 
 void ProgressLine::clear() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
 #include <atomic>
 
@@ -30,6 +31,8 @@ class ProgressLine {
     int number_ = 0;
     QString name_;
     std::atomic<int> shownPercent_{-1};
+    std::atomic<qint64> shownAt_{0};
+    QElapsedTimer clock_;
 };
 
 }  // namespace kestrio

@@ -77,11 +77,13 @@ void drawRays(const PatternDrawing& drawing) {
 void drawGrid(const PatternDrawing& drawing) {
     const double pitch = 20 * drawing.scale;
     QPainterPath path;
-    for (double x = 0; x <= drawing.width; x += pitch) {
+    for (int i = 0; i * pitch <= drawing.width; ++i) {
+        const double x = i * pitch;
         path.moveTo(x, 0);
         path.lineTo(x, drawing.height);
     }
-    for (double y = 0; y <= drawing.height; y += pitch) {
+    for (int i = 0; i * pitch <= drawing.height; ++i) {
+        const double y = i * pitch;
         path.moveTo(0, y);
         path.lineTo(drawing.width, y);
     }

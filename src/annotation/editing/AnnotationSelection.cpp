@@ -1,0 +1,158 @@
+#include "annotation/editing/AnnotationViewModel.h"
+#include "annotation/editing/HitTest.h"
+#include "annotation/model/Geometry.h"
+
+namespace kestrio {
+
+void AnnotationViewModel::setPrimary(std::optional<AnyAnnotation> annotation) {
+    if (!annotation && !selectedAnnotation_) return;
+    selectedAnnotation_ = std::move(annotation);
+    Q_EMIT selectedAnnotationChanged();
+}
+
+void AnnotationViewModel::set_hoveredAnnotation(std::optional<AnyAnnotation> annotation) {
+    if (!annotation && !hoveredAnnotation_) return;
+    hoveredAnnotation_ = std::move(annotation);
+    Q_EMIT hoveredAnnotationChanged();
+}
+
+std::vector<AnyAnnotation> AnnotationViewModel::selectedRecords() const {
+    std::vector<AnyAnnotation> records;
+    std::ranges::copy_if(annotations_, std::back_inserter(records),
+                         [this](const auto& each) { return isSelected(each.id()); });
+    return records;
+}
+
+void AnnotationViewModel::selectAnnotation(const std::optional<AnyAnnotation>& annotation) {
+    if (!isMultiSelectMode()) {
+        set_selectedAnnotations(annotation ? std::set{annotation->id()} : std::set<QUuid>());
+    }
+    setPrimary(annotation);
+    if (!annotation) return;
+    annotation->visit([this](const auto& record) {
+        if constexpr (requires { record.fillMode; }) {
+            ToolSettings settings = toolSettings();
+            settings.fillMode = record.fillMode;
+            set_toolSettings(settings);
+        }
+    });
+}
+
+void AnnotationViewModel::addToSelection(const AnyAnnotation& annotation) {
+    std::set<QUuid> selected = selectedAnnotations();
+    selected.insert(annotation.id());
+    set_selectedAnnotations(std::move(selected));
+    setPrimary(annotation);
+}
+
+void AnnotationViewModel::removeFromSelection(const QUuid& id) {
+    std::set<QUuid> selected = selectedAnnotations();
+    selected.erase(id);
+    set_selectedAnnotations(std::move(selected));
+    if (!selectedAnnotation_ || selectedAnnotation_->id() != id) return;
+    const auto rest = selectedRecords();
+    setPrimary(rest.empty() ? std::nullopt : std::optional(rest.front()));
+}
+
+void AnnotationViewModel::toggleSelection(const AnyAnnotation& annotation) {
+    if (isSelected(annotation.id())) {
+        removeFromSelection(annotation.id());
+    } else {
+        addToSelection(annotation);
+    }
+}
+
+void AnnotationViewModel::selectAll() {
+    std::set<QUuid> selected;
+    for (const AnyAnnotation& annotation : annotations_)
+        selected.insert(annotation.id());
+    set_selectedAnnotations(std::move(selected));
+    setPrimary(annotations_.empty() ? std::nullopt : std::optional(annotations_.back()));
+}
+
+void AnnotationViewModel::selectInRect(const QRectF& rect) {
+    std::set<QUuid> selected = selectedAnnotations();
+    for (const AnyAnnotation& annotation : annotations_) {
+        if (intersects(annotation.bounds(), rect)) selected.insert(annotation.id());
+    }
+    set_selectedAnnotations(std::move(selected));
+    const auto records = selectedRecords();
+    setPrimary(records.empty() ? std::nullopt : std::optional(records.back()));
+}
+
+std::optional<QRectF> AnnotationViewModel::combinedBounds() const {
+    std::optional<QRectF> combined;
+    for (const AnyAnnotation& record : selectedRecords()) {
+        combined = combined ? enclosingRect(*combined, record.bounds()) : record.bounds();
+    }
+    return combined;
+}
+
+void AnnotationViewModel::beginSelectionRect(const QPointF& point) {
+    set_isSelectionRectActive(true);
+    set_selectionRectStart(point);
+    set_selectionRectEnd(point);
+}
+
+void AnnotationViewModel::finishSelectionRect() {
+    constexpr double leastSize = 5.0;
+    const auto rect = selectionRect();
+    if (rect && rect->width() > leastSize && rect->height() > leastSize) selectInRect(*rect);
+    set_isSelectionRectActive(false);
+    set_selectionRectStart(std::nullopt);
+    set_selectionRectEnd(std::nullopt);
+}
+
+std::optional<QRectF> AnnotationViewModel::selectionRect() const {
+    if (!isSelectionRectActive() || !selectionRectStart() || !selectionRectEnd()) {
+        return std::nullopt;
+    }
+    return rectBetween(*selectionRectStart(), *selectionRectEnd());
+}
+
+std::optional<AnyAnnotation> AnnotationViewModel::annotationAt(const QPointF& point) const {
+    const auto hit = std::find_if(annotations_.rbegin(), annotations_.rend(),
+                                  [&](const auto& each) { return isHit(each, point); });
+    return hit == annotations_.rend() ? std::nullopt : std::optional(*hit);
+}
+
+std::vector<AnyAnnotation> AnnotationViewModel::annotationsAt(const QPointF& point) const {
+    std::vector<AnyAnnotation> hit;
+    std::copy_if(annotations_.rbegin(), annotations_.rend(), std::back_inserter(hit),
+                 [&](const auto& each) { return isHit(each, point); });
+    return hit;
+}
+
+bool AnnotationViewModel::cycleSelection(const QPointF& point) {
+    const auto hit = annotationsAt(point);
+    if (hit.empty()) {
+        selectAnnotation(std::nullopt);
+        return false;
+    }
+    std::size_t next = 0;
+    if (selectedAnnotation_) {
+        const auto current = std::ranges::find(hit, selectedAnnotation_->id(), &AnyAnnotation::id);
+        if (current != hit.end()) {
+            next = (static_cast<std::size_t>(current - hit.begin()) + 1) % hit.size();
+        }
+    }
+    selectAnnotation(hit[next]);
+    return true;
+}
+
+bool AnnotationViewModel::isFillPickerShown() const {
+    return currentTool() == AnnotationTool::rectangle || currentTool() == AnnotationTool::circle;
+}
+
+std::optional<BlurAnnotation> AnnotationViewModel::selectedBlur() const {
+    const auto* blur = selectedAnnotation_ ? selectedAnnotation_->as<BlurAnnotation>() : nullptr;
+    return blur ? std::optional(*blur) : std::nullopt;
+}
+
+bool AnnotationViewModel::isToolCursorPreviewShown() const {
+    const bool isBusy = isDrawing() || isErasing() || isDraggingAnnotation();
+    return currentTool() != AnnotationTool::select && !isBusy && cursorPosition() &&
+           annotationsVisible() && !hoveredAnnotation_;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,172 @@
+#include "annotation/editing/AnnotationViewModel.h"
+
+#include "annotation/editing/BadgeNumbers.h"
+
+namespace kestrio {
+
+AnnotationViewModel::AnnotationViewModel(std::vector<AnyAnnotation> annotations,
+                                         MemoryPressure* memoryPressure, Clock clock,
+                                         QObject* parent)
+    : QObject(parent),
+      annotations_(std::move(annotations)),
+      historyService_(memoryPressure),
+      clock_(std::move(clock)) {}
+
+double AnnotationViewModel::systemClock() {
+    return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
+}
+
+std::size_t AnnotationViewModel::indexOf(const QUuid& id) const {
+    const auto found = std::ranges::find(annotations_, id, &AnyAnnotation::id);
+    return static_cast<std::size_t>(found - annotations_.begin());
+}
+
+const AnyAnnotation* AnnotationViewModel::annotation(const QUuid& id) const {
+    const std::size_t index = indexOf(id);
+    return index < annotations_.size() ? &annotations_[index] : nullptr;
+}
+
+AnyAnnotation* AnnotationViewModel::find(const QUuid& id) {
+    const std::size_t index = indexOf(id);
+    return index < annotations_.size() ? &annotations_[index] : nullptr;
+}
+
+void AnnotationViewModel::appendRecord(const AnyAnnotation& annotation) {
+    annotations_.push_back(annotation);
+    if (const auto* badge = annotation.as<NumberAnnotation>()) {
+        if (badge->number >= nextNumber()) set_nextNumber(successor(badge->number));
+    }
+    Q_EMIT annotationsChanged();
+}
+
+void AnnotationViewModel::removeRecord(const QUuid& id) {
+    if (std::erase_if(annotations_, [&](const auto& each) { return each.id() == id; }) == 0) return;
+    if (selectedAnnotation_ && selectedAnnotation_->id() == id) setPrimary(std::nullopt);
+    std::set<QUuid> selected = selectedAnnotations();
+    selected.erase(id);
+    set_selectedAnnotations(std::move(selected));
+    Q_EMIT annotationsChanged();
+}
+
+void AnnotationViewModel::addAnnotation(const AnyAnnotation& annotation) {
+    appendRecord(annotation);
+    historyService_.record({AddOperation{annotation}});
+}
+
+void AnnotationViewModel::applyAnnotation(const AnyAnnotation& annotation) {
+    AnyAnnotation* record = find(annotation.id());
+    if (!record) return;
+    *record = annotation;
+    if (selectedAnnotation_ && selectedAnnotation_->id() == annotation.id()) setPrimary(annotation);
+    Q_EMIT annotationsChanged();
+}
+
+void AnnotationViewModel::updateAnnotation(const AnyAnnotation& annotation) {
+    const AnyAnnotation* record = find(annotation.id());
+    if (!record) return;
+    const AnyAnnotation before = *record;
+    applyAnnotation(annotation);
+    if (!(before == annotation)) historyService_.record({ModifyOperation{before, annotation}});
+}
+
+void AnnotationViewModel::deleteAnnotation(const QUuid& id) {
+    const AnyAnnotation* record = find(id);
+    if (!record) return;
+    const AnyAnnotation removed = *record;
+    removeRecord(id);
+    historyService_.record({DeleteOperation{removed}});
+    if (removed.as<TextAnnotation>()) set_isTextEditing(false);
+    if (removed.as<NumberAnnotation>()) recomputeNextNumber();
+}
+
+void AnnotationViewModel::deleteSelected() {
+    if (selectedAnnotations().size() < 2) {
+        if (selectedAnnotation_) deleteAnnotation(selectedAnnotation_->id());
+        return;
+    }
+    for (const AnyAnnotation& record : selectedRecords())
+        deleteAnnotation(record.id());
+    set_selectedAnnotations({});
+    setPrimary(std::nullopt);
+}
+
+void AnnotationViewModel::changeSelection(const Change& change) {
+    std::vector<AnyAnnotation> records;
+    if (selectedAnnotations().size() >= 2) {
+        records = selectedRecords();
+    } else if (selectedAnnotation_) {
+        records = {*selectedAnnotation_};
+    }
+    for (AnyAnnotation& record : records) {
+        change(record);
+        updateAnnotation(record);
+    }
+}
+
+void AnnotationViewModel::setColor(const CodableColor& color) {
+    ToolSettings settings = toolSettings();
+    settings.color = color;
+    set_toolSettings(settings);
+    changeSelection([&](AnyAnnotation& record) { record.setColor(color); });
+}
+
+void AnnotationViewModel::setStrokeSize(StrokeSize size) {
+    ToolSettings settings = toolSettings();
+    settings.strokeSize = size;
+    set_toolSettings(settings);
+    changeSelection([&](AnyAnnotation& record) { record.setStrokeWidth(strokeWidth(size)); });
+}
+
+void AnnotationViewModel::setFillMode(FillMode mode) {
+    ToolSettings settings = toolSettings();
+    settings.fillMode = mode;
+    set_toolSettings(settings);
+    if (!selectedAnnotation_) return;
+    AnyAnnotation changed = *selectedAnnotation_;
+    changed.visit([&](auto& record) {
+        if constexpr (requires { record.fillMode; }) record.fillMode = mode;
+    });
+    updateAnnotation(changed);
+}
+
+void AnnotationViewModel::moveRecord(const QUuid& id, std::size_t toIndex) {
+    const std::size_t from = indexOf(id);
+    if (from >= annotations_.size()) return;
+    const auto at = [this](std::size_t i) {
+        return annotations_.begin() + static_cast<std::ptrdiff_t>(i);
+    };
+    const std::size_t to = std::min(toIndex, annotations_.size() - 1);
+    if (from < to) std::rotate(at(from), at(from + 1), at(to + 1));
+    if (to < from) std::rotate(at(to), at(from), at(from + 1));
+    Q_EMIT annotationsChanged();
+}
+
+void AnnotationViewModel::reorder(const QUuid& id, std::size_t toIndex) {
+    const std::size_t from = indexOf(id);
+    if (from >= annotations_.size() || from == toIndex) return;
+    moveRecord(id, toIndex);
+    historyService_.record({ReorderOperation{id, from, toIndex}});
+}
+
+void AnnotationViewModel::bringToFront(const QUuid& id) {
+    if (!annotations_.empty()) reorder(id, annotations_.size() - 1);
+}
+
+void AnnotationViewModel::sendToBack(const QUuid& id) {
+    reorder(id, 0);
+}
+
+void AnnotationViewModel::bringSelectedToFront() {
+    if (selectedAnnotation_) bringToFront(selectedAnnotation_->id());
+}
+
+void AnnotationViewModel::sendSelectedToBack() {
+    if (selectedAnnotation_) sendToBack(selectedAnnotation_->id());
+}
+
+void AnnotationViewModel::toggleVisibility() {
+    set_annotationsVisible(!annotationsVisible());
+    if (!annotationsVisible()) setPrimary(std::nullopt);
+}
+
+}  // namespace kestrio

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "annotation/history/AnnotationOperation.h"
+#include "core/Published.h"
+#include "platform/MemoryPressure.h"
+
+#include <QObject>
+
+namespace kestrio {
+
+/// The steps that can be undone and redone. It keeps them and does not know how to apply them.
+/// Main thread only.
+class AnnotationHistoryService : public QObject {
+    Q_OBJECT
+    PUBLISHED(bool, canUndo, false)
+    PUBLISHED(bool, canRedo, false)
+
+  public:
+    static constexpr std::size_t defaultHistorySize = 50;
+
+    /// Without a source of memory pressure, handleMemoryPressure() is left to the owner.
+    explicit AnnotationHistoryService(MemoryPressure* memoryPressure = nullptr,
+                                      std::size_t maxHistorySize = defaultHistorySize,
+                                      QObject* parent = nullptr);
+
+    /// One step of undo; what was undone before can no longer be redone.
+    void record(AnnotationOperation operation);
+    /// The step that the caller has to undo, or none.
+    std::optional<AnnotationOperation> popForUndo();
+    /// The step that the caller has to redo, or none.
+    std::optional<AnnotationOperation> popForRedo();
+    /// Forgets the older half, and all that could be redone.
+    void handleMemoryPressure();
+
+    /// The newest stands last.
+    const std::vector<AnnotationOperation>& undoStack() const { return undoStack_; }
+    const std::vector<AnnotationOperation>& redoStack() const { return redoStack_; }
+    std::size_t maxHistorySize() const { return maxHistorySize_; }
+
+  private:
+    void compactHistory();
+    void refreshFlags();
+
+    std::vector<AnnotationOperation> undoStack_;
+    std::vector<AnnotationOperation> redoStack_;
+    std::size_t maxHistorySize_;
+    std::shared_ptr<MemoryPressureSource> memoryPressureSource_;
+};
+
+}  // namespace kestrio
