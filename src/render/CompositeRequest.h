@@ -1,5 +1,6 @@
 #pragma once
 
+#include "annotation/model/AnyAnnotation.h"
 #include "imaging/Image.h"
 #include "render/CompositeLayout.h"
 #include "render/style/CanvasState.h"
@@ -18,6 +19,9 @@ struct CompositeRequest {
     double frameScale = 1;
     CanvasState canvasState;
     std::optional<WatermarkSettings> watermark;
+    /// From the lowest to the topmost. Blurs in points of the screenshot, all others in points of
+    /// the canvas.
+    std::vector<AnyAnnotation> annotations;
 
     /// Replaces backdrop, mockup and frame.
     void setStyle(const EditorStyleSettings& style) {

@@ -6,6 +6,7 @@
 #include "imaging/ExportError.h"
 #include "imaging/filters/Opacity.h"
 #include "imaging/filters/Rotate.h"
+#include "render/AnnotationStage.h"
 #include "render/ScreenshotGroup.h"
 #include "render/backdrop/OverlayPainter.h"
 
@@ -110,6 +111,9 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
         overlay && overlay->position == OverlayPosition::overlay) {
         drawOverlay(output, overlay->type, overlay->opacity);
     }
+
+    throwIfStopped(stop);
+    drawAnnotations(output, request.annotations, layout);
 
     throwIfStopped(stop);
     output = turned(output, request.canvasState.transform.rotation);

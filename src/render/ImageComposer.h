@@ -11,7 +11,8 @@
 namespace kestrio {
 
 /// Composes finished pictures. From back to front: backdrop fill, pattern, underlay, effects on all
-/// of these, shadow, frame, screenshot with its watermark, overlay; last the whole is rotated.
+/// of these, shadow, frame, screenshot with its watermark, overlay, annotations; last the whole is
+/// rotated.
 /// Holds no state between pictures and may be used from any thread but its own filter queue.
 class ImageComposer {
   public:

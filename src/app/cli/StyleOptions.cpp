@@ -1,21 +1,19 @@
 #include "app/cli/StyleOptions.h"
 
 #include "app/cli/CommandLine.h"
+#include "app/cli/JsonFile.h"
 #include "core/Localisation.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "render/style/EffectPreset.h"
 #include "render/style/GradientPreset.h"
 #include "render/style/Theme.h"
 
-#include <QFile>
 #include <QMap>
 #include <cmath>
 
 namespace kestrio {
 
 namespace {
-
-constexpr qint64 longestStyle = qint64(64) << 20;
 
 double numberOption(const QString& option, const QString& text) {
     bool isNumber = false;
@@ -46,19 +44,6 @@ QStringList idsOf(const List& list) {
     return ids;
 }
 
-class StyleFileError : public Error {
-  public:
-    StyleFileError(QString path, QString reason)
-        : path_(std::move(path)), reason_(std::move(reason)) {}
-    QString errorDescription() const override {
-        return localised("the style file %1 cannot be used: %2").arg(path_, reason_);
-    }
-
-  private:
-    QString path_;
-    QString reason_;
-};
-
 // Two numbers above 0 around a separator, as in "16:9".
 QSizeF pairOption(const QString& option, const QString& text, QChar separator) {
     const QStringList parts = text.split(separator);
@@ -88,16 +73,7 @@ void applyPreset(CommandLineStyle& style, const QString&, const QString& value) 
 }
 
 void applyStyleFile(CommandLineStyle& style, const QString&, const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw StyleFileError(path, file.errorString());
-    const QByteArray text = file.read(longestStyle + 1);
-    if (text.size() > longestStyle) throw StyleFileError(path, localised("it is too large"));
-    if (file.error() != QFileDevice::NoError) throw StyleFileError(path, file.errorString());
-    try {
-        style.style = decodeJsonText<EditorStyleSettings>(text);
-    } catch (const JsonError& error) {
-        throw StyleFileError(path, error.errorDescription());
-    }
+    style.style = decodeJsonFile<EditorStyleSettings>(path, "the style file %1 cannot be used: %2");
 }
 
 CodableColor colorOption(const QString& value) {
@@ -234,6 +210,11 @@ void applyWatermark(CommandLineStyle& style, const QString&, const QString& valu
     style.watermark->textContent = value;
 }
 
+void applyAnnotations(CommandLineStyle& style, const QString&, const QString& path) {
+    style.annotations = decodeJsonFile<std::vector<AnyAnnotation>>(
+        path, "the annotations in %1 cannot be used: %2");
+}
+
 void applyDensity(CommandLineStyle& style, const QString& option, const QString& value) {
     style.pixelsPerPoint = positiveOption(option, value);
 }
@@ -266,6 +247,7 @@ constexpr StyleOption styleOptions[] = {
     {"canvas", "WxH", "size of the canvas in points", applyCanvas},
     {"rotate", "DEGREES", "turn the finished picture clockwise", applyRotation},
     {"watermark", "TEXT", "burn a text into the picture", applyWatermark},
+    {"annotations", "FILE", "draw the annotations of a JSON list", applyAnnotations},
     {"density", "F", "pixels per point of the input, 1 unless given", applyDensity},
 };
 
@@ -277,6 +259,7 @@ CompositeRequest CommandLineStyle::requestFor(const QImage& bitmap) const {
     request.setStyle(style);
     request.frameScale = frameScale;
     request.watermark = watermark;
+    request.annotations = annotations;
     request.canvasState.aspectRatio = aspect.value_or(AspectRatio());
     request.canvasState.canvasSize = canvasSize.value_or(
         canvasHolding(request.screenshot.pointSize(), request.canvasState.aspectRatio));

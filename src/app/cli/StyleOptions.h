@@ -18,6 +18,7 @@ struct CommandLineStyle {
     std::optional<AspectRatio> aspect;  ///< shapes the canvas around the picture
     std::optional<QSizeF> canvasSize;   ///< points; wins over the picture's own size
     std::optional<WatermarkSettings> watermark;
+    std::vector<AnyAnnotation> annotations;
 
     /// The composition of a decoded bitmap in this style.
     CompositeRequest requestFor(const QImage& bitmap) const;

@@ -1,6 +1,6 @@
 #include "render/frames/FrameText.h"
 
-#include "render/SystemFont.h"
+#include "imaging/text/SystemFont.h"
 
 #include <QFontMetricsF>
 #include <QPainterPath>

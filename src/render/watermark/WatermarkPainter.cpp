@@ -3,7 +3,7 @@
 #include "core/Clamp.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
-#include "render/SystemFont.h"
+#include "imaging/text/SystemFont.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

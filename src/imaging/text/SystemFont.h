@@ -12,4 +12,11 @@ QFont systemFont(double size, QFont::Weight weight);
 /// application, as all fonts do.
 QFont fontOrSystemFont(const QString& family, double size);
 
+/// What people type: the named family where it is installed, else the system font, of this weight,
+/// with pictograms in colour where a font has them.
+QFont writingFont(const QString& family, double size, QFont::Weight weight);
+
+/// Pictograms before everything else.
+QFont emojiFont(double size);
+
 }  // namespace kestrio

@@ -1,4 +1,4 @@
-#include "render/SystemFont.h"
+#include "imaging/text/SystemFont.h"
 
 #include <QFontDatabase>
 #include <cmath>
@@ -20,6 +20,17 @@ const QString& systemFamily() {
     return family;
 }
 
+const QString& emojiFamily() {
+    static const QString family = QStringLiteral("Noto Color Emoji");
+    return family;
+}
+
+// Coverage without colour fringes: the picture is not shown on one known kind of screen.
+QFont grey(QFont font) {
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}
+
 }  // namespace
 
 QFont systemFont(double size, QFont::Weight weight) {
@@ -29,6 +40,16 @@ QFont systemFont(double size, QFont::Weight weight) {
 QFont fontOrSystemFont(const QString& family, double size) {
     if (!family.isEmpty() && QFontDatabase::hasFamily(family)) return unhinted(QFont(family), size);
     return systemFont(size, QFont::Medium);
+}
+
+QFont writingFont(const QString& family, double size, QFont::Weight weight) {
+    const bool isInstalled = !family.isEmpty() && QFontDatabase::hasFamily(family);
+    QFont font(QStringList{isInstalled ? family : systemFamily(), emojiFamily()}, -1, weight);
+    return grey(unhinted(font, size));
+}
+
+QFont emojiFont(double size) {
+    return grey(unhinted(QFont(QStringList{emojiFamily(), systemFamily()}), size));
 }
 
 }  // namespace kestrio

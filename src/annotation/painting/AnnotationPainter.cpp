@@ -1,0 +1,79 @@
+#include "annotation/painting/AnnotationPainter.h"
+
+#include "annotation/painting/KindPainters.h"
+#include "annotation/painting/PaintArea.h"
+#include "core/Parallel.h"
+
+#include <cmath>
+
+namespace kestrio {
+
+namespace {
+
+// What lies further out is damage; Qt's rasteriser counts in fractions of pixels in 32 bits.
+constexpr double farthest = 1e6;
+
+bool isWithinReach(const QRectF& rect) {
+    const double edges[] = {rect.left(), rect.top(), rect.right(), rect.bottom()};
+    return std::all_of(std::begin(edges), std::end(edges),
+                       [](double edge) { return std::abs(edge) <= farthest; });
+}
+
+bool isPaintable(const AnyAnnotation& annotation, const AnnotationMapping& mapping) {
+    return isWithinReach(mapping.mapped(annotation.bounds())) &&
+           std::abs(annotation.strokeWidth() * mapping.strokeScale) <= farthest;
+}
+
+/// True where nothing of the record can touch the painter's pixels. Text may flow out of its box.
+bool isOutOfSight(const QPainter& painter, const AnyAnnotation& annotation,
+                  const AnnotationMapping& mapping) {
+    if (annotation.as<TextAnnotation>() || annotation.as<EmojiAnnotation>()) return false;
+    // Heads, ticks and labels, and the corners of turned records.
+    constexpr double furniture = 100;
+    const QRectF bounds = mapping.mapped(annotation.bounds()).normalized();
+    const double reach = std::hypot(bounds.width(), bounds.height()) / 2 +
+                         (furniture + 4 * std::abs(annotation.strokeWidth())) * mapping.strokeScale;
+    const QRectF around = QRectF(bounds.center(), QSizeF()).adjusted(-reach, -reach, reach, reach);
+    return !around.intersects(paintedPixels(painter));
+}
+
+struct RecordPainter {
+    QPainter& painter;
+    const AnnotationMapping& mapping;
+
+    void operator()(const BlurAnnotation&) const {}
+    template <typename Record>
+    void operator()(const Record& record) const {
+        paintRecord(painter, record, mapping);
+    }
+};
+
+}  // namespace
+
+void paintAnnotation(QPainter& painter, const AnyAnnotation& annotation,
+                     const AnnotationMapping& mapping) {
+    if (!isPaintable(annotation, mapping) || isOutOfSight(painter, annotation, mapping)) return;
+    painter.save();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
+    annotation.visit(RecordPainter{painter, mapping});
+    painter.restore();
+}
+
+void paintAnnotations(QImage& picture, std::span<const AnyAnnotation> annotations,
+                      const AnnotationMapping& mapping) {
+    if (picture.isNull() || annotations.empty()) return;
+    constexpr int leastRows = 256;
+    uchar* const pixels = picture.bits();
+    parallelBands(picture.height(), leastRows, [&](int first, int last) {
+        QImage band(pixels + first * picture.bytesPerLine(), picture.width(), last - first,
+                    picture.bytesPerLine(), picture.format());
+        QPainter painter(&band);
+        AnnotationMapping bandMapping = mapping;
+        bandMapping.origin.ry() -= first;
+        for (const AnyAnnotation& annotation : annotations)
+            paintAnnotation(painter, annotation, bandMapping);
+    });
+}
+
+}  // namespace kestrio
