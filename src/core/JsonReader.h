@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Error.h"
+#include "core/JsonObject.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,7 +11,7 @@
 namespace kestrio {
 
 /// A JSON value whose objects keep the order in which their keys were set.
-using JsonValue = nlohmann::ordered_json;
+using JsonValue = nlohmann::basic_json<JsonObject>;
 
 /// JSON that cannot be parsed, decoded or encoded. `path` leads to the value, as in
 /// "backdrop.effects.blur" or "[3].name", and is empty for the document itself.

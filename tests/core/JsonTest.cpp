@@ -1,6 +1,7 @@
 #include "core/Json.h"
 
 #include "core/CodableColor.h"
+#include "core/Stopwatch.h"
 
 #include <gtest/gtest.h>
 
@@ -85,6 +86,54 @@ TEST(Json, SyntaxErrorsTellLineAndColumn) {
     } catch (const JsonError& error) {
         EXPECT_TRUE(error.errorDescription().contains(QStringLiteral("line 2"))) << error.what();
     }
+}
+
+TEST(Json, ObjectsOfAnySizeKeepTheFirstPlaceAndTheLastValueOfAKey) {
+    const auto name = [](int i) { return std::string("k").append(std::to_string(i)); };
+    for (const int count : {3, 16, 17, 1000}) {
+        QByteArray text = "{";
+        for (int round = 0; round < 2; ++round) {
+            for (int i = 0; i < count; ++i) {
+                text += QStringLiteral("\"k%1\":%2,").arg((i * 7 + round) % count).arg(i).toUtf8();
+            }
+        }
+        text.back() = '}';
+        JsonValue object = parseJson(text);
+        ASSERT_EQ(object.size(), static_cast<std::size_t>(count));
+        int i = 0;
+        for (const auto& [key, value] : object.items()) {
+            EXPECT_EQ(key, name(i++ * 7 % count));
+            EXPECT_EQ((value.get<int>() * 7 + 1) % count, std::stoi(key.substr(1))) << count;
+        }
+        object.erase("k0");
+        EXPECT_FALSE(object.contains("k0"));
+        object["k0"] = "new";
+        EXPECT_EQ(std::prev(object.end()).key(), "k0");
+        for (i = 0; i < count; ++i)
+            EXPECT_EQ(object.find(name(i)).key(), name(i));
+    }
+}
+
+TEST(Json, ManyKeysInOneObjectTakeNoLongerThanInObjectsOfTheirOwn) {
+    QByteArray together = "{";
+    QByteArray apart = "[";
+    for (int i = 0; i < 60000; ++i) {
+        const QByteArray member = "\"key" + QByteArray::number(i) + "\":1";
+        together += member + ',';
+        apart += '{' + member + "},";
+    }
+    together.back() = '}';
+    apart.back() = ']';
+    const auto leastTime = [](const QByteArray& text) {
+        double least = INFINITY;
+        for (int round = 0; round < 3; ++round) {
+            Stopwatch watch;
+            EXPECT_EQ(parseJson(text).size(), 60000u);
+            least = std::min(least, watch.lap());
+        }
+        return least;
+    };
+    EXPECT_LT(leastTime(together), 8 * leastTime(apart));
 }
 
 TEST(Json, NumbersSurvive) {
