@@ -87,6 +87,15 @@ QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits) {
     throw ImageLoadError::unsupportedFormat();
 }
 
+QImage decodeImageOrNull(const std::optional<QByteArray>& bytes) {
+    if (!bytes) return {};
+    try {
+        return decodeImage(*bytes);
+    } catch (const ImageLoadError&) {
+        return {};
+    }
+}
+
 QByteArray readImageFile(const QString& path) {
     const QString shownPath = QDir::toNativeSeparators(path);
     if (QFileInfo(path).isDir()) {

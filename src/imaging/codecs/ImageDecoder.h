@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QString>
+#include <optional>
 
 #include "imaging/codecs/ImageLoadError.h"
 
@@ -21,6 +22,10 @@ struct DecodeLimits {
 /// format has no alpha, else ARGB32_Premultiplied. Colours are converted from an embedded profile
 /// to sRGB and the orientation that a camera noted is applied. Throws ImageLoadError.
 QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits = {});
+
+/// The same for what a style carries: a null picture where there are no bytes or none that can be
+/// decoded.
+QImage decodeImageOrNull(const std::optional<QByteArray>& bytes);
 
 /// The bytes of a file that should hold a picture. Throws ImageLoadError::unreadable, also for
 /// folders and for more than a gibibyte.

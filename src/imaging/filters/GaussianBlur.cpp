@@ -1,6 +1,7 @@
 #include "imaging/filters/GaussianBlur.h"
 
 #include <QColorSpace>
+#include <memory>
 
 #include "core/Parallel.h"
 #include "imaging/Image.h"
@@ -31,40 +32,81 @@ double cellSigma(double sigma, int step) {
 
 // The rows that the largest direct kernel needs fit the first-level cache at this width.
 constexpr int stripSamples = 1024;
+constexpr int tileRows = 272;
 
-void blurDirectly(const Plane<std::uint8_t>& plane, double sigma, const ByteTarget& target) {
+/// `target` is not what the plane shows.
+void blurDirectly(const Plane<std::uint8_t>& plane, double sigma, const PixelRegion& region,
+                  const ByteTarget& target) {
     const GaussianTaps taps = gaussianTaps(sigma, std::numeric_limits<int>::max());
     const GaussianKernel kernel{taps, taps};
     const int strip = stripSamples / plane.channels;
-    parallelBands(plane.height, 16, [&](int first, int last) {
-        for (int left = 0; left < plane.width; left += strip) {
-            const int width = std::min(strip, plane.width - left);
-            ConvolvedRows<std::uint8_t> convolved(plane, kernel, left, width, first);
-            for (int y = first; y < last; ++y) {
+    const std::vector<QRect> tiles = region.tiles({strip, strip, tileRows, taps.reach() / 2});
+    parallelBands(static_cast<int>(tiles.size()), 1, [&](int first, int last) {
+        for (int i = first; i < last; ++i) {
+            const QRect& tile = tiles[i];
+            ConvolvedRows<std::uint8_t> convolved(plane, kernel, tile.left(), tile.width(),
+                                                  tile.top());
+            for (int y = tile.top(); y <= tile.bottom(); ++y) {
                 roundToBytes(convolved.next(),
-                             target.bytes + y * target.stride + left * plane.channels,
-                             width * plane.channels);
+                             target.bytes + y * target.stride + tile.left() * plane.channels,
+                             tile.width() * plane.channels);
             }
         }
     });
 }
 
-void blurShrunken(const Plane<std::uint8_t>& plane, double sigma, int step,
-                  const ByteTarget& target) {
-    const TentGrid grid(plane, step);
-    const Plane<Fixed> cells = grid.cells();
-    const double inCells = cellSigma(sigma, step);
-    const GaussianKernel kernel{gaussianTaps(inCells, cells.width - 1),
-                                gaussianTaps(inCells, cells.height - 1)};
-    enlargeBySplines(cells, kernel, step, target);
+void copyPixels(const PixelRegion& region, const std::uint8_t* from, const ByteTarget& to) {
+    for (const PixelRegion::Band& band : region.bands()) {
+        for (int y = band.top; y < band.end; ++y) {
+            for (const PixelRegion::Run& run : band.runs) {
+                const std::ptrdiff_t start = y * to.stride + run.left * to.channels;
+                std::copy_n(from + start, (run.end - run.left) * to.channels, to.bytes + start);
+            }
+        }
+    }
 }
 
-void blur(const Plane<std::uint8_t>& plane, double sigma, const ByteTarget& target) {
+/// Direct convolution of a plane that is its own target goes through other memory; pages of it that
+/// nothing is written to cost nothing.
+void blurDirectlyInPlace(const Plane<std::uint8_t>& plane, double sigma, const PixelRegion& region,
+                         const ByteTarget& target) {
+    const auto blurred =
+        std::make_unique_for_overwrite<std::uint8_t[]>(target.stride * target.height);
+    ByteTarget aside = target;
+    aside.bytes = blurred.get();
+    blurDirectly(plane, sigma, region, aside);
+    copyPixels(region, blurred.get(), target);
+}
+
+PixelRegion grown(const PixelRegion& region, int columns, int rows, const QRect& limit) {
+    std::vector<QRect> rects = region.rects();
+    for (QRect& rect : rects)
+        rect = rect.adjusted(-columns, -rows, columns, rows);
+    return PixelRegion(rects, limit);
+}
+
+void blurShrunken(const Plane<std::uint8_t>& plane, double sigma, int step,
+                  const PixelRegion& region, const ByteTarget& target) {
+    const QRect cells = TentGrid::allCells(plane, step);
+    const double inCells = cellSigma(sigma, step);
+    const GaussianKernel kernel{gaussianTaps(inCells, cells.width() - 1),
+                                gaussianTaps(inCells, cells.height() - 1)};
+    const PixelRegion needed = grown(splineCells(region, step, cells), kernel.horizontal.reach(),
+                                     kernel.vertical.reach(), cells);
+    // All pixels are read before the first is written.
+    const TentGrid grid(plane, step, needed);
+    enlargeBySplines(grid.cells(), kernel, step, region, target);
+}
+
+void blur(const Plane<std::uint8_t>& plane, double sigma, const PixelRegion& region,
+          const ByteTarget& target) {
     const int step = shrinkStep(sigma);
-    if (step == 1) {
-        blurDirectly(plane, sigma, target);
+    if (step > 1) {
+        blurShrunken(plane, sigma, step, region, target);
+    } else if (plane.samples == target.bytes) {
+        blurDirectlyInPlace(plane, sigma, region, target);
     } else {
-        blurShrunken(plane, sigma, step, target);
+        blurDirectly(plane, sigma, region, target);
     }
 }
 
@@ -77,9 +119,12 @@ QImage unwrittenLike(const QImage& bitmap) {
     return fresh;
 }
 
-// Shrinking has read all pixels before the first is written; direct convolution has not.
-bool canWriteOverSource(double sigma) {
-    return shrinkStep(sigma) > 1;
+Plane<std::uint8_t> planeOf(const uchar* pixels, const QImage& bitmap) {
+    return {pixels, bitmap.bytesPerLine(), bitmap.width(), bitmap.height(), 4, Edge::extended};
+}
+
+ByteTarget targetOf(QImage& bitmap) {
+    return {bitmap.bits(), bitmap.bytesPerLine(), bitmap.width(), bitmap.height(), 4};
 }
 
 }  // namespace
@@ -89,24 +134,30 @@ void gaussianBlur(QImage& bitmap, double sigma) {
     bitmap = inCanonicalFormat(std::move(bitmap));
     const uchar* const pixels = bitmap.constBits();
     QImage source;
-    if (!canWriteOverSource(sigma) || !bitmap.isDetached()) {
+    if (shrinkStep(sigma) == 1 || !bitmap.isDetached()) {
         QImage fresh = unwrittenLike(bitmap);
         source = std::exchange(bitmap, std::move(fresh));
     }
-    const Plane<std::uint8_t> plane{pixels, bitmap.bytesPerLine(), bitmap.width(), bitmap.height(),
-                                    4,      Edge::extended};
-    blur(plane, sigma, {bitmap.bits(), bitmap.bytesPerLine(), bitmap.width(), bitmap.height(), 4});
+    const PixelRegion everything({bitmap.rect()}, bitmap.rect());
+    blur(planeOf(pixels, bitmap), sigma, everything, targetOf(bitmap));
+}
+
+void gaussianBlur(QImage& bitmap, double sigma, const PixelRegion& region) {
+    const PixelRegion inside = region.clipped(bitmap.rect());
+    if (inside.isEmpty() || !(sigma > 0)) return;
+    bitmap = inCanonicalFormat(std::move(bitmap));
+    const ByteTarget target = targetOf(bitmap);
+    blur(planeOf(target.bytes, bitmap), sigma, inside, target);
 }
 
 void gaussianBlur(Mask& mask, double sigma) {
     if (mask.isEmpty() || !(sigma > 0)) return;
     const QRect& bounds = mask.bounds();
     const int width = bounds.width(), height = bounds.height();
-    std::optional<Mask> copy;
-    if (!canWriteOverSource(sigma)) copy = mask;
-    const Mask& source = copy ? *copy : mask;
-    const Plane<std::uint8_t> plane{source.row(bounds.top()), width, width, height, 1, Edge::zero};
-    blur(plane, sigma, {mask.row(bounds.top()), width, width, height, 1});
+    const QRect all(0, 0, width, height);
+    std::uint8_t* const coverage = mask.row(bounds.top());
+    const Plane<std::uint8_t> plane{coverage, width, width, height, 1, Edge::zero};
+    blur(plane, sigma, PixelRegion({all}, all), {coverage, width, width, height, 1});
 }
 
 }  // namespace kestrio

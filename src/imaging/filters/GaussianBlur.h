@@ -3,6 +3,7 @@
 #include <QImage>
 
 #include "imaging/filters/Mask.h"
+#include "imaging/filters/PixelRegion.h"
 
 namespace kestrio {
 
@@ -18,7 +19,11 @@ namespace kestrio {
 /// "Splines: A Perfect Fit", 1999). The result lies within 2/255 of the exact Gaussian.
 void gaussianBlur(QImage& bitmap, double sigma);
 
-/// The same for coverage; outside the mask's bounds it counts as 0 and the bounds stay, so the
+/// Blurs only the pixels of `region` and reads only these and what the kernel reaches around them;
+/// each gets the very value that blurring the whole bitmap gives it. No other pixel changes.
+void gaussianBlur(QImage& bitmap, double sigma, const PixelRegion& region);
+
+/// Blurs coverage; outside the mask's bounds it counts as 0 and the bounds stay, so the
 /// caller makes room for about 3 sigma around the shape.
 void gaussianBlur(Mask& mask, double sigma);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/filters/ConvolvedRows.h"
+#include "imaging/filters/PixelRegion.h"
 
 namespace kestrio {
 
@@ -16,9 +17,13 @@ struct ByteTarget {
 /// The variance that enlarging adds to what it blurs, in squared cells.
 inline constexpr double splineVariance = 1.0 / 3;
 
+/// The convolved cells of a TentGrid of this step that the pixels of `region` are made of.
+PixelRegion splineCells(const PixelRegion& region, int step, const QRect& allCells);
+
 /// Convolves the cells of a TentGrid of this step and enlarges them back to its pixels by uniform
-/// cubic B-splines.
+/// cubic B-splines. Writes the pixels of `region` and reads the splineCells() under them with the
+/// cells that the kernel reaches around these.
 void enlargeBySplines(const Plane<Fixed>& cells, const GaussianKernel& kernel, int step,
-                      const ByteTarget& target);
+                      const PixelRegion& region, const ByteTarget& target);
 
 }  // namespace kestrio

@@ -11,6 +11,12 @@ namespace {
 
 constexpr int cellMargin = 4;
 
+// Processors fetch memory ahead along rows but not from row to row, which tells in narrow tiles.
+constexpr int prefetchedBytes = 4096, cacheLine = 64;
+
+// In pixels; wide tiles read memory in its order.
+constexpr int stripPixels = 64, widestTile = 8192, tileRows = 272;
+
 /// Adds a row to the running sum and the running sum to the sum of sums. After `step` rows x0, x1
 /// ... the first holds x0 + x1 + ..., the second step * x0 + (step - 1) * x1 + ...: a tent's
 /// falling half, and by subtraction its rising half, without a multiplication.
@@ -99,28 +105,37 @@ KESTRIO_SIMD void shrinkRow(const std::uint32_t* row, int channels, int step, Fi
     }
 }
 
-/// Shrinks a plane from top to bottom, one row of cells after the other.
+/// Shrinks some columns of a plane from top to bottom, one row of cells after the other.
 template <typename Sum>
 class Shrinker {
   public:
-    Shrinker(const Plane<std::uint8_t>& plane, int step, int cellColumns)
+    /// Cells are counted as the grid stores them: cell i joins the blocks i - 2 and i - 1.
+    Shrinker(const Plane<std::uint8_t>& plane, int step, int firstCell, int cellCount)
         : plane_(plane),
           step_(step),
-          cellColumns_(cellColumns),
-          padding_(2 * step * plane.channels),
-          sum_(plane.rowSamples()),
-          sumOfSums_(plane.rowSamples()),
-          rising_(plane.rowSamples()),
-          tents_(static_cast<std::size_t>(cellColumns + 1) * step * plane.channels) {}
+          cellCount_(cellCount),
+          firstPixel_(std::clamp((firstCell - 2) * step, 0, plane.width - 1)) {
+        const int start = (firstCell - 2) * step, end = start + (cellCount + 1) * step;
+        const int endPixel = std::clamp(end, firstPixel_ + 1, plane.width);
+        // Cells beyond the right edge still need the pixel that they repeat.
+        const int bufferStart = std::min(start, firstPixel_);
+        cellsStart_ = (start - bufferStart) * plane.channels;
+        pixelsStart_ = (firstPixel_ - bufferStart) * plane.channels;
+        samples_ = (endPixel - firstPixel_) * plane.channels;
+        sum_.resize(samples_);
+        sumOfSums_.resize(samples_);
+        rising_.resize(samples_);
+        tents_.resize(std::size_t(std::max(end, endPixel) - bufferStart) * plane.channels);
+    }
 
     /// Takes in the `step` rows of a block; writes the cells of the tent that ends in it.
     void addBlock(int block, Fixed* cells) {
         sumBlock(block);
-        joinHalves(sum_.data(), sumOfSums_.data(), rising_.data(), tents_.data() + padding_, step_,
-                   plane_.rowSamples());
+        joinHalves(sum_.data(), sumOfSums_.data(), rising_.data(), tents_.data() + pixelsStart_,
+                   step_, samples_);
         if (!cells) return;
         pad();
-        shrinkRow(tents_.data(), plane_.channels, step_, cells, cellColumns_);
+        shrinkRow(tents_.data() + cellsStart_, plane_.channels, step_, cells, cellCount_);
     }
 
   private:
@@ -131,58 +146,78 @@ class Shrinker {
             const std::int64_t y = std::int64_t(block) * step_ + k;
             const bool outside = y < 0 || y >= plane_.height;
             if (outside && plane_.edge == Edge::zero) {
-                for (int i = 0; i < plane_.rowSamples(); ++i) {
+                for (int i = 0; i < samples_; ++i) {
                     sumOfSums_[i] = static_cast<Sum>(sumOfSums_[i] + sum_[i]);
                 }
                 continue;
             }
             const auto inside = std::clamp<std::int64_t>(y, 0, plane_.height - 1);
-            addRow(plane_.samples + inside * plane_.stride, sum_.data(), sumOfSums_.data(),
-                   plane_.rowSamples());
+            if (samples_ < prefetchedBytes) prefetchRow(inside + step_);
+            addRow(plane_.samples + inside * plane_.stride + firstPixel_ * plane_.channels,
+                   sum_.data(), sumOfSums_.data(), samples_);
         }
+    }
+
+    void prefetchRow(std::int64_t y) const {
+        if (y >= plane_.height) return;
+        const auto* row = plane_.samples + y * plane_.stride + firstPixel_ * plane_.channels;
+        for (int i = 0; i < samples_; i += cacheLine)
+            __builtin_prefetch(row + i);
     }
 
     void pad() {
         if (plane_.edge == Edge::zero) return;
         const int channels = plane_.channels;
-        const std::size_t end = padding_ + plane_.rowSamples();
-        for (int i = 0; i < padding_; ++i)
-            tents_[i] = tents_[padding_ + i % channels];
-        for (std::size_t i = end; i < tents_.size(); ++i)
+        for (int i = 0; i < pixelsStart_; ++i)
+            tents_[i] = tents_[pixelsStart_ + i % channels];
+        for (std::size_t i = pixelsStart_ + samples_; i < tents_.size(); ++i)
             tents_[i] = tents_[i - channels];
     }
 
     const Plane<std::uint8_t>& plane_;
     const int step_;
-    const int cellColumns_;
-    const int padding_;
+    const int cellCount_;
+    const int firstPixel_;
+    /// Where in `tents_` the first cell's blocks and the first pixel begin.
+    int cellsStart_, pixelsStart_;
+    int samples_;
     std::vector<Sum> sum_, sumOfSums_, rising_, tents_;
 };
 
 template <typename Sum>
-void shrinkBand(const Plane<std::uint8_t>& plane, int step, const Plane<Fixed>& grid, Fixed* cells,
-                int first, int last) {
-    Shrinker<Sum> shrinker(plane, step, grid.width);
-    // The row of cells j, stored as row j + 1, joins the blocks j - 1 and j.
-    shrinker.addBlock(first - 2, nullptr);
-    for (int row = first; row < last; ++row) {
-        shrinker.addBlock(row - 1, cells + row * grid.stride);
+void shrinkTile(const Plane<std::uint8_t>& plane, int step, const Plane<Fixed>& grid, Fixed* cells,
+                const QRect& tile) {
+    Shrinker<Sum> shrinker(plane, step, tile.left(), tile.width());
+    shrinker.addBlock(tile.top() - 2, nullptr);
+    for (int row = tile.top(); row <= tile.bottom(); ++row) {
+        shrinker.addBlock(row - 1, cells + row * grid.stride + tile.left() * grid.channels);
     }
+}
+
+PixelRegion::Tiling tilingFor(int step) {
+    return {std::max(stripPixels / step, 1), std::max(widestTile / step, 1),
+            std::max(tileRows / step, 1), 1};
 }
 
 }  // namespace
 
-TentGrid::TentGrid(const Plane<std::uint8_t>& plane, int step)
+TentGrid::TentGrid(const Plane<std::uint8_t>& plane, int step, const PixelRegion& needed)
     : step_(step),
-      width_(plane.width / step + cellMargin),
-      height_(plane.height / step + cellMargin),
+      all_(allCells(plane, step)),
       channels_(plane.channels),
-      cells_(static_cast<std::size_t>(width_) * height_ * channels_) {
+      cells_(std::make_unique_for_overwrite<Fixed[]>(std::size_t(all_.width()) * all_.height() *
+                                                     channels_)) {
     // A tent's weights sum to step * step, which fits 16 bits up to 16.
-    const auto shrink = step <= 16 ? shrinkBand<std::uint16_t> : shrinkBand<std::uint32_t>;
-    parallelBands(height_, std::max(64 / step, 1), [&](int first, int last) {
-        shrink(plane, step, cells(), cells_.data(), first, last);
+    const auto shrink = step <= 16 ? shrinkTile<std::uint16_t> : shrinkTile<std::uint32_t>;
+    const std::vector<QRect> tiles = needed.tiles(tilingFor(step));
+    parallelBands(static_cast<int>(tiles.size()), 1, [&](int first, int last) {
+        for (int i = first; i < last; ++i)
+            shrink(plane, step, cells(), cells_.get(), tiles[i]);
     });
+}
+
+QRect TentGrid::allCells(const Plane<std::uint8_t>& plane, int step) {
+    return {0, 0, plane.width / step + cellMargin, plane.height / step + cellMargin};
 }
 
 double TentGrid::addedVariance(int step) {
@@ -190,8 +225,9 @@ double TentGrid::addedVariance(int step) {
 }
 
 Plane<Fixed> TentGrid::cells() const {
-    return {cells_.data(), std::ptrdiff_t(width_) * channels_, width_, height_, channels_,
-            Edge::extended};
+    return {cells_.get(), std::ptrdiff_t(all_.width()) * channels_,
+            all_.width(), all_.height(),
+            channels_,    Edge::extended};
 }
 
 }  // namespace kestrio

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <vector>
+#include <memory>
 
 #include "imaging/filters/ConvolvedRows.h"
+#include "imaging/filters/PixelRegion.h"
 
 namespace kestrio {
 
@@ -12,8 +13,13 @@ namespace kestrio {
 /// last cell see nothing but what lies beyond the edge, so extending the grid by them is exact.
 class TentGrid {
   public:
-    /// `step` is a power of two from 2 to largestStep.
-    TentGrid(const Plane<std::uint8_t>& plane, int step);
+    /// `step` is a power of two from 2 to largestStep. Only the cells of `needed` (counted as
+    /// cells() stores them) are made, from only those pixels that lie under them; the others hold
+    /// anything.
+    TentGrid(const Plane<std::uint8_t>& plane, int step, const PixelRegion& needed);
+
+    /// All cells as cells() stores them, from (0, 0) on.
+    static QRect allCells(const Plane<std::uint8_t>& plane, int step);
 
     static constexpr int largestStep = 4096;
 
@@ -26,8 +32,10 @@ class TentGrid {
 
   private:
     int step_;
-    int width_, height_, channels_;
-    std::vector<Fixed> cells_;
+    QRect all_;
+    int channels_;
+    /// Memory that nobody touches costs nothing, so cells that are not needed are left unwritten.
+    std::unique_ptr<Fixed[]> cells_;
 };
 
 }  // namespace kestrio

@@ -41,15 +41,6 @@ double clampedOpacity(const BackdropSettings& backdrop) {
     return clampedOr(backdrop.opacity, 0, 1);
 }
 
-QImage decodedImage(const BackdropSettings& backdrop) {
-    if (!backdrop.imageSettings || !backdrop.imageSettings->imageData) return {};
-    try {
-        return decodeImage(*backdrop.imageSettings->imageData);
-    } catch (const ImageLoadError&) {
-        return {};
-    }
-}
-
 }  // namespace
 
 QRectF placedImage(QSizeF image, const QRectF& area, ImageScaleFit fit) {
@@ -105,12 +96,12 @@ void BackdropRenderer::fill(QImage& bitmap, const BackdropSettings& backdrop, do
 
 void BackdropRenderer::fillWithImage(QImage& bitmap, const BackdropSettings& backdrop,
                                      double scale) const {
-    const QImage image = decodedImage(backdrop);
+    const ImageBackdropSettings settings = backdrop.imageSettings.value_or(ImageBackdropSettings());
+    const QImage image = decodeImageOrNull(settings.imageData);
     if (image.isNull()) {
         fillSolid(bitmap, missingFill);
         return;
     }
-    const ImageBackdropSettings& settings = *backdrop.imageSettings;
     bitmap.fill(Qt::transparent);
     ScaledDraw draw;
     draw.target = placedImage(image.size(), QRectF(bitmap.rect()), settings.scaleFit);

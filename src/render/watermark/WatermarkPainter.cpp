@@ -19,15 +19,6 @@ double boxWidth(double imageWidth, const WatermarkSettings& settings) {
     return imageWidth * clampedOr(settings.scale, 0, 0.5);
 }
 
-QImage decodedMark(const WatermarkSettings& settings) {
-    if (!settings.imageData) return {};
-    try {
-        return decodeImage(*settings.imageData);
-    } catch (const ImageLoadError&) {
-        return {};
-    }
-}
-
 double axisPlace(int alignment, double outer, double inner, double offset) {
     if (alignment < 0) return offset;
     return alignment == 0 ? (outer - inner) * 0.5 : outer - inner - offset;
@@ -62,7 +53,7 @@ Image paintText(Image image, const WatermarkSettings& settings, double opacity) 
 }
 
 Image paintImage(Image image, const WatermarkSettings& settings, double opacity) {
-    const QImage picture = decodedMark(settings);
+    const QImage picture = decodeImageOrNull(settings.imageData);
     const double width = boxWidth(image.pointSize().width(), settings);
     if (picture.isNull() || width <= 0) return image;
     const QSizeF mark(width, width * picture.height() / picture.width());
