@@ -1,8 +1,12 @@
 #include "Samples.h"
 
+#include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/editing/HitTest.h"
 
 #include <gtest/gtest.h>
+
+#include <QDir>
+#include <random>
 
 namespace kestrio {
 namespace {
@@ -70,6 +74,59 @@ TEST(HitTest, ReachesTenPointsAroundAndTurnsWithTheRecord) {
     EmojiAnnotation emoji{{}, {0, 0}, {}, 20};
     emoji.rotation = 45;
     EXPECT_TRUE(isHit(emoji, {19.5, 19.5})) << "emojis are hit in their upright frame";
+}
+
+TEST(HitTest, FindsTheSameAmongManyAsOneByOne) {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> place(0, 1000);
+    std::vector<AnyAnnotation> annotations;
+    for (int round = 0; round < 30; ++round) {
+        for (AnyAnnotation each : oneOfEach()) {
+            each.setBounds({place(random), place(random), place(random) / 5, place(random) / 20});
+            annotations.push_back(each);
+        }
+    }
+    AnnotationViewModel model(annotations);
+    const auto compare = [&] {
+        std::size_t found = 0;
+        for (int i = 0; i < 300; ++i) {
+            const QPointF point(place(random), place(random));
+            std::vector<AnyAnnotation> expected;
+            std::copy_if(model.annotations().rbegin(), model.annotations().rend(),
+                         std::back_inserter(expected),
+                         [&](const auto& each) { return isHit(each, point); });
+            EXPECT_EQ(model.annotationsAt(point), expected);
+            EXPECT_EQ(model.annotationAt(point),
+                      expected.empty() ? std::nullopt : std::optional(expected.front()));
+            found += expected.size();
+        }
+        EXPECT_GT(found, 100u);
+    };
+    compare();
+    model.deleteAnnotation(annotations[5].id());
+    AnyAnnotation moved = annotations[7];
+    moved.setBounds({0, 0, 900, 900});
+    model.updateAnnotation(moved);
+    model.bringToFront(annotations[3].id());
+    compare();
+    model.addAnnotation(RectangleAnnotation{QUuid::createUuid(), {100, 100, 800, 700}});
+    compare();
+}
+
+TEST(HitTest, FindsWhatFuzzingHadHidden) {
+    const QDir folder(QStringLiteral(KESTRIO_SOURCE_DIR "/tests/annotation/fuzzed"));
+    const QStringList names = folder.entryList(QDir::Files);
+    EXPECT_FALSE(names.isEmpty());
+    for (const QString& name : names) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const AnnotationViewModel model(decodeJsonText<std::vector<AnyAnnotation>>(file.readAll()));
+        for (const AnyAnnotation& annotation : model.annotations()) {
+            const QPointF center = annotation.bounds().center();
+            EXPECT_EQ(isHit(annotation, center), model.annotationAt(center).has_value())
+                << name.toStdString();
+        }
+    }
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 #include "annotation/drawing/BrushStrokeOptimizer.h"
 
+#include "annotation/drawing/ChordOutliers.h"
 #include "annotation/model/Geometry.h"
-
-#include <cmath>
 
 namespace kestrio {
 
@@ -41,28 +40,6 @@ struct Range {
     std::size_t first;
     std::size_t last;
 };
-
-struct Outlier {
-    std::size_t index;
-    double distance;
-};
-
-/// The interior point farthest from the line through the ends of the range, the first such.
-Outlier farthestFromLine(const Points& points, Range range) {
-    const QPointF start = points[range.first];
-    const QPointF along = points[range.last] - start;
-    const double length = std::hypot(along.x(), along.y());
-    Outlier farthest{range.first, -1};
-    for (std::size_t i = range.first + 1; i < range.last; ++i) {
-        const QPointF arm = points[i] - start;
-        // Left undivided by the length, and squared for a line without one, until it has won.
-        const double measure = length > 0 ? std::abs(along.x() * arm.y() - along.y() * arm.x())
-                                          : QPointF::dotProduct(arm, arm);
-        if (measure > farthest.distance) farthest = {i, measure};
-    }
-    farthest.distance = length > 0 ? farthest.distance / length : std::sqrt(farthest.distance);
-    return farthest;
-}
 
 }  // namespace
 
@@ -109,6 +86,7 @@ Points BrushStrokeOptimizer::smooth(const Points& points) {
 // A stack of its own instead of recursion: an adverse stroke splits once a point.
 Points BrushStrokeOptimizer::simplify(const Points& points, double tolerance) {
     if (points.size() < 3) return points;
+    ChordOutliers outliers(points);
     std::vector<bool> stays(points.size(), false);
     stays.front() = stays.back() = true;
     std::vector<Range> open = {{0, points.size() - 1}};
@@ -116,7 +94,7 @@ Points BrushStrokeOptimizer::simplify(const Points& points, double tolerance) {
         const Range range = open.back();
         open.pop_back();
         if (range.last - range.first < 2) continue;
-        const Outlier farthest = farthestFromLine(points, range);
+        const auto farthest = outliers.farthest(range.first, range.last);
         if (!(farthest.distance > tolerance)) continue;
         stays[farthest.index] = true;
         open.push_back({range.first, farthest.index});

@@ -110,16 +110,24 @@ std::optional<QRectF> AnnotationViewModel::selectionRect() const {
     return rectBetween(*selectionRectStart(), *selectionRectEnd());
 }
 
+std::optional<std::size_t> AnnotationViewModel::hitBefore(std::size_t end,
+                                                          const QPointF& point) const {
+    if (!hitIndex_) hitIndex_.emplace(annotations_);
+    auto candidate = hitIndex_->lastCandidate(point, end);
+    while (candidate && !isHit(annotations_[*candidate], point))
+        candidate = hitIndex_->lastCandidate(point, *candidate);
+    return candidate;
+}
+
 std::optional<AnyAnnotation> AnnotationViewModel::annotationAt(const QPointF& point) const {
-    const auto hit = std::find_if(annotations_.rbegin(), annotations_.rend(),
-                                  [&](const auto& each) { return isHit(each, point); });
-    return hit == annotations_.rend() ? std::nullopt : std::optional(*hit);
+    const auto topmost = hitBefore(annotations_.size(), point);
+    return topmost ? std::optional(annotations_[*topmost]) : std::nullopt;
 }
 
 std::vector<AnyAnnotation> AnnotationViewModel::annotationsAt(const QPointF& point) const {
     std::vector<AnyAnnotation> hit;
-    std::copy_if(annotations_.rbegin(), annotations_.rend(), std::back_inserter(hit),
-                 [&](const auto& each) { return isHit(each, point); });
+    for (auto i = hitBefore(annotations_.size(), point); i; i = hitBefore(*i, point))
+        hit.push_back(annotations_[*i]);
     return hit;
 }
 

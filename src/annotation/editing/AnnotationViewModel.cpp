@@ -32,6 +32,7 @@ AnyAnnotation* AnnotationViewModel::find(const QUuid& id) {
 }
 
 void AnnotationViewModel::appendRecord(const AnyAnnotation& annotation) {
+    hitIndex_.reset();
     annotations_.push_back(annotation);
     if (const auto* badge = annotation.as<NumberAnnotation>()) {
         if (badge->number >= nextNumber()) set_nextNumber(successor(badge->number));
@@ -40,6 +41,7 @@ void AnnotationViewModel::appendRecord(const AnyAnnotation& annotation) {
 }
 
 void AnnotationViewModel::removeRecord(const QUuid& id) {
+    hitIndex_.reset();
     if (std::erase_if(annotations_, [&](const auto& each) { return each.id() == id; }) == 0) return;
     if (selectedAnnotation_ && selectedAnnotation_->id() == id) setPrimary(std::nullopt);
     std::set<QUuid> selected = selectedAnnotations();
@@ -56,6 +58,7 @@ void AnnotationViewModel::addAnnotation(const AnyAnnotation& annotation) {
 void AnnotationViewModel::applyAnnotation(const AnyAnnotation& annotation) {
     AnyAnnotation* record = find(annotation.id());
     if (!record) return;
+    hitIndex_.reset();
     *record = annotation;
     if (selectedAnnotation_ && selectedAnnotation_->id() == annotation.id()) setPrimary(annotation);
     Q_EMIT annotationsChanged();
@@ -132,6 +135,7 @@ void AnnotationViewModel::setFillMode(FillMode mode) {
 void AnnotationViewModel::moveRecord(const QUuid& id, std::size_t toIndex) {
     const std::size_t from = indexOf(id);
     if (from >= annotations_.size()) return;
+    hitIndex_.reset();
     const auto at = [this](std::size_t i) {
         return annotations_.begin() + static_cast<std::ptrdiff_t>(i);
     };

@@ -4,6 +4,7 @@
 #include "annotation/drawing/BrushStrokeOptimizer.h"
 #include "annotation/editing/Alignment.h"
 #include "annotation/editing/AnnotationTool.h"
+#include "annotation/editing/HitIndex.h"
 #include "annotation/history/AnnotationHistoryService.h"
 
 #include <set>
@@ -177,6 +178,8 @@ class AnnotationViewModel : public QObject {
     std::size_t indexOf(const QUuid& id) const;
     bool isSelected(const QUuid& id) const { return selectedAnnotations().contains(id); }
     std::vector<AnyAnnotation> selectedRecords() const;
+    /// The topmost record at a point among those below the `end`-th.
+    std::optional<std::size_t> hitBefore(std::size_t end, const QPointF& point) const;
     void setPrimary(std::optional<AnyAnnotation> annotation);
     void appendRecord(const AnyAnnotation& annotation);
     void removeRecord(const QUuid& id);
@@ -189,6 +192,8 @@ class AnnotationViewModel : public QObject {
     void moveRecordsTo(const std::vector<AnyAnnotation>& records, const std::vector<QRectF>& rects);
 
     std::vector<AnyAnnotation> annotations_;
+    /// Of `annotations_` since they last changed; nothing until it is needed.
+    mutable std::optional<HitIndex> hitIndex_;
     std::optional<AnyAnnotation> selectedAnnotation_;
     std::optional<AnyAnnotation> hoveredAnnotation_;
     std::optional<AnyAnnotation> dragStartAnnotation_;

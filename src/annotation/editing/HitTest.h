@@ -8,6 +8,9 @@ namespace kestrio {
 /// which for a turned text or rectangle turn with it.
 bool isHit(const AnyAnnotation& annotation, const QPointF& point);
 
+/// An upright rectangle outside of which no point hits the annotation.
+QRectF hitBox(const AnyAnnotation& annotation);
+
 /// Whether an eraser of this radius (image points) touches what is painted of an annotation.
 bool isErased(const AnyAnnotation& annotation, const QPointF& point, double radius);
 
