@@ -113,7 +113,7 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
     }
 
     throwIfStopped(stop);
-    drawAnnotations(output, request.annotations, layout);
+    drawAnnotations(output, request.annotations, layout, stop);
 
     throwIfStopped(stop);
     output = turned(output, request.canvasState.transform.rotation);
