@@ -24,12 +24,17 @@ QThreadPool& bandPool() {
 // More bands than threads, so that a band on a busy core does not hold up the rest.
 constexpr int bandsPerThread = 4;
 
+// True while this thread works on a band. All threads are busy then, so bands within a band would
+// only cost hand-overs.
+thread_local bool isInBand = false;
+
 class BandRun {
   public:
     BandRun(int count, int bands, const std::function<void(int, int)>& work)
         : count_(count), bands_(bands), work_(work) {}
 
     void drain() {
+        isInBand = true;
         for (int band = next_++; band < bands_; band = next_++) {
             try {
                 work_(edge(band), edge(band + 1));
@@ -38,6 +43,7 @@ class BandRun {
                 if (!failure_) failure_ = std::current_exception();
             }
         }
+        isInBand = false;
     }
 
     void helperStarted() {
@@ -85,7 +91,7 @@ void parallelBands(int count, int minimumBand, const std::function<void(int, int
     if (count <= 0) return;
     const int threads = parallelThreads();
     const int bands = std::clamp(count / std::max(minimumBand, 1), 1, threads * bandsPerThread);
-    if (bands == 1 || threads == 1) {
+    if (bands == 1 || threads == 1 || isInBand) {
         work(0, count);
         return;
     }

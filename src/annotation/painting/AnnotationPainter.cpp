@@ -63,7 +63,8 @@ void paintAnnotation(QPainter& painter, const AnyAnnotation& annotation,
 void paintAnnotations(QImage& picture, std::span<const AnyAnnotation> annotations,
                       const AnnotationMapping& mapping) {
     if (picture.isNull() || annotations.empty()) return;
-    constexpr int leastRows = 256;
+    // Records on the edge of a band are laid out twice.
+    constexpr int leastRows = 512;
     uchar* const pixels = picture.bits();
     parallelBands(picture.height(), leastRows, [&](int first, int last) {
         QImage band(pixels + first * picture.bytesPerLine(), picture.width(), last - first,

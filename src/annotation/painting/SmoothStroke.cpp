@@ -8,7 +8,7 @@ namespace kestrio {
 namespace {
 
 // How far the segments may lie from the curve, in units of the points.
-constexpr double flatness = 0.1;
+constexpr double flatness = 0.2;
 
 double dot(const QPointF& a, const QPointF& b) {
     return QPointF::dotProduct(a, b);

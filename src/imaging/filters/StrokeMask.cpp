@@ -126,6 +126,8 @@ class StrokeRasteriser {
     void addEdge(const Capsule& capsule, int y, int first, int last) {
         std::uint8_t* const row = mask_.row(y) - mask_.bounds().left();
         for (int x = first; x < last; ++x) {
+            // Most of a segment's ends lie inside its neighbours.
+            if (row[x] == 255) continue;
             const double inside = radius_ + 0.5 - capsule.distance(x + 0.5, y + 0.5);
             // Pens thinner than a pixel are fainter instead.
             const double coverage = std::clamp(inside, 0.0, std::min(1.0, 2 * radius_));
