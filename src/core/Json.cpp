@@ -1,5 +1,7 @@
 #include "core/Json.h"
 
+#include "core/JsonText.h"
+
 #include <QStringDecoder>
 #include <cmath>
 #include <limits>
@@ -81,6 +83,7 @@ void JsonReader::fail(const QString& reason) const {
 }
 
 JsonValue parseJson(const QByteArray& text) {
+    if (auto value = parseJsonQuickly(text)) return *std::move(value);
     try {
         return JsonValue::parse(text.begin(), text.end());
     } catch (const nlohmann::json::parse_error& error) {

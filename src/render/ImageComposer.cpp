@@ -20,6 +20,7 @@ namespace {
 
 // What decoders accept too; more would ask for gigabytes for a typing error in a canvas size.
 constexpr qint64 mostPixels = 256LL * 1024 * 1024;
+constexpr int longestSide = 131072;
 
 constexpr double negligibleTurn = 0.0001;
 
@@ -47,6 +48,13 @@ QSize turnedSize(QSize size, double turn) {
 }
 
 void requirePossible(QSize pixels) {
+    if (std::max(pixels.width(), pixels.height()) > longestSide) {
+        throw ExportError::renderingFailed(
+            localised("the picture would have %1 x %2 pixels, at most %3 a side are possible")
+                .arg(pixels.width())
+                .arg(pixels.height())
+                .arg(longestSide));
+    }
     if (qint64(pixels.width()) * pixels.height() > mostPixels) {
         throw ExportError::renderingFailed(
             localised("the picture would have %1 x %2 pixels, at most 256 million are possible")

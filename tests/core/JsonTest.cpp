@@ -1,4 +1,5 @@
 #include "core/Json.h"
+#include "core/JsonText.h"
 
 #include "core/CodableColor.h"
 #include "core/Stopwatch.h"
@@ -134,6 +135,39 @@ TEST(Json, ManyKeysInOneObjectTakeNoLongerThanInObjectsOfTheirOwn) {
         return least;
     };
     EXPECT_LT(leastTime(together), 8 * leastTime(apart));
+}
+
+// The two parsers may only differ in speed.
+TEST(Json, TheQuickParserReadsWhatTheSlowOneReads) {
+    const char* const texts[] = {"0",
+                                 "-0",
+                                 "-0.0",
+                                 "7",
+                                 "-7",
+                                 "9223372036854775807",
+                                 "-9223372036854775808",
+                                 "18446744073709551615",
+                                 "1e3",
+                                 "0.1",
+                                 "5e-324",
+                                 "1.7976931348623157e308",
+                                 "true",
+                                 "null",
+                                 R"("")",
+                                 R"("\u00e9\ud83d\ude00 \n é")",
+                                 "[]",
+                                 "{}",
+                                 " [1, [2, {\"a\": [null]}]] ",
+                                 R"({"b": 1, "a": {"b": 2}, "b": 3})"};
+    for (const char* text : texts) {
+        const auto quick = parseJsonQuickly(text);
+        ASSERT_TRUE(quick) << text;
+        const auto slow = JsonValue::parse(text);
+        EXPECT_EQ(quick->dump(), slow.dump()) << text;
+        EXPECT_EQ(quick->type(), slow.type()) << text;
+    }
+    for (const char* text : {"", "[1,]", "{'a': 1}", "[01]", "nul", "\"\x01\"", "1 2", "[1e999]"})
+        EXPECT_FALSE(parseJsonQuickly(text)) << text;
 }
 
 TEST(Json, NumbersSurvive) {
