@@ -117,6 +117,16 @@ double overlap(int position, double start, double end) {
     return std::clamp(std::min(end, position + 1.0) - std::max<double>(start, position), 0.0, 1.0);
 }
 
+double lumaAt(const Picture& picture, int x, int y) {
+    return 0.0721 * picture.at(x, y, 0) + 0.7154 * picture.at(x, y, 1) +
+           0.2125 * picture.at(x, y, 2);
+}
+
+double lanczos(double x) {
+    const double angle = std::numbers::pi * x;
+    return std::abs(x) < 3 ? std::sin(angle) / angle * std::sin(angle / 3) / (angle / 3) : 0;
+}
+
 double widening(int sourceLength, double targetLength) {
     const double ratio = sourceLength / targetLength;
     return ratio > 1.1 ? std::min<double>(ratio, sourceLength) : 1.0;
@@ -141,10 +151,96 @@ Picture gaussianBlur(const Picture& picture, double sigma, Outside outside) {
 Picture adjustSaturation(const Picture& picture, double factor) {
     Picture result = picture;
     return forEach(result, [&](int x, int y, int c, double& sample) {
-        const double luma = 0.0721 * picture.at(x, y, 0) + 0.7154 * picture.at(x, y, 1) +
-                            0.2125 * picture.at(x, y, 2);
+        const double luma = lumaAt(picture, x, y);
         const double alpha = picture.at(x, y, 3);
         if (c < 3) sample = std::clamp(luma + (sample - luma) * factor, 0.0, alpha);
+    });
+}
+
+Picture mapTones(const Picture& picture, double slope, double offset) {
+    Picture result = picture;
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        const double alpha = picture.at(x, y, 3);
+        if (c < 3) sample = std::clamp(sample * slope + offset * alpha, 0.0, alpha);
+    });
+}
+
+Picture adjustVibrance(const Picture& picture, double amount) {
+    Picture result = picture;
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        const double* pixel = &picture.samples[(std::size_t(y) * picture.width + x) * 4];
+        const auto [least, most] = std::minmax_element(pixel, pixel + 3);
+        const double alpha = pixel[3];
+        if (c == 3 || alpha == 0) return;
+        const double factor = 1 + amount * (1 - (*most - *least) / alpha);
+        const double luma = lumaAt(picture, x, y);
+        sample = std::clamp(luma + (sample - luma) * factor, 0.0, alpha);
+    });
+}
+
+Picture sharpenLuminance(const Picture& picture, double sharpness, double threshold) {
+    const Picture blurred = gaussianBlur(picture, 1.5, Outside::edge);
+    Picture result = picture;
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        const double alpha = picture.at(x, y, 3);
+        if (c == 3 || alpha == 0) return;
+        const double expected = lumaAt(blurred, x, y) * alpha / blurred.at(x, y, 3);
+        const double detail = lumaAt(picture, x, y) - expected;
+        const double kept = std::max(std::abs(detail) - threshold * 255, 0.0) * sharpness;
+        sample = std::clamp(sample + std::copysign(kept, detail), 0.0, alpha);
+    });
+}
+
+Picture reduceNoise(const Picture& picture, double noiseLevel) {
+    Picture result = picture;
+    const auto weight = [&](int x, int y, int nearX, int nearY) {
+        const double share[] = {0.25, 0.5, 0.25, 1};
+        double square = 0;
+        for (int c = 0; c < 4; ++c) {
+            square +=
+                share[c] * std::pow(picture.clamped(nearX, nearY, c) - picture.at(x, y, c), 2.0);
+        }
+        return std::pow(std::max(1 - square / std::pow(noiseLevel * 255, 2.0), 0.0), 2.0);
+    };
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        if (c == 3) return;
+        double sum = 0, weights = 0;
+        for (int i = 0; i < 25; ++i) {
+            const int nearX = x - 2 + i % 5, nearY = y - 2 + i / 5;
+            sum += picture.clamped(nearX, nearY, c) * weight(x, y, nearX, nearY);
+            weights += weight(x, y, nearX, nearY);
+        }
+        sample = std::min(sum / weights, picture.at(x, y, 3));
+    });
+}
+
+Picture dissolveUpsideDown(const Picture& picture, double amount) {
+    Picture result = picture;
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        sample += (picture.at(x, picture.height - 1 - y, c) - sample) * amount;
+    });
+}
+
+Picture doubledByLanczos(const Picture& picture) {
+    Picture result(picture.width * 2, picture.height * 2, 4);
+    const auto centre = [](int place) { return (place + 0.5) / 2 - 0.5; };
+    forEach(result, [&](int x, int y, int c, double& sample) {
+        double weights = 0;
+        for (int row = y / 2 - 4; row <= y / 2 + 4; ++row) {
+            for (int column = x / 2 - 4; column <= x / 2 + 4; ++column) {
+                const double weight = lanczos(centre(x) - column) * lanczos(centre(y) - row);
+                sample += picture.clamped(column, row, c) * weight;
+                weights += weight;
+            }
+        }
+        sample /= weights;
+    });
+    // Alpha is limited first, the colours by it.
+    forEach(result, [](int, int, int c, double& sample) {
+        if (c == 3) sample = std::clamp(sample, 0.0, 255.0);
+    });
+    return forEach(result, [&](int x, int y, int c, double& sample) {
+        if (c < 3) sample = std::clamp(sample, 0.0, result.at(x, y, 3));
     });
 }
 

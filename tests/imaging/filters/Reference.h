@@ -33,6 +33,15 @@ Picture gaussianBlur(const Picture& picture, double sigma, Outside outside);
 
 Picture adjustSaturation(const Picture& picture, double factor);
 
+/// channel * slope + offset, of colours that are not premultiplied; 1 is the full range.
+Picture mapTones(const Picture& picture, double slope, double offset);
+Picture adjustVibrance(const Picture& picture, double amount);
+Picture sharpenLuminance(const Picture& picture, double sharpness, double threshold);
+Picture reduceNoise(const Picture& picture, double noiseLevel);
+/// Moved towards its own mirror image.
+Picture dissolveUpsideDown(const Picture& picture, double amount);
+Picture doubledByLanczos(const Picture& picture);
+
 /// `source` drawn over `destination`, scaled into `target`; the coverage of the pixels is the
 /// mask's where there is one, else their overlap with the target.
 Picture drawScaled(const Picture& destination, const Picture& source, const QRectF& target,
