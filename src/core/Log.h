@@ -8,4 +8,7 @@ namespace kestrio {
 /// what a command was asked for.
 void logLine(const char* name, const QString& message);
 
+/// Writes one line as it is.
+void logLine(const QString& line);
+
 }  // namespace kestrio

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 
 namespace kestrio {
 
@@ -11,10 +12,16 @@ class Pasteboard {
 
     /// Empties the clipboard.
     virtual void clearContents() = 0;
-    /// Puts a picture on it as the only content; false where the desktop refuses.
-    virtual bool writeImage(const QImage& image) = 0;
+    /// Puts a picture on it as the only content; false where the desktop refuses. `png` is the same
+    /// picture as a PNG file, so that whoever pastes need not wait for it to be encoded; it may be
+    /// empty.
+    virtual bool writeImage(const QImage& image, const QByteArray& png) = 0;
     /// The picture on it; null where there is none.
     virtual QImage readImage() const = 0;
+    /// Puts a text on it as the only content; false where the desktop refuses.
+    virtual bool writeText(const QString& text) = 0;
+    /// The text on it; empty where there is none.
+    virtual QString readText() const = 0;
 };
 
 }  // namespace kestrio

@@ -39,17 +39,17 @@ double CompositeLayout::scale() const {
 }
 
 double CompositeLayout::backdropScale() const {
-    return kestrio::backdropScale(canvasSize, outputSize);
+    return kestrio::backdropScale(canvasSize, outputSize, leastBackdropScale);
 }
 
 double CompositeLayout::titleBarHeight() const {
     return frameMetrics(frameStyle).titleBarHeight * std::max(frameScale, 0.0);
 }
 
-double backdropScale(QSizeF canvasSize, QSizeF pixels) {
+double backdropScale(QSizeF canvasSize, QSizeF pixels, double least) {
     return std::max(std::min(perPoint(pixels.width(), canvasSize.width()),
                              perPoint(pixels.height(), canvasSize.height())),
-                    1.0);
+                    least);
 }
 
 QPointF scaledPadding(const CompositeLayout& layout) {

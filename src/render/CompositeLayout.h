@@ -17,6 +17,7 @@ struct CompositeLayout {
     double padding = 0;  ///< points, 0 to 100
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;  ///< below 0 acts as 0
+    double leastBackdropScale = 1;
 
     /// True when all three sizes are finite and above 0 on both axes.
     bool isValid() const;
@@ -27,7 +28,7 @@ struct CompositeLayout {
     /// Output pixels a point across, the scale of everything on the screenshot.
     double scale() const;
 
-    /// Output pixels a point for what is drawn on the backdrop, at least 1.
+    /// Output pixels a point for what is drawn on the backdrop, at least leastBackdropScale.
     double backdropScale() const;
 
     /// The frame's title bar in points, scaled by frameScale.
@@ -35,8 +36,9 @@ struct CompositeLayout {
 };
 
 /// The size of a rendered backdrop's points in pixels, for a canvas of `canvasSize` points on
-/// `pixels`: the smaller axis' quotient, at least 1. A canvas of a point or less counts as one.
-double backdropScale(QSizeF canvasSize, QSizeF pixels);
+/// `pixels`: the smaller axis' quotient, at least `least`. A canvas of a point or less counts as
+/// one.
+double backdropScale(QSizeF canvasSize, QSizeF pixels, double least = 1);
 
 /// Where the screenshot stands, in output pixels: as large as padding and title bar allow, in its
 /// own aspect ratio, the pair of title bar and screenshot centred. Empty at the origin where

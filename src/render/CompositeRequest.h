@@ -18,6 +18,9 @@ struct CompositeRequest {
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;
     CanvasState canvasState;
+    /// Output pixels a point of the canvas, above 0; the screenshot's own density unless given. A
+    /// canvas on the screen shows the picture smaller than it is exported, patterns and all.
+    std::optional<double> outputScale;
     std::optional<WatermarkSettings> watermark;
     /// From the lowest to the topmost. Blurs in points of the screenshot, all others in points of
     /// the canvas.

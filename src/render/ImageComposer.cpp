@@ -74,7 +74,8 @@ void requirePossible(const CompositeLayout& layout, double rotation) {
 CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDensity) {
     CompositeLayout layout;
     layout.canvasSize = request.canvasState.canvasSize;
-    layout.outputSize = layout.canvasSize * pixelDensity;
+    layout.outputSize = layout.canvasSize * request.outputScale.value_or(pixelDensity);
+    if (request.outputScale) layout.leastBackdropScale = 0;
     layout.imageSize = request.screenshot.pointSize();
     layout.padding = clampedOr(request.backdrop.padding, 0, 100);
     layout.frameStyle = request.frameStyle;

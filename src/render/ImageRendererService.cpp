@@ -52,9 +52,13 @@ Task<SavedFile> ImageRendererService::saveImage(Image image, QString path, Expor
     co_return co_await saved;
 }
 
-void ImageRendererService::copyToClipboard(const Image& image) {
-    pasteboard_->clearContents();
-    if (!pasteboard_->writeImage(image.bitmap())) throw ExportError::clipboardFailed();
+Task<> ImageRendererService::copyToClipboard(Image image) {
+    const auto pasteboard = pasteboard_;
+    auto work = [bitmap = image.bitmap()] { return encodeImage(bitmap, ExportFormat::png, {}); };
+    const auto encoded = runInBackground(std::move(work));
+    const QByteArray png = co_await encoded;
+    pasteboard->clearContents();
+    if (!pasteboard->writeImage(image.bitmap(), png)) throw ExportError::clipboardFailed();
 }
 
 }  // namespace kestrio

@@ -43,8 +43,8 @@ class ImageRendererServiceProtocol {
     virtual Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
                                       EncodeHooks hooks = {}) = 0;
 
-    /// Replaces what is on the clipboard. Throws ExportError::clipboardFailed. Main thread.
-    virtual void copyToClipboard(const Image& image) = 0;
+    /// Encodes, then replaces what is on the clipboard. Throws ExportError::clipboardFailed.
+    virtual Task<> copyToClipboard(Image image) = 0;
 };
 
 /// The renderer on the real composer, encoders and clipboard.
@@ -59,7 +59,7 @@ class ImageRendererService : public ImageRendererServiceProtocol {
     Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) override;
     Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
                               EncodeHooks hooks = {}) override;
-    void copyToClipboard(const Image& image) override;
+    Task<> copyToClipboard(Image image) override;
 
   private:
     std::shared_ptr<ImageComposer> composer_;

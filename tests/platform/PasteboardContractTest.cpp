@@ -25,11 +25,25 @@ TEST_P(PasteboardContract, HoldsTheLastPictureUntilItIsCleared) {
     picture.fill(qRgba(10, 20, 30, 128));
     pasteboard->clearContents();
     EXPECT_TRUE(pasteboard->readImage().isNull());
-    ASSERT_TRUE(pasteboard->writeImage(picture));
+    ASSERT_TRUE(pasteboard->writeImage(picture, {}));
     EXPECT_EQ(pasteboard->readImage().convertToFormat(picture.format()), picture);
-    EXPECT_FALSE(pasteboard->writeImage(QImage()));
+    EXPECT_FALSE(pasteboard->writeImage(QImage(), {}));
     pasteboard->clearContents();
     EXPECT_TRUE(pasteboard->readImage().isNull());
+}
+
+TEST_P(PasteboardContract, TextsAndPicturesTakeEachOthersPlace) {
+    const auto pasteboard = GetParam().make();
+    const QString text = QStringLiteral("rgb(1, 2, 3) \u00e9\u6f22");
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(pasteboard->writeImage(picture, {}));
+    EXPECT_EQ(pasteboard->readText(), QString());
+    ASSERT_TRUE(pasteboard->writeText(text));
+    EXPECT_EQ(pasteboard->readText(), text);
+    EXPECT_TRUE(pasteboard->readImage().isNull());
+    pasteboard->clearContents();
+    EXPECT_EQ(pasteboard->readText(), QString());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),

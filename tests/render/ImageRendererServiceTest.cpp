@@ -76,11 +76,11 @@ TEST_F(Renderer, WriteFailuresNameTheFileAndStopsWriteNothing) {
 
 TEST_F(Renderer, CopiesOrSaysThatItCouldNot) {
     const Image image(testScreenshot());
-    service->copyToClipboard(image);
+    runUntilDone(service->copyToClipboard(image));
     EXPECT_EQ(pasteboard->readImage(), image.bitmap());
     EXPECT_EQ(pasteboard->clearCount, 1);
     pasteboard->refusesImages = true;
-    EXPECT_THROW(service->copyToClipboard(image), ExportError);
+    EXPECT_THROW(runUntilDone(service->copyToClipboard(image)), ExportError);
 }
 
 TEST(ExportError, MessagesAreTheAgreedOnes) {

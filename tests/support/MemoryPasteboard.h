@@ -4,27 +4,41 @@
 
 namespace kestrio {
 
-/// A clipboard in memory that records what is done to it and refuses pictures when told to.
+/// A clipboard in memory that records what is done to it and refuses pictures or texts
+/// when told to.
 class MemoryPasteboard : public Pasteboard {
   public:
     bool refusesImages = false;
+    bool refusesText = false;
     int clearCount = 0;
 
     void clearContents() override {
         ++clearCount;
         image_ = {};
+        text_.clear();
     }
 
-    bool writeImage(const QImage& image) override {
+    bool writeImage(const QImage& image, const QByteArray&) override {
         if (refusesImages || image.isNull()) return false;
         image_ = image;
+        text_.clear();
         return true;
     }
 
     QImage readImage() const override { return image_; }
 
+    bool writeText(const QString& text) override {
+        if (refusesText) return false;
+        text_ = text;
+        image_ = {};
+        return true;
+    }
+
+    QString readText() const override { return text_; }
+
   private:
     QImage image_;
+    QString text_;
 };
 
 }  // namespace kestrio

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 
 namespace kestrio {
 
@@ -9,15 +10,28 @@ void QtPasteboard::clearContents() {
     QGuiApplication::clipboard()->clear();
 }
 
-bool QtPasteboard::writeImage(const QImage& image) {
+bool QtPasteboard::writeImage(const QImage& image, const QByteArray& png) {
     if (image.isNull()) return false;
+    auto* content = new QMimeData;
+    content->setImageData(image);
+    if (!png.isEmpty()) content->setData(QStringLiteral("image/png"), png);
     QClipboard* clipboard = QGuiApplication::clipboard();
-    clipboard->setImage(image);
+    clipboard->setMimeData(content);
     return clipboard->ownsClipboard();
 }
 
 QImage QtPasteboard::readImage() const {
     return QGuiApplication::clipboard()->image();
+}
+
+bool QtPasteboard::writeText(const QString& text) {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setText(text);
+    return clipboard->ownsClipboard();
+}
+
+QString QtPasteboard::readText() const {
+    return QGuiApplication::clipboard()->text();
 }
 
 }  // namespace kestrio

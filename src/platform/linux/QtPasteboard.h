@@ -8,8 +8,10 @@ namespace kestrio {
 class QtPasteboard : public Pasteboard {
   public:
     void clearContents() override;
-    bool writeImage(const QImage& image) override;
+    bool writeImage(const QImage& image, const QByteArray& png) override;
     QImage readImage() const override;
+    bool writeText(const QString& text) override;
+    QString readText() const override;
 };
 
 }  // namespace kestrio
