@@ -12,6 +12,7 @@ pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp libwebpdemux)
 pkg_check_modules(JPEG REQUIRED IMPORTED_TARGET libjpeg)
 
 if(NOT KESTRIO_FUZZ)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Qml Quick)
   find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
   find_package(GTest REQUIRED)
   find_package(benchmark REQUIRED)

@@ -2,10 +2,11 @@
 # every source below the current folder. Naming the rooms it may include in LINKS is what puts them
 # on its include path. COROUTINES names the sources that need the coroutine library; the fuzzers'
 # Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them, and only rooms that a
-# fuzzer links are built.
+# fuzzer links are built. A folder views/ has a target of its own, kestrio_views().
 function(kestrio_room name)
   cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS;COROUTINES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
+  list(FILTER sources EXCLUDE REGEX "/views/")
   if(KESTRIO_FUZZ)
     list(TRANSFORM ROOM_COROUTINES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
     list(REMOVE_ITEM sources ${ROOM_COROUTINES})
@@ -15,6 +16,32 @@ function(kestrio_room name)
   target_link_libraries(kestrio_${name} PUBLIC kestrio_common ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
   target_precompile_headers(kestrio_${name} REUSE_FROM kestrio_pch)
   set_target_properties(kestrio_${name} PROPERTIES EXCLUDE_FROM_ALL "${KESTRIO_FUZZ}")
+endfunction()
+
+# kestrio_views(<room> [LINKS <target>...]): the library kestrio_<room>_views from the room's folder
+# views/, with the QML module Kestrio.<Room> from views/qml/.
+function(kestrio_views name)
+  cmake_parse_arguments(PARSE_ARGV 1 VIEWS "" "" "LINKS")
+  file(GLOB sources CONFIGURE_DEPENDS views/*.cpp views/*.h)
+  file(GLOB qml_files RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS views/qml/*.qml)
+  file(GLOB icons RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS views/qml/icons/*.svg)
+  foreach(file IN LISTS qml_files icons)
+    string(REPLACE "views/" "" alias "${file}")
+    set_source_files_properties("${file}" PROPERTIES QT_RESOURCE_ALIAS "${alias}")
+  endforeach()
+  set_source_files_properties(views/qml/Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+  string(SUBSTRING "${name}" 0 1 initial)
+  string(TOUPPER "${initial}" initial)
+  string(SUBSTRING "${name}" 1 -1 rest)
+  add_library(kestrio_${name}_views STATIC ${sources})
+  qt_add_qml_module(kestrio_${name}_views URI Kestrio.${initial}${rest} VERSION 1.0 NO_PLUGIN
+                    OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Kestrio/${initial}${rest}"
+                    RESOURCE_PREFIX /qt/qml QML_FILES ${qml_files} RESOURCES ${icons})
+  target_include_directories(kestrio_${name}_views PUBLIC ${PROJECT_SOURCE_DIR}/src PRIVATE views)
+  target_link_libraries(kestrio_${name}_views PUBLIC kestrio_${name} Qt6::Quick ${VIEWS_LINKS})
+  # What the QML compiler writes shadows its own parameters.
+  target_compile_options(kestrio_${name}_views PRIVATE -Wno-shadow)
+  target_precompile_headers(kestrio_${name}_views REUSE_FROM kestrio_pch)
 endfunction()
 
 # kestrio_test(<room> [ON_X_SERVER] LINKS <target>...): one GoogleTest program from tests/<room>/. Each

@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     // Qt would take options of ours for its own, such as --style.
     int ownCount = 1;
     // Verbs that open no window work without a display, and start faster without asking for one.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!kestrio::needsDisplay(arguments)) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(ownCount, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrio"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTRIO_VERSION));

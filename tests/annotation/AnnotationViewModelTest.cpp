@@ -82,6 +82,29 @@ TEST(AnnotationEditing, AnUndoneDeleteComesBackOnTop) {
     EXPECT_TRUE(model.annotations().empty());
 }
 
+TEST(AnnotationEditing, AnotherListLeavesNothingOfTheOldOneBehind) {
+    AnnotationViewModel model(oneOfEach());
+    model.selectAll();
+    model.set_hoveredAnnotation(model.annotations().front());
+    model.beginDrag();
+    model.dragTo({5, 5});
+    model.startDrawing({1, 1});
+    EXPECT_TRUE(model.annotationAt({30, 40})) << "the badge";
+    bool isTold = false;
+    QObject::connect(&model, &AnnotationViewModel::annotationsChanged, [&] { isTold = true; });
+    const AnyAnnotation badge = NumberAnnotation{QUuid::createUuid(), {500, 500}, 7, {}, 30, 0};
+    model.setAnnotations({badge});
+    EXPECT_TRUE(isTold);
+    EXPECT_EQ(model.annotations(), std::vector{badge});
+    EXPECT_EQ(model.nextNumber(), 8);
+    EXPECT_FALSE(model.selectedAnnotation() || model.hoveredAnnotation());
+    EXPECT_TRUE(model.selectedAnnotations().empty());
+    EXPECT_FALSE(model.isDrawing() || model.isDraggingAnnotation() || model.dragStartAnnotation());
+    EXPECT_FALSE(model.historyService().canUndo());
+    EXPECT_EQ(model.annotationAt({500, 500}), badge);
+    EXPECT_FALSE(model.annotationAt({30, 40}));
+}
+
 TEST(AnnotationEditing, SelectionByRectangleAndByCycling) {
     const AnyAnnotation line = BrushAnnotation{QUuid::createUuid(), {{10, 50}, {60, 50}}, {}, 2};
     const std::vector<AnyAnnotation> start = {box({0, 0, 40, 40}), box({10, 10, 40, 40}),

@@ -46,6 +46,10 @@ TEST(AnnotationHistory, KeepsTheNewestFifty) {
     history.record(step(99));
     EXPECT_FALSE(history.canRedo());
     EXPECT_EQ(numbersOf(history.undoStack()), (std::vector{2, 99}));
+    history.popForUndo();
+    history.clear();
+    EXPECT_FALSE(history.canUndo() || history.canRedo());
+    EXPECT_FALSE(history.popForUndo() || history.popForRedo());
 }
 
 TEST(AnnotationHistory, GivesWayUnderMemoryPressure) {
@@ -108,6 +112,10 @@ TEST(HistoryManager, WalksBetweenWholeStates) {
     EXPECT_TRUE(history.canUndo());
     history.cleanUp();
     EXPECT_FALSE(history.canUndo() || history.canRedo());
+    history.record(7);
+    history.clear();
+    history.record(8);
+    EXPECT_FALSE(history.canUndo() || history.canRedo()) << "nothing is left below the first";
     EXPECT_EQ(HistoryManager<int>(1000).maxHistorySize(), 100u);
 }
 

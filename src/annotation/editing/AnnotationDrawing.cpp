@@ -24,12 +24,28 @@ void AnnotationViewModel::continueDrawing(const QPointF& point) {
     Q_EMIT currentDrawingTimestampsChanged();
 }
 
+DrawnGesture AnnotationViewModel::drawnGesture() const {
+    return {*drawingStartPoint(),       *drawingEndPoint(), currentDrawingPoints(),
+            currentDrawingTimestamps(), toolSettings(),     nextNumber()};
+}
+
+std::optional<AnyAnnotation> AnnotationViewModel::recordBeingDrawn() const {
+    if (!isDrawing() || !drawingStartPoint() || !drawingEndPoint()) return std::nullopt;
+    const AnnotationToolInfo& info = annotationToolInfo(currentTool());
+    DrawnGesture gesture = drawnGesture();
+    if (!info.isFreehand) return info.make(gesture);
+    // Two points make the pen; thinning the whole way at every move would cost more than drawing.
+    std::vector<QPointF> points = std::move(gesture.points);
+    gesture.points = {gesture.start, gesture.end};
+    gesture.timestamps.clear();
+    auto stroke = info.make(gesture);
+    if (stroke) stroke->as<BrushAnnotation>()->points = std::move(points);
+    return stroke;
+}
+
 void AnnotationViewModel::finishDrawing() {
     if (isDrawing() && drawingStartPoint() && drawingEndPoint()) {
-        const DrawnGesture gesture{*drawingStartPoint(),   *drawingEndPoint(),
-                                   currentDrawingPoints(), currentDrawingTimestamps(),
-                                   toolSettings(),         nextNumber()};
-        if (const auto made = annotationToolInfo(currentTool()).make(gesture)) {
+        if (const auto made = annotationToolInfo(currentTool()).make(drawnGesture())) {
             finishNewAnnotation(*made);
         }
     }

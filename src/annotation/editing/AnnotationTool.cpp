@@ -108,17 +108,26 @@ Made makeBlur(const DrawnGesture& drawn) {
 }
 
 constexpr std::array<AnnotationToolInfo, 11> tools = {{
-    {AnnotationTool::select, "Select", Qt::ArrowCursor, false, makeNothing},
-    {AnnotationTool::arrow, "Arrow", Qt::CrossCursor, false, makeArrow},
-    {AnnotationTool::measurement, "Measurement", Qt::CrossCursor, false, makeMeasurement},
-    {AnnotationTool::rectangle, "Rectangle", Qt::CrossCursor, false, makeRectangle},
-    {AnnotationTool::circle, "Circle", Qt::CrossCursor, false, makeCircle},
-    {AnnotationTool::text, "Text", Qt::IBeamCursor, false, makeText},
-    {AnnotationTool::number, "Number", Qt::CrossCursor, false, makeNumber},
-    {AnnotationTool::brush, "Brush", Qt::CrossCursor, true, makeBrush},
-    {AnnotationTool::highlighter, "Highlighter", Qt::CrossCursor, true, makeHighlighter},
-    {AnnotationTool::blur, "Blur", Qt::CrossCursor, false, makeBlur},
-    {AnnotationTool::eraser, "Eraser", Qt::CrossCursor, false, makeNothing},
+    {AnnotationTool::select, "Select", 'v', "Select and move annotations", Qt::ArrowCursor, false,
+     makeNothing},
+    {AnnotationTool::arrow, "Arrow", 'a', "Draw arrows to point at things", Qt::CrossCursor, false,
+     makeArrow},
+    {AnnotationTool::measurement, "Measurement", 'm', "Measure pixel distances", Qt::CrossCursor,
+     false, makeMeasurement},
+    {AnnotationTool::rectangle, "Rectangle", 'r', "Draw rectangles and squares", Qt::CrossCursor,
+     false, makeRectangle},
+    {AnnotationTool::circle, "Circle", 'o', "Draw circles and ovals", Qt::CrossCursor, false,
+     makeCircle},
+    {AnnotationTool::text, "Text", 't', "Add text annotations", Qt::IBeamCursor, false, makeText},
+    {AnnotationTool::number, "Number", 'n', "Add numbered markers", Qt::CrossCursor, false,
+     makeNumber},
+    {AnnotationTool::brush, "Brush", 'b', "Freehand drawing", Qt::CrossCursor, true, makeBrush},
+    {AnnotationTool::highlighter, "Highlighter", 'h', "Highlight areas with transparency",
+     Qt::CrossCursor, true, makeHighlighter},
+    {AnnotationTool::blur, "Blur", 'u', "Blur sensitive information", Qt::CrossCursor, false,
+     makeBlur},
+    {AnnotationTool::eraser, "Eraser", 'e', "Erase annotations", Qt::CrossCursor, false,
+     makeNothing},
 }};
 
 static_assert(
@@ -138,6 +147,13 @@ const std::array<AnnotationToolInfo, 11>& annotationTools() {
 
 const AnnotationToolInfo& annotationToolInfo(AnnotationTool tool) {
     return tools[static_cast<std::size_t>(tool)];
+}
+
+std::optional<AnnotationTool> annotationToolOfKey(QChar key) {
+    const auto found = std::ranges::find(tools, key.toLower(), [](const AnnotationToolInfo& info) {
+        return QChar::fromLatin1(info.key);
+    });
+    return found == tools.end() ? std::nullopt : std::optional(found->tool);
 }
 
 QString displayName(AnnotationTool tool) {

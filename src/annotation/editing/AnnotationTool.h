@@ -32,7 +32,9 @@ struct DrawnGesture {
 /// Everything that tells one tool from another.
 struct AnnotationToolInfo {
     AnnotationTool tool;
-    const char* name;  ///< English
+    const char* name;         ///< English
+    char key;                 ///< lower case; chooses the tool while annotating
+    const char* description;  ///< English, what it is for in a few words
     Qt::CursorShape pointer;
     bool isFreehand;  ///< every point of the way counts
     /// The record that a finished gesture makes, or none where it is refused.
@@ -42,6 +44,8 @@ struct AnnotationToolInfo {
 /// All tools in display order.
 const std::array<AnnotationToolInfo, 11>& annotationTools();
 const AnnotationToolInfo& annotationToolInfo(AnnotationTool tool);
+/// The tool that a key chooses, whatever its case, or none.
+std::optional<AnnotationTool> annotationToolOfKey(QChar key);
 /// In the user's language.
 QString displayName(AnnotationTool tool);
 

@@ -50,6 +50,25 @@ void AnnotationViewModel::removeRecord(const QUuid& id) {
     Q_EMIT annotationsChanged();
 }
 
+void AnnotationViewModel::setAnnotations(std::vector<AnyAnnotation> annotations) {
+    // The selection goes first, so that ending a drag records nothing.
+    set_selectedAnnotations({});
+    setPrimary(std::nullopt);
+    set_hoveredAnnotation(std::nullopt);
+    endDrag();
+    clearDrawingState();
+    set_isErasing(false);
+    set_activeAlignmentGuides({});
+    set_isSelectionRectActive(false);
+    set_isTextEditing(false);
+    set_newlyCreatedTextAnnotationId(std::nullopt);
+    cancelNumberEdit();
+    hitIndex_.reset();
+    annotations_ = std::move(annotations);
+    recomputeNextNumber();
+    Q_EMIT annotationsChanged();
+}
+
 void AnnotationViewModel::addAnnotation(const AnyAnnotation& annotation) {
     appendRecord(annotation);
     historyService_.record({AddOperation{annotation}});

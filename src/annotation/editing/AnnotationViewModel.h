@@ -90,6 +90,9 @@ class AnnotationViewModel : public QObject {
 
     // Changing and recording.
 
+    /// Replaces the whole list, as when another document is shown: nothing is selected, hovered
+    /// over, drawn or dragged any more. The steps of undo stay as they are.
+    void setAnnotations(std::vector<AnyAnnotation> annotations);
     void addAnnotation(const AnyAnnotation& annotation);
     /// Replaces the record of the same id and leaves no step of undo.
     void applyAnnotation(const AnyAnnotation& annotation);
@@ -135,6 +138,9 @@ class AnnotationViewModel : public QObject {
     void startDrawing(const QPointF& point);
     void continueDrawing(const QPointF& point);
     void finishDrawing();
+    /// What is being drawn as the record that it would become now; a stroke with all of its raw
+    /// points. Nothing where nothing is drawn, or too little.
+    std::optional<AnyAnnotation> recordBeingDrawn() const;
     void clearDrawingState();
     /// A box of the usual size, for a click.
     void addTextAnnotation(const QPointF& at);
@@ -188,6 +194,7 @@ class AnnotationViewModel : public QObject {
     void undoOperation(const AnnotationOperation& operation);
     void redoOperation(const AnnotationOperation& operation);
     void changeSelection(const Change& change);
+    DrawnGesture drawnGesture() const;
     void finishNewAnnotation(const AnyAnnotation& annotation);
     void moveRecordsTo(const std::vector<AnyAnnotation>& records, const std::vector<QRectF>& rects);
 

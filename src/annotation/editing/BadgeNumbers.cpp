@@ -26,14 +26,19 @@ std::vector<NumberAnnotation> renumbered(const std::vector<AnyAnnotation>& annot
     return changed;
 }
 
-std::optional<qint64> positiveInteger(const QString& text) {
+std::optional<qint64> wholeNumber(const QString& text) {
     QStringView digits = text;
     if (digits.startsWith(u'+') || digits.startsWith(u'-')) digits = digits.mid(1);
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
     if (digits.isEmpty() || !std::ranges::all_of(digits, isDigit)) return std::nullopt;
     bool isInRange = false;
     const qint64 value = text.toLongLong(&isInRange);
-    return isInRange && value > 0 ? std::optional(value) : std::nullopt;
+    return isInRange ? std::optional(value) : std::nullopt;
+}
+
+std::optional<qint64> positiveInteger(const QString& text) {
+    const auto number = wholeNumber(text);
+    return number && *number > 0 ? number : std::nullopt;
 }
 
 }  // namespace kestrio

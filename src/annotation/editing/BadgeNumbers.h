@@ -16,7 +16,9 @@ constexpr qint64 successor(qint64 number) {
 std::vector<NumberAnnotation> renumbered(const std::vector<AnyAnnotation>& annotations,
                                          const std::optional<QUuid>& from, qint64 startingAt);
 
-/// What a user typed as a number: decimal digits, a sign if need be, above 0.
+/// What a user typed as a number: decimal digits, a sign if need be, and nothing else.
+std::optional<qint64> wholeNumber(const QString& text);
+/// The same, above 0.
 std::optional<qint64> positiveInteger(const QString& text);
 
 }  // namespace kestrio

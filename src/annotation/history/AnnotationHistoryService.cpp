@@ -43,6 +43,12 @@ void AnnotationHistoryService::handleMemoryPressure() {
     refreshFlags();
 }
 
+void AnnotationHistoryService::clear() {
+    undoStack_.clear();
+    redoStack_.clear();
+    refreshFlags();
+}
+
 // Runs of modifications become one from the first state to the last, whichever records they are
 // of: what is that old is undone as a whole.
 void AnnotationHistoryService::compactHistory() {

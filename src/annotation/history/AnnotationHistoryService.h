@@ -31,6 +31,8 @@ class AnnotationHistoryService : public QObject {
     std::optional<AnnotationOperation> popForRedo();
     /// Forgets the older half, and all that could be redone.
     void handleMemoryPressure();
+    /// Forgets all steps.
+    void clear();
 
     /// The newest stands last.
     const std::vector<AnnotationOperation>& undoStack() const { return undoStack_; }

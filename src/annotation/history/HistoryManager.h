@@ -66,6 +66,14 @@ class HistoryManager : public HistoryFlags {
         refreshFlags();
     }
 
+    /// Forgets all states, the current one too: the next one recorded cannot be undone.
+    void clear() {
+        undoStack_.clear();
+        redoStack_.clear();
+        currentState_.reset();
+        refreshFlags();
+    }
+
     /// Forgets all but the current state and listens to memory pressure no longer.
     void cleanUp() {
         undoStack_.clear();

@@ -1,5 +1,6 @@
 #include "app/cli/CommandLine.h"
 
+#include "app/cli/EditCommand.h"
 #include "app/cli/RenderCommand.h"
 #include "core/Localisation.h"
 #include "imaging/ExportError.h"
@@ -12,6 +13,7 @@ namespace kestrio {
 namespace {
 
 constexpr CliVerb verbs[] = {
+    {"edit", "open the editor on a picture", runEdit, true},
     {"render", "set pictures on a backdrop and write them as files", runRender},
 };
 
@@ -42,6 +44,12 @@ ExitStatus runVerb(const CliVerb& verb, const QStringList& arguments) {
 }
 
 }  // namespace
+
+bool needsDisplay(const QStringList& arguments) {
+    return std::any_of(std::begin(verbs), std::end(verbs), [&](const CliVerb& verb) {
+        return verb.opensWindows && arguments.value(0) == QLatin1String(verb.name);
+    });
+}
 
 QString describeFailure(const std::exception& error) {
     if (dynamic_cast<const std::bad_alloc*>(&error)) {

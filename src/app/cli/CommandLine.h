@@ -25,7 +25,11 @@ struct CliVerb {
     const char* summary;
     /// `arguments` follow the verb. Needs a GUI application; may run its event loop.
     ExitStatus (*run)(const QStringList& arguments);
+    bool opensWindows = false;
 };
+
+/// Whether these arguments name a verb that opens windows.
+bool needsDisplay(const QStringList& arguments);
 
 /// Runs the verb that the first argument names. Without arguments, and for "--help", tells the
 /// verbs; "--version" tells the version.

@@ -1,0 +1,184 @@
+#include "editor/canvas/CanvasDecorations.h"
+
+#include "annotation/painting/AnnotationPainter.h"
+#include "annotation/painting/Caption.h"
+
+#include <QPainterPath>
+
+namespace kestrio {
+
+namespace {
+
+const QColor accent(0x0a, 0x84, 0xff);
+const QColor guideColor(0xff, 0x2d, 0x92);
+constexpr double handleDiameter = 10;
+
+QPen hairline(const QColor& color, Qt::PenStyle style = Qt::SolidLine) {
+    QPen pen(color, 1.2, style);
+    pen.setCosmetic(true);
+    return pen;
+}
+
+/// Two-coloured, so that it shows on every ground.
+void strokeOutline(QPainter& painter, const QPainterPath& outline) {
+    painter.strokePath(outline, QPen(QColor(255, 255, 255, 200), 3));
+    painter.strokePath(outline, hairline(accent));
+}
+
+double rotationOf(const AnyAnnotation& annotation) {
+    if (const auto* rectangle = annotation.as<RectangleAnnotation>()) return rectangle->rotation;
+    if (const auto* text = annotation.as<TextAnnotation>()) return text->rotation;
+    return 0;
+}
+
+QPainterPath outlineOf(const AnyAnnotation& annotation, const CanvasInteraction& interaction) {
+    const QRectF bounds = annotation.bounds();
+    const QTransform turn = QTransform()
+                                .translate(bounds.center().x(), bounds.center().y())
+                                .rotate(rotationOf(annotation))
+                                .translate(-bounds.center().x(), -bounds.center().y());
+    QPolygonF outline;
+    for (const QPointF& corner : {bounds.topLeft(), bounds.topRight(), bounds.bottomRight(),
+                                  bounds.bottomLeft(), bounds.topLeft()}) {
+        outline << interaction.toView(annotation, turn.map(corner));
+    }
+    QPainterPath path;
+    path.addPolygon(outline);
+    return path;
+}
+
+void paintGuides(QPainter& painter, const AnnotationViewModel& annotations,
+                 const CanvasInteraction& interaction) {
+    constexpr double far = 1e5;
+    painter.setPen(hairline(guideColor));
+    for (const AlignmentGuide& guide : annotations.activeAlignmentGuides()) {
+        const bool isHorizontal = guide.orientation == GuideOrientation::horizontal;
+        const QPointF from =
+            isHorizontal ? QPointF(-far, guide.position) : QPointF(guide.position, -far);
+        const QPointF to =
+            isHorizontal ? QPointF(far, guide.position) : QPointF(guide.position, far);
+        painter.drawLine(interaction.viewport().toView(from), interaction.viewport().toView(to));
+    }
+}
+
+void paintHandles(QPainter& painter, const CanvasInteraction& interaction) {
+    const auto handles = interaction.viewHandles();
+    for (const SelectionHandle& handle : handles) {
+        painter.setPen(QPen(accent, 1.5));
+        painter.setBrush(handle.role == HandleRole::rotation ? QBrush(accent) : Qt::white);
+        painter.drawEllipse(handle.position, handleDiameter / 2, handleDiameter / 2);
+    }
+}
+
+void paintSelection(QPainter& painter, const AnnotationViewModel& annotations,
+                    const CanvasInteraction& interaction) {
+    for (const AnyAnnotation& annotation : annotations.annotations()) {
+        if (!annotations.selectedAnnotations().contains(annotation.id())) continue;
+        const bool isLine =
+            annotation.as<ArrowAnnotation>() || annotation.as<MeasurementAnnotation>();
+        const bool isAlone = annotations.selectedAnnotations().size() == 1;
+        if (!(isLine && isAlone)) strokeOutline(painter, outlineOf(annotation, interaction));
+    }
+    const auto combined = annotations.combinedBounds();
+    if (combined && annotations.selectedAnnotations().size() > 1) {
+        QPolygonF outline;
+        for (const QPointF& corner : {combined->topLeft(), combined->topRight(),
+                                      combined->bottomRight(), combined->bottomLeft()}) {
+            outline << interaction.viewport().toView(corner);
+        }
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(hairline(accent, Qt::DashLine));
+        painter.drawPolygon(outline);
+    }
+    paintHandles(painter, interaction);
+}
+
+void paintRubberBand(QPainter& painter, const AnnotationViewModel& annotations,
+                     const CanvasInteraction& interaction) {
+    const auto band = annotations.selectionRect();
+    if (!band) return;
+    painter.setPen(hairline(accent));
+    painter.setBrush(QColor(accent.red(), accent.green(), accent.blue(), 36));
+    painter.drawRect(QRectF(interaction.viewport().toView(band->topLeft()),
+                            interaction.viewport().toView(band->bottomRight())));
+}
+
+void paintDimensions(QPainter& painter, const DimensionLabel& label) {
+    constexpr double fontSize = 12, margin = 8;
+    const QSizeF text = captionSize(label.text, fontSize);
+    QRectF pill(QPointF(), QSizeF(text.width() + 2 * margin, fontSize * 1.8));
+    pill.moveCenter(label.position);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(label.isSnapped ? guideColor : QColor(0x1d, 0x1d, 0x1f, 220));
+    painter.drawRoundedRect(pill, pill.height() / 2, pill.height() / 2);
+    paintCaption(painter, label.text, label.position, fontSize, Qt::white);
+}
+
+void paintEraser(QPainter& painter, const QPointF& center, double radius) {
+    painter.setBrush(QColor(255, 255, 255, 40));
+    painter.setPen(QPen(QColor(255, 255, 255, 220), 3));
+    painter.drawEllipse(center, radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0, 160), 1.2));
+    painter.drawEllipse(center, radius, radius);
+}
+
+/// A small sample beside the pointer, so as not to hide what lies beneath it.
+void paintToolSample(QPainter& painter, const AnnotationViewModel& annotations,
+                     const QPointF& pointer) {
+    const QPointF from = pointer + QPointF(16, 30), to = pointer + QPointF(44, 14);
+    DrawnGesture gesture{from, to, {}, {}, annotations.toolSettings(), annotations.nextNumber()};
+    for (int i = 0; i <= 12; ++i) {
+        const double t = i / 12.0;
+        gesture.points.push_back(from + t * (to - from) + QPointF(0, 6 * std::sin(t * 6.28)));
+    }
+    const auto sample = annotationToolInfo(annotations.currentTool()).make(gesture);
+    if (!sample || sample->as<TextAnnotation>() || sample->as<BlurAnnotation>()) return;
+    painter.setOpacity(0.55);
+    painter.save();
+    AnnotationMapping mapping;
+    // A badge stands where it is put; beside the pointer it would hide the place.
+    if (sample->as<NumberAnnotation>()) mapping.origin = QPointF(6, 6);
+    paintAnnotation(painter, *sample, mapping);
+    painter.restore();
+    painter.setOpacity(1);
+}
+
+}  // namespace
+
+void paintTransparencyGrid(QPainter& painter, const QRectF& rect) {
+    constexpr int cell = 10;
+    static const QImage tile = [] {
+        QImage image(2 * cell, 2 * cell, QImage::Format_RGB32);
+        image.fill(QColor(255, 255, 255));
+        QPainter tilePainter(&image);
+        tilePainter.fillRect(0, 0, cell, cell, QColor(236, 236, 240));
+        tilePainter.fillRect(cell, cell, cell, cell, QColor(236, 236, 240));
+        return image;
+    }();
+    painter.save();
+    painter.setBrushOrigin(rect.topLeft());
+    painter.fillRect(rect, QBrush(tile));
+    painter.restore();
+}
+
+void paintDecorations(QPainter& painter, const EditorViewModel& editor,
+                      const CanvasInteraction& interaction) {
+    if (!editor.isAnnotationMode()) return;
+    const AnnotationViewModel& annotations = editor.annotationVM();
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGuides(painter, annotations, interaction);
+    if (annotations.annotationsVisible()) paintSelection(painter, annotations, interaction);
+    paintRubberBand(painter, annotations, interaction);
+    if (const auto& label = interaction.dimensionLabel()) paintDimensions(painter, *label);
+    const auto& cursor = annotations.cursorPosition();
+    if (!cursor) return;
+    const QPointF pointer = interaction.viewport().toView(*cursor);
+    if (annotations.currentTool() == AnnotationTool::eraser) {
+        paintEraser(painter, pointer, interaction.eraserRadius());
+    } else if (annotations.isToolCursorPreviewShown()) {
+        paintToolSample(painter, annotations, pointer);
+    }
+}
+
+}  // namespace kestrio

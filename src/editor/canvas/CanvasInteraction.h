@@ -1,0 +1,89 @@
+#pragma once
+
+#include "editor/canvas/CanvasViewport.h"
+#include "editor/canvas/SelectionHandles.h"
+#include "editor/document/EditorViewModel.h"
+
+namespace kestrio {
+
+/// What a pointer event tells, in points of the view.
+struct PointerEvent {
+    QPointF position;
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+};
+
+/// The size of a record that is being resized, for a label beside it.
+struct DimensionLabel {
+    QString text;
+    QPointF position;  ///< points of the view, below the record
+    bool isSnapped = false;
+
+    bool operator==(const DimensionLabel&) const = default;
+};
+
+/// Turns pointer events on the canvas into drawing, moving, selecting, erasing, resizing and
+/// panning. Knows no window: the view forwards its events and shows what the view models say. Main
+/// thread.
+class CanvasInteraction {
+  public:
+    explicit CanvasInteraction(EditorViewModel& editor) : editor_(editor) {}
+
+    void setViewport(const CanvasViewport& viewport) { viewport_ = viewport; }
+    const CanvasViewport& viewport() const { return viewport_; }
+
+    void press(const PointerEvent& event);
+    void move(const PointerEvent& event);
+    void release(const PointerEvent& event);
+    void hover(const PointerEvent& event);
+    void leave();
+    /// Opens the editor of a text or a number under the pointer: gives the text's id, and starts
+    /// number editing itself.
+    std::optional<QUuid> doubleClick(const PointerEvent& event);
+    /// Zooms by steps of the wheel about the pointer, with a modifier that means zoom; pans
+    /// otherwise. Points of the view.
+    void wheel(const PointerEvent& event, const QPointF& pixels);
+
+    Qt::CursorShape cursor() const;
+    const std::optional<DimensionLabel>& dimensionLabel() const { return dimensionLabel_; }
+    /// In points of the view.
+    double eraserRadius() const;
+    bool isHoveringInactiveAnnotation() const { return isHoveringInactiveAnnotation_; }
+
+    /// A record's own points: the canvas' for all but blurs, which live on the screenshot.
+    QPointF toRecord(const AnyAnnotation& record, const QPointF& view) const;
+    QPointF toView(const AnyAnnotation& record, const QPointF& point) const;
+    /// Handles of the selected record, in points of the view, while one is selected alone.
+    std::vector<SelectionHandle> viewHandles() const;
+
+  private:
+    enum class Phase { none, panning, handle, pendingText, selecting, dragging, drawing, erasing };
+
+    AnnotationViewModel& annotations() { return editor_.annotationVM(); }
+    const AnnotationViewModel& annotations() const { return editor_.annotationVM(); }
+
+    std::optional<AnyAnnotation> recordAt(const QPointF& view) const;
+    bool pressHandle(const QPointF& view);
+    void pressSelect(const PointerEvent& event);
+    void pressDrawingTool(const PointerEvent& event);
+    void beginDrag();
+    void dragTo(const QPointF& view);
+    void draw(const PointerEvent& event);
+    void erase(const QPointF& view);
+    void dragHandle(const PointerEvent& event);
+    void showDimensions(const AnyAnnotation& record);
+    void pan(const QPointF& view);
+    QPointF drawingPoint(const QPointF& view) const;
+    void finishDrawing();
+
+    EditorViewModel& editor_;
+    CanvasViewport viewport_;
+    Phase phase_ = Phase::none;
+    QPointF pressView_;
+    QSizeF panStart_;
+    std::optional<HandleRole> handle_;
+    std::optional<AnyAnnotation> handleStart_;
+    std::optional<DimensionLabel> dimensionLabel_;
+    bool isHoveringInactiveAnnotation_ = false;
+};
+
+}  // namespace kestrio

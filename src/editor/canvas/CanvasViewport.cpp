@@ -1,0 +1,69 @@
+#include "editor/canvas/CanvasViewport.h"
+
+#include <cmath>
+
+namespace kestrio {
+
+namespace {
+
+QSizeF turnedSize(const QSizeF& size, double degrees) {
+    return QTransform().rotate(degrees).mapRect(QRectF(QPointF(), size)).size();
+}
+
+}  // namespace
+
+CanvasViewport::CanvasViewport(const CompositeLayout& layout, const ImageTransform& transform,
+                               QSizeF view, double margin)
+    : canvasSize_(layout.canvasSize), imageSize_(layout.imageSize), rotation_(transform.rotation) {
+    const QSizeF room = view - QSizeF(2 * margin, 2 * margin);
+    if (!layout.isValid() || room.isEmpty()) return;
+    CompositeLayout inPoints = layout;
+    inPoints.outputSize = layout.canvasSize;
+    content_ = kestrio::contentRect(inPoints);
+    const QSizeF turned = turnedSize(canvasSize_, rotation_);
+    const double fit =
+        std::min({room.width() / turned.width(), room.height() / turned.height(), 1.0});
+    scale_ = fit * transform.scale;
+    const QPointF center(view.width() / 2 + transform.offset.width(),
+                         view.height() / 2 + transform.offset.height());
+    origin_ = center - QPointF(canvasSize_.width(), canvasSize_.height()) * (scale_ / 2);
+    canvasToView_.translate(center.x(), center.y());
+    canvasToView_.rotate(rotation_);
+    canvasToView_.scale(scale_, scale_);
+    canvasToView_.translate(-canvasSize_.width() / 2, -canvasSize_.height() / 2);
+    viewToCanvas_ = canvasToView_.inverted();
+}
+
+QRectF CanvasViewport::canvasRect() const {
+    return {origin_, canvasSize_ * scale_};
+}
+
+QPointF CanvasViewport::canvasToImage(const QPointF& canvas) const {
+    if (content_.isEmpty()) return canvas;
+    const QPointF inside = canvas - content_.topLeft();
+    return {inside.x() / content_.width() * imageSize_.width(),
+            inside.y() / content_.height() * imageSize_.height()};
+}
+
+QPointF CanvasViewport::imageToCanvas(const QPointF& image) const {
+    return content_.topLeft() + QPointF(image.x() / imageSize_.width() * content_.width(),
+                                        image.y() / imageSize_.height() * content_.height());
+}
+
+QRectF CanvasViewport::imageToCanvas(const QRectF& image) const {
+    return {imageToCanvas(image.topLeft()), imageToCanvas(image.bottomRight())};
+}
+
+AnnotationMapping CanvasViewport::mapping(double pixelsPerViewPoint) const {
+    const double scale = scale_ * pixelsPerViewPoint;
+    return {QPointF(), {scale, scale}, scale};
+}
+
+AnnotationMapping CanvasViewport::blurMapping(double pixelsPerViewPoint) const {
+    const double scale = scale_ * pixelsPerViewPoint;
+    const QPointF perImagePoint(content_.width() / imageSize_.width() * scale,
+                                content_.height() / imageSize_.height() * scale);
+    return {content_.topLeft() * scale, perImagePoint, scale};
+}
+
+}  // namespace kestrio

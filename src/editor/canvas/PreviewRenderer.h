@@ -1,0 +1,42 @@
+#pragma once
+
+#include "editor/document/EditorViewModel.h"
+#include "render/preview/BlurredScreenshotPreviewLayer.h"
+
+namespace kestrio {
+
+/// The picture that the canvas shows: the document without its annotations but blurs, not turned,
+/// in as many pixels as the canvas covers, made in the background by the composer that makes the
+/// finished picture too. Changes while one is being made are made together afterwards. Main thread.
+class PreviewRenderer : public QObject {
+    Q_OBJECT
+    /// The last one made; null before the first.
+    PUBLISHED(QImage, preview, {})
+
+  public:
+    PreviewRenderer(EditorViewModel& editor,
+                    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer,
+                    std::shared_ptr<WatermarkServiceProtocol> watermark, QObject* parent = nullptr);
+    ~PreviewRenderer() override;
+
+    /// How many pixels a point of the canvas gets; more than the screenshot's own are not made.
+    void setScale(double pixelsPerPoint);
+
+  private:
+    void requestScreenshot();
+    void requestPreview();
+    void refreshBlurs();
+    Task<> shrinkScreenshot(std::stop_token stop);
+    Task<> renderPreviews(std::stop_token stop);
+    CompositeRequest previewRequest() const;
+
+    EditorViewModel& editor_;
+    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer_;
+    BlurredScreenshotPreviewLayer blurred_;
+    double wantedScale_ = 0;
+    bool isShrinking_ = false, isShrinkStale_ = false;
+    bool isRendering_ = false, isRenderStale_ = false;
+    std::stop_source stop_;
+};
+
+}  // namespace kestrio

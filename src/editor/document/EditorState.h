@@ -1,0 +1,33 @@
+#pragma once
+
+#include "annotation/model/AnyAnnotation.h"
+#include "imaging/Image.h"
+#include "render/style/CanvasState.h"
+#include "render/style/EditorStyleSettings.h"
+
+namespace kestrio {
+
+/// The values that one step of the editor's undo restores.
+struct EditorState {
+    std::vector<AnyAnnotation> annotations;
+    CanvasState canvasState;
+    BackdropSettings backdrop;
+    MockupSettings mockup;
+    FrameStyle frameStyle = FrameStyle::none;
+
+    bool operator==(const EditorState&) const = default;
+};
+
+/// A state with the picture that it belongs to: bitmaps are shared, so keeping one costs nothing
+/// until a crop or an enhancement replaces it, and undo brings it back.
+struct EditorSnapshot {
+    EditorState state;
+    Image screenshot;
+
+    bool operator==(const EditorSnapshot& other) const {
+        return state == other.state &&
+               screenshot.bitmap().cacheKey() == other.screenshot.bitmap().cacheKey();
+    }
+};
+
+}  // namespace kestrio

@@ -1,0 +1,157 @@
+#pragma once
+
+#include "annotation/editing/AnnotationViewModel.h"
+#include "annotation/history/HistoryManager.h"
+#include "editor/document/EditorState.h"
+#include "render/ImageRendererService.h"
+#include "render/enhance/AIEnhancementService.h"
+#include "render/stores/EditorStylePersistenceService.h"
+#include "render/style/Theme.h"
+#include "render/watermark/WatermarkViewModel.h"
+
+#include <QTimer>
+#include <memory>
+
+namespace kestrio {
+
+/// What an editor works with.
+struct EditorServices {
+    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
+    std::shared_ptr<EditorStylePersistenceServiceProtocol> stylePersistence;
+    std::shared_ptr<WatermarkServiceProtocol> watermark;
+    std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
+    std::shared_ptr<UserDefaults> userDefaults;
+    std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null
+};
+
+/// The sections of the panel beside the canvas.
+enum class RightPanelSection { backdrop, frame, mockup, colors, watermark };
+
+/// The document of one editor window: the picture, its style, its annotations, and everything that
+/// is made of them. Main thread; what takes long leaves it with a copy of the values.
+class EditorViewModel : public QObject {
+    Q_OBJECT
+    PUBLISHED(Image, screenshot, {})
+    PUBLISHED_WRITABLE(CanvasState, canvasState, {})
+    PUBLISHED_WRITABLE(BackdropSettings, backdrop, {})
+    PUBLISHED_WRITABLE(MockupSettings, mockup, {})
+    PUBLISHED_WRITABLE(FrameStyle, frameStyle, FrameStyle::none)
+    PUBLISHED_WRITABLE(double, frameScale, 1.0)
+    PUBLISHED(std::optional<Theme>, currentTheme, std::nullopt)
+    PUBLISHED(std::optional<QString>, currentPresetThemeId, std::nullopt)
+    PUBLISHED(bool, isAnnotationMode, false)
+    PUBLISHED_WRITABLE(bool, isShortcutOverlayVisible, false)
+    PUBLISHED_WRITABLE(bool, isRightPanelExpanded, true)
+    PUBLISHED_WRITABLE(std::optional<RightPanelSection>, expandedPanel, RightPanelSection::backdrop)
+    PUBLISHED(bool, isCropMode, false)
+    PUBLISHED_WRITABLE(QRectF, cropRect, {})
+    PUBLISHED(bool, cropLockAspectRatio, false)
+    PUBLISHED(std::optional<double>, cropLockedRatio, std::nullopt)
+    PUBLISHED(bool, canUndo, false)
+    PUBLISHED(bool, canRedo, false)
+    PUBLISHED(bool, isExporting, false)
+    PUBLISHED(bool, isEnhancingImage, false)
+    PUBLISHED_WRITABLE(std::optional<QString>, errorMessage, std::nullopt)
+    PUBLISHED_WRITABLE(std::optional<QString>, toastMessage, std::nullopt)
+
+  public:
+    explicit EditorViewModel(EditorServices services, QObject* parent = nullptr);
+    ~EditorViewModel() override;
+
+    /// Committed annotations; while annotation mode is on, annotationVM() has the live ones.
+    const std::vector<AnyAnnotation>& annotations() const { return annotations_; }
+    Q_SIGNAL void annotationsChanged();
+    AnnotationViewModel& annotationVM() { return annotationVM_; }
+    const AnnotationViewModel& annotationVM() const { return annotationVM_; }
+    WatermarkViewModel& watermarkVM() { return watermarkVM_; }
+    const WatermarkViewModel& watermarkVM() const { return watermarkVM_; }
+    const HistoryManager<EditorSnapshot>& historyManager() const { return historyManager_; }
+
+    // The document.
+
+    /// Opens a picture: canvas of its size, the style used last, else the first preset.
+    void loadCapture(const Image& image);
+    /// Shows another picture in the same style; annotations go, undo brings all back.
+    void replaceScreenshot(const Image& image);
+    /// Keeps the present state as one step of undo. Called after each change that a user made.
+    void recordSnapshot();
+    void undo();
+    void redo();
+    void reset();
+    /// Writes the style that still waits and forgets all steps of undo. Once, before the end.
+    void cleanUp();
+
+    // Style.
+
+    void applyPresetTheme(const PresetTheme& preset);
+    void applyTheme(const Theme& theme);
+    /// The geometry of the finished picture; not valid without a screenshot.
+    CompositeLayout layout() const;
+    EditorStyleSettings style() const { return {backdrop(), mockup(), frameStyle()}; }
+    void setAspectRatio(const AspectRatio& aspectRatio);
+
+    /// A calm backdrop that suits the picture.
+    void autoBeautify();
+
+    // Enhancement. Undo brings the picture before it back, as restoreOriginalImage() does.
+
+    /// Throws AIEnhancementError, and ExportError::renderingFailed without a screenshot.
+    Task<> enhanceImage(AIEnhancementMode mode, double strength);
+    void restoreOriginalImage();
+    bool canRestoreOriginalImage() const { return screenshotBeforeEnhancement_.has_value(); }
+
+    // Annotations.
+
+    void toggleAnnotationMode();
+    void leaveAnnotationMode();
+    /// The annotations that count, whether annotation mode is on or not.
+    const std::vector<AnyAnnotation>& liveAnnotations() const;
+    /// Takes over what was drawn; called after each gesture on the canvas.
+    void synchroniseAnnotations();
+
+    // Turning and cropping.
+
+    void rotateClockwise() { turnBy(90); }
+    void rotateCounterClockwise() { turnBy(-90); }
+    void enterCropMode();
+    void applyCrop();
+    void cancelCrop();
+    /// Locks the crop frame to a ratio (width by height), or frees it.
+    void setCropRatio(std::optional<double> ratio);
+    /// `percent` as typed; texts that are no whole number change nothing.
+    void setZoomText(const QString& percent);
+    void setZoom(double scale);
+
+    // Output. Each finishes a drawing in progress first, takes a copy of the document, and leaves
+    // the main thread. All throw ExportError::renderingFailed without a screenshot.
+
+    CompositeRequest outputRequest();
+    Task<Image> prepareRenderedImage();
+    /// Throws what rendering, encoding and writing throw; the document is untouched by it.
+    Task<SavedFile> exportImage(QString path, ExportFormat format, EncodeHooks hooks = {});
+    Task<> copyToClipboard();
+
+  private:
+    void setAnnotations(std::vector<AnyAnnotation> annotations);
+    void turnBy(double degrees);
+    void loadPersistedStyle();
+    void setStyle(const EditorStyleSettings& style);
+    void apply(const EditorSnapshot& snapshot);
+    void recomputeUndoFlags();
+    void leaveCropMode();
+    void replaceKeepingAnnotations(const Image& image);
+    /// Replaces the picture by a part of itself; annotations stay on what they mark.
+    void crop(const QRect& pixels);
+    void persistStyle();
+
+    EditorServices services_;
+    std::vector<AnyAnnotation> annotations_;
+    AnnotationViewModel annotationVM_;
+    WatermarkViewModel watermarkVM_;
+    HistoryManager<EditorSnapshot> historyManager_;
+    std::optional<Image> screenshotBeforeEnhancement_;
+    QTimer stylePersistence_;
+    bool isCleanedUp_ = false;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "editor/document/EditorViewModel.h"
+#include "editor/keyboard/ShortcutHintManager.h"
+
+#include <QPointer>
+
+namespace kestrio {
+
+/// A key that was pressed in the editor's window, as the toolkit tells it: the command key is
+/// Qt::ControlModifier, control Qt::MetaModifier, option Qt::AltModifier.
+struct KeyPress {
+    int key = 0;  ///< Qt::Key
+    Qt::KeyboardModifiers modifiers;
+    QString text;                ///< what it types
+    bool isTextFocused = false;  ///< a text field has the keyboard
+};
+
+/// Turns keys of the editor's window into commands. Views feed it; it asks no view anything.
+class AnnotationKeyboardHandler {
+  public:
+    /// Both may go before the handler, which then takes no key any more or marks none as used.
+    AnnotationKeyboardHandler(EditorViewModel& editor, ShortcutHintManager* hints)
+        : editor_(&editor), hints_(hints) {}
+
+    bool isActive() const { return isActive_; }
+    void activate() { isActive_ = true; }
+    void deactivate() { isActive_ = false; }
+
+    /// Whether the key was taken; all others go on to whoever wants them.
+    bool handle(const KeyPress& press);
+
+  private:
+    bool handleInCropMode(const KeyPress& press);
+    bool handleCommand(const KeyPress& press);
+    bool handlePlain(const KeyPress& press);
+    bool moveSelected(void (AnnotationViewModel::*move)(), const char* action);
+    void chooseTool(AnnotationTool tool);
+    void markUsed(const QString& action);
+
+    QPointer<EditorViewModel> editor_;
+    QPointer<ShortcutHintManager> hints_;
+    bool isActive_ = false;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "editor/canvas/CanvasInteraction.h"
+#include "editor/canvas/PreviewRenderer.h"
+#include "editor/views/EditorController.h"
+
+#include <QPointer>
+#include <QQuickPaintedItem>
+
+namespace kestrio {
+
+/// The canvas of the editor window: shows the document and forwards pointer events. Everything it
+/// shows is painted by the painters that make the finished picture.
+class CanvasItem : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(kestrio::EditorController* controller READ controller WRITE setController NOTIFY
+                   controllerChanged)
+    /// Of the text that is edited in place: its box in points of the item before it is turned, and
+    /// what its editor needs to look like it.
+    Q_PROPERTY(bool isEditingText READ isEditingText NOTIFY textEditingChanged)
+    Q_PROPERTY(QRectF textRect READ textRect NOTIFY textEditingChanged)
+    Q_PROPERTY(double textRotation READ textRotation NOTIFY textEditingChanged)
+    Q_PROPERTY(QFont textFont READ textFont NOTIFY textEditingChanged)
+    Q_PROPERTY(QColor textColor READ textColor NOTIFY textEditingChanged)
+    Q_PROPERTY(QString editedText READ editedText NOTIFY textEditingChanged)
+    Q_PROPERTY(QRectF numberEditorRect READ numberEditorRect NOTIFY viewChanged)
+    /// Where the screenshot stands, in points of the item; for the crop frame.
+    Q_PROPERTY(QRectF imageRect READ imageRect NOTIFY viewChanged)
+
+  public:
+    explicit CanvasItem(QQuickItem* parent = nullptr);
+
+    EditorController* controller() const { return controller_; }
+    void setController(EditorController* controller);
+
+    void paint(QPainter* painter) override;
+
+    bool isEditingText() const { return editedTextId_.has_value(); }
+    QRectF textRect() const;
+    double textRotation() const;
+    QFont textFont() const;
+    QColor textColor() const;
+    QString editedText() const;
+    QRectF numberEditorRect() const;
+    QRectF imageRect() const;
+
+    /// The colour of the screenshot under a point of the item, as the eyedropper reads it.
+    Q_INVOKABLE QColor colorAt(const QPointF& position) const;
+    Q_INVOKABLE void commitText(const QString& text);
+    Q_INVOKABLE void cancelText();
+
+    Q_SIGNAL void controllerChanged();
+    Q_SIGNAL void textEditingChanged();
+    Q_SIGNAL void viewChanged();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void hoverMoveEvent(QHoverEvent* event) override;
+    void hoverLeaveEvent(QHoverEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+
+  private:
+    EditorViewModel& editor() const;
+    void connectToEditor();
+    void refreshViewport();
+    void refreshCursor();
+    void invalidateLayer();
+    void beginTextEditing(const QUuid& id);
+    const TextAnnotation* editedRecord() const;
+    double pixelRatio() const;
+    void paintPreview(QPainter& painter) const;
+    void paintAnnotationLayer(QPainter& painter);
+
+    QPointer<EditorController> controller_;
+    std::unique_ptr<CanvasInteraction> interaction_;
+    std::unique_ptr<PreviewRenderer> preview_;
+    std::optional<QUuid> editedTextId_;
+    QImage layer_;
+    bool isLayerStale_ = true;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,324 @@
+#include "editor/views/EditorController.h"
+
+#include "editor/crop/CropGeometry.h"
+#include "editor/views/StyleFields.h"
+#include "editor/views/ThumbnailProvider.h"
+#include "imaging/codecs/ImageDecoder.h"
+#include "imaging/filters/Resample.h"
+
+#include "core/Cancelled.h"
+#include "core/Localisation.h"
+#include "imaging/ExportError.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QStandardPaths>
+#include <cmath>
+
+namespace kestrio {
+
+namespace {
+
+constexpr int thumbnailWidth = 320;  // pixels of the picture in thumbnails
+
+Image smallCopy(const Image& image) {
+    const QSize full = image.pixelSize();
+    if (full.width() <= thumbnailWidth) return image;
+    const QSize pixels(thumbnailWidth, std::max(1, full.height() * thumbnailWidth / full.width()));
+    return Image(scaledTo(image.bitmap(), pixels));
+}
+
+}  // namespace
+
+EditorController::EditorController(EditorServices services, QString suggestedName, QObject* parent)
+    : QObject(parent),
+      services_(services),
+      suggestedName_(std::move(suggestedName)),
+      editor_(std::move(services)),
+      hints_(services_.userDefaults),
+      keyboard_(editor_, &hints_),
+      thumbnails_(std::make_shared<ThumbnailSource>()) {
+    keyboard_.activate();
+    connectEditor();
+}
+
+EditorController::~EditorController() {
+    exportStop_.request_stop();
+}
+
+ThumbnailProvider* EditorController::makeThumbnailProvider() {
+    return new ThumbnailProvider(thumbnails_, services_.watermark);
+}
+
+void EditorController::connectEditor() {
+    using Editor = EditorViewModel;
+    const auto relay = [this](auto from, auto to) { connect(&editor_, from, this, to); };
+    for (const auto signal :
+         {&Editor::backdropChanged, &Editor::mockupChanged, &Editor::frameStyleChanged,
+          &Editor::frameScaleChanged, &Editor::currentPresetThemeIdChanged}) {
+        relay(signal, &EditorController::styleChanged);
+    }
+    for (const auto signal : {&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged})
+        relay(signal, &EditorController::modeChanged);
+    for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged})
+        relay(signal, &EditorController::undoChanged);
+    for (const auto signal : {&Editor::canvasStateChanged, &Editor::screenshotChanged})
+        relay(signal, &EditorController::canvasChanged);
+    for (const auto signal : {&Editor::cropRectChanged, &Editor::cropLockedRatioChanged})
+        relay(signal, &EditorController::cropChanged);
+    relay(&Editor::isExportingChanged, &EditorController::exportingChanged);
+    relay(&Editor::isShortcutOverlayVisibleChanged, &EditorController::shortcutOverlayChanged);
+    relay(&Editor::isEnhancingImageChanged, &EditorController::enhancingChanged);
+    relay(&Editor::screenshotChanged, &EditorController::refreshThumbnails);
+    connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
+            &EditorController::styleChanged);
+    connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
+            &EditorController::styleChanged);
+    using Annotations = AnnotationViewModel;
+    AnnotationViewModel& annotations = editor_.annotationVM();
+    for (const auto signal :
+         {&Annotations::currentToolChanged, &Annotations::toolSettingsChanged,
+          &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
+          &Annotations::isTextEditingChanged, &Annotations::annotationsVisibleChanged}) {
+        connect(&annotations, signal, this, &EditorController::toolChanged);
+    }
+    connect(&annotations, &Annotations::numberEditingStateChanged, this,
+            &EditorController::numberEditingChanged);
+}
+
+void EditorController::open(const Image& image) {
+    editor_.loadCapture(image);
+    refreshThumbnails();
+}
+
+void EditorController::refreshThumbnails() {
+    thumbnails_->set({smallCopy(editor_.screenshot()), editor_.style()});
+    ++thumbnailRevision_;
+    Q_EMIT thumbnailRevisionChanged();
+}
+
+QVariantMap EditorController::style() const {
+    return styleFields(editor_);
+}
+
+int EditorController::zoomPercent() const {
+    return static_cast<int>(std::lround(editor_.canvasState().transform.scale * 100));
+}
+
+QString EditorController::pictureSize() const {
+    const QSize pixels = editor_.screenshot().pixelSize();
+    return QStringLiteral("%1 × %2").arg(pixels.width()).arg(pixels.height());
+}
+
+void EditorController::set(const QString& field, const QVariant& value) {
+    setStyleField(editor_, field, value);
+}
+
+void EditorController::choose(const QString& field, const QVariant& value) {
+    set(field, value);
+    commit();
+    refreshThumbnails();
+}
+
+void EditorController::setBackdropImage(const QUrl& url) {
+    try {
+        ImageBackdropSettings settings;
+        settings.imagePath = url.toLocalFile();
+        settings.imageData = readImageFile(url.toLocalFile());
+        decodeImage(*settings.imageData);
+        BackdropSettings backdrop = editor_.backdrop();
+        backdrop.type = BackdropType::image;
+        backdrop.imageSettings = settings;
+        editor_.set_backdrop(backdrop);
+        commit();
+    } catch (const Error& error) {
+        Q_EMIT failed(error.errorDescription());
+    }
+}
+
+void EditorController::applyPreset(const QString& id) {
+    const PresetTheme* preset = PresetTheme::find(id);
+    if (!preset) return;
+    editor_.applyPresetTheme(*preset);
+    refreshThumbnails();
+}
+
+void EditorController::setAspect(const QString& name, double ratio) {
+    editor_.setAspectRatio({name, ratio > 0 ? std::optional(ratio) : std::nullopt});
+}
+
+void EditorController::setCustomAspect(double width, double height) {
+    if (!(width > 0) || !(height > 0) || !std::isfinite(width / height)) {
+        Q_EMIT failed(localised("A ratio needs two numbers above 0"));
+        return;
+    }
+    editor_.setAspectRatio(AspectRatio::custom(width, height));
+}
+
+void EditorController::rotate(bool clockwise) {
+    clockwise ? editor_.rotateClockwise() : editor_.rotateCounterClockwise();
+}
+
+void EditorController::dragCropHandle(int handle, const QRectF& start, double dx, double dy) {
+    if (handle < 0 || handle >= static_cast<int>(cropHandles.size())) return;
+    editor_.set_cropRect(draggedCropRect({cropHandles[static_cast<std::size_t>(handle)],
+                                          start,
+                                          {dx, dy},
+                                          imageSize(),
+                                          editor_.cropLockedRatio()}));
+}
+
+void EditorController::moveCrop(const QRectF& start, double dx, double dy) {
+    editor_.set_cropRect(clampedCropRect(start.translated(dx, dy), imageSize()));
+}
+
+QUrl EditorController::saveFolder() const {
+    return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+}
+
+void EditorController::setCropRatio(double ratio) {
+    editor_.setCropRatio(ratio > 0 ? std::optional(ratio) : std::nullopt);
+}
+
+void EditorController::setZoomText(const QString& text) {
+    editor_.setZoomText(text);
+    Q_EMIT canvasChanged();
+}
+
+void EditorController::zoomBy(double factor) {
+    editor_.setZoom(editor_.canvasState().transform.scale * factor);
+}
+
+void EditorController::zoomToFit() {
+    CanvasState canvas = editor_.canvasState();
+    canvas.transform.scale = 1;
+    canvas.transform.offset = {0, 0};
+    editor_.set_canvasState(canvas);
+}
+
+void EditorController::setExportProgress(double progress) {
+    exportProgress_ = progress;
+    Q_EMIT exportProgressChanged();
+}
+
+void EditorController::autoBeautify() {
+    editor_.autoBeautify();
+    refreshThumbnails();
+    Q_EMIT toast(localised("Auto beautify applied"));
+}
+
+void EditorController::enhance(const QString& mode, double strength) {
+    const auto known = fromRawString<AIEnhancementMode>(mode.toStdString());
+    if (known) launch(runEnhance(*known, strength), this);
+}
+
+Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
+    const QPointer<EditorController> self(this);
+    QString failure;
+    try {
+        auto enhancing = editor_.enhanceImage(mode, strength);
+        co_await enhancing;
+    } catch (const Error& error) {
+        failure = error.errorDescription();
+    }
+    if (!self) co_return;
+    Q_EMIT enhancingChanged();
+    if (failure.isEmpty()) {
+        Q_EMIT toast(localised("Image enhanced"));
+    } else {
+        Q_EMIT failed(failure);
+    }
+}
+
+void EditorController::restoreOriginal() {
+    editor_.restoreOriginalImage();
+    Q_EMIT enhancingChanged();
+    Q_EMIT toast(localised("Original image restored"));
+}
+
+void EditorController::copy() {
+    launch(runCopy(), this);
+}
+
+Task<> EditorController::runCopy() {
+    const QPointer<EditorController> self(this);
+    QString failure;
+    try {
+        auto copying = editor_.copyToClipboard();
+        co_await copying;
+    } catch (const Error& error) {
+        failure = error.errorDescription();
+    }
+    if (!self) co_return;
+    if (failure.isEmpty()) {
+        Q_EMIT toast(localised("Copied to clipboard"));
+    } else {
+        Q_EMIT failed(localised("Copy failed: ") + failure);
+    }
+}
+
+void EditorController::exportTo(const QUrl& file, const QString& format) {
+    const QString path = file.isLocalFile() ? file.toLocalFile() : file.toString();
+    const QString name = format.isEmpty() ? QFileInfo(path).suffix().toLower() : format;
+    const auto known =
+        fromRawString<ExportFormat>((name == u"jpg" ? QStringLiteral("jpeg") : name).toStdString());
+    if (!known) {
+        Q_EMIT failed(localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp")
+                          .arg(QFileInfo(path).fileName()));
+        return;
+    }
+    launch(runExport(path, *known), this);
+}
+
+Task<> EditorController::runExport(QString path, ExportFormat format) {
+    const QPointer<EditorController> self(this);
+    exportStop_ = std::stop_source();
+    setExportProgress(0);
+    EncodeHooks hooks;
+    hooks.stop = exportStop_.get_token();
+    hooks.progress = [self](double fraction) {
+        QMetaObject::invokeMethod(
+            qApp,
+            [self, fraction] {
+                if (self) self->setExportProgress(fraction);
+            },
+            Qt::QueuedConnection);
+    };
+    QString failure;
+    bool isCancelled = false;
+    try {
+        auto exporting = editor_.exportImage(path, format, hooks);
+        co_await exporting;
+    } catch (const ExportError& error) {
+        isCancelled = error.errorCase() == ExportError::Case::userCancelled;
+        failure = error.errorDescription();
+        if (!error.reason().isEmpty()) failure += QStringLiteral(" (%1)").arg(error.reason());
+    } catch (const Cancelled&) {
+        isCancelled = true;
+    } catch (const Error& error) {
+        failure = error.errorDescription();
+    }
+    if (!self || isCancelled) co_return;
+    if (failure.isEmpty()) {
+        Q_EMIT toast(localised("Saved to %1").arg(path));
+    } else {
+        Q_EMIT failed(failure);
+    }
+}
+
+void EditorController::cancelExport() {
+    exportStop_.request_stop();
+}
+
+void EditorController::openFile(const QUrl& file) {
+    try {
+        const QImage bitmap = loadImageFile(file.toLocalFile());
+        editor_.replaceScreenshot(Image(bitmap));
+        refreshThumbnails();
+    } catch (const Error& error) {
+        Q_EMIT failed(error.errorDescription());
+    }
+}
+
+}  // namespace kestrio

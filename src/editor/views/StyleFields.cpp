@@ -1,0 +1,251 @@
+#include "editor/views/StyleFields.h"
+
+#include "core/Clamp.h"
+#include "render/style/EffectPreset.h"
+
+#include <QColor>
+
+namespace kestrio {
+
+namespace {
+
+CodableColor codable(const QVariant& value) {
+    const QColor color = value.value<QColor>().toRgb();
+    return {color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+}
+
+template <typename E>
+QString raw(E value) {
+    return QString::fromLatin1(enumRow(value).raw);
+}
+
+template <typename E>
+E enumOf(const QVariant& value, E otherwise) {
+    return fromRawString<E>(value.toString().toStdString()).value_or(otherwise);
+}
+
+struct StyleField {
+    const char* name;
+    QVariant (*get)(const EditorViewModel&);
+    void (*set)(EditorViewModel&, const QVariant&);
+};
+
+/// A change of one part of the style, through a copy of it.
+template <typename Change>
+void changeBackdrop(EditorViewModel& editor, Change change) {
+    BackdropSettings backdrop = editor.backdrop();
+    change(backdrop);
+    editor.set_backdrop(backdrop);
+}
+
+template <typename Change>
+void changeMockup(EditorViewModel& editor, Change change) {
+    MockupSettings mockup = editor.mockup();
+    change(mockup);
+    editor.set_mockup(mockup);
+}
+
+template <typename Change>
+void changePattern(EditorViewModel& editor, Change change) {
+    changeBackdrop(editor, [&](BackdropSettings& backdrop) {
+        PatternSettings pattern = backdrop.pattern.value_or(PatternSettings());
+        change(pattern);
+        backdrop.pattern = pattern;
+    });
+}
+
+template <typename Change>
+void changeOverlay(EditorViewModel& editor, Change change) {
+    changeBackdrop(editor, [&](BackdropSettings& backdrop) {
+        OverlaySettings overlay = backdrop.overlay.value_or(OverlaySettings());
+        change(overlay);
+        backdrop.overlay = overlay;
+    });
+}
+
+template <typename Change>
+void changeWatermark(EditorViewModel& editor, Change change) {
+    WatermarkSettings mark = editor.watermarkVM().settings();
+    change(mark);
+    editor.watermarkVM().set_settings(mark);
+}
+
+PatternSettings patternOf(const EditorViewModel& editor) {
+    return editor.backdrop().pattern.value_or(PatternSettings());
+}
+
+OverlaySettings overlayOf(const EditorViewModel& editor) {
+    return editor.backdrop().overlay.value_or(OverlaySettings());
+}
+
+const WatermarkSettings& watermarkOf(const EditorViewModel& editor) {
+    return editor.watermarkVM().settings();
+}
+
+using Editor = EditorViewModel;
+using Value = QVariant;
+
+constexpr StyleField fields[] = {
+    {"backdropType", [](const Editor& e) -> Value { return raw(e.backdrop().type); },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) { b.type = enumOf(v, b.type); });
+     }},
+    {"solidColor",
+     [](const Editor& e) -> Value {
+         return e.backdrop().solidColor.value_or(CodableColor{0.5, 0.5, 0.5, 1}).toQColor();
+     },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) {
+             b.type = BackdropType::solid;
+             b.solidColor = codable(v);
+         });
+     }},
+    {"gradient",
+     [](const Editor& e) -> Value {
+         return e.backdrop().customGradientColors ? QString()
+                                                  : e.backdrop().gradientPreset.value_or(QString());
+     },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) {
+             b.type = BackdropType::gradient;
+             b.gradientPreset = v.toString();
+             b.customGradientColors = std::nullopt;
+         });
+     }},
+    {"customGradient",
+     [](const Editor& e) -> Value {
+         QVariantList colors;
+         for (const auto& color :
+              e.backdrop().customGradientColors.value_or(std::vector<CodableColor>()))
+             colors << color.toQColor();
+         return colors;
+     },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) {
+             std::vector<CodableColor> colors;
+             for (const QVariant& color : v.toList())
+                 colors.push_back(codable(color));
+             b.type = BackdropType::gradient;
+             b.customGradientColors = colors;
+         });
+     }},
+    {"opacity", [](const Editor& e) -> Value { return e.backdrop().opacity; },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) { b.opacity = clampedOr(v.toDouble(), 0, 1); });
+     }},
+    {"padding", [](const Editor& e) -> Value { return e.backdrop().padding; },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) { b.padding = clampedOr(v.toDouble(), 0, 100); });
+     }},
+    {"blur", [](const Editor& e) -> Value { return e.backdrop().effects.blur; },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) { b.effects.blur = clampedOr(v.toDouble(), 0, 10); });
+     }},
+    {"noise", [](const Editor& e) -> Value { return e.backdrop().effects.noise; },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e, [&](auto& b) { b.effects.noise = clampedOr(v.toDouble(), 0, 100); });
+     }},
+    {"saturation", [](const Editor& e) -> Value { return e.backdrop().effects.saturation; },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(e,
+                        [&](auto& b) { b.effects.saturation = clampedOr(v.toDouble(), 0, 200); });
+     }},
+    {"effect",
+     [](const Editor& e) -> Value {
+         for (const EffectPreset& preset : EffectPreset::all())
+             if (preset.effects() == e.backdrop().effects) return preset.id;
+         return QString();
+     },
+     [](Editor& e, const Value& v) {
+         for (const EffectPreset& preset : EffectPreset::all())
+             if (preset.id == v.toString())
+                 changeBackdrop(e, [&](auto& b) { b.effects = preset.effects(); });
+     }},
+    {"pattern", [](const Editor& e) -> Value { return raw(patternOf(e).type); },
+     [](Editor& e, const Value& v) {
+         changePattern(e, [&](auto& p) { p.type = enumOf(v, p.type); });
+     }},
+    {"patternIntensity", [](const Editor& e) -> Value { return patternOf(e).intensity; },
+     [](Editor& e, const Value& v) {
+         changePattern(e, [&](auto& p) { p.intensity = clampedOr(v.toDouble(), 0, 1); });
+     }},
+    {"patternColor", [](const Editor& e) -> Value { return patternOf(e).color.toQColor(); },
+     [](Editor& e, const Value& v) { changePattern(e, [&](auto& p) { p.color = codable(v); }); }},
+    {"overlay", [](const Editor& e) -> Value { return raw(overlayOf(e).type); },
+     [](Editor& e, const Value& v) {
+         changeOverlay(e, [&](auto& o) { o.type = enumOf(v, o.type); });
+     }},
+    {"overlayOpacity", [](const Editor& e) -> Value { return overlayOf(e).opacity; },
+     [](Editor& e, const Value& v) {
+         changeOverlay(e, [&](auto& o) { o.opacity = clampedOr(v.toDouble(), 0, 100); });
+     }},
+    {"overlayPosition", [](const Editor& e) -> Value { return raw(overlayOf(e).position); },
+     [](Editor& e, const Value& v) {
+         changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
+     }},
+    {"frame", [](const Editor& e) -> Value { return raw(e.frameStyle()); },
+     [](Editor& e, const Value& v) { e.set_frameStyle(enumOf(v, e.frameStyle())); }},
+    {"frameScale", [](const Editor& e) -> Value { return e.frameScale(); },
+     [](Editor& e, const Value& v) { e.set_frameScale(clampedOr(v.toDouble(), 0.5, 2)); }},
+    {"cornerRadius", [](const Editor& e) -> Value { return e.mockup().cornerRadius; },
+     [](Editor& e, const Value& v) {
+         changeMockup(e, [&](auto& m) { m.cornerRadius = clampedOr(v.toDouble(), 0, 48); });
+     }},
+    {"shadow", [](const Editor& e) -> Value { return e.mockup().shadowEnabled; },
+     [](Editor& e, const Value& v) {
+         changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
+     }},
+    {"shadowIntensity", [](const Editor& e) -> Value { return raw(e.mockup().shadowIntensity); },
+     [](Editor& e, const Value& v) {
+         changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
+     }},
+    {"light", [](const Editor& e) -> Value { return raw(e.mockup().lightSource); },
+     [](Editor& e, const Value& v) {
+         changeMockup(e, [&](auto& m) { m.lightSource = enumOf(v, m.lightSource); });
+     }},
+    {"watermark", [](const Editor& e) -> Value { return e.watermarkVM().isEnabled(); },
+     [](Editor& e, const Value& v) { e.watermarkVM().set_isEnabled(v.toBool()); }},
+    {"watermarkText", [](const Editor& e) -> Value { return watermarkOf(e).textContent; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) {
+             w.type = WatermarkType::text;
+             w.textContent = v.toString();
+         });
+     }},
+    {"watermarkPosition", [](const Editor& e) -> Value { return raw(watermarkOf(e).position); },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.position = enumOf(v, w.position); });
+     }},
+    {"watermarkOpacity", [](const Editor& e) -> Value { return watermarkOf(e).opacity; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.opacity = clampedOr(v.toDouble(), 0, 1); });
+     }},
+    {"watermarkScale", [](const Editor& e) -> Value { return watermarkOf(e).scale; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.scale = clampedOr(v.toDouble(), 0.02, 0.5); });
+     }},
+    {"watermarkColor", [](const Editor& e) -> Value { return watermarkOf(e).textColor.toQColor(); },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.textColor = codable(v); });
+     }},
+};
+
+}  // namespace
+
+QVariantMap styleFields(const EditorViewModel& editor) {
+    QVariantMap values;
+    for (const StyleField& field : fields)
+        values.insert(QString::fromLatin1(field.name), field.get(editor));
+    return values;
+}
+
+bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value) {
+    for (const StyleField& field : fields) {
+        if (name != QLatin1String(field.name)) continue;
+        field.set(editor, value);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "editor/document/EditorViewModel.h"
+
+#include <QVariantMap>
+
+namespace kestrio {
+
+// The document's style as the panels see it: one row a field, by name.
+
+/// All fields, for bindings.
+QVariantMap styleFields(const EditorViewModel& editor);
+
+/// Sets one field and records nothing; false for an unknown name. Numbers out of range are clamped.
+bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value);
+
+}  // namespace kestrio

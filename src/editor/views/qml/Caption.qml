@@ -1,0 +1,7 @@
+import QtQuick
+
+Text {
+    font.pixelSize: Theme.captionSize
+    font.weight: Font.Medium
+    color: Theme.secondaryText
+}

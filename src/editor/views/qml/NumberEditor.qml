@@ -1,0 +1,35 @@
+import QtQuick
+import Kestrio.Editor
+
+// Edits the number of a badge where it stands.
+Item {
+    id: editor
+    required property CanvasItem canvas
+    required property EditorController controller
+    readonly property var state_: controller.numberEditing
+    visible: state_.isEditing
+    x: canvas.numberEditorRect.x
+    y: canvas.numberEditorRect.y
+    width: canvas.numberEditorRect.width
+    height: canvas.numberEditorRect.height
+    onVisibleChanged: if (visible) { field.text = state_.text; field.forceActiveFocus(); field.selectAll() }
+
+    TextBox {
+        id: field
+        anchors.fill: parent
+        objectName: "annotation.number.editor"
+        horizontalAlignment: TextInput.AlignHCenter
+        Accessible.name: qsTr("Number")
+        onEdited: text => editor.controller.setNumberText(text)
+        onAccepted: editor.controller.commitNumber()
+        Keys.onEscapePressed: editor.controller.cancelNumber()
+    }
+    Text {
+        anchors.top: field.bottom
+        anchors.topMargin: 4
+        anchors.horizontalCenter: field.horizontalCenter
+        text: editor.state_.error
+        font.pixelSize: Theme.captionSize
+        color: Theme.danger
+    }
+}

@@ -1,0 +1,7 @@
+import QtQuick
+
+Rectangle {
+    implicitWidth: 1
+    implicitHeight: 22
+    color: Theme.hairline
+}

@@ -1,0 +1,104 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// Every shortcut at a glance.
+Rectangle {
+    id: overlay
+    required property EditorController controller
+    readonly property bool isShown: controller.isShortcutOverlayVisible
+    visible: opacity > 0
+    opacity: isShown ? 1 : 0
+    color: "#99000000"
+    Behavior on opacity { NumberAnimation { duration: Theme.motion } }
+    onIsShownChanged: if (isShown) forceActiveFocus()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Escape || event.text === "?") {
+            controller.isShortcutOverlayVisible = false
+            event.accepted = true
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: overlay.controller.isShortcutOverlayVisible = false
+    }
+    Rectangle {
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 48, columns.implicitWidth + 64)
+        height: Math.min(parent.height - 48, columns.implicitHeight + 96)
+        radius: Theme.largeRadius
+        color: Theme.surface
+        MouseArea { anchors.fill: parent }
+        Text {
+            x: 32
+            y: 22
+            text: qsTr("Keyboard Shortcuts")
+            font.pixelSize: 20
+            font.weight: Font.DemiBold
+            color: Theme.text
+        }
+        IconButton {
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: 14
+            symbol: "xmark"
+            tip: qsTr("Close (Esc)")
+            onClicked: overlay.controller.isShortcutOverlayVisible = false
+        }
+        Row {
+            id: columns
+            x: 32
+            y: 64
+            spacing: 40
+            Repeater {
+                model: overlay.isShown ? overlay.controller.shortcutColumns : []
+                Column {
+                    required property var modelData
+                    spacing: 10
+                    Repeater {
+                        model: parent.modelData
+                        Column {
+                            id: category
+                            required property var modelData
+                            spacing: 4
+                            bottomPadding: 8
+                            Text {
+                                text: category.modelData.name
+                                font.pixelSize: Theme.bodySize
+                                font.weight: Font.DemiBold
+                                color: Theme.text
+                                bottomPadding: 4
+                            }
+                            Repeater {
+                                model: category.modelData.rows
+                                Row {
+                                    id: line
+                                    required property var modelData
+                                    spacing: 10
+                                    Rectangle {
+                                        width: 84
+                                        height: 22
+                                        radius: 4
+                                        color: Theme.hover
+                                        Text {
+                                            anchors.centerIn: parent
+                                            text: line.modelData.shortcut
+                                            font.pixelSize: Theme.captionSize
+                                            color: Theme.text
+                                        }
+                                    }
+                                    Text {
+                                        anchors.verticalCenter: parent.verticalCenter
+                                        text: line.modelData.description
+                                        font.pixelSize: Theme.captionSize
+                                        color: Theme.secondaryText
+                                    }
+                                }
+                            }
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

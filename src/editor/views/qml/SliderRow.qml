@@ -1,0 +1,99 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Controls.Basic as Basic
+
+// A labelled slider with a field for exact numbers; double click goes back to the usual value.
+ColumnLayout {
+    id: row
+
+    property string label
+    property real value
+    property real from: 0
+    property real to: 100
+    property real usual: from
+    property int decimals: 0
+    property real factor: 1
+    property string unit
+
+    signal moved(real value)
+    signal settled()
+
+    spacing: 2
+
+    function shown(v) { return (v * factor).toFixed(decimals) }
+
+    RowLayout {
+        Layout.fillWidth: true
+        Text {
+            text: row.label
+            font.pixelSize: Theme.captionSize
+            color: Theme.secondaryText
+            Layout.fillWidth: true
+            elide: Text.ElideRight
+        }
+        TextInput {
+            id: field
+            text: row.shown(row.value) + row.unit
+            font.pixelSize: Theme.captionSize
+            color: activeFocus ? Theme.text : Theme.secondaryText
+            selectByMouse: true
+            horizontalAlignment: TextInput.AlignRight
+            Layout.minimumWidth: 40
+            Accessible.name: row.label
+            onActiveFocusChanged: if (activeFocus) selectAll()
+            onAccepted: {
+                const number = parseFloat(text)
+                if (!isNaN(number)) {
+                    row.moved(Math.max(row.from, Math.min(row.to, number / row.factor)))
+                    row.settled()
+                }
+                text = Qt.binding(() => row.shown(row.value) + row.unit)
+                focus = false
+            }
+            onEditingFinished: text = Qt.binding(() => row.shown(row.value) + row.unit)
+        }
+    }
+    Basic.Slider {
+        id: slider
+        Layout.fillWidth: true
+        implicitHeight: 20
+        from: row.from
+        to: row.to
+        value: row.value
+        focusPolicy: Qt.TabFocus
+        Accessible.name: row.label
+        onMoved: row.moved(value)
+        onPressedChanged: if (!pressed) row.settled()
+
+        background: Rectangle {
+            x: slider.leftPadding
+            y: (slider.height - height) / 2
+            width: slider.availableWidth
+            height: 4
+            radius: 2
+            color: Theme.hairline
+            Rectangle {
+                width: slider.visualPosition * parent.width
+                height: parent.height
+                radius: 2
+                color: Theme.accent
+            }
+        }
+        handle: Rectangle {
+            x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
+            y: (slider.height - height) / 2
+            width: 14
+            height: 14
+            radius: 7
+            color: "#ffffff"
+            border.color: slider.visualFocus ? Theme.accent : Qt.darker(Theme.hairline, 1.25)
+            border.width: slider.visualFocus ? 2 : 1
+        }
+        TapHandler {
+            onDoubleTapped: {
+                row.moved(row.usual)
+                row.settled()
+            }
+        }
+    }
+}

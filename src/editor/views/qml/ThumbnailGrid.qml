@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+
+// Choices as pictures of themselves. Placed by hand: a positioner's own width would follow its
+// tiles, which follow its width.
+Item {
+    id: grid
+
+    property string kind
+    property var rows: []
+    property string current
+    property int revision: 0
+    property int tileHeight: 44
+    signal chosen(string id)
+
+    property int columns: 4
+    readonly property int spacing: 6
+    readonly property int rowCount: Math.ceil(rows.length / columns)
+    implicitHeight: Math.max(0, rowCount * (tileHeight + spacing) - spacing)
+    readonly property real tileWidth: (width - (columns - 1) * spacing) / columns
+
+    Repeater {
+        model: grid.rows
+        Basic.AbstractButton {
+            id: tile
+            required property var modelData
+            required property int index
+            readonly property bool isCurrent: modelData.id === grid.current
+            x: (index % grid.columns) * (grid.tileWidth + grid.spacing)
+            y: Math.floor(index / grid.columns) * (grid.tileHeight + grid.spacing)
+            width: grid.tileWidth
+            height: grid.tileHeight
+            focusPolicy: Qt.TabFocus
+            Accessible.name: modelData.name
+            onClicked: grid.chosen(modelData.id)
+            Basic.ToolTip.visible: hovered
+            Basic.ToolTip.delay: 500
+            Basic.ToolTip.text: modelData.name
+            contentItem: Item {}
+            background: Rectangle {
+                radius: Theme.radius
+                color: "transparent"
+                border.width: tile.isCurrent || tile.visualFocus ? 2 : 1
+                border.color: tile.isCurrent || tile.visualFocus ? Theme.accent : Theme.hairline
+                Image {
+                    anchors.fill: parent
+                    anchors.margins: tile.isCurrent ? 3 : 2
+                    source: "image://thumbnail/" + grid.kind + "/" + tile.modelData.id + "?" + grid.revision
+                    sourceSize: Qt.size(width * 2, height * 2)
+                    fillMode: Image.PreserveAspectCrop
+                    cache: false
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+
+// A switch with its label on the left.
+Basic.AbstractButton {
+    id: toggle
+    checkable: true
+    implicitHeight: 28
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: text
+    contentItem: Item {
+        Text {
+            text: toggle.text
+            font.pixelSize: Theme.bodySize
+            color: Theme.text
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Rectangle {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            width: 34
+            height: 20
+            radius: 10
+            color: toggle.checked ? Theme.accent : Theme.pressed
+            border.width: toggle.visualFocus ? 2 : 0
+            border.color: Theme.text
+            Rectangle {
+                x: toggle.checked ? 16 : 2
+                y: 2
+                width: 16
+                height: 16
+                radius: 8
+                color: "#ffffff"
+                Behavior on x { NumberAnimation { duration: Theme.motion } }
+            }
+        }
+    }
+}

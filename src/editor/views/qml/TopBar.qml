@@ -1,0 +1,119 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+Rectangle {
+    id: bar
+    required property EditorController controller
+    property bool isPanelShown: true
+    signal saveRequested()
+    signal panelToggled()
+    signal shortcutsRequested()
+    signal enhanceRequested()
+
+    implicitHeight: 52
+    color: Theme.surface
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.medium
+        anchors.rightMargin: Theme.medium
+        spacing: Theme.tiny
+
+        IconButton {
+            symbol: "arrow.uturn.backward"
+            tip: qsTr("Undo")
+            key: "Ctrl+Z"
+            enabled: bar.controller.canUndo
+            onClicked: bar.controller.undo()
+        }
+        IconButton {
+            symbol: "arrow.uturn.forward"
+            tip: qsTr("Redo")
+            key: "Ctrl+Shift+Z"
+            enabled: bar.controller.canRedo
+            onClicked: bar.controller.redo()
+        }
+        Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
+        ZoomField { controller: bar.controller }
+        Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
+        IconButton {
+            symbol: "crop"
+            tip: qsTr("Crop")
+            key: "C"
+            checked: bar.controller.isCropMode
+            onClicked: bar.controller.isCropMode ? bar.controller.cancelCrop() : bar.controller.enterCrop()
+        }
+        IconButton {
+            symbol: "rotate.left"
+            tip: qsTr("Turn left")
+            onClicked: bar.controller.rotate(false)
+        }
+        IconButton {
+            symbol: "rotate.right"
+            tip: qsTr("Turn right")
+            onClicked: bar.controller.rotate(true)
+        }
+        IconButton {
+            symbol: "pencil"
+            text: qsTr("Annotate")
+            tip: qsTr("Draw on the picture")
+            key: "D"
+            checked: bar.controller.isAnnotationMode
+            onClicked: bar.controller.toggleAnnotations()
+        }
+        IconButton {
+            symbol: "wand.and.stars"
+            tip: qsTr("Auto beautify")
+            onClicked: bar.controller.autoBeautify()
+        }
+        IconButton {
+            symbol: "sparkles"
+            tip: qsTr("Enhance the picture")
+            onClicked: bar.enhanceRequested()
+        }
+        Item { Layout.fillWidth: true }
+        Text {
+            text: bar.controller.pictureSize
+            font.pixelSize: Theme.captionSize
+            color: Theme.secondaryText
+            visible: bar.width > 980
+            Layout.rightMargin: Theme.small
+        }
+        IconButton {
+            symbol: "keyboard"
+            tip: qsTr("Keyboard shortcuts")
+            key: "?"
+            onClicked: bar.shortcutsRequested()
+        }
+        IconButton {
+            symbol: "sidebar.right"
+            tip: bar.isPanelShown ? qsTr("Hide the panel") : qsTr("Show the panel")
+            onClicked: bar.panelToggled()
+        }
+        Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
+        IconButton {
+            symbol: "doc.on.doc"
+            text: qsTr("Copy")
+            tip: qsTr("Copy to clipboard")
+            key: "Ctrl+C"
+            enabled: !bar.controller.isExporting
+            onClicked: bar.controller.copy()
+        }
+        IconButton {
+            symbol: "square.and.arrow.down"
+            text: qsTr("Save")
+            tip: qsTr("Save as a file")
+            key: "Ctrl+S"
+            isPrimary: true
+            enabled: !bar.controller.isExporting
+            onClicked: bar.saveRequested()
+        }
+    }
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Theme.hairline
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
+
+// Zoom as a percentage to type, with buttons on both sides.
+Row {
+    id: zoom
+    required property EditorController controller
+    spacing: 0
+
+    IconButton {
+        symbol: "minus"
+        tip: qsTr("Zoom out")
+        key: "Ctrl+-"
+        onClicked: zoom.controller.zoomBy(1 / 1.25)
+    }
+    Basic.TextField {
+        id: field
+        anchors.verticalCenter: parent.verticalCenter
+        implicitWidth: 54
+        implicitHeight: 28
+        horizontalAlignment: TextInput.AlignHCenter
+        font.pixelSize: Theme.bodySize
+        color: Theme.text
+        text: zoom.controller.zoomPercent + " %"
+        selectByMouse: true
+        Accessible.name: qsTr("Zoom")
+        Basic.ToolTip.visible: hovered && !activeFocus
+        Basic.ToolTip.delay: 500
+        Basic.ToolTip.text: qsTr("Click to edit zoom percentage (10% - 500%)")
+        onActiveFocusChanged: if (activeFocus) selectAll()
+        onAccepted: {
+            zoom.controller.setZoomText(text)
+            focus = false
+        }
+        onEditingFinished: text = Qt.binding(() => zoom.controller.zoomPercent + " %")
+        background: Rectangle {
+            radius: Theme.radius
+            color: field.activeFocus ? Theme.raised : field.hovered ? Theme.hover : "transparent"
+            border.width: field.activeFocus ? 2 : 0
+            border.color: Theme.accent
+        }
+    }
+    IconButton {
+        symbol: "plus"
+        tip: qsTr("Zoom in")
+        key: "Ctrl++"
+        onClicked: zoom.controller.zoomBy(1.25)
+    }
+}

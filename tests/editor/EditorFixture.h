@@ -1,0 +1,82 @@
+#pragma once
+
+#include "editor/document/EditorViewModel.h"
+#include "imaging/ExportError.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrio {
+
+/// A renderer that keeps what it is asked for, gives the bare screenshot back, and waits or fails
+/// when told to.
+class ScriptedRenderer : public ImageRendererServiceProtocol {
+  public:
+    std::vector<CompositeRequest> requests;
+    std::optional<ExportError> renderFailure, saveFailure, copyFailure;
+    /// Rendering waits for it where there is one.
+    std::optional<Completion<>> gate;
+    QStringList savedPaths;
+
+    Task<Image> renderComposite(CompositeRequest request, std::stop_token) override {
+        requests.push_back(request);
+        if (gate) {
+            const Completion<> opened = *gate;
+            co_await opened;
+        }
+        if (renderFailure) throw *renderFailure;
+        co_return request.screenshot;
+    }
+
+    Task<SavedFile> saveImage(Image image, QString path, ExportFormat, EncodeHooks) override {
+        if (saveFailure) throw *saveFailure;
+        savedPaths << path;
+        SavedFile saved;
+        saved.byteCount = image.pixelSize().width();
+        co_return saved;
+    }
+
+    Task<> copyToClipboard(Image) override {
+        if (copyFailure) throw *copyFailure;
+        co_return;
+    }
+
+    Image renderBackdrop(const BackdropSettings&, QSize, double) override { return {}; }
+    Image applyEffects(const Image& image, const BackdropEffects&, double) override {
+        return image;
+    }
+    Image renderOverlayImage(OverlayType, QSize, double) override { return {}; }
+};
+
+/// An editor on doubles.
+struct EditorFixture : testing::Test {
+    std::shared_ptr<ScriptedRenderer> renderer = std::make_shared<ScriptedRenderer>();
+    std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<EditorStylePersistenceService> styles =
+        std::make_shared<EditorStylePersistenceService>(defaults);
+    std::unique_ptr<EditorViewModel> editor = makeEditor();
+
+    std::unique_ptr<EditorViewModel> makeEditor() {
+        return std::make_unique<EditorViewModel>(
+            EditorServices{renderer, styles, std::make_shared<WatermarkService>(defaults),
+                           std::make_shared<AIEnhancementService>(), defaults, nullptr});
+    }
+
+    static Image picture(QSize pixels = {200, 100}) {
+        QImage bitmap(pixels, QImage::Format_RGB32);
+        bitmap.fill(Qt::white);
+        return Image(bitmap);
+    }
+
+    /// Draws with a tool in annotation mode, which it enters where need be.
+    void draw(AnnotationTool tool, QPointF from, QPointF to) {
+        if (!editor->isAnnotationMode()) editor->toggleAnnotationMode();
+        AnnotationViewModel& model = editor->annotationVM();
+        model.set_currentTool(tool);
+        model.startDrawing(from);
+        model.continueDrawing(to);
+        model.finishDrawing();
+        editor->synchroniseAnnotations();
+    }
+};
+
+}  // namespace kestrio

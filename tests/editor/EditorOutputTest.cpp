@@ -1,0 +1,91 @@
+#include "EditorFixture.h"
+
+namespace kestrio {
+namespace {
+
+struct EditorOutput : EditorFixture {
+    const QString path = QStringLiteral("/somewhere/shot.png");
+
+    /// The case of what an export throws; none where it ends well.
+    std::optional<ExportError::Case> failureOfExport() {
+        try {
+            runUntilDone(editor->exportImage(path, ExportFormat::png));
+        } catch (const ExportError& error) {
+            return error.errorCase();
+        }
+        return std::nullopt;
+    }
+};
+
+TEST_F(EditorOutput, NeedsAPicture) {
+    EXPECT_EQ(failureOfExport(), ExportError::Case::renderingFailed);
+    EXPECT_THROW(runUntilDone(editor->copyToClipboard()), ExportError);
+    EXPECT_THROW(runUntilDone(editor->prepareRenderedImage()), ExportError);
+    EXPECT_FALSE(editor->isExporting());
+}
+
+TEST_F(EditorOutput, HoldsTheDocumentWithTheDrawingInProgress) {
+    editor->loadCapture(picture());
+    editor->rotateClockwise();
+    editor->set_frameScale(1.5);
+    editor->toggleAnnotationMode();
+    editor->annotationVM().set_currentTool(AnnotationTool::arrow);
+    editor->annotationVM().startDrawing({1, 1});
+    editor->annotationVM().continueDrawing({50, 50});
+    runUntilDone(editor->prepareRenderedImage());
+    editor->watermarkVM().set_isEnabled(true);
+    editor->annotationVM().toggleVisibility();
+    runUntilDone(editor->prepareRenderedImage());
+    ASSERT_EQ(renderer->requests.size(), 2u);
+    const CompositeRequest& first = renderer->requests[0];
+    EXPECT_EQ(first.annotations.size(), 1u);
+    EXPECT_FALSE(first.watermark);
+    EXPECT_EQ(first.canvasState, editor->canvasState());
+    EXPECT_EQ(first.mockup, editor->mockup());
+    EXPECT_EQ(first.frameScale, 1.5);
+    EXPECT_TRUE(renderer->requests[1].watermark);
+    EXPECT_TRUE(renderer->requests[1].annotations.empty()) << "hidden is hidden";
+}
+
+TEST_F(EditorOutput, FailsAndRecovers) {
+    editor->loadCapture(picture());
+    QList<bool> told;
+    QObject::connect(editor.get(), &EditorViewModel::isExportingChanged,
+                     [&] { told << editor->isExporting(); });
+    renderer->renderFailure = ExportError::renderingFailed();
+    EXPECT_EQ(failureOfExport(), ExportError::Case::renderingFailed);
+    renderer->renderFailure.reset();
+    renderer->saveFailure = ExportError::fileWriteFailed(path);
+    EXPECT_EQ(failureOfExport(), ExportError::Case::fileWriteFailed);
+    renderer->saveFailure.reset();
+    renderer->copyFailure = ExportError::clipboardFailed();
+    EXPECT_THROW(runUntilDone(editor->copyToClipboard()), ExportError);
+    EXPECT_EQ(failureOfExport(), std::nullopt);
+    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+    EXPECT_EQ(told, (QList<bool>{true, false, true, false, true, false, true, false}));
+    EXPECT_FALSE(editor->canUndo());
+}
+
+TEST_F(EditorOutput, WhatIsChangedWhileItIsMadeDoesNotCount) {
+    editor->loadCapture(picture());
+    renderer->gate.emplace();
+    auto pending = editor->exportImage(path, ExportFormat::png);
+    EXPECT_TRUE(editor->isExporting());
+    editor->loadCapture(picture({30, 30}));
+    renderer->gate->succeed();
+    EXPECT_EQ(runUntilDone(std::move(pending)).byteCount, 200);
+    EXPECT_FALSE(editor->isExporting());
+}
+
+TEST_F(EditorOutput, OutlivesItsEditor) {
+    editor->loadCapture(picture());
+    renderer->gate.emplace();
+    auto pending = editor->exportImage(path, ExportFormat::png);
+    editor.reset();
+    renderer->gate->succeed();
+    EXPECT_EQ(runUntilDone(std::move(pending)).byteCount, 200);
+    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+}
+
+}  // namespace
+}  // namespace kestrio

@@ -1,0 +1,171 @@
+#include "editor/EditorFixture.h"
+#include "editor/canvas/PreviewRenderer.h"
+#include "editor/views/EditorWindow.h"
+#include "render/ImageRendererService.h"
+#include "support/MemoryPasteboard.h"
+
+#include <QElapsedTimer>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+namespace kestrio {
+namespace {
+
+QStringList* heardWarnings = nullptr;
+
+void hear(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (heardWarnings && type != QtDebugMsg && type != QtInfoMsg) *heardWarnings << text;
+}
+
+/// Everything that Qt Quick complains of while this lives.
+class Warnings {
+  public:
+    Warnings() : before_(qInstallMessageHandler(hear)) { heardWarnings = &list; }
+    ~Warnings() {
+        qInstallMessageHandler(before_);
+        heardWarnings = nullptr;
+    }
+    QStringList list;
+
+  private:
+    QtMessageHandler before_;
+};
+
+void runEventsFor(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+// On the real renderer, since the window shows what it makes.
+struct EditorWindowTest : EditorFixture {
+    EditorServices services() {
+        const auto mark = std::make_shared<WatermarkService>(defaults);
+        return {std::make_shared<ImageRendererService>(mark, std::make_shared<MemoryPasteboard>()),
+                styles,
+                mark,
+                std::make_shared<AIEnhancementService>(),
+                defaults,
+                nullptr};
+    }
+
+    static QQuickWindow* quickWindow(const EditorWindow& window) {
+        return qobject_cast<QQuickWindow*>(window.root());
+    }
+};
+
+int differentColours(const QImage& picture) {
+    std::set<QRgb> colours;
+    for (int y = 0; y < picture.height(); y += 3)
+        for (int x = 0; x < picture.width(); x += 3)
+            colours.insert(picture.pixel(x, y));
+    return static_cast<int>(colours.size());
+}
+
+TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
+    Warnings warnings;
+    EditorWindow window(services(), QStringLiteral("shot"));
+    window.open(picture({640, 400}));
+    QQuickWindow* const view = quickWindow(window);
+    ASSERT_NE(view, nullptr);
+    runEventsFor(300);
+    EXPECT_GT(differentColours(view->grabWindow()), 20);
+
+    EditorController& controller = window.controller();
+    auto* panel = view->findChild<QQuickItem*>(QStringLiteral("rightPanel"));
+    ASSERT_NE(panel, nullptr);
+    for (const char* section : {"frame", "mockup", "watermark", "backdrop"}) {
+        panel->setProperty("open", QString::fromLatin1(section));
+        runEventsFor(60);
+    }
+    for (const char* type : {"none", "gradient", "image", "solid"}) {
+        controller.choose(QStringLiteral("backdropType"), QString::fromLatin1(type));
+        runEventsFor(80);
+    }
+    for (const PresetTheme& preset : PresetTheme::all()) {
+        controller.applyPreset(preset.id);
+        runEventsFor(40);
+    }
+    controller.toggleAnnotations();
+    for (const QVariant& tool : controller.tools())
+        controller.setTool(tool.toMap().value(QStringLiteral("id")).toString());
+    runEventsFor(60);
+    controller.enterCrop();
+    controller.dragCropHandle(7, controller.cropRect(), -100, -50);
+    runEventsFor(60);
+    controller.applyCrop();
+    EXPECT_EQ(controller.pictureSize(), QStringLiteral("540 × 350"));
+    controller.setShortcutOverlayVisible(true);
+    runEventsFor(200);
+    controller.setShortcutOverlayVisible(false);
+    view->resize(900, 600);
+    runEventsFor(60);
+    EXPECT_EQ(warnings.list.join(u'\n'), QString());
+}
+
+// The pointer goes the whole way: through the window's events to a record and onto the screen.
+TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
+    EditorWindow window(services(), QStringLiteral("shot"));
+    window.open(picture({640, 400}));
+    QQuickWindow* const view = quickWindow(window);
+    runEventsFor(200);
+    window.controller().toggleAnnotations();
+    window.controller().setTool(QStringLiteral("rectangle"));
+    auto* canvas = view->findChild<QQuickItem*>(QStringLiteral("canvas"));
+    ASSERT_NE(canvas, nullptr);
+    const QPointF from = canvas->mapToScene(QPointF(300, 250)), to = from + QPointF(160, 90);
+    const auto send = [&](QEvent::Type type, const QPointF& place, Qt::MouseButton button,
+                          Qt::MouseButtons held) {
+        QMouseEvent event(type, place, view->mapToGlobal(place), button, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, (from + to) / 2, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+    const auto& drawn = window.controller().editor().liveAnnotations();
+    ASSERT_EQ(drawn.size(), 1u);
+    EXPECT_EQ(drawn.front().type(), AnnotationType::rectangle);
+    EXPECT_TRUE(window.controller().canUndo());
+    window.controller().setTool(QStringLiteral("select"));  // without handles over it
+    runEventsFor(100);
+    const QImage shown = view->grabWindow();
+    const double ratio = view->effectiveDevicePixelRatio();
+    const QColor edge =
+        shown.pixelColor(((from + to) / 2 * ratio - QPointF(0, 45 * ratio)).toPoint());
+    EXPECT_GT(edge.red(), edge.green() + 100) << "the middle of the upper edge";
+    window.controller().undo();
+    EXPECT_TRUE(window.controller().editor().liveAnnotations().empty());
+}
+
+// What is seen is what is exported: at the same number of pixels the canvas and the file agree.
+TEST_F(EditorWindowTest, ThePreviewIsTheExport) {
+    const EditorServices real = services();
+    EditorViewModel document(real);
+    document.loadCapture(picture({480, 300}));
+    PreviewRenderer preview(document, real.imageRenderer, real.watermark);
+    preview.setScale(1);
+    for (const PresetTheme& preset : PresetTheme::all()) {
+        document.applyPresetTheme(preset);
+        const auto exported = runUntilDone(document.prepareRenderedImage());
+        QElapsedTimer timer;
+        timer.start();
+        double difference = 255;
+        while (difference > 1 && timer.elapsed() < 5000) {
+            runEventsFor(20);
+            const QImage a = preview.preview().convertToFormat(QImage::Format_ARGB32);
+            const QImage b = exported.bitmap().convertToFormat(QImage::Format_ARGB32);
+            if (a.size() != b.size()) continue;
+            double sum = 0;
+            for (int y = 0; y < a.height(); ++y)
+                for (int x = 0; x < a.width() * 4; ++x)
+                    sum += std::abs(a.constScanLine(y)[x] - b.constScanLine(y)[x]);
+            difference = sum / (4.0 * a.width() * a.height());
+        }
+        EXPECT_LE(difference, 1.0) << preset.id.toStdString();
+    }
+}
+
+}  // namespace
+}  // namespace kestrio
