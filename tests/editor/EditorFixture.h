@@ -3,6 +3,8 @@
 #include "editor/document/EditorViewModel.h"
 #include "imaging/ExportError.h"
 
+#include "support/MemoryPasteboard.h"
+
 #include <gtest/gtest.h>
 
 namespace kestrio {
@@ -58,7 +60,8 @@ struct EditorFixture : testing::Test {
     std::unique_ptr<EditorViewModel> makeEditor() {
         return std::make_unique<EditorViewModel>(
             EditorServices{renderer, styles, std::make_shared<WatermarkService>(defaults),
-                           std::make_shared<AIEnhancementService>(), defaults, nullptr});
+                           std::make_shared<AIEnhancementService>(), defaults,
+                           std::make_shared<MemoryPasteboard>(), nullptr});
     }
 
     static Image picture(QSize pixels = {200, 100}) {

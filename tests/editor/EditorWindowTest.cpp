@@ -47,6 +47,7 @@ struct EditorWindowTest : EditorFixture {
                 mark,
                 std::make_shared<AIEnhancementService>(),
                 defaults,
+                std::make_shared<MemoryPasteboard>(),
                 nullptr};
     }
 
@@ -96,6 +97,11 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     runEventsFor(60);
     controller.applyCrop();
     EXPECT_EQ(controller.pictureSize(), QStringLiteral("540 × 350"));
+    controller.togglePicker();
+    controller.movePicker({20, 20});
+    runEventsFor(60);
+    controller.pickColor({20, 20}, false);
+    EXPECT_EQ(controller.tool().value(QStringLiteral("color")).value<QColor>(), QColor(Qt::white));
     controller.setShortcutOverlayVisible(true);
     runEventsFor(200);
     controller.setShortcutOverlayVisible(false);

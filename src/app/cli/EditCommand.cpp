@@ -44,6 +44,7 @@ EditorServices editorServices(const PlatformServices& platform,
     services.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
     services.enhancement = std::make_shared<AIEnhancementService>();
     services.userDefaults = defaults;
+    services.pasteboard = platform.pasteboard;
     services.memoryPressure = platform.memoryPressure;
     return services;
 }

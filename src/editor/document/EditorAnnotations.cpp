@@ -35,4 +35,37 @@ void EditorViewModel::leaveAnnotationMode() {
     recordSnapshot();
 }
 
+void EditorViewModel::toggleColorPicker() {
+    if (colorPickerVM_.isColorPickingMode()) {
+        colorPickerVM_.stopPicking();
+        return;
+    }
+    if (screenshot().isNull()) return;
+    if (isCropMode()) cancelCrop();
+    annotatesAfterPicking_ = isAnnotationMode();
+    leaveAnnotationMode();
+    colorPickerVM_.startPicking();
+}
+
+void EditorViewModel::connectColorPicker() {
+    using Picker = ColorPickerViewModel;
+    connect(&colorPickerVM_, &Picker::isColorPickingModeChanged, this, [this] {
+        if (colorPickerVM_.isColorPickingMode() || !annotatesAfterPicking_) return;
+        annotatesAfterPicking_ = false;
+        toggleAnnotationMode();
+    });
+    connect(&colorPickerVM_, &Picker::colorPicked, this, [this](const PickedColor& picked) {
+        ToolSettings settings = annotationVM_.toolSettings();
+        settings.color = {picked.red, picked.green, picked.blue, picked.alpha};
+        annotationVM_.set_toolSettings(settings);
+    });
+    connect(&colorPickerVM_, &Picker::backdropColorPicked, this, [this](const PickedColor& picked) {
+        BackdropSettings changed = backdrop();
+        changed.type = BackdropType::solid;
+        changed.solidColor = CodableColor{picked.red, picked.green, picked.blue, picked.alpha};
+        set_backdrop(changed);
+        recordSnapshot();
+    });
+}
+
 }  // namespace kestrio

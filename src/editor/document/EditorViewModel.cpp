@@ -16,6 +16,8 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
       annotationVM_({}, services_.memoryPressure.get()),
+      colorPickerVM_(std::make_shared<ColorHistoryService>(services_.userDefaults),
+                     services_.userDefaults, services_.pasteboard),
       watermarkVM_(services_.watermark),
       historyManager_(HistoryManager<EditorSnapshot>::greatestHistorySize,
                       services_.memoryPressure.get()) {
@@ -27,6 +29,7 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     connect(&annotationHistory, &AnnotationHistoryService::canRedoChanged, this, recompute);
     connect(this, &EditorViewModel::isAnnotationModeChanged, this, recompute);
 
+    connectColorPicker();
     stylePersistence_.setSingleShot(true);
     stylePersistence_.setInterval(stylePersistenceDelay);
     connect(&stylePersistence_, &QTimer::timeout, this, &EditorViewModel::persistStyle);

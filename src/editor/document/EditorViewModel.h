@@ -3,6 +3,7 @@
 #include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/history/HistoryManager.h"
 #include "editor/document/EditorState.h"
+#include "library/color/ColorPickerViewModel.h"
 #include "render/ImageRendererService.h"
 #include "render/enhance/AIEnhancementService.h"
 #include "render/stores/EditorStylePersistenceService.h"
@@ -21,6 +22,7 @@ struct EditorServices {
     std::shared_ptr<WatermarkServiceProtocol> watermark;
     std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
     std::shared_ptr<UserDefaults> userDefaults;
+    std::shared_ptr<Pasteboard> pasteboard;
     std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null
 };
 
@@ -63,6 +65,8 @@ class EditorViewModel : public QObject {
     Q_SIGNAL void annotationsChanged();
     AnnotationViewModel& annotationVM() { return annotationVM_; }
     const AnnotationViewModel& annotationVM() const { return annotationVM_; }
+    ColorPickerViewModel& colorPickerVM() { return colorPickerVM_; }
+    const ColorPickerViewModel& colorPickerVM() const { return colorPickerVM_; }
     WatermarkViewModel& watermarkVM() { return watermarkVM_; }
     const WatermarkViewModel& watermarkVM() const { return watermarkVM_; }
     const HistoryManager<EditorSnapshot>& historyManager() const { return historyManager_; }
@@ -109,6 +113,10 @@ class EditorViewModel : public QObject {
     /// Takes over what was drawn; called after each gesture on the canvas.
     void synchroniseAnnotations();
 
+    /// Starts or ends picking a colour from the picture. It becomes the tools' colour where
+    /// annotation mode was on, which then goes on.
+    void toggleColorPicker();
+
     // Turning and cropping.
 
     void rotateClockwise() { turnBy(90); }
@@ -139,6 +147,7 @@ class EditorViewModel : public QObject {
     void apply(const EditorSnapshot& snapshot);
     void recomputeUndoFlags();
     void leaveCropMode();
+    void connectColorPicker();
     void replaceKeepingAnnotations(const Image& image);
     /// Replaces the picture by a part of itself; annotations stay on what they mark.
     void crop(const QRect& pixels);
@@ -147,6 +156,8 @@ class EditorViewModel : public QObject {
     EditorServices services_;
     std::vector<AnyAnnotation> annotations_;
     AnnotationViewModel annotationVM_;
+    ColorPickerViewModel colorPickerVM_;
+    bool annotatesAfterPicking_ = false;
     WatermarkViewModel watermarkVM_;
     HistoryManager<EditorSnapshot> historyManager_;
     std::optional<Image> screenshotBeforeEnhancement_;

@@ -221,15 +221,10 @@ void CanvasItem::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-QColor CanvasItem::colorAt(const QPointF& position) const {
-    if (!interaction_ || interaction_->viewport().isEmpty()) return {};
+QPointF CanvasItem::imagePoint(const QPointF& position) const {
+    if (!interaction_ || interaction_->viewport().isEmpty()) return {-1, -1};
     const CanvasViewport& viewport = interaction_->viewport();
-    const QPointF image = viewport.canvasToImage(viewport.toCanvas(position));
-    const QImage& bitmap = editor().screenshot().bitmap();
-    const double scale = bitmap.width() / viewport.imageSize().width();
-    const QPoint pixel(static_cast<int>(std::floor(image.x() * scale)),
-                       static_cast<int>(std::floor(image.y() * scale)));
-    return bitmap.rect().contains(pixel) ? bitmap.pixelColor(pixel) : QColor();
+    return viewport.canvasToImage(viewport.toCanvas(position));
 }
 
 void CanvasItem::beginTextEditing(const QUuid& id) {

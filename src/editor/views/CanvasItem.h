@@ -45,8 +45,8 @@ class CanvasItem : public QQuickPaintedItem {
     QRectF numberEditorRect() const;
     QRectF imageRect() const;
 
-    /// The colour of the screenshot under a point of the item, as the eyedropper reads it.
-    Q_INVOKABLE QColor colorAt(const QPointF& position) const;
+    /// The point of the screenshot under a point of the item.
+    Q_INVOKABLE QPointF imagePoint(const QPointF& position) const;
     Q_INVOKABLE void commitText(const QString& text);
     Q_INVOKABLE void cancelText();
 

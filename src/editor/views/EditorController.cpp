@@ -75,6 +75,8 @@ void EditorController::connectEditor() {
             &EditorController::styleChanged);
     connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
             &EditorController::styleChanged);
+    connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
+            &EditorController::modeChanged);
     using Annotations = AnnotationViewModel;
     AnnotationViewModel& annotations = editor_.annotationVM();
     for (const auto signal :

@@ -24,6 +24,8 @@ class EditorController : public QObject {
     Q_PROPERTY(bool isTextEditing READ isTextEditing NOTIFY toolChanged)
     Q_PROPERTY(bool isShortcutOverlayVisible READ isShortcutOverlayVisible WRITE
                    setShortcutOverlayVisible NOTIFY shortcutOverlayChanged)
+    Q_PROPERTY(bool isPickingColor READ isPickingColor NOTIFY modeChanged)
+    Q_PROPERTY(QObject* colorPicker READ colorPicker CONSTANT)
     Q_PROPERTY(QVariantList shortcutColumns READ shortcutColumns CONSTANT)
     Q_PROPERTY(bool isEnhancing READ isEnhancing NOTIFY enhancingChanged)
     Q_PROPERTY(bool canRestore READ canRestore NOTIFY enhancingChanged)
@@ -69,6 +71,8 @@ class EditorController : public QObject {
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
     bool isTextEditing() const { return editor_.annotationVM().isTextEditing(); }
+    bool isPickingColor() const { return editor_.colorPickerVM().isColorPickingMode(); }
+    QObject* colorPicker() { return &editor_.colorPickerVM(); }
     bool isShortcutOverlayVisible() const { return editor_.isShortcutOverlayVisible(); }
     void setShortcutOverlayVisible(bool isVisible) {
         editor_.set_isShortcutOverlayVisible(isVisible);
@@ -125,6 +129,10 @@ class EditorController : public QObject {
     Q_INVOKABLE void commitNumber();
     Q_INVOKABLE void cancelNumber() { editor_.annotationVM().cancelNumberEdit(); }
 
+    /// The eyedropper; points of the image.
+    Q_INVOKABLE void togglePicker() { editor_.toggleColorPicker(); }
+    Q_INVOKABLE void movePicker(const QPointF& point);
+    Q_INVOKABLE void pickColor(const QPointF& point, bool forBackdrop);
     /// A key that no text field took; true where it was a command.
     Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text);
     Q_INVOKABLE void autoBeautify();

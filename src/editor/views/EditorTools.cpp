@@ -194,6 +194,14 @@ void EditorController::sendToBack() {
     editor_.synchroniseAnnotations();
 }
 
+void EditorController::movePicker(const QPointF& point) {
+    editor_.colorPickerVM().movePointer(editor_.screenshot(), point);
+}
+
+void EditorController::pickColor(const QPointF& point, bool forBackdrop) {
+    editor_.colorPickerVM().pick(editor_.screenshot(), point, forBackdrop);
+}
+
 bool EditorController::handleKey(int key, int modifiers, const QString& text) {
     const Qt::KeyboardModifiers held(modifiers);
     if (keyboard_.handle({key, held, text, isTextEditing()})) {
@@ -201,7 +209,11 @@ bool EditorController::handleKey(int key, int modifiers, const QString& text) {
         return true;
     }
     if (held.testFlag(Qt::ControlModifier) || held.testFlag(Qt::AltModifier)) return false;
-    if (key == Qt::Key_D) {
+    if (key == Qt::Key_Escape && isPickingColor()) {
+        togglePicker();
+    } else if (key == Qt::Key_I) {
+        togglePicker();
+    } else if (key == Qt::Key_D) {
         editor_.toggleAnnotationMode();
     } else if (key == Qt::Key_C && !isAnnotationMode()) {
         editor_.enterCropMode();

@@ -59,6 +59,12 @@ Window {
                     controller: window.controller
                     imageRect: canvas.imageRect
                 }
+                EyedropperOverlay {
+                    anchors.fill: parent
+                    visible: window.controller.isPickingColor
+                    controller: window.controller
+                    canvas: canvas
+                }
                 AnnotationPalette {
                     id: palette
                     controller: window.controller

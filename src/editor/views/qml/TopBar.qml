@@ -55,6 +55,13 @@ Rectangle {
             onClicked: bar.controller.rotate(true)
         }
         IconButton {
+            symbol: "eyedropper"
+            tip: qsTr("Pick a colour; with Alt for the backdrop")
+            key: "I"
+            checked: bar.controller.isPickingColor
+            onClicked: bar.controller.togglePicker()
+        }
+        IconButton {
             symbol: "pencil"
             text: qsTr("Annotate")
             tip: qsTr("Draw on the picture")
