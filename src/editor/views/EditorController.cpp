@@ -10,6 +10,7 @@
 #include "core/Localisation.h"
 #include "imaging/ExportError.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPointer>
@@ -176,7 +177,13 @@ void EditorController::moveCrop(const QRectF& start, double dx, double dy) {
 }
 
 QUrl EditorController::saveFolder() const {
-    return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QUrl::fromLocalFile(QFileInfo(pictures).isDir() ? pictures : QDir::homePath());
+}
+
+QUrl EditorController::suggestedFile() const {
+    return QUrl::fromLocalFile(saveFolder().toLocalFile() + u'/' + suggestedName_ +
+                               QStringLiteral(" (Kestrio).png"));
 }
 
 void EditorController::setCropRatio(double ratio) {

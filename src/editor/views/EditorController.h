@@ -49,6 +49,7 @@ class EditorController : public QObject {
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
     Q_PROPERTY(QString suggestedName READ suggestedName CONSTANT)
     Q_PROPERTY(QUrl saveFolder READ saveFolder CONSTANT)
+    Q_PROPERTY(QUrl suggestedFile READ suggestedFile CONSTANT)
 
   public:
     EditorController(EditorServices services, QString suggestedName, QObject* parent = nullptr);
@@ -102,6 +103,8 @@ class EditorController : public QObject {
     QVariantMap choices() const;
     QString suggestedName() const { return suggestedName_; }
     QUrl saveFolder() const;
+    /// A PNG file of the document's name in the save folder.
+    QUrl suggestedFile() const;
 
     /// Live change of a style field; commit() makes it a step of undo.
     Q_INVOKABLE void set(const QString& field, const QVariant& value);

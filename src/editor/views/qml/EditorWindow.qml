@@ -136,7 +136,9 @@ Window {
     FileDialog {
         id: saver
         title: qsTr("Save picture")
+        acceptLabel: qsTr("Save")
         fileMode: FileDialog.SaveFile
+        selectedFile: window.controller.suggestedFile
         defaultSuffix: "png"
         currentFolder: window.controller.saveFolder
         nameFilters: [qsTr("PNG picture (*.png)"), qsTr("JPEG picture (*.jpeg *.jpg)"), qsTr("WebP picture (*.webp)")]
