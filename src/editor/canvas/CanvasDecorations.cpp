@@ -25,12 +25,6 @@ void strokeOutline(QPainter& painter, const QPainterPath& outline) {
     painter.strokePath(outline, hairline(accent));
 }
 
-double rotationOf(const AnyAnnotation& annotation) {
-    if (const auto* rectangle = annotation.as<RectangleAnnotation>()) return rectangle->rotation;
-    if (const auto* text = annotation.as<TextAnnotation>()) return text->rotation;
-    return 0;
-}
-
 QPainterPath outlineOf(const AnyAnnotation& annotation, const CanvasInteraction& interaction) {
     const QRectF bounds = annotation.bounds();
     const QTransform turn = QTransform()

@@ -51,12 +51,6 @@ QPointF placeOf(HandleRole role, const QRectF& rect) {
             rect.center().y() + sides.y * rect.height() / 2};
 }
 
-double rotationOf(const AnyAnnotation& annotation) {
-    if (const auto* rectangle = annotation.as<RectangleAnnotation>()) return rectangle->rotation;
-    if (const auto* text = annotation.as<TextAnnotation>()) return text->rotation;
-    return 0;
-}
-
 bool canTurn(const AnyAnnotation& annotation) {
     return annotation.as<RectangleAnnotation>() || annotation.as<TextAnnotation>();
 }
@@ -137,6 +131,12 @@ void dragRotation(AnyAnnotation& annotation, const HandleDrag& drag) {
 }
 
 }  // namespace
+
+double rotationOf(const AnyAnnotation& annotation) {
+    if (const auto* rectangle = annotation.as<RectangleAnnotation>()) return rectangle->rotation;
+    if (const auto* text = annotation.as<TextAnnotation>()) return text->rotation;
+    return 0;
+}
 
 std::vector<SelectionHandle> selectionHandles(const AnyAnnotation& annotation,
                                               double rotationReach) {
