@@ -11,6 +11,13 @@ void dropQtMessages(QtMsgType type, const QMessageLogContext&, const QString& me
     }
 }
 
+// Qt ends the process with a dump where it finds none.
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(name)) return true;
+    return false;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -21,7 +28,13 @@ int main(int argc, char** argv) {
     // Qt would take options of ours for its own, such as --style.
     int ownCount = 1;
     // Verbs that open no window work without a display, and start faster without asking for one.
-    if (!kestrio::needsDisplay(arguments)) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!kestrio::needsDisplay(arguments)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    } else if (!hasDisplay()) {
+        kestrio::printError(QStringLiteral(
+            "there is no display to open a window on; start it in a desktop session"));
+        return static_cast<int>(kestrio::ExitStatus::failed);
+    }
     QGuiApplication application(ownCount, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrio"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTRIO_VERSION));
