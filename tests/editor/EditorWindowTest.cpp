@@ -56,6 +56,14 @@ struct EditorWindowTest : EditorFixture {
     }
 };
 
+/// Counts what a controller refuses.
+struct Refusals {
+    explicit Refusals(EditorController& controller) {
+        QObject::connect(&controller, &EditorController::failed, &controller, [this] { ++count; });
+    }
+    int count = 0;
+};
+
 int differentColours(const QImage& picture) {
     std::set<QRgb> colours;
     for (int y = 0; y < picture.height(); y += 3)
@@ -88,6 +96,14 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
         controller.applyPreset(preset.id);
         runEventsFor(40);
     }
+    controller.saveTheme(QStringLiteral("Mine"));
+    runEventsFor(60);
+    ASSERT_EQ(controller.themes().size(), 1);
+    Refusals refusals(controller);
+    controller.saveTheme(QStringLiteral("Mine"));
+    EXPECT_EQ(refusals.count, 1) << "a name that is taken";
+    controller.deleteTheme(controller.themes().front().toMap()[QStringLiteral("id")].toString());
+    EXPECT_TRUE(controller.themes().isEmpty());
     controller.toggleAnnotations();
     for (const QVariant& tool : controller.tools())
         controller.setTool(tool.toMap().value(QStringLiteral("id")).toString());

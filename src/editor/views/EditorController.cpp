@@ -37,6 +37,7 @@ EditorController::EditorController(EditorServices services, QString suggestedNam
       services_(services),
       suggestedName_(std::move(suggestedName)),
       editor_(std::move(services)),
+      themes_(std::make_shared<ThemeStorageService>(services_.userDefaults)),
       hints_(services_.userDefaults),
       keyboard_(editor_, &hints_),
       thumbnails_(std::make_shared<ThumbnailSource>()) {
@@ -55,9 +56,9 @@ ThumbnailProvider* EditorController::makeThumbnailProvider() {
 void EditorController::connectEditor() {
     using Editor = EditorViewModel;
     const auto relay = [this](auto from, auto to) { connect(&editor_, from, this, to); };
-    for (const auto signal :
-         {&Editor::backdropChanged, &Editor::mockupChanged, &Editor::frameStyleChanged,
-          &Editor::frameScaleChanged, &Editor::currentPresetThemeIdChanged}) {
+    for (const auto signal : {&Editor::backdropChanged, &Editor::mockupChanged,
+                              &Editor::frameStyleChanged, &Editor::frameScaleChanged,
+                              &Editor::currentPresetThemeIdChanged, &Editor::currentThemeChanged}) {
         relay(signal, &EditorController::styleChanged);
     }
     for (const auto signal : {&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged})
@@ -78,6 +79,8 @@ void EditorController::connectEditor() {
             &EditorController::styleChanged);
     connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
             &EditorController::modeChanged);
+    connect(&themes_, &ThemeViewModel::userThemesChanged, this, &EditorController::themesChanged);
+    themes_.reload();
     using Annotations = AnnotationViewModel;
     AnnotationViewModel& annotations = editor_.annotationVM();
     for (const auto signal :
@@ -96,7 +99,7 @@ void EditorController::open(const Image& image) {
 }
 
 void EditorController::refreshThumbnails() {
-    thumbnails_->set({smallCopy(editor_.screenshot()), editor_.style()});
+    thumbnails_->set({smallCopy(editor_.screenshot()), editor_.style(), themes_.userThemes()});
     ++thumbnailRevision_;
     Q_EMIT thumbnailRevisionChanged();
 }
@@ -145,6 +148,48 @@ void EditorController::applyPreset(const QString& id) {
     if (!preset) return;
     editor_.applyPresetTheme(*preset);
     refreshThumbnails();
+}
+
+QVariantList EditorController::themes() const {
+    QVariantList rows;
+    for (const Theme& theme : themes_.userThemes()) {
+        rows << QVariantMap{{QStringLiteral("id"), theme.id.toString(QUuid::WithoutBraces)},
+                            {QStringLiteral("name"), theme.name}};
+    }
+    return rows;
+}
+
+QString EditorController::currentTheme() const {
+    const auto& theme = editor_.currentTheme();
+    return theme ? theme->id.toString(QUuid::WithoutBraces) : QString();
+}
+
+void EditorController::applyTheme(const QString& id) {
+    for (const Theme& theme : themes_.userThemes()) {
+        if (theme.id != QUuid::fromString(id)) continue;
+        editor_.applyTheme(theme);
+        refreshThumbnails();
+        return;
+    }
+}
+
+void EditorController::saveTheme(const QString& name) {
+    if (name.trimmed().isEmpty()) {
+        Q_EMIT failed(localised("A theme needs a name"));
+        return;
+    }
+    themes_.saveTheme(name.trimmed(), editor_.style());
+    if (!themes_.errorMessage().isEmpty()) {
+        Q_EMIT failed(themes_.errorMessage());
+        return;
+    }
+    refreshThumbnails();
+    Q_EMIT toast(localised("Theme saved"));
+}
+
+void EditorController::deleteTheme(const QString& id) {
+    themes_.deleteTheme(QUuid::fromString(id));
+    if (!themes_.errorMessage().isEmpty()) Q_EMIT failed(themes_.errorMessage());
 }
 
 void EditorController::setAspect(const QString& name, double ratio) {

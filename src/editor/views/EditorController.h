@@ -2,6 +2,7 @@
 
 #include "editor/document/EditorViewModel.h"
 #include "editor/keyboard/AnnotationKeyboardHandler.h"
+#include "render/stores/ThemeViewModel.h"
 
 #include <QQmlEngine>
 #include <QUrl>
@@ -44,6 +45,9 @@ class EditorController : public QObject {
     /// Changes whenever thumbnails of the picture must be made again.
     Q_PROPERTY(int thumbnailRevision READ thumbnailRevision NOTIFY thumbnailRevisionChanged)
     Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+    /// The user's own, each {id, name}.
+    Q_PROPERTY(QVariantList themes READ themes NOTIFY themesChanged)
+    Q_PROPERTY(QString currentTheme READ currentTheme NOTIFY styleChanged)
     Q_PROPERTY(QVariantList tools READ tools CONSTANT)
     Q_PROPERTY(QVariantList quickColors READ quickColorList CONSTANT)
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
@@ -97,6 +101,8 @@ class EditorController : public QObject {
     QVariantMap numberEditing() const;
     int thumbnailRevision() const { return thumbnailRevision_; }
     QVariantList presets() const;
+    QVariantList themes() const;
+    QString currentTheme() const;
     QVariantList tools() const;
     QVariantList quickColorList() const;
     /// Lists for pickers by the name of their field, each row {id, name}.
@@ -113,6 +119,10 @@ class EditorController : public QObject {
     Q_INVOKABLE void choose(const QString& field, const QVariant& value);
     Q_INVOKABLE void setBackdropImage(const QUrl& url);
     Q_INVOKABLE void applyPreset(const QString& id);
+    Q_INVOKABLE void applyTheme(const QString& id);
+    /// Keeps the present style under a name that no other theme has.
+    Q_INVOKABLE void saveTheme(const QString& name);
+    Q_INVOKABLE void deleteTheme(const QString& id);
     Q_INVOKABLE void setAspect(const QString& name, double ratio);
     Q_INVOKABLE void setCustomAspect(double width, double height);
 
@@ -166,6 +176,7 @@ class EditorController : public QObject {
 
     Q_SIGNAL void shortcutOverlayChanged();
     Q_SIGNAL void enhancingChanged();
+    Q_SIGNAL void themesChanged();
     Q_SIGNAL void styleChanged();
     Q_SIGNAL void toolChanged();
     Q_SIGNAL void modeChanged();
@@ -191,6 +202,7 @@ class EditorController : public QObject {
     EditorServices services_;
     QString suggestedName_;
     EditorViewModel editor_;
+    ThemeViewModel themes_;
     ShortcutHintManager hints_;
     AnnotationKeyboardHandler keyboard_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;

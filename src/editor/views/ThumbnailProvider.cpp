@@ -58,9 +58,13 @@ struct ThumbnailKind {
 };
 
 constexpr ThumbnailKind kinds[] = {
-    {"preset", applyPreset, true},    {"gradient", applyGradient, false},
-    {"frame", applyFrame, true},      {"pattern", applyPattern, false},
-    {"overlay", applyOverlay, false}, {"effect", applyEffect, false},
+    {"theme", [](EditorStyleSettings&, const QString&) {}, true},
+    {"preset", applyPreset, true},
+    {"gradient", applyGradient, false},
+    {"frame", applyFrame, true},
+    {"pattern", applyPattern, false},
+    {"overlay", applyOverlay, false},
+    {"effect", applyEffect, false},
 };
 
 /// A picture that shows nothing, for kinds that show the backdrop alone.
@@ -74,6 +78,8 @@ CompositeRequest requestOf(const ThumbnailSource::Values& values, const Thumbnai
                            const QString& id, double scale) {
     EditorStyleSettings style = values.style;
     kind.apply(style, id);
+    for (const Theme& theme : values.themes)
+        if (theme.id == QUuid::fromString(id)) style = theme.style();
     CompositeRequest request;
     request.setStyle(style);
     request.screenshot = kind.showsPicture ? values.picture : emptyPicture();

@@ -2,6 +2,7 @@
 
 #include "imaging/Image.h"
 #include "render/ImageRendererService.h"
+#include "render/style/Theme.h"
 
 #include <QQuickImageProvider>
 #include <mutex>
@@ -15,6 +16,7 @@ class ThumbnailSource {
     struct Values {
         Image picture;
         EditorStyleSettings style;
+        std::vector<Theme> themes;
     };
 
     void set(Values values);
@@ -26,7 +28,7 @@ class ThumbnailSource {
 };
 
 /// Makes pictures of choices instead of their names: "kind/id?revision", where the kind is preset,
-/// gradient, frame, pattern, overlay or effect. Works on the loader's thread.
+/// theme, gradient, frame, pattern, overlay or effect. Works on the loader's thread.
 class ThumbnailProvider : public QQuickImageProvider {
     Q_OBJECT
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
 
-// Built-in styles as pictures of the document.
+// Built-in styles and the user's own as pictures of the document.
 Rectangle {
     id: strip
     required property EditorController controller
@@ -14,63 +14,119 @@ Rectangle {
         height: 1
         color: Theme.hairline
     }
-    ListView {
-        id: list
+    Flickable {
+        id: view
         anchors.fill: parent
         anchors.leftMargin: Theme.large
         anchors.rightMargin: Theme.large
-        orientation: ListView.Horizontal
-        spacing: Theme.medium
+        contentWidth: tiles.width
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: strip.controller.presets
-        delegate: Basic.AbstractButton {
-            id: tile
-            required property var modelData
-            readonly property bool isCurrent: strip.controller.currentPreset === modelData.id
-            width: 104
-            height: list.height
-            focusPolicy: Qt.TabFocus
-            Accessible.name: modelData.name
-            onClicked: strip.controller.applyPreset(modelData.id)
-            contentItem: Item {
-                Rectangle {
-                    id: frame
+
+        Row {
+            id: tiles
+            spacing: Theme.medium
+            height: view.height
+            Repeater {
+                model: strip.controller.presets
+                StyleTile {
+                    required property var modelData
+                    height: view.height
+                    kind: "preset"
+                    styleId: modelData.id
+                    name: modelData.name
+                    revision: strip.controller.thumbnailRevision
+                    isCurrent: strip.controller.currentPreset === modelData.id
+                    onClicked: strip.controller.applyPreset(modelData.id)
+                }
+            }
+            Repeater {
+                model: strip.controller.themes
+                StyleTile {
+                    required property var modelData
+                    height: view.height
+                    kind: "theme"
+                    styleId: modelData.id
+                    name: modelData.name
+                    revision: strip.controller.thumbnailRevision
+                    isCurrent: strip.controller.currentTheme === modelData.id
+                    canDelete: true
+                    onClicked: strip.controller.applyTheme(modelData.id)
+                    onDeleteRequested: strip.controller.deleteTheme(modelData.id)
+                }
+            }
+            Item {
+                width: 104
+                height: view.height
+                IconButton {
                     y: 12
                     width: parent.width
                     height: 62
-                    radius: Theme.radius
-                    color: tile.hovered ? Theme.hover : "transparent"
-                    border.width: tile.isCurrent || tile.visualFocus ? 2 : 1
-                    border.color: tile.isCurrent || tile.visualFocus ? Theme.accent : Theme.hairline
-                    Image {
-                        anchors.fill: parent
-                        anchors.margins: tile.isCurrent ? 3 : 2
-                        source: "image://thumbnail/preset/" + tile.modelData.id + "?"
-                            + strip.controller.thumbnailRevision
-                        sourceSize: Qt.size(200, 120)
-                        fillMode: Image.PreserveAspectCrop
-                        cache: false
-                    }
+                    symbol: "plus"
+                    tip: qsTr("Keep this style as a theme")
+                    onClicked: naming.open()
                 }
                 Text {
-                    anchors.top: frame.bottom
-                    anchors.topMargin: 5
+                    y: 79
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
-                    text: tile.modelData.name
-                    elide: Text.ElideRight
+                    text: qsTr("Save style")
                     font.pixelSize: Theme.captionSize
-                    color: tile.isCurrent ? Theme.text : Theme.secondaryText
-                    font.weight: tile.isCurrent ? Font.DemiBold : Font.Normal
+                    color: Theme.secondaryText
                 }
             }
-            background: Item {}
         }
         WheelHandler {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            onWheel: event => list.contentX = Math.max(0, Math.min(list.contentWidth - list.width,
-                list.contentX - event.angleDelta.y))
+            onWheel: event => view.contentX = Math.max(0, Math.min(view.contentWidth - view.width,
+                view.contentX - event.angleDelta.y))
+        }
+    }
+
+    Basic.Popup {
+        id: naming
+        x: Math.max(Theme.small, (strip.width - width) / 2)
+        y: -height - Theme.small
+        width: 300
+        padding: Theme.large
+        modal: true
+        focus: true
+        onOpened: {
+            field.text = ""
+            field.forceActiveFocus()
+        }
+        background: Rectangle {
+            radius: Theme.largeRadius
+            color: Theme.surface
+            border.color: Theme.hairline
+        }
+        function save() {
+            strip.controller.saveTheme(field.text)
+            close()
+        }
+        Column {
+            width: parent.width
+            spacing: Theme.medium
+            TextBox {
+                id: field
+                width: parent.width
+                placeholder: qsTr("Name of the theme")
+                onAccepted: naming.save()
+            }
+            Row {
+                anchors.right: parent.right
+                spacing: Theme.small
+                IconButton {
+                    text: qsTr("Cancel")
+                    onClicked: naming.close()
+                }
+                IconButton {
+                    text: qsTr("Save")
+                    isPrimary: true
+                    enabled: field.text.trim() !== ""
+                    onClicked: naming.save()
+                }
+            }
         }
     }
 }
