@@ -78,4 +78,10 @@ QString uniqueFileName(const QString& directory, const QString& extension, const
     return base + u'_' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
+std::optional<ExportFormat> formatNamed(const QString& name) {
+    const QString lower = name.toLower();
+    if (lower == u"jpg") return ExportFormat::jpeg;
+    return fromRawString<ExportFormat>(lower.toStdString());
+}
+
 }  // namespace kestrio

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "imaging/ExportFormat.h"
+
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 namespace kestrio {
 
@@ -26,5 +29,8 @@ QString formatFileName(int sequence, const QDateTime& date, const QString& patte
 /// so on from the second file on. `extension` with or without its dot; empty appends none.
 QString uniqueFileName(const QString& directory, const QString& extension, const QDateTime& date,
                        const QString& pattern);
+
+/// The format that a name such as "png" or "jpg" stands for, or nothing.
+std::optional<ExportFormat> formatNamed(const QString& name);
 
 }  // namespace kestrio

@@ -8,6 +8,7 @@
 #include "core/Stopwatch.h"
 #include "imaging/ExportError.h"
 #include "imaging/codecs/ImageDecoder.h"
+#include "library/FileNaming.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"

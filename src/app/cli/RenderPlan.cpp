@@ -2,6 +2,7 @@
 
 #include "app/cli/CommandLine.h"
 #include "core/Localisation.h"
+#include "library/FileNaming.h"
 #include "library/QuickSave.h"
 
 #include <QDir>
@@ -61,12 +62,6 @@ std::vector<RenderJob> planIntoFolder(const QStringList& inputs, const OutputCho
 }
 
 }  // namespace
-
-std::optional<ExportFormat> formatNamed(const QString& name) {
-    const QString lower = name.toLower();
-    if (lower == u"jpg") return ExportFormat::jpeg;
-    return fromRawString<ExportFormat>(lower.toStdString());
-}
 
 std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
                                   const AppSettings& settings) {

@@ -28,7 +28,4 @@ struct RenderJob {
 std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
                                   const AppSettings& settings);
 
-/// The format that a name such as "png" or "jpg" stands for, or nothing.
-std::optional<ExportFormat> formatNamed(const QString& name);
-
 }  // namespace kestrio

@@ -59,11 +59,4 @@ AnnotationMapping CanvasViewport::mapping(double pixelsPerViewPoint) const {
     return {QPointF(), {scale, scale}, scale};
 }
 
-AnnotationMapping CanvasViewport::blurMapping(double pixelsPerViewPoint) const {
-    const double scale = scale_ * pixelsPerViewPoint;
-    const QPointF perImagePoint(content_.width() / imageSize_.width() * scale,
-                                content_.height() / imageSize_.height() * scale);
-    return {content_.topLeft() * scale, perImagePoint, scale};
-}
-
 }  // namespace kestrio

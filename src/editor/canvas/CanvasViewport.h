@@ -36,7 +36,6 @@ class CanvasViewport {
     /// Where records land on a picture of the unturned canvas with so many pixels a view's point,
     /// its origin the canvas' own.
     AnnotationMapping mapping(double pixelsPerViewPoint) const;
-    AnnotationMapping blurMapping(double pixelsPerViewPoint) const;
 
   private:
     QSizeF canvasSize_;

@@ -19,10 +19,13 @@ PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
             &PreviewRenderer::requestScreenshot);
     const auto styleSignals = {&EditorViewModel::backdropChanged, &EditorViewModel::mockupChanged,
                                &EditorViewModel::frameStyleChanged,
-                               &EditorViewModel::frameScaleChanged,
-                               &EditorViewModel::canvasStateChanged};
+                               &EditorViewModel::frameScaleChanged};
     for (const auto signal : styleSignals)
         connect(&editor, signal, this, &PreviewRenderer::requestPreview);
+    connect(&editor, &EditorViewModel::canvasStateChanged, this, [this] {
+        // Panning, zooming and turning show the same picture elsewhere.
+        if (composedCanvas_ != editor_.canvasState().canvasSize) requestPreview();
+    });
     connect(&editor, &EditorViewModel::annotationsChanged, this, &PreviewRenderer::refreshBlurs);
     connect(&editor, &EditorViewModel::isAnnotationModeChanged, this,
             &PreviewRenderer::refreshBlurs);
@@ -115,6 +118,7 @@ Task<> PreviewRenderer::renderPreviews(std::stop_token stop) {
     isRendering_ = true;
     while (std::exchange(isRenderStale_, false)) {
         CompositeRequest request = previewRequest();
+        composedCanvas_ = request.canvasState.canvasSize;
         if (request.screenshot.isNull()) break;
         try {
             auto rendering = imageRenderer_->renderComposite(std::move(request), stop);

@@ -34,6 +34,7 @@ class PreviewRenderer : public QObject {
     std::shared_ptr<ImageRendererServiceProtocol> imageRenderer_;
     BlurredScreenshotPreviewLayer blurred_;
     double wantedScale_ = 0;
+    QSizeF composedCanvas_;
     bool isShrinking_ = false, isShrinkStale_ = false;
     bool isRendering_ = false, isRenderStale_ = false;
     std::stop_source stop_;

@@ -292,10 +292,6 @@ void CanvasItem::commitText(const QString& text) {
     Q_EMIT textEditingChanged();
 }
 
-void CanvasItem::cancelText() {
-    commitText(editedText());
-}
-
 QRectF CanvasItem::numberEditorRect() const {
     if (!controller_) return {};
     const auto& state = editor().annotationVM().numberEditingState();

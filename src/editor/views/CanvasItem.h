@@ -48,7 +48,6 @@ class CanvasItem : public QQuickPaintedItem {
     /// The point of the screenshot under a point of the item.
     Q_INVOKABLE QPointF imagePoint(const QPointF& position) const;
     Q_INVOKABLE void commitText(const QString& text);
-    Q_INVOKABLE void cancelText();
 
     Q_SIGNAL void controllerChanged();
     Q_SIGNAL void textEditingChanged();

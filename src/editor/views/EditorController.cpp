@@ -1,14 +1,14 @@
 #include "editor/views/EditorController.h"
 
+#include "core/Cancelled.h"
+#include "core/Localisation.h"
 #include "editor/crop/CropGeometry.h"
 #include "editor/views/StyleFields.h"
 #include "editor/views/ThumbnailProvider.h"
+#include "imaging/ExportError.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
-
-#include "core/Cancelled.h"
-#include "core/Localisation.h"
-#include "imaging/ExportError.h"
+#include "library/FileNaming.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -72,7 +72,10 @@ void EditorController::connectEditor() {
     relay(&Editor::isExportingChanged, &EditorController::exportingChanged);
     relay(&Editor::isShortcutOverlayVisibleChanged, &EditorController::shortcutOverlayChanged);
     relay(&Editor::isEnhancingImageChanged, &EditorController::enhancingChanged);
-    relay(&Editor::screenshotChanged, &EditorController::refreshThumbnails);
+    connect(&editor_, &Editor::screenshotChanged, this, [this] {
+        smallPicture_ = smallCopy(editor_.screenshot());
+        refreshThumbnails();
+    });
     connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
             &EditorController::styleChanged);
     connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
@@ -80,7 +83,6 @@ void EditorController::connectEditor() {
     connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
             &EditorController::modeChanged);
     connect(&themes_, &ThemeViewModel::userThemesChanged, this, &EditorController::themesChanged);
-    themes_.reload();
     using Annotations = AnnotationViewModel;
     AnnotationViewModel& annotations = editor_.annotationVM();
     for (const auto signal :
@@ -95,11 +97,11 @@ void EditorController::connectEditor() {
 
 void EditorController::open(const Image& image) {
     editor_.loadCapture(image);
-    refreshThumbnails();
+    refreshThumbnails();  // now in the style that it opened with
 }
 
 void EditorController::refreshThumbnails() {
-    thumbnails_->set({smallCopy(editor_.screenshot()), editor_.style(), themes_.userThemes()});
+    thumbnails_->set({smallPicture_, editor_.style(), themes_.userThemes()});
     ++thumbnailRevision_;
     Q_EMIT thumbnailRevisionChanged();
 }
@@ -128,19 +130,33 @@ void EditorController::choose(const QString& field, const QVariant& value) {
 }
 
 void EditorController::setBackdropImage(const QUrl& url) {
-    try {
+    launch(loadBackdropImage(url.toLocalFile()), this);
+}
+
+Task<> EditorController::loadBackdropImage(QString path) {
+    const QPointer<EditorController> self(this);
+    auto work = [path] {
         ImageBackdropSettings settings;
-        settings.imagePath = url.toLocalFile();
-        settings.imageData = readImageFile(url.toLocalFile());
-        decodeImage(*settings.imageData);
+        settings.imagePath = path;
+        settings.imageData = readImageFile(path);
+        decodeImage(*settings.imageData);  // what cannot be read is told now, not drawn grey
+        return settings;
+    };
+    QString failure;
+    try {
+        const auto loading = runInBackground(std::move(work));
+        const ImageBackdropSettings settings = co_await loading;
+        if (!self) co_return;
         BackdropSettings backdrop = editor_.backdrop();
         backdrop.type = BackdropType::image;
         backdrop.imageSettings = settings;
         editor_.set_backdrop(backdrop);
         commit();
+        refreshThumbnails();
     } catch (const Error& error) {
-        Q_EMIT failed(error.errorDescription());
+        failure = error.errorDescription();
     }
+    if (self && !failure.isEmpty()) Q_EMIT failed(failure);
 }
 
 void EditorController::applyPreset(const QString& id) {
@@ -194,14 +210,6 @@ void EditorController::deleteTheme(const QString& id) {
 
 void EditorController::setAspect(const QString& name, double ratio) {
     editor_.setAspectRatio({name, ratio > 0 ? std::optional(ratio) : std::nullopt});
-}
-
-void EditorController::setCustomAspect(double width, double height) {
-    if (!(width > 0) || !(height > 0) || !std::isfinite(width / height)) {
-        Q_EMIT failed(localised("A ratio needs two numbers above 0"));
-        return;
-    }
-    editor_.setAspectRatio(AspectRatio::custom(width, height));
 }
 
 void EditorController::rotate(bool clockwise) {
@@ -314,9 +322,8 @@ Task<> EditorController::runCopy() {
 
 void EditorController::exportTo(const QUrl& file, const QString& format) {
     const QString path = file.isLocalFile() ? file.toLocalFile() : file.toString();
-    const QString name = format.isEmpty() ? QFileInfo(path).suffix().toLower() : format;
-    const auto known =
-        fromRawString<ExportFormat>((name == u"jpg" ? QStringLiteral("jpeg") : name).toStdString());
+    const QString name = format.isEmpty() ? QFileInfo(path).suffix() : format;
+    const auto known = formatNamed(name);
     if (!known) {
         Q_EMIT failed(localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp")
                           .arg(QFileInfo(path).fileName()));
@@ -366,13 +373,21 @@ void EditorController::cancelExport() {
 }
 
 void EditorController::openFile(const QUrl& file) {
+    launch(loadFile(file.toLocalFile()), this);
+}
+
+Task<> EditorController::loadFile(QString path) {
+    const QPointer<EditorController> self(this);
+    auto work = [path] { return loadImageFile(path); };
+    QString failure;
     try {
-        const QImage bitmap = loadImageFile(file.toLocalFile());
-        editor_.replaceScreenshot(Image(bitmap));
-        refreshThumbnails();
+        const auto loading = runInBackground(std::move(work));
+        const QImage bitmap = co_await loading;
+        if (self) editor_.replaceScreenshot(Image(bitmap));
     } catch (const Error& error) {
-        Q_EMIT failed(error.errorDescription());
+        failure = error.errorDescription();
     }
+    if (self && !failure.isEmpty()) Q_EMIT failed(failure);
 }
 
 }  // namespace kestrio

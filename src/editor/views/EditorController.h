@@ -124,7 +124,6 @@ class EditorController : public QObject {
     Q_INVOKABLE void saveTheme(const QString& name);
     Q_INVOKABLE void deleteTheme(const QString& id);
     Q_INVOKABLE void setAspect(const QString& name, double ratio);
-    Q_INVOKABLE void setCustomAspect(double width, double height);
 
     Q_INVOKABLE void setTool(const QString& name);
     Q_INVOKABLE void setToolColor(const QColor& color);
@@ -195,6 +194,8 @@ class EditorController : public QObject {
     void connectEditor();
     void refreshThumbnails();
     Task<> runExport(QString path, ExportFormat format);
+    Task<> loadBackdropImage(QString path);
+    Task<> loadFile(QString path);
     Task<> runCopy();
     Task<> runEnhance(AIEnhancementMode mode, double strength);
     void setExportProgress(double progress);
@@ -206,6 +207,7 @@ class EditorController : public QObject {
     ShortcutHintManager hints_;
     AnnotationKeyboardHandler keyboard_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;
+    Image smallPicture_;
     int thumbnailRevision_ = 0;
     double exportProgress_ = 0;
     std::stop_source exportStop_;

@@ -1,5 +1,6 @@
 #include "editor/keyboard/ShortcutInfo.h"
 #include "editor/views/EditorController.h"
+#include "editor/views/StyleFields.h"
 #include "render/style/EffectPreset.h"
 #include "render/style/GradientPreset.h"
 
@@ -12,11 +13,6 @@ namespace {
 template <typename E>
 QString raw(E value) {
     return QString::fromLatin1(enumRow(value).raw);
-}
-
-CodableColor codable(const QColor& color) {
-    const QColor rgb = color.toRgb();
-    return {rgb.redF(), rgb.greenF(), rgb.blueF(), rgb.alphaF()};
 }
 
 QVariantMap row(const QString& id, const QString& name) {
@@ -131,7 +127,7 @@ void EditorController::setTool(const QString& name) {
 }
 
 void EditorController::setToolColor(const QColor& color) {
-    editor_.annotationVM().setColor(codable(color));
+    editor_.annotationVM().setColor(codableColor(color));
     editor_.synchroniseAnnotations();
 }
 

@@ -10,8 +10,7 @@ namespace kestrio {
 namespace {
 
 CodableColor codable(const QVariant& value) {
-    const QColor color = value.value<QColor>().toRgb();
-    return {color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+    return codableColor(value.value<QColor>());
 }
 
 template <typename E>
@@ -231,6 +230,11 @@ constexpr StyleField fields[] = {
 };
 
 }  // namespace
+
+CodableColor codableColor(const QColor& color) {
+    const QColor rgb = color.toRgb();
+    return {rgb.redF(), rgb.greenF(), rgb.blueF(), rgb.alphaF()};
+}
 
 QVariantMap styleFields(const EditorViewModel& editor) {
     QVariantMap values;

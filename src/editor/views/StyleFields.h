@@ -8,6 +8,9 @@ namespace kestrio {
 
 // The document's style as the panels see it: one row a field, by name.
 
+/// A colour as views give it.
+CodableColor codableColor(const QColor& color);
+
 /// All fields, for bindings.
 QVariantMap styleFields(const EditorViewModel& editor);
 
