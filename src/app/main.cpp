@@ -1,6 +1,7 @@
 #include "app/cli/CommandLine.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <memory>
 
 namespace {
 
@@ -18,6 +19,12 @@ bool hasDisplay() {
     return false;
 }
 
+// File panels are widgets. What opens no window starts sooner without them.
+std::unique_ptr<QGuiApplication> makeApplication(bool opensWindows, int& count, char** arguments) {
+    if (opensWindows) return std::make_unique<QApplication>(count, arguments);
+    return std::make_unique<QGuiApplication>(count, arguments);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -28,14 +35,15 @@ int main(int argc, char** argv) {
     // Qt would take options of ours for its own, such as --style.
     int ownCount = 1;
     // Verbs that open no window work without a display, and start faster without asking for one.
-    if (!kestrio::needsDisplay(arguments)) {
+    const bool opensWindows = kestrio::needsDisplay(arguments);
+    if (!opensWindows) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     } else if (!hasDisplay()) {
         kestrio::printError(QStringLiteral(
             "there is no display to open a window on; start it in a desktop session"));
         return static_cast<int>(kestrio::ExitStatus::failed);
     }
-    QGuiApplication application(ownCount, argv);
+    const auto application = makeApplication(opensWindows, ownCount, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrio"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTRIO_VERSION));
     return static_cast<int>(kestrio::runCommandLine(arguments));

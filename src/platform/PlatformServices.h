@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileDialogs.h"
 #include "platform/MemoryPressure.h"
 #include "platform/Pasteboard.h"
 
@@ -11,9 +12,10 @@ namespace kestrio {
 struct PlatformServices {
     std::shared_ptr<Pasteboard> pasteboard;
     std::shared_ptr<MemoryPressure> memoryPressure;
+    std::shared_ptr<FileDialogs> fileDialogs;
 };
 
-/// The services of the desktop that the program runs on. Needs a GUI application.
+/// The services of the desktop that the program runs on. Needs a QApplication.
 PlatformServices makePlatformServices();
 
 }  // namespace kestrio

@@ -1,11 +1,16 @@
 #include "platform/PlatformServices.h"
 #include "platform/linux/PsiMemoryPressure.h"
+#include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
 
 namespace kestrio {
 
 PlatformServices makePlatformServices() {
-    return {std::make_shared<QtPasteboard>(), std::make_shared<PsiMemoryPressure>()};
+    PlatformServices services;
+    services.pasteboard = std::make_shared<QtPasteboard>();
+    services.memoryPressure = std::make_shared<PsiMemoryPressure>();
+    services.fileDialogs = std::make_shared<QtFileDialogs>();
+    return services;
 }
 
 }  // namespace kestrio

@@ -1,0 +1,66 @@
+#include "platform/linux/QtFileDialogs.h"
+
+#include "platform/linux/QtSavePanel.h"
+
+#include <QPointer>
+#include <QScopeGuard>
+#include <QWindow>
+
+namespace kestrio {
+
+namespace {
+
+/// Opens a panel; true once it is accepted, false once it is dismissed or destroyed.
+Completion<bool> openPanel(QFileDialog* panel, const QObject* owner, QWindow* parent,
+                           std::stop_token stop) {
+    Completion<bool> done(std::move(stop));
+    QObject::connect(panel, &QDialog::finished, panel,
+                     [done](int result) { done.succeed(result == QDialog::Accepted); });
+    QObject::connect(panel, &QObject::destroyed, [done] { done.succeed(false); });
+    QObject::connect(owner, &QObject::destroyed, panel, &QDialog::reject);
+    if (parent) {
+        QObject::connect(parent, &QObject::destroyed, panel, &QDialog::reject);
+        panel->winId();  // makes the window that can have a parent
+        panel->windowHandle()->setTransientParent(parent);
+    }
+    panel->open();
+    return done;
+}
+
+template <typename Panel>
+auto dropWhenDone(const QPointer<Panel>& panel) {
+    return qScopeGuard([panel] {
+        if (!panel) return;
+        panel->hide();
+        panel->deleteLater();
+    });
+}
+
+}  // namespace
+
+Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
+                                                       std::stop_token stop) {
+    const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
+    const auto cleanup = dropWhenDone(panel);
+    panel->setFileMode(QFileDialog::ExistingFile);
+    QStringList filters;
+    for (const FileType& type : request.types)
+        filters << nameFilter(type);
+    if (!filters.isEmpty()) panel->setNameFilters(filters);
+    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const bool isAccepted = co_await closed;
+    if (!isAccepted || !panel) co_return std::nullopt;
+    co_return panel->selectedFiles().value(0);
+}
+
+Task<std::optional<QString>> QtFileDialogs::chooseSave(SavePanelRequest request,
+                                                       std::stop_token stop) {
+    const QPointer panel(new QtSavePanel(request));
+    const auto cleanup = dropWhenDone(panel);
+    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const bool isAccepted = co_await closed;
+    if (!isAccepted || !panel) co_return std::nullopt;
+    co_return panel->chosenFile();
+}
+
+}  // namespace kestrio

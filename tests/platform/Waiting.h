@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
+
+namespace kestrio {
+
+/// Runs the main loop until the condition holds; false where it does not within five seconds.
+template <typename Condition>
+bool waitUntil(Condition holds) {
+    const QDeadlineTimer limit(std::chrono::seconds(5));
+    bool isMet = holds();
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        isMet = holds();
+        if (isMet || limit.hasExpired()) QCoreApplication::quit();
+    });
+    poll.start(std::chrono::milliseconds(2));
+    // Not a nested loop: Qt tells of palettes only while the application itself runs.
+    if (!isMet) QCoreApplication::exec();
+    return isMet;
+}
+
+}  // namespace kestrio
