@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileDialogs.h"
+#include "platform/FileReveal.h"
 #include "platform/MemoryPressure.h"
 #include "platform/Pasteboard.h"
 
@@ -13,6 +14,7 @@ struct PlatformServices {
     std::shared_ptr<Pasteboard> pasteboard;
     std::shared_ptr<MemoryPressure> memoryPressure;
     std::shared_ptr<FileDialogs> fileDialogs;
+    std::shared_ptr<FileReveal> fileReveal;
 };
 
 /// The services of the desktop that the program runs on. Needs a QApplication.

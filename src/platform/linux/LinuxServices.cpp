@@ -1,4 +1,5 @@
 #include "platform/PlatformServices.h"
+#include "platform/linux/DBusFileReveal.h"
 #include "platform/linux/PsiMemoryPressure.h"
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
@@ -10,6 +11,7 @@ PlatformServices makePlatformServices() {
     services.pasteboard = std::make_shared<QtPasteboard>();
     services.memoryPressure = std::make_shared<PsiMemoryPressure>();
     services.fileDialogs = std::make_shared<QtFileDialogs>();
+    services.fileReveal = std::make_shared<DBusFileReveal>();
     return services;
 }
 
