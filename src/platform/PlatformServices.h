@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Appearance.h"
 #include "platform/FileDialogs.h"
 #include "platform/FileReveal.h"
 #include "platform/MemoryPressure.h"
@@ -15,9 +16,14 @@ struct PlatformServices {
     std::shared_ptr<MemoryPressure> memoryPressure;
     std::shared_ptr<FileDialogs> fileDialogs;
     std::shared_ptr<FileReveal> fileReveal;
+    std::shared_ptr<Appearance> appearance;
 };
 
 /// The services of the desktop that the program runs on. Needs a QApplication.
 PlatformServices makePlatformServices();
+
+/// The clipboard alone, for work without windows that needs to know nothing else of the desktop.
+/// Needs a GUI application.
+std::shared_ptr<Pasteboard> makePasteboard();
 
 }  // namespace kestrio

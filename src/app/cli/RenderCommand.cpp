@@ -238,8 +238,7 @@ ExitStatus runRender(const QStringList& arguments) {
     const StopSignals stopSignals;
     const auto watermarks =
         std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());
-    const auto renderer =
-        std::make_shared<ImageRendererService>(watermarks, makePlatformServices().pasteboard);
+    const auto renderer = std::make_shared<ImageRendererService>(watermarks, makePasteboard());
     const RenderReport report = runUntilDone(renderAll(options, renderer, stopSignals.token()));
     return tell(options, report);
 }
