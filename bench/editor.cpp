@@ -8,7 +8,8 @@
 // the background, synchronising, painting and handing over to the window system. Waiting is not
 // counted; "shown after" is the time from an input event to the frame that shows it.
 //
-// usage: bench_editor [--quick] [PICTURE]     (on an X server: QT_QPA_PLATFORM=xcb)
+// usage: bench_editor [--quick] [--only drag|draw|padding|corner|zoom|export] [PICTURE]
+// (on an X server: QT_QPA_PLATFORM=xcb)
 
 #include "EditorDriver.h"
 
@@ -88,18 +89,6 @@ EditorServices services(const std::shared_ptr<UserDefaults>& defaults) {
             defaults,
             platform.pasteboard,
             platform.memoryPressure};
-}
-
-/// A place on a record that a press selects it at, in canvas points; nothing where another record
-/// lies over it.
-std::optional<QPointF> gripOf(const AnnotationViewModel& model, const AnyAnnotation& record) {
-    QPointF grip = record.bounds().center();
-    if (const auto* stroke = record.as<BrushAnnotation>()) {
-        grip = stroke->points[stroke->points.size() / 2];
-    }
-    if (record.as<RectangleAnnotation>()) grip = record.bounds().topLeft() + QPointF(60, 0);
-    const auto hit = model.annotationAt(grip);
-    return hit && hit->id() == record.id() ? std::optional(grip) : std::nullopt;
 }
 
 class Session {
@@ -231,11 +220,37 @@ class Session {
                                                          (shown.width() / content.width()));
     }
 
-    QPointF blurGrip(const AnyAnnotation& blur) const {
+    /// From the points that a record counts in, a blur's of the screenshot, to the canvas' points.
+    QPointF toCanvas(const AnyAnnotation& record, const QPointF& point) const {
+        if (!record.as<BlurAnnotation>()) return point;
         const EditorViewModel& editor = window_->controller().editor();
-        const QRectF shown = canvas_->property("imageRect").toRectF();
-        const double scale = shown.width() / editor.screenshot().pointSize().width();
-        return canvas_->mapToScene(shown.topLeft() + blur.bounds().center() * scale);
+        CompositeLayout layout = editor.layout();
+        layout.outputSize = layout.canvasSize;
+        const QRectF content = contentRect(layout);
+        return content.topLeft() +
+               point * (content.width() / editor.screenshot().pointSize().width());
+    }
+
+    /// A place that a press selects a record at, in canvas points; nothing where others lie over it.
+    std::optional<QPointF> gripOf(const AnyAnnotation& record) const {
+        QPointF grip = record.bounds().center();
+        if (const auto* stroke = record.as<BrushAnnotation>()) {
+            grip = stroke->points[stroke->points.size() / 2];
+        }
+        if (record.as<RectangleAnnotation>()) grip = record.bounds().topLeft() + QPointF(60, 0);
+        const QPointF place = toCanvas(record, grip);
+        const AnnotationViewModel& model = window_->controller().editor().annotationVM();
+        const bool isBlur = record.as<BlurAnnotation>() != nullptr;
+        std::vector<AnyAnnotation> hits = model.annotationsAt(place);
+        if (isBlur) {
+            std::erase_if(hits, [](const auto& hit) { return hit.template as<BlurAnnotation>(); });
+            const bool isCovered = !hits.empty();
+            hits = model.annotationsAt(grip);
+            std::erase_if(hits, [](const auto& hit) { return !hit.template as<BlurAnnotation>(); });
+            if (isCovered) return std::nullopt;
+        }
+        const bool isTopmost = !hits.empty() && hits.front().id() == record.id();
+        return isTopmost ? std::optional(place) : std::nullopt;
     }
 
     void dragMark(TypeKey kind) {
@@ -243,15 +258,17 @@ class Session {
         std::optional<AnyAnnotation> record;
         QPointF from;
         for (const AnyAnnotation& each : model.annotations()) {
-            if (each.typeKey() != kind) continue;
-            const bool isBlur = kind == TypeKey::blur;
-            const auto grip = isBlur ? std::nullopt : gripOf(model, each);
-            if (!grip && !isBlur) continue;
+            const auto grip = each.typeKey() == kind ? gripOf(each) : std::nullopt;
+            if (!grip) continue;
             record = each;
-            from = isBlur ? blurGrip(each) : toScene(*grip);
+            from = toScene(*grip);
             break;
         }
-        if (!record) return;
+        if (!record) {
+            std::printf("nothing to drag (%s)\n", enumRow(kind).raw);
+            isComplete_ = false;
+            return;
+        }
         const QPointF middle = canvas_->mapToScene(canvas_->boundingRect().center());
         const auto place = [&](double t) {
             return from + (middle - from) * t + QPointF(0, 60 * std::sin(12 * t));
@@ -348,33 +365,55 @@ double residentMegabytes(const char* row) {
     return NAN;
 }
 
-bool measure(const QString& picture, bool isQuick) {
+struct Options {
+    QString picture;
+    bool isQuick = false;
+    QString only;  ///< a part to measure alone, for a profiler
+};
+
+void measureFrames(Session& session, const QString& only) {
+    const auto isWanted = [&](const char* part) {
+        return only.isEmpty() || only == QLatin1String(part);
+    };
+    if (isWanted("drag")) session.dragMarks();
+    if (isWanted("draw")) session.draw();
+    if (isWanted("padding")) {
+        session.slide("backdrop", QStringLiteral("Padding"), "dragging the padding slider, p95");
+    }
+    if (isWanted("corner")) {
+        session.slide("mockup", QStringLiteral("Corner radius"), "dragging the corner slider, p95");
+    }
+    if (isWanted("zoom")) session.zoom();
+    if (isWanted("export")) {
+        session.exportAs(QStringLiteral("png"), "longest stall in a PNG export");
+        session.exportAs(QStringLiteral("webp"), "longest stall in a WebP export");
+    }
+}
+
+void measureStart(const QString& path, bool isQuick) {
+    std::vector<double> starts;
+    for (int i = 0; i < (isQuick ? 1 : 7); ++i)
+        starts.push_back(firstFrameOfProcess(path));
+    report("first frame of a process, median", percentile(starts, 0.5), 400, "ms");
+    std::printf("    quickest %.0f, slowest %.0f\n", percentile(starts, 0), percentile(starts, 1));
+}
+
+bool measure(const Options& options) {
     QTemporaryDir folder;
-    QString path = picture;
+    QString path = options.picture;
     if (path.isEmpty()) {
         path = folder.filePath(QStringLiteral("picture.png"));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly)) return false;
         file.write(encodePng(drawnPicture()));
     }
-    std::vector<double> starts;
-    for (int i = 0; i < (isQuick ? 1 : 7); ++i)
-        starts.push_back(firstFrameOfProcess(path));
-    report("first frame of a process, median", percentile(starts, 0.5), 400, "ms");
-    std::printf("    quickest %.0f, slowest %.0f\n", percentile(starts, 0), percentile(starts, 1));
-
-    Session session(isQuick);
+    if (options.only.isEmpty()) measureStart(path, options.isQuick);
+    Session session(options.isQuick);
     const Image image(loadImageFile(path));
     if (!session.open(image)) return false;
     const double bitmap = double(image.bitmap().sizeInBytes()) / (1 << 20);
     report("resident memory, document open", residentMegabytes("VmRSS"), 6 * bitmap + 120, "MB");
-    session.dragMarks();
-    session.draw();
-    session.slide("backdrop", QStringLiteral("Padding"), "dragging the padding slider, p95");
-    session.slide("mockup", QStringLiteral("Corner radius"), "dragging the corner slider, p95");
-    session.zoom();
-    session.exportAs(QStringLiteral("png"), "longest stall in a PNG export");
-    session.exportAs(QStringLiteral("webp"), "longest stall in a WebP export");
+    measureFrames(session, options.only);
     report("resident memory after all that", residentMegabytes("VmRSS"), 6 * bitmap + 120, "MB");
     std::printf("    at its greatest, exports included: %.0f MB\n", residentMegabytes("VmHWM"));
     report("first frame of a second editor", firstFrameOfEditor(image), 150, "ms");
@@ -399,6 +438,12 @@ int main(int argc, char** argv) {
         return static_cast<int>(runCommandLine({QStringLiteral("edit"), arguments.value(2)}));
     }
     TimedApplication application(ownCount, argv);
-    const bool isQuick = arguments.removeAll(QStringLiteral("--quick")) > 0;
-    return measure(arguments.value(0), isQuick) ? 0 : 1;
+    Options options;
+    options.isQuick = arguments.removeAll(QStringLiteral("--quick")) > 0;
+    if (arguments.value(0) == u"--only") {
+        options.only = arguments.value(1);
+        arguments = arguments.mid(2);
+    }
+    options.picture = arguments.value(0);
+    return measure(options) ? 0 : 1;
 }

@@ -148,6 +148,8 @@ void AnnotationLayer::paint(QPainter& painter) const {
         painter.drawImage(geometry.area.topLeft(), picture_.image);
         return;
     }
+    // Soon replaced; interpolating would take longer than a frame.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const double factor = wantedGeometry_.scale / geometry.scale;
     painter.drawImage(QRectF(QPointF(geometry.area.topLeft()) * factor,
                              QSizeF(geometry.area.size()) * factor),

@@ -14,6 +14,7 @@ namespace kestrio {
 namespace {
 
 constexpr double canvasMargin = 28;  // points of the view around the canvas at zoom 1
+constexpr std::chrono::milliseconds restAfterMoving{100};
 
 PointerEvent pointerEvent(const QSinglePointEvent& event) {
     return {event.position(), event.modifiers()};
@@ -25,6 +26,12 @@ CanvasItem::CanvasItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton);
     setAcceptHoverEvents(true);
     setClip(true);
+    setOpaquePainting(true);  // copied over, not blended
+    rest_.setSingleShot(true);
+    rest_.setInterval(restAfterMoving);
+    connect(&rest_, &QTimer::timeout, this, [this] {
+        if (interaction_ && isPreviewScaled()) invalidate();
+    });
     connect(&layer_, &AnnotationLayer::redrawn, this, &CanvasItem::invalidate);
 }
 
@@ -85,8 +92,10 @@ double CanvasItem::pixelRatio() const {
 
 void CanvasItem::refreshViewport() {
     if (!interaction_) return;
+    const QTransform before = interaction_->viewport().canvasToView();
     interaction_->setViewport(
         {editor().layout(), editor().canvasState().transform, size(), canvasMargin, pixelRatio()});
+    if (interaction_->viewport().canvasToView() != before) rest_.start();
     preview_->setScale(interaction_->viewport().scale() * pixelRatio());
     Q_EMIT viewChanged();
     if (isEditingText()) Q_EMIT textEditingChanged();
@@ -184,6 +193,13 @@ void CanvasItem::paint(QPainter* painter) {
     if (!isEditingText()) paintDecorations(*painter, editor(), *interaction_);
 }
 
+/// Whether the preview has another number of pixels than it is shown in.
+bool CanvasItem::isPreviewScaled() const {
+    const QSizeF canvas = interaction_->viewport().canvasSize() * pixelRatio();
+    const QSizeF difference = canvas - preview_->preview().size();
+    return std::max(std::abs(difference.width()), std::abs(difference.height())) >= 1;
+}
+
 void CanvasItem::paintPreview(QPainter& painter) const {
     const QImage& preview = preview_->preview();
     const QSizeF canvas = interaction_->viewport().canvasSize() * pixelRatio();
@@ -191,13 +207,14 @@ void CanvasItem::paintPreview(QPainter& painter) const {
         editor().backdrop().type == BackdropType::none || preview.hasAlphaChannel();
     if (isTransparent) paintTransparencyGrid(painter, {QPointF(), canvas});
     if (preview.isNull()) return;
-    const QSizeF difference = canvas - preview.size();
-    const bool fits = std::max(std::abs(difference.width()), std::abs(difference.height())) < 1;
-    if (fits) {
+    if (!isPreviewScaled()) {
         painter.drawImage(QPoint(), preview);
-    } else {
-        painter.drawImage(QRectF(QPointF(), canvas), preview);
+        return;
     }
+    // Interpolation takes longer than a frame; it follows when the canvas rests.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !rest_.isActive());
+    painter.drawImage(QRectF(QPointF(), canvas), preview);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
 }
 
 void CanvasItem::paintPlaceholders(QPainter& painter) const {

@@ -7,6 +7,7 @@
 
 #include <QPointer>
 #include <QQuickPaintedItem>
+#include <QTimer>
 
 namespace kestrio {
 
@@ -78,6 +79,7 @@ class CanvasItem : public QQuickPaintedItem {
     QRect showAnnotations();
     QRectF overlayBounds() const;
     QRectF placeholderRect(const BlurAnnotation& blur) const;
+    bool isPreviewScaled() const;
     void paintPreview(QPainter& painter) const;
     void paintPlaceholders(QPainter& painter) const;
 
@@ -87,6 +89,8 @@ class CanvasItem : public QQuickPaintedItem {
     std::optional<QUuid> editedTextId_;
     AnnotationLayer layer_;
     bool isAllStale_ = true;
+    /// Runs while zooming and panning go on.
+    QTimer rest_;
     QRectF lastOverlay_;  ///< what decorations and placeholders took, points of the item
 };
 

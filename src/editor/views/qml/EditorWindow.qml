@@ -47,6 +47,7 @@ Window {
                     objectName: "canvas"
                     anchors.fill: parent
                     controller: window.controller
+                    fillColor: Theme.ground
                     focus: true
                     Accessible.role: Accessible.Canvas
                     Accessible.name: qsTr("Canvas")
