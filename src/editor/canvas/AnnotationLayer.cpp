@@ -20,11 +20,10 @@ bool isBlur(const AnyAnnotation& record) {
     return record.as<BlurAnnotation>() != nullptr;
 }
 
-/// A part of a picture as a picture of its own on the same pixels.
-QImage partOf(QImage& image, const QRect& part) {
-    const qsizetype offset = part.y() * image.bytesPerLine() + qsizetype(part.x()) * 4;
-    return QImage(image.bits() + offset, part.width(), part.height(), image.bytesPerLine(),
-                  image.format());
+void copyOver(QImage& image, const QPoint& place, const QImage& source, const QRect& part) {
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(place, source, part);
 }
 
 }  // namespace
@@ -105,40 +104,41 @@ QRect AnnotationLayer::patch(const Difference& change) {
     if (isSameAgain && !sides_ && !isSplitting_) {
         launch(split(change.first, stop_.get_token()), this);
     }
-    if (stale.isEmpty()) return {};
-    sides_ ? repaintBetweenSides(stale) : repaint(stale);
+    if (!stale.isEmpty()) repaint(stale);
     return stale;
 }
 
+// Painted apart and copied over: the rasteriser is less exact where it cuts a shape off at a side.
 void AnnotationLayer::repaint(const QRect& pixels) {
-    QImage& image = picture_.image;
-    if (image.isNull()) {
-        image = QImage(picture_.geometry.area.size(), QImage::Format_ARGB32_Premultiplied);
-        if (image.isNull()) return;
-        image.fill(Qt::transparent);
+    constexpr int apron = 16;
+    const QRect& area = picture_.geometry.area;
+    const QRect around = pixels.adjusted(-apron, 0, apron, 0) & area;
+    QImage fresh(around.size(), QImage::Format_ARGB32_Premultiplied);
+    if (picture_.image.isNull()) {
+        picture_.image = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
+        picture_.image.fill(Qt::transparent);
     }
-    QImage part = partOf(image, pixels.translated(-picture_.geometry.area.topLeft()));
-    part.fill(Qt::transparent);
+    if (fresh.isNull() || picture_.image.isNull()) return;
+    fresh.fill(Qt::transparent);
+    sides_ ? paintBetweenSides(fresh, around) : paintTouched(fresh, around);
+    copyOver(picture_.image, pixels.topLeft() - area.topLeft(), fresh,
+             pixels.translated(-around.topLeft()));
+}
+
+void AnnotationLayer::paintTouched(QImage& fresh, const QRect& pixels) const {
     Records touched;
     for (const Entry& entry : picture_.entries)
         if (picture_.geometry.pixels(entry.extent).intersects(pixels))
             touched.push_back(entry.record);
-    paintAnnotations(part, touched, picture_.geometry.mapping(pixels.topLeft()));
+    paintAnnotations(fresh, touched, picture_.geometry.mapping(pixels.topLeft()));
 }
 
-void AnnotationLayer::repaintBetweenSides(const QRect& pixels) {
+void AnnotationLayer::paintBetweenSides(QImage& fresh, const QRect& pixels) const {
     const QRect source = pixels.translated(-picture_.geometry.area.topLeft());
-    QImage part = partOf(picture_.image, source);
-    if (sides_->below.isNull()) {
-        part.fill(Qt::transparent);
-    } else {
-        QPainter painter(&part);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(QPoint(), sides_->below, source);
-    }
+    if (!sides_->below.isNull()) copyOver(fresh, QPoint(), sides_->below, source);
     const AnyAnnotation& record = picture_.entries[sides_->index].record;
-    paintAnnotations(part, {&record, 1}, picture_.geometry.mapping(pixels.topLeft()));
-    if (!sides_->above.isNull()) QPainter(&part).drawImage(QPoint(), sides_->above, source);
+    paintAnnotations(fresh, {&record, 1}, picture_.geometry.mapping(pixels.topLeft()));
+    if (!sides_->above.isNull()) QPainter(&fresh).drawImage(QPoint(), sides_->above, source);
 }
 
 void AnnotationLayer::paint(QPainter& painter) const {

@@ -77,7 +77,8 @@ class AnnotationLayer : public QObject {
     Difference difference() const;
     QRect patch(const Difference& change);
     void repaint(const QRect& pixels);
-    void repaintBetweenSides(const QRect& pixels);
+    void paintTouched(QImage& fresh, const QRect& pixels) const;
+    void paintBetweenSides(QImage& fresh, const QRect& pixels) const;
     void requestRedraw(bool isUrgent);
     void dropSides();
     Task<> redraw(std::stop_token stop);
