@@ -13,7 +13,7 @@ double strengthOf(const BlurAnnotation& blur) {
 }
 
 void paintFrost(QPainter& painter, const QRectF& rect, double strength) {
-    const int veil = static_cast<int>(std::lround(150 + 80 * strength));
+    const int veil = static_cast<int>(std::lround(185 + 50 * strength));
     QLinearGradient light(rect.topLeft(), rect.bottomRight());
     light.setColorAt(0, QColor(250, 251, 253, veil));
     light.setColorAt(0.5, QColor(226, 230, 238, veil));

@@ -72,10 +72,8 @@ void EditorController::connectEditor() {
     relay(&Editor::isExportingChanged, &EditorController::exportingChanged);
     relay(&Editor::isShortcutOverlayVisibleChanged, &EditorController::shortcutOverlayChanged);
     relay(&Editor::isEnhancingImageChanged, &EditorController::enhancingChanged);
-    connect(&editor_, &Editor::screenshotChanged, this, [this] {
-        smallPicture_ = smallCopy(editor_.screenshot());
-        refreshThumbnails();
-    });
+    connect(&editor_, &Editor::screenshotChanged, this,
+            [this] { launch(shrinkForThumbnails(), this); });
     connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
             &EditorController::styleChanged);
     connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
@@ -97,10 +95,21 @@ void EditorController::connectEditor() {
 
 void EditorController::open(const Image& image) {
     editor_.loadCapture(image);
-    refreshThumbnails();  // now in the style that it opened with
+}
+
+Task<> EditorController::shrinkForThumbnails() {
+    const QPointer<EditorController> self(this);
+    const Image full = editor_.screenshot();
+    auto work = [full] { return smallCopy(full); };
+    const auto shrinking = runInBackground(std::move(work));
+    Image small = co_await shrinking;
+    if (!self || editor_.screenshot().bitmap().cacheKey() != full.bitmap().cacheKey()) co_return;
+    smallPicture_ = std::move(small);
+    refreshThumbnails();
 }
 
 void EditorController::refreshThumbnails() {
+    if (smallPicture_.isNull()) return;  // follow when there is something to show
     thumbnails_->set({smallPicture_, editor_.style(), themes_.userThemes()});
     ++thumbnailRevision_;
     Q_EMIT thumbnailRevisionChanged();

@@ -193,6 +193,7 @@ class EditorController : public QObject {
   private:
     void connectEditor();
     void refreshThumbnails();
+    Task<> shrinkForThumbnails();
     Task<> runExport(QString path, ExportFormat format);
     Task<> loadBackdropImage(QString path);
     Task<> loadFile(QString path);
