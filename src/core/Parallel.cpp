@@ -1,6 +1,7 @@
 #include "core/Parallel.h"
 
 #include "core/Handover.h"
+#include "core/Priority.h"
 
 #include <QThread>
 #include <QThreadPool>
@@ -101,6 +102,7 @@ void parallelBands(int count, int minimumBand, const std::function<void(int, int
         handOver(&run);
         const bool started = bandPool().tryStart([&run] {
             takeOver(&run);
+            stepBackForOthers();
             run.drain();
             run.helperDone();
         });

@@ -3,12 +3,24 @@
 #include "core/Localisation.h"
 #include "core/Log.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 namespace kestrio {
 
 QString TimeLimitExceeded::errorDescription() const {
     return localised("The time limit was exceeded");
+}
+
+QThreadPool* backgroundPool() {
+    static QThreadPool pool;
+    // What runs uses other statics and posts to the application, so it has to end before both.
+    static const bool isWaitedFor = [] {
+        qAddPostRoutine([] { pool.waitForDone(); });
+        return true;
+    }();
+    Q_UNUSED(isWaitedFor)
+    return &pool;
 }
 
 Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop) {

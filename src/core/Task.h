@@ -2,6 +2,7 @@
 
 #include "core/Completion.h"
 #include "core/Handover.h"
+#include "core/Priority.h"
 #include "core/SerialQueue.h"
 
 #include <QCoroTask>
@@ -35,14 +36,19 @@ class TimeLimitExceeded : public Error {
 /// Waits on the main loop. Throws Cancelled as soon as a stop is asked for.
 Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop = {});
 
+/// The pool of runInBackground(). Not Qt's global one: Qt's painters hand parts of large fills to
+/// that and wait for them, which would never come while all of its threads wait for such a painter.
+QThreadPool* backgroundPool();
+
 /// Runs `work` on the background pool; awaiting the result resumes the caller on its own thread. A
 /// stop does not interrupt work that runs; long work takes a token of its own.
 template <typename Work>
 Completion<std::invoke_result_t<Work>> runInBackground(Work work) {
     Completion<std::invoke_result_t<Work>> done;
-    QThreadPool* const pool = QThreadPool::globalInstance();
-    std::function<void()> job = [done, work = std::move(work)]() mutable {
-        takeOver(QThreadPool::globalInstance());
+    QThreadPool* const pool = backgroundPool();
+    std::function<void()> job = [done, pool, work = std::move(work)]() mutable {
+        takeOver(pool);
+        stepBackForOthers();
         done.run(work);
     };
     handOver(pool);

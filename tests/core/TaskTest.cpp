@@ -56,7 +56,7 @@ TEST(Task, CapturedOwnersAreReleasedOnce) {
         co_return co_await result;
     };
     EXPECT_EQ(runUntilDone(flow(owner)), 1);
-    QThreadPool::globalInstance()->waitForDone();
+    backgroundPool()->waitForDone();
     QCoreApplication::processEvents();
     EXPECT_EQ(owner.use_count(), 1);
 }

@@ -12,6 +12,7 @@ namespace {
 const QColor accent(0x0a, 0x84, 0xff);
 const QColor guideColor(0xff, 0x2d, 0x92);
 constexpr double handleDiameter = 10;
+constexpr double farAway = 1e5;  // beyond every view, in points
 
 QPen hairline(const QColor& color, Qt::PenStyle style = Qt::SolidLine) {
     QPen pen(color, 1.2, style);
@@ -43,14 +44,13 @@ QPainterPath outlineOf(const AnyAnnotation& annotation, const CanvasInteraction&
 
 void paintGuides(QPainter& painter, const AnnotationViewModel& annotations,
                  const CanvasInteraction& interaction) {
-    constexpr double far = 1e5;
     painter.setPen(hairline(guideColor));
     for (const AlignmentGuide& guide : annotations.activeAlignmentGuides()) {
         const bool isHorizontal = guide.orientation == GuideOrientation::horizontal;
         const QPointF from =
-            isHorizontal ? QPointF(-far, guide.position) : QPointF(guide.position, -far);
+            isHorizontal ? QPointF(-farAway, guide.position) : QPointF(guide.position, -farAway);
         const QPointF to =
-            isHorizontal ? QPointF(far, guide.position) : QPointF(guide.position, far);
+            isHorizontal ? QPointF(farAway, guide.position) : QPointF(guide.position, farAway);
         painter.drawLine(interaction.viewport().toView(from), interaction.viewport().toView(to));
     }
 }
@@ -173,6 +173,46 @@ void paintDecorations(QPainter& painter, const EditorViewModel& editor,
     } else if (annotations.isToolCursorPreviewShown()) {
         paintToolSample(painter, annotations, pointer);
     }
+}
+
+QRectF decorationBounds(const EditorViewModel& editor, const CanvasInteraction& interaction) {
+    if (!editor.isAnnotationMode()) return {};
+    const AnnotationViewModel& annotations = editor.annotationVM();
+    if (!annotations.activeAlignmentGuides().empty()) {
+        return {-farAway, -farAway, 2 * farAway, 2 * farAway};
+    }
+    QRectF bounds;
+    const auto include = [&bounds](const QRectF& rect, double margin) {
+        bounds |= rect.adjusted(-margin, -margin, margin, margin);
+    };
+    constexpr double pen = 4;
+    if (!annotations.selectedAnnotations().empty()) {
+        for (const AnyAnnotation& annotation : annotations.annotations())
+            if (annotations.selectedAnnotations().contains(annotation.id()))
+                include(outlineOf(annotation, interaction).boundingRect(), pen);
+        for (const SelectionHandle& handle : interaction.viewHandles())
+            include(QRectF(handle.position, QSizeF(0, 0)), handleDiameter / 2 + pen);
+    }
+    if (const auto band = annotations.selectionRect()) {
+        include(QRectF(interaction.viewport().toView(band->topLeft()),
+                       interaction.viewport().toView(band->bottomRight()))
+                    .normalized(),
+                pen);
+    }
+    if (const auto& label = interaction.dimensionLabel()) {
+        constexpr double halfLabel = 100;
+        include(QRectF(label->position, QSizeF(0, 0)), halfLabel);
+    }
+    if (const auto& cursor = annotations.cursorPosition()) {
+        constexpr double sampleReach = 120;
+        const QRectF pointer(interaction.viewport().toView(*cursor), QSizeF(0, 0));
+        if (annotations.currentTool() == AnnotationTool::eraser) {
+            include(pointer, interaction.eraserRadius() + pen);
+        } else if (annotations.isToolCursorPreviewShown()) {
+            include(pointer, sampleReach);
+        }
+    }
+    return bounds;
 }
 
 }  // namespace kestrio

@@ -15,4 +15,8 @@ void paintTransparencyGrid(QPainter& painter, const QRectF& rect);
 void paintDecorations(QPainter& painter, const EditorViewModel& editor,
                       const CanvasInteraction& interaction);
 
+/// What paintDecorations() stays within, in points of the view; empty where there is nothing to
+/// paint. Guides go through the whole view.
+QRectF decorationBounds(const EditorViewModel& editor, const CanvasInteraction& interaction);
+
 }  // namespace kestrio

@@ -352,7 +352,7 @@ void CanvasInteraction::wheel(const PointerEvent& event, const QPointF& pixels) 
         editor_.setZoom(before * std::exp2(pixels.y() / pixelsForDouble));
         canvas = editor_.canvasState();
         // What is under the pointer stays there.
-        const QPointF center = viewport_.canvasRect().center();
+        const QPointF center = viewport_.center();
         const QPointF shift = (event.position - center) * (1 - canvas.transform.scale / before);
         canvas.transform.offset += QSizeF(shift.x(), shift.y());
     } else {

@@ -13,7 +13,8 @@ QSizeF turnedSize(const QSizeF& size, double degrees) {
 }  // namespace
 
 CanvasViewport::CanvasViewport(const CompositeLayout& layout, const ImageTransform& transform,
-                               QSizeF view, double margin)
+                               QSizeF view, double margin,
+                               std::optional<double> pixelRatio)
     : canvasSize_(layout.canvasSize), imageSize_(layout.imageSize), rotation_(transform.rotation) {
     const QSizeF room = view - QSizeF(2 * margin, 2 * margin);
     if (!layout.isValid() || room.isEmpty()) return;
@@ -24,18 +25,18 @@ CanvasViewport::CanvasViewport(const CompositeLayout& layout, const ImageTransfo
     const double fit =
         std::min({room.width() / turned.width(), room.height() / turned.height(), 1.0});
     scale_ = fit * transform.scale;
-    const QPointF center(view.width() / 2 + transform.offset.width(),
-                         view.height() / 2 + transform.offset.height());
-    origin_ = center - QPointF(canvasSize_.width(), canvasSize_.height()) * (scale_ / 2);
-    canvasToView_.translate(center.x(), center.y());
+    center_ = {view.width() / 2 + transform.offset.width(),
+               view.height() / 2 + transform.offset.height()};
+    const QPointF half(canvasSize_.width() * scale_ / 2, canvasSize_.height() * scale_ / 2);
+    QPointF corner = center_ - QTransform().rotate(rotation_).map(half);
+    if (pixelRatio) {
+        corner = {std::round(corner.x() * *pixelRatio) / *pixelRatio,
+                  std::round(corner.y() * *pixelRatio) / *pixelRatio};
+    }
+    canvasToView_.translate(corner.x(), corner.y());
     canvasToView_.rotate(rotation_);
     canvasToView_.scale(scale_, scale_);
-    canvasToView_.translate(-canvasSize_.width() / 2, -canvasSize_.height() / 2);
     viewToCanvas_ = canvasToView_.inverted();
-}
-
-QRectF CanvasViewport::canvasRect() const {
-    return {origin_, canvasSize_ * scale_};
 }
 
 QPointF CanvasViewport::canvasToImage(const QPointF& canvas) const {
@@ -52,11 +53,6 @@ QPointF CanvasViewport::imageToCanvas(const QPointF& image) const {
 
 QRectF CanvasViewport::imageToCanvas(const QRectF& image) const {
     return {imageToCanvas(image.topLeft()), imageToCanvas(image.bottomRight())};
-}
-
-AnnotationMapping CanvasViewport::mapping(double pixelsPerViewPoint) const {
-    const double scale = scale_ * pixelsPerViewPoint;
-    return {QPointF(), {scale, scale}, scale};
 }
 
 }  // namespace kestrio

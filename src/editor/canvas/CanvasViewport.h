@@ -1,9 +1,9 @@
 #pragma once
 
-#include "annotation/painting/AnnotationMapping.h"
 #include "render/CompositeRequest.h"
 
 #include <QTransform>
+#include <optional>
 
 namespace kestrio {
 
@@ -13,35 +13,36 @@ namespace kestrio {
 class CanvasViewport {
   public:
     CanvasViewport() = default;
-    /// `view` and `margin` in points of the view. Nothing is shown where either has no size.
+    /// `view` and `margin` in points of the view. Nothing is shown where either has no size. Where
+    /// the view's pixels a point are given, the canvas' top left corner moves onto a whole pixel, so
+    /// that pictures of the canvas are shown pixel by pixel.
     CanvasViewport(const CompositeLayout& layout, const ImageTransform& transform, QSizeF view,
-                   double margin);
+                   double margin, std::optional<double> pixelRatio = std::nullopt);
 
     bool isEmpty() const { return scale_ <= 0; }
     /// Points of the view for one of the canvas.
     double scale() const { return scale_; }
     double rotation() const { return rotation_; }
-    /// The canvas in the view, before it is turned.
-    QRectF canvasRect() const;
+    /// The size of the canvas in points of the view, before it is turned.
+    QSizeF canvasSize() const { return canvasSize_ * scale_; }
+    /// The middle of the canvas in the view, before it is moved onto whole pixels.
+    const QPointF& center() const { return center_; }
     /// The screenshot's place, in points of the canvas.
     const QRectF& contentRect() const { return content_; }
 
     QPointF toCanvas(const QPointF& view) const { return viewToCanvas_.map(view); }
     QPointF toView(const QPointF& canvas) const { return canvasToView_.map(canvas); }
+    const QTransform& canvasToView() const { return canvasToView_; }
     QPointF canvasToImage(const QPointF& canvas) const;
     QPointF imageToCanvas(const QPointF& image) const;
     QRectF imageToCanvas(const QRectF& image) const;
     QSizeF imageSize() const { return imageSize_; }
 
-    /// Where records land on a picture of the unturned canvas with so many pixels a view's point,
-    /// its origin the canvas' own.
-    AnnotationMapping mapping(double pixelsPerViewPoint) const;
-
   private:
     QSizeF canvasSize_;
     QSizeF imageSize_;
     QRectF content_;
-    QPointF origin_;
+    QPointF center_;
     double scale_ = 0;
     double rotation_ = 0;
     QTransform canvasToView_;

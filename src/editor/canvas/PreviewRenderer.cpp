@@ -7,6 +7,17 @@
 
 namespace kestrio {
 
+namespace {
+
+using namespace std::chrono_literals;
+
+// While zooming goes on, the preview so far is scaled and the machine left to that.
+constexpr auto restAfterZooming = 80ms;
+// A blur that moves is made anew once it rests, since it would be late at every step.
+constexpr auto restAfterMoving = 120ms;
+
+}  // namespace
+
 PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
                                  std::shared_ptr<ImageRendererServiceProtocol> imageRenderer,
                                  std::shared_ptr<WatermarkServiceProtocol> watermark,
@@ -26,14 +37,10 @@ PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
         // Panning, zooming and turning show the same picture elsewhere.
         if (composedCanvas_ != editor_.canvasState().canvasSize) requestPreview();
     });
-    connect(&editor, &EditorViewModel::annotationsChanged, this, &PreviewRenderer::refreshBlurs);
-    connect(&editor, &EditorViewModel::isAnnotationModeChanged, this,
-            &PreviewRenderer::refreshBlurs);
-    AnnotationViewModel& annotations = editor.annotationVM();
-    connect(&annotations, &AnnotationViewModel::annotationsChanged, this,
-            &PreviewRenderer::refreshBlurs);
-    connect(&annotations, &AnnotationViewModel::annotationsVisibleChanged, this,
-            &PreviewRenderer::refreshBlurs);
+    scaleRest_.setSingleShot(true);
+    scaleRest_.setInterval(restAfterZooming);
+    connect(&scaleRest_, &QTimer::timeout, this, &PreviewRenderer::requestScreenshot);
+    watchBlurs();
     WatermarkViewModel& mark = editor.watermarkVM();
     connect(&mark, &WatermarkViewModel::isEnabledChanged, this,
             [this, &mark] { blurred_.set_watermarkEnabled(mark.isEnabled()); });
@@ -44,6 +51,26 @@ PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
     refreshBlurs();
 }
 
+void PreviewRenderer::watchBlurs() {
+    blurRest_.setSingleShot(true);
+    blurRest_.setInterval(restAfterMoving);
+    connect(&blurRest_, &QTimer::timeout, this, [this] {
+        movingBlur_.reset();
+        refreshBlurs();
+    });
+    for (const auto signal :
+         {&EditorViewModel::annotationsChanged, &EditorViewModel::isAnnotationModeChanged}) {
+        connect(&editor_, signal, this, &PreviewRenderer::refreshBlurs);
+    }
+    using Annotations = AnnotationViewModel;
+    for (const auto signal :
+         {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
+          &Annotations::isDraggingAnnotationChanged,
+          &Annotations::isResizingViaControlPointChanged}) {
+        connect(&editor_.annotationVM(), signal, this, &PreviewRenderer::refreshBlurs);
+    }
+}
+
 PreviewRenderer::~PreviewRenderer() {
     stop_.request_stop();
 }
@@ -52,17 +79,43 @@ void PreviewRenderer::setScale(double pixelsPerPoint) {
     if (!(pixelsPerPoint > 0) || editor_.screenshot().isNull()) return;
     const double scale = std::min(pixelsPerPoint, editor_.screenshot().pixelDensity());
     if (scale == wantedScale_) return;
-    wantedScale_ = scale;
-    requestScreenshot();
+    const bool isFirst = std::exchange(wantedScale_, scale) == 0;
+    if (isFirst) {
+        requestScreenshot();
+    } else {
+        scaleRest_.start();
+    }
 }
 
 void PreviewRenderer::refreshBlurs() {
+    const AnnotationViewModel& annotations = editor_.annotationVM();
     std::vector<BlurAnnotation> blurs;
-    if (editor_.annotationVM().annotationsVisible()) {
+    if (annotations.annotationsVisible()) {
         for (const AnyAnnotation& annotation : editor_.liveAnnotations())
             if (const auto* blur = annotation.as<BlurAnnotation>()) blurs.push_back(*blur);
     }
+    const bool isChanged = blurs != blurs_;
+    blurs_ = blurs;
+    const auto& selected = annotations.selectedAnnotation();
+    if (!annotations.isDraggingAnnotation() && !annotations.isResizingViaControlPoint()) {
+        movingBlur_.reset();
+        blurRest_.stop();
+    } else if (isChanged && selected && selected->as<BlurAnnotation>()) {
+        movingBlur_ = selected->id();
+        blurRest_.start();
+    }
+    std::erase_if(blurs, [this](const BlurAnnotation& blur) { return blur.id == movingBlur_; });
     blurred_.set_annotations(std::move(blurs));
+}
+
+std::vector<BlurAnnotation> PreviewRenderer::pendingBlurs() const {
+    std::vector<BlurAnnotation> pending;
+    for (const BlurAnnotation& blur : blurs_)
+        if (std::find(shownBlurs_.begin(), shownBlurs_.end(), blur) == shownBlurs_.end())
+            pending.push_back(blur);
+    if (const auto drawn = editor_.annotationVM().recordBeingDrawn())
+        if (const auto* blur = drawn->as<BlurAnnotation>()) pending.push_back(*blur);
+    return pending;
 }
 
 void PreviewRenderer::requestScreenshot() {
@@ -98,32 +151,37 @@ void PreviewRenderer::requestPreview() {
     if (!isRendering_ && wantedScale_ > 0) launch(renderPreviews(stop_.get_token()), this);
 }
 
-CompositeRequest PreviewRenderer::previewRequest() const {
-    CompositeRequest request;
-    const auto present = blurred_.presentResult();
+// While blurs are made for the picture in another size the last preview stands, so that what they
+// hide does not show.
+std::optional<PreviewRenderer::Sketch> PreviewRenderer::previewRequest() const {
     const auto& last = blurred_.renderedResult();
     const bool isSameImage =
         last && last->request.imageIdentity == blurred_.image().bitmap().cacheKey();
-    // While the next one is made the last one stands, so that nothing flickers.
-    request.screenshot = present ? *present : isSameImage ? last->image : blurred_.image();
+    if (!isSameImage && !preview().isNull() && !blurred_.annotations().empty()) return {};
+    Sketch sketch;
+    CompositeRequest& request = sketch.request;
+    request.screenshot = isSameImage ? last->image : blurred_.image();
+    if (request.screenshot.isNull()) return {};
+    if (isSameImage) sketch.blurs = last->request.annotations;
     request.setStyle(editor_.style());
     request.frameScale = editor_.frameScale();
     request.canvasState = editor_.canvasState();
     request.canvasState.transform = {};
     request.outputScale = wantedScale_;
-    return request;
+    return sketch;
 }
 
 Task<> PreviewRenderer::renderPreviews(std::stop_token stop) {
     isRendering_ = true;
     while (std::exchange(isRenderStale_, false)) {
-        CompositeRequest request = previewRequest();
-        composedCanvas_ = request.canvasState.canvasSize;
-        if (request.screenshot.isNull()) break;
+        auto sketch = previewRequest();
+        if (!sketch) break;
+        composedCanvas_ = sketch->request.canvasState.canvasSize;
         try {
-            auto rendering = imageRenderer_->renderComposite(std::move(request), stop);
+            auto rendering = imageRenderer_->renderComposite(std::move(sketch->request), stop);
             const Image picture = co_await rendering;
             if (stop.stop_requested()) co_return;
+            shownBlurs_ = std::move(sketch->blurs);
             set_preview(picture.bitmap());
         } catch (const Error&) {
             // The last preview stands; output tells its own failure.

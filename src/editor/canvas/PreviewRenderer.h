@@ -19,20 +19,35 @@ class PreviewRenderer : public QObject {
                     std::shared_ptr<WatermarkServiceProtocol> watermark, QObject* parent = nullptr);
     ~PreviewRenderer() override;
 
-    /// How many pixels a point of the canvas gets; more than the screenshot's own are not made.
+    /// How many pixels a point of the canvas gets; more than the screenshot's own are not made. The
+    /// first is used at once, another when it has stood for a moment.
     void setScale(double pixelsPerPoint);
+
+    /// The blurs to be seen that the preview does not show as they are now: those just being drawn
+    /// or moved, and others until they have been made.
+    std::vector<BlurAnnotation> pendingBlurs() const;
 
   private:
     void requestScreenshot();
     void requestPreview();
+    void watchBlurs();
     void refreshBlurs();
     Task<> shrinkScreenshot(std::stop_token stop);
     Task<> renderPreviews(std::stop_token stop);
-    CompositeRequest previewRequest() const;
+    /// A request, and the blurs that its picture has.
+    struct Sketch {
+        CompositeRequest request;
+        std::vector<BlurAnnotation> blurs;
+    };
+    std::optional<Sketch> previewRequest() const;
 
     EditorViewModel& editor_;
     std::shared_ptr<ImageRendererServiceProtocol> imageRenderer_;
     BlurredScreenshotPreviewLayer blurred_;
+    std::vector<BlurAnnotation> blurs_, shownBlurs_;
+    /// The blur that is left out while it moves.
+    std::optional<QUuid> movingBlur_;
+    QTimer blurRest_, scaleRest_;
     double wantedScale_ = 0;
     QSizeF composedCanvas_;
     bool isShrinking_ = false, isShrinkStale_ = false;

@@ -1,18 +1,20 @@
 #include "editor/views/CanvasItem.h"
 
-#include "annotation/painting/AnnotationPainter.h"
+#include "editor/canvas/BlurPlaceholder.h"
 #include "editor/canvas/CanvasDecorations.h"
 #include "editor/views/EditorController.h"
 #include "imaging/text/SystemFont.h"
 
 #include <QCursor>
 #include <QQuickWindow>
+#include <cmath>
 
 namespace kestrio {
 
 namespace {
 
 constexpr double canvasMargin = 28;  // points of the view around the canvas at zoom 1
+constexpr std::chrono::milliseconds restAfterMoving{100};
 
 PointerEvent pointerEvent(const QSinglePointEvent& event) {
     return {event.position(), event.modifiers()};
@@ -24,6 +26,13 @@ CanvasItem::CanvasItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
     setClip(true);
+    setOpaquePainting(true);  // copied over, not blended
+    rest_.setSingleShot(true);
+    rest_.setInterval(restAfterMoving);
+    connect(&rest_, &QTimer::timeout, this, [this] {
+        if (interaction_ && isPreviewScaled()) invalidate();
+    });
+    connect(&layer_, &AnnotationLayer::redrawn, this, &CanvasItem::invalidate);
 }
 
 void CanvasItem::setController(EditorController* controller) {
@@ -46,28 +55,25 @@ EditorViewModel& CanvasItem::editor() const {
 }
 
 void CanvasItem::connectToEditor() {
-    connect(preview_.get(), &PreviewRenderer::previewChanged, this, [this] { update(); });
+    connect(preview_.get(), &PreviewRenderer::previewChanged, this, &CanvasItem::invalidate);
     using Editor = EditorViewModel;
     for (const auto signal :
          {&Editor::canvasStateChanged, &Editor::screenshotChanged, &Editor::backdropChanged,
-          &Editor::frameStyleChanged, &Editor::frameScaleChanged}) {
+          &Editor::frameStyleChanged, &Editor::frameScaleChanged, &Editor::isCropModeChanged}) {
         connect(&editor(), signal, this, &CanvasItem::refreshViewport);
     }
-    connect(&editor(), &Editor::annotationsChanged, this, &CanvasItem::invalidateLayer);
-    connect(&editor(), &Editor::isAnnotationModeChanged, this, &CanvasItem::invalidateLayer);
+    for (const auto signal : {&Editor::annotationsChanged, &Editor::isAnnotationModeChanged})
+        connect(&editor(), signal, this, &CanvasItem::polish);
     AnnotationViewModel& annotations = editor().annotationVM();
     using Annotations = AnnotationViewModel;
     for (const auto signal :
          {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
-          &Annotations::drawingEndPointChanged, &Annotations::isDrawingChanged}) {
-        connect(&annotations, signal, this, &CanvasItem::invalidateLayer);
-    }
-    for (const auto signal :
-         {&Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
+          &Annotations::drawingEndPointChanged, &Annotations::isDrawingChanged,
+          &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
           &Annotations::selectionRectEndChanged, &Annotations::isSelectionRectActiveChanged,
           &Annotations::activeAlignmentGuidesChanged, &Annotations::cursorPositionChanged,
           &Annotations::currentToolChanged, &Annotations::toolSettingsChanged}) {
-        connect(&annotations, signal, this, [this] { update(); });
+        connect(&annotations, signal, this, &CanvasItem::polish);
     }
     connect(&annotations, &Annotations::currentToolChanged, this, &CanvasItem::refreshCursor);
     connect(&annotations, &Annotations::numberEditingStateChanged, this, &CanvasItem::viewChanged);
@@ -86,13 +92,17 @@ double CanvasItem::pixelRatio() const {
 
 void CanvasItem::refreshViewport() {
     if (!interaction_) return;
-    interaction_->setViewport(
-        {editor().layout(), editor().canvasState().transform, size(), canvasMargin});
+    const QTransform before = interaction_->viewport().canvasToView();
+    // A crop frame is drawn on the upright picture as a whole.
+    const ImageTransform transform =
+        editor().isCropMode() ? ImageTransform() : editor().canvasState().transform;
+    interaction_->setViewport({editor().layout(), transform, size(), canvasMargin, pixelRatio()});
+    if (interaction_->viewport().canvasToView() != before) rest_.start();
     preview_->setScale(interaction_->viewport().scale() * pixelRatio());
     Q_EMIT viewChanged();
     if (isEditingText()) Q_EMIT textEditingChanged();
     refreshCursor();
-    invalidateLayer();
+    invalidate();
 }
 
 void CanvasItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
@@ -100,9 +110,67 @@ void CanvasItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeom
     refreshViewport();
 }
 
-void CanvasItem::invalidateLayer() {
-    isLayerStale_ = true;
-    update();
+void CanvasItem::invalidate() {
+    isAllStale_ = true;
+    polish();
+}
+
+/// From pixels of the unturned canvas to the view's.
+QTransform CanvasItem::pixelsOfCanvasToView() const {
+    const CanvasViewport& viewport = interaction_->viewport();
+    const QPointF corner = viewport.toView(QPointF()) * pixelRatio();
+    return QTransform::fromTranslate(std::round(corner.x()), std::round(corner.y()))
+        .rotate(viewport.rotation());
+}
+
+/// Gives what the change takes, in pixels of the unturned canvas.
+QRect CanvasItem::showAnnotations() {
+    const AnnotationViewModel& annotations = editor().annotationVM();
+    std::vector<AnyAnnotation> shown;
+    if (annotations.annotationsVisible()) {
+        shown = editor().liveAnnotations();
+        std::erase_if(shown, [&](const auto& each) { return each.id() == editedTextId_; });
+        if (const auto drawn = annotations.recordBeingDrawn()) shown.push_back(*drawn);
+    }
+    const QRectF view(QPointF(), size() * pixelRatio());
+    const QRect visible = pixelsOfCanvasToView().inverted().mapRect(view).toAlignedRect();
+    return layer_.show(std::move(shown), visible, interaction_->viewport().scale() * pixelRatio());
+}
+
+QRectF CanvasItem::placeholderRect(const BlurAnnotation& blur) const {
+    return interaction_->viewport().imageToCanvas(blur.bounds.normalized()) &
+           interaction_->viewport().contentRect();
+}
+
+/// What decorations and placeholders take, in points of the item.
+QRectF CanvasItem::overlayBounds() const {
+    QRectF bounds = isEditingText() ? QRectF() : decorationBounds(editor(), *interaction_);
+    for (const BlurAnnotation& blur : preview_->pendingBlurs())
+        bounds |= interaction_->viewport().canvasToView().mapRect(placeholderRect(blur));
+    return bounds;
+}
+
+// All that changed since the last frame is found out once for the next one.
+void CanvasItem::updatePolish() {
+    if (!interaction_ || interaction_->viewport().isEmpty()) {
+        update();
+        return;
+    }
+    const QRect changed = showAnnotations();
+    const QRectF overlay = overlayBounds();
+    const QRectF lastOverlay = std::exchange(lastOverlay_, overlay);
+    if (std::exchange(isAllStale_, false)) {
+        update();
+        return;
+    }
+    const QRectF inPixels = pixelsOfCanvasToView().mapRect(QRectF(changed));
+    QRectF stale = overlay | lastOverlay;
+    if (!changed.isEmpty()) {
+        stale |= QRectF(inPixels.topLeft() / pixelRatio(), inPixels.size() / pixelRatio());
+    }
+    const QRect area = (stale & boundingRect()).toAlignedRect();
+    // An empty rectangle would mean the whole.
+    if (!area.isEmpty()) update(area.adjusted(-1, -1, 1, 1));
 }
 
 QRectF CanvasItem::imageRect() const {
@@ -115,54 +183,50 @@ QRectF CanvasItem::imageRect() const {
 void CanvasItem::paint(QPainter* painter) {
     if (!interaction_ || interaction_->viewport().isEmpty()) return;
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    painter->save();
+    // Pictures go over pixel by pixel.
+    const double ratio = pixelRatio();
+    painter->scale(1 / ratio, 1 / ratio);
+    painter->setTransform(pixelsOfCanvasToView(), true);
     paintPreview(*painter);
-    paintAnnotationLayer(*painter);
+    paintPlaceholders(*painter);
+    layer_.paint(*painter);
+    painter->restore();
     if (!isEditingText()) paintDecorations(*painter, editor(), *interaction_);
 }
 
-void CanvasItem::paintPreview(QPainter& painter) const {
-    const CanvasViewport& viewport = interaction_->viewport();
-    const QRectF canvas = viewport.canvasRect();
-    painter.save();
-    painter.translate(canvas.center());
-    painter.rotate(viewport.rotation());
-    painter.translate(-canvas.center());
-    const bool isTransparent =
-        editor().backdrop().type == BackdropType::none || preview_->preview().hasAlphaChannel();
-    if (isTransparent) paintTransparencyGrid(painter, canvas);
-    if (!preview_->preview().isNull()) painter.drawImage(canvas, preview_->preview());
-    painter.restore();
+/// Whether the preview has another number of pixels than it is shown in.
+bool CanvasItem::isPreviewScaled() const {
+    const QSizeF canvas = interaction_->viewport().canvasSize() * pixelRatio();
+    const QSizeF difference = canvas - preview_->preview().size();
+    return std::max(std::abs(difference.width()), std::abs(difference.height())) >= 1;
 }
 
-// The annotations are painted in the view's pixels. On a turned canvas they are painted upright
-// first, since each painter works in an upright frame.
-void CanvasItem::paintAnnotationLayer(QPainter& painter) {
-    const CanvasViewport& viewport = interaction_->viewport();
-    const AnnotationViewModel& annotations = editor().annotationVM();
-    if (!annotations.annotationsVisible()) return;
-    const double ratio = pixelRatio();
-    const QRectF canvas = viewport.canvasRect();
-    const bool isTurned = viewport.rotation() != 0;
-    const QRectF area = isTurned ? canvas : QRectF(QPointF(), size());
-    if (isLayerStale_) {
-        const QSize pixels = (area.size() * ratio).toSize().boundedTo({8192, 8192});
-        if (layer_.size() != pixels) {
-            layer_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-        }
-        layer_.fill(Qt::transparent);
-        AnnotationMapping mapping = viewport.mapping(ratio);
-        mapping.origin = (canvas.topLeft() - area.topLeft()) * ratio;
-        std::vector<AnyAnnotation> shown = editor().liveAnnotations();
-        std::erase_if(shown, [&](const auto& each) { return each.id() == editedTextId_; });
-        if (const auto drawn = annotations.recordBeingDrawn()) shown.push_back(*drawn);
-        paintAnnotations(layer_, shown, mapping);
-        isLayerStale_ = false;
+void CanvasItem::paintPreview(QPainter& painter) const {
+    const QImage& preview = preview_->preview();
+    const QSizeF canvas = interaction_->viewport().canvasSize() * pixelRatio();
+    const bool isTransparent =
+        editor().backdrop().type == BackdropType::none || preview.hasAlphaChannel();
+    if (isTransparent) paintTransparencyGrid(painter, {QPointF(), canvas});
+    if (preview.isNull()) return;
+    if (!isPreviewScaled()) {
+        painter.drawImage(QPoint(), preview);
+        return;
     }
+    // Interpolation takes longer than a frame; it follows when the canvas rests.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !rest_.isActive());
+    painter.drawImage(QRectF(QPointF(), canvas), preview);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+}
+
+void CanvasItem::paintPlaceholders(QPainter& painter) const {
     painter.save();
-    painter.translate(canvas.center());
-    painter.rotate(viewport.rotation());
-    painter.translate(-canvas.center());
-    painter.drawImage(area, layer_);
+    painter.scale(pixelRatio(), pixelRatio());
+    const double scale = interaction_->viewport().scale();
+    for (const BlurAnnotation& blur : preview_->pendingBlurs()) {
+        const QRectF rect = placeholderRect(blur);
+        paintBlurPlaceholder(painter, blur, {rect.topLeft() * scale, rect.size() * scale});
+    }
     painter.restore();
 }
 
@@ -182,21 +246,22 @@ void CanvasItem::mousePressEvent(QMouseEvent* event) {
     }
     interaction_->press(pointerEvent(*event));
     refreshCursor();
-    update();
+    polish();
 }
 
 void CanvasItem::mouseMoveEvent(QMouseEvent* event) {
     if (!interaction_) return;
     interaction_->move(pointerEvent(*event));
     refreshCursor();
-    update();
+    polish();
 }
 
 void CanvasItem::mouseReleaseEvent(QMouseEvent* event) {
     if (!interaction_) return;
     interaction_->release(pointerEvent(*event));
+    layer_.endGesture();
     refreshCursor();
-    update();
+    polish();
 }
 
 void CanvasItem::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -234,7 +299,7 @@ QPointF CanvasItem::imagePoint(const QPointF& position) const {
 void CanvasItem::beginTextEditing(const QUuid& id) {
     editedTextId_ = id;
     editor().annotationVM().set_isTextEditing(true);
-    invalidateLayer();
+    polish();
     Q_EMIT textEditingChanged();
 }
 
@@ -292,7 +357,7 @@ void CanvasItem::commitText(const QString& text) {
         }
     }
     editor().synchroniseAnnotations();
-    invalidateLayer();
+    polish();
     Q_EMIT textEditingChanged();
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "editor/canvas/AnnotationLayer.h"
 #include "editor/canvas/CanvasInteraction.h"
 #include "editor/canvas/PreviewRenderer.h"
 #include "editor/views/EditorController.h"
 
 #include <QPointer>
 #include <QQuickPaintedItem>
+#include <QTimer>
 
 namespace kestrio {
 
@@ -64,25 +66,34 @@ class CanvasItem : public QQuickPaintedItem {
     void hoverLeaveEvent(QHoverEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+    void updatePolish() override;
 
   private:
     EditorViewModel& editor() const;
     void connectToEditor();
     void refreshViewport();
     void refreshCursor();
-    void invalidateLayer();
+    void invalidate();
     void beginTextEditing(const QUuid& id);
     const TextAnnotation* editedRecord() const;
     double pixelRatio() const;
+    QTransform pixelsOfCanvasToView() const;
+    QRect showAnnotations();
+    QRectF overlayBounds() const;
+    QRectF placeholderRect(const BlurAnnotation& blur) const;
+    bool isPreviewScaled() const;
     void paintPreview(QPainter& painter) const;
-    void paintAnnotationLayer(QPainter& painter);
+    void paintPlaceholders(QPainter& painter) const;
 
     QPointer<EditorController> controller_;
     std::unique_ptr<CanvasInteraction> interaction_;
     std::unique_ptr<PreviewRenderer> preview_;
     std::optional<QUuid> editedTextId_;
-    QImage layer_;
-    bool isLayerStale_ = true;
+    AnnotationLayer layer_;
+    bool isAllStale_ = true;
+    /// Runs while zooming and panning go on.
+    QTimer rest_;
+    QRectF lastOverlay_;  ///< what decorations and placeholders took, points of the item
 };
 
 }  // namespace kestrio

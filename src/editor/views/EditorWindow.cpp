@@ -1,6 +1,7 @@
 #include "editor/views/EditorWindow.h"
 
 #include "core/Localisation.h"
+#include "core/Priority.h"
 #include "editor/views/ThumbnailProvider.h"
 
 #include <QtQml/qqmlextensionplugin.h>
@@ -26,6 +27,7 @@ EditorWindow::EditorWindow(EditorServices services, const QString& name)
     // A linker drops a registration that nobody calls.
     static const bool isRegistered = [] {
         qml_register_types_Kestrio_Editor();
+        preferWindows();
         // Drawn by the processor, windows come up sooner than with a graphics context, and what
         // they show most is a picture that the processor has made.
         if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {

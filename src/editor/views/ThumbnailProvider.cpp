@@ -1,6 +1,7 @@
 #include "editor/views/ThumbnailProvider.h"
 
 #include "core/Error.h"
+#include "core/Priority.h"
 #include "render/style/EffectPreset.h"
 #include "render/style/GradientPreset.h"
 #include "render/style/Theme.h"
@@ -113,16 +114,19 @@ ThumbnailProvider::ThumbnailProvider(std::shared_ptr<ThumbnailSource> source,
       composer_(std::move(watermark)) {}
 
 QImage ThumbnailProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
+    stepBackForOthers();
     const QString name = id.section(u'/', 0, 0);
     const QString choice = id.section(u'/', 1).section(u'?', 0, 0);
     const QSize pixels = requestedSize.isEmpty() ? thumbnailCanvas.toSize() : requestedSize;
+    const ThumbnailSource::Values values = source_->values();
     for (const ThumbnailKind& kind : kinds) {
-        if (name != QLatin1String(kind.name)) continue;
+        // Asked for before there is a picture, all will be asked for again with it.
+        if (name != QLatin1String(kind.name) || values.picture.isNull()) continue;
         const double scale = std::max(pixels.width() / thumbnailCanvas.width(),
                                       pixels.height() / thumbnailCanvas.height());
         try {
             const QImage picture =
-                composer_.compose(requestOf(source_->values(), kind, choice, scale)).bitmap();
+                composer_.compose(requestOf(values, kind, choice, scale)).bitmap();
             if (size) *size = picture.size();
             return picture;
         } catch (const Error&) {

@@ -83,7 +83,7 @@ struct Preview : testing::Test {
     void settle() {
         for (int turn = 0; turn < 3; ++turn) {
             QCoreApplication::processEvents();
-            QThreadPool::globalInstance()->waitForDone();
+            backgroundPool()->waitForDone();
         }
         QCoreApplication::processEvents();
     }

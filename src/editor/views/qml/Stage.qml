@@ -16,6 +16,7 @@ Item {
         // Room for the palette, which covers no part of the picture then.
         anchors.topMargin: stage.controller.isAnnotationMode ? tools.baseHeight + 12 : 0
         controller: stage.controller
+        fillColor: Theme.ground
         focus: true
         Accessible.role: Accessible.Canvas
         Accessible.name: qsTr("Canvas")
