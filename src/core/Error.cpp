@@ -1,5 +1,9 @@
 #include "core/Error.h"
 
+#include "core/Localisation.h"
+
+#include <new>
+
 namespace kestrio {
 
 const char* Error::what() const noexcept {
@@ -9,6 +13,15 @@ const char* Error::what() const noexcept {
     } catch (...) {
         return "error";
     }
+}
+
+QString describeFailure(const std::exception& error) {
+    if (dynamic_cast<const std::bad_alloc*>(&error)) {
+        return localised("there is not enough memory for this");
+    }
+    const auto* own = dynamic_cast<const Error*>(&error);
+    return own ? own->fullDescription()
+               : localised("unexpected failure: ") + QString::fromUtf8(error.what());
 }
 
 }  // namespace kestrio

@@ -10,11 +10,16 @@ namespace kestrio {
 class Error : public std::exception {
   public:
     virtual QString errorDescription() const = 0;
+    /// The sentence with what more is known, such as the system's reason.
+    virtual QString fullDescription() const { return errorDescription(); }
 
     const char* what() const noexcept override;
 
   private:
     mutable QByteArray text_;
 };
+
+/// One line that tells a user what went wrong, whatever was thrown.
+QString describeFailure(const std::exception& error);
 
 }  // namespace kestrio

@@ -48,4 +48,9 @@ QString ExportError::errorDescription() const {
     return {};
 }
 
+QString ExportError::fullDescription() const {
+    if (reason_.isEmpty()) return errorDescription();
+    return errorDescription() + QStringLiteral(" (%1)").arg(reason_);
+}
+
 }  // namespace kestrio

@@ -35,6 +35,7 @@ class ExportError : public Error {
     const QString& reason() const { return reason_; }
 
     QString errorDescription() const override;
+    QString fullDescription() const override;
 
     bool operator==(const ExportError& other) const {
         return case_ == other.case_ && path_ == other.path_ && format_ == other.format_;

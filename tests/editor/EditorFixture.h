@@ -4,6 +4,9 @@
 #include "imaging/ExportError.h"
 
 #include "support/MemoryPasteboard.h"
+#include "support/RecordingFileReveal.h"
+#include "support/ScriptedAppearance.h"
+#include "support/ScriptedFileDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -55,13 +58,29 @@ struct EditorFixture : testing::Test {
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<EditorStylePersistenceService> styles =
         std::make_shared<EditorStylePersistenceService>(defaults);
+    std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
+    std::shared_ptr<ScriptedFileDialogs> dialogs = std::make_shared<ScriptedFileDialogs>();
+    std::shared_ptr<RecordingFileReveal> reveal = std::make_shared<RecordingFileReveal>();
+    std::shared_ptr<ScriptedAppearance> appearance = std::make_shared<ScriptedAppearance>();
     std::unique_ptr<EditorViewModel> editor = makeEditor();
 
+    EditorServices services() {
+        EditorServices all;
+        all.imageRenderer = renderer;
+        all.stylePersistence = styles;
+        all.watermark = std::make_shared<WatermarkService>(defaults);
+        all.enhancement = std::make_shared<AIEnhancementService>();
+        all.userDefaults = defaults;
+        all.pasteboard = pasteboard;
+        all.settings = std::make_shared<AppSettingsService>(defaults);
+        all.fileDialogs = dialogs;
+        all.fileReveal = reveal;
+        all.appearance = appearance;
+        return all;
+    }
+
     std::unique_ptr<EditorViewModel> makeEditor() {
-        return std::make_unique<EditorViewModel>(
-            EditorServices{renderer, styles, std::make_shared<WatermarkService>(defaults),
-                           std::make_shared<AIEnhancementService>(), defaults,
-                           std::make_shared<MemoryPasteboard>(), nullptr});
+        return std::make_unique<EditorViewModel>(services());
     }
 
     static Image picture(QSize pixels = {200, 100}) {

@@ -41,14 +41,9 @@ void runEventsFor(int milliseconds) {
 // On the real renderer, since the window shows what it makes.
 struct EditorWindowTest : EditorFixture {
     EditorServices services() {
-        const auto mark = std::make_shared<WatermarkService>(defaults);
-        return {std::make_shared<ImageRendererService>(mark, std::make_shared<MemoryPasteboard>()),
-                styles,
-                mark,
-                std::make_shared<AIEnhancementService>(),
-                defaults,
-                std::make_shared<MemoryPasteboard>(),
-                nullptr};
+        EditorServices real = EditorFixture::services();
+        real.imageRenderer = std::make_shared<ImageRendererService>(real.watermark, pasteboard);
+        return real;
     }
 
     static QQuickWindow* quickWindow(const EditorWindow& window) {
@@ -59,9 +54,10 @@ struct EditorWindowTest : EditorFixture {
 /// Counts what a controller refuses.
 struct Refusals {
     explicit Refusals(EditorController& controller) {
-        QObject::connect(&controller, &EditorController::failed, &controller, [this] { ++count; });
+        QObject::connect(&controller, &EditorController::failed, &controller,
+                         [this](const QString& text) { texts << text; });
     }
-    int count = 0;
+    QStringList texts;
 };
 
 int differentColours(const QImage& picture) {
@@ -82,48 +78,58 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     EXPECT_GT(differentColours(view->grabWindow()), 20);
 
     EditorController& controller = window.controller();
-    auto* panel = view->findChild<QQuickItem*>(QStringLiteral("rightPanel"));
-    ASSERT_NE(panel, nullptr);
-    for (const char* section : {"frame", "mockup", "watermark", "backdrop"}) {
-        panel->setProperty("open", QString::fromLatin1(section));
-        runEventsFor(60);
-    }
     for (const char* type : {"none", "gradient", "image", "solid"}) {
         controller.choose(QStringLiteral("backdropType"), QString::fromLatin1(type));
-        runEventsFor(80);
+        runEventsFor(60);
     }
-    for (const PresetTheme& preset : PresetTheme::all()) {
-        controller.applyPreset(preset.id);
-        runEventsFor(40);
-    }
-    controller.saveTheme(QStringLiteral("Mine"));
+    controller.choose(QStringLiteral("customGradient"),
+                      QVariantList{QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)});
+    controller.choose(QStringLiteral("pattern"), QStringLiteral("dots"));
+    controller.choose(QStringLiteral("overlay"), QStringLiteral("vignette"));
     runEventsFor(60);
-    ASSERT_EQ(controller.themes().size(), 1);
-    Refusals refusals(controller);
-    controller.saveTheme(QStringLiteral("Mine"));
-    EXPECT_EQ(refusals.count, 1) << "a name that is taken";
-    controller.deleteTheme(controller.themes().front().toMap()[QStringLiteral("id")].toString());
-    EXPECT_TRUE(controller.themes().isEmpty());
+    for (const QString type : {QStringLiteral("image"), QStringLiteral("text")}) {
+        controller.set(QStringLiteral("watermark"), true);
+        controller.set(QStringLiteral("watermarkType"), type);
+        for (const auto& section : rightPanelSections) {
+            controller.togglePanel(QString::fromLatin1(section.raw));
+            runEventsFor(60);
+        }
+    }
+    controller.set(QStringLiteral("watermark"), false);
+    for (const PresetTheme& preset : PresetTheme::all()) {
+        controller.themes()->applyPreset(preset.id);
+        EXPECT_EQ(controller.themes()->currentPreset(), preset.id);
+        runEventsFor(20);
+    }
+    controller.set(QStringLiteral("padding"), 11);
+    EXPECT_EQ(controller.themes()->currentPreset(), QString()) << "changed by hand";
+    appearance->set_isDark(true);
+    runEventsFor(60);
     controller.toggleAnnotations();
-    for (const QVariant& tool : controller.tools())
-        controller.setTool(tool.toMap().value(QStringLiteral("id")).toString());
+    for (const QVariant& tool : controller.annotation()->tools())
+        controller.annotation()->setTool(tool.toMap().value(QStringLiteral("id")).toString());
     runEventsFor(60);
     controller.enterCrop();
-    controller.dragCropHandle(7, controller.cropRect(), -100, -50);
     runEventsFor(60);
-    controller.applyCrop();
+    CropPanel& crop = *controller.crop();
+    const double scale = crop.frame().width() / 640;
+    crop.beginDrag();
+    crop.dragHandle(7, QPointF(-100, -50) * scale);
+    runEventsFor(60);
+    crop.apply();
     EXPECT_EQ(controller.pictureSize(), QStringLiteral("540 × 350"));
-    controller.togglePicker();
-    controller.movePicker({20, 20});
+    controller.pickColorByButton(false);
     runEventsFor(60);
-    controller.pickColor({20, 20}, false);
-    EXPECT_EQ(controller.tool().value(QStringLiteral("color")).value<QColor>(), QColor(Qt::white));
+    controller.colors()->movePointer({20, 20});
+    runEventsFor(60);
+    controller.colors()->pick({20, 20}, false);
+    EXPECT_EQ(controller.annotation()->tool().value(QStringLiteral("color")).value<QColor>(), QColor(Qt::white));
     controller.setShortcutOverlayVisible(true);
     runEventsFor(200);
     controller.setShortcutOverlayVisible(false);
     view->resize(900, 600);
     runEventsFor(60);
-    EXPECT_EQ(warnings.list.join(u'\n'), QString());
+    EXPECT_EQ(warnings.list.join(u'\n').toStdString(), std::string());
 }
 
 // The pointer goes the whole way: through the window's events to a record and onto the screen.
@@ -133,7 +139,7 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     QQuickWindow* const view = quickWindow(window);
     runEventsFor(200);
     window.controller().toggleAnnotations();
-    window.controller().setTool(QStringLiteral("rectangle"));
+    window.controller().annotation()->setTool(QStringLiteral("rectangle"));
     auto* canvas = view->findChild<QQuickItem*>(QStringLiteral("canvas"));
     ASSERT_NE(canvas, nullptr);
     const QPointF from = canvas->mapToScene(QPointF(300, 250)), to = from + QPointF(160, 90);
@@ -150,14 +156,14 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     ASSERT_EQ(drawn.size(), 1u);
     EXPECT_EQ(drawn.front().type(), AnnotationType::rectangle);
     EXPECT_TRUE(window.controller().canUndo());
-    window.controller().setTool(QStringLiteral("select"));  // without handles over it
+    window.controller().annotation()->setTool(QStringLiteral("select"));  // without handles over it
     runEventsFor(100);
     const QImage shown = view->grabWindow();
     const double ratio = view->effectiveDevicePixelRatio();
     const QColor edge =
         shown.pixelColor(((from + to) / 2 * ratio - QPointF(0, 45 * ratio)).toPoint());
     EXPECT_GT(edge.red(), edge.green() + 100) << "the middle of the upper edge";
-    window.controller().undo();
+    window.controller().undoByKey();
     EXPECT_TRUE(window.controller().editor().liveAnnotations().empty());
 }
 

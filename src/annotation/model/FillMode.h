@@ -8,9 +8,9 @@ namespace kestrio {
 enum class FillMode { stroke, fill, both };
 
 inline constexpr EnumTable<FillMode, 3> fillModes = {{
-    {FillMode::stroke, "stroke"},
-    {FillMode::fill, "fill"},
-    {FillMode::both, "both"},
+    {FillMode::stroke, "stroke", "Outline"},
+    {FillMode::fill, "fill", "Fill"},
+    {FillMode::both, "both", "Both"},
 }};
 constexpr const auto& enumTable(FillMode) {
     return fillModes;

@@ -2,8 +2,8 @@
 
 #include "app/cli/EditCommand.h"
 #include "app/cli/RenderCommand.h"
+#include "core/Error.h"
 #include "core/Localisation.h"
-#include "imaging/ExportError.h"
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -49,17 +49,6 @@ bool needsDisplay(const QStringList& arguments) {
     return std::any_of(std::begin(verbs), std::end(verbs), [&](const CliVerb& verb) {
         return verb.opensWindows && arguments.value(0) == QLatin1String(verb.name);
     });
-}
-
-QString describeFailure(const std::exception& error) {
-    if (dynamic_cast<const std::bad_alloc*>(&error)) {
-        return localised("there is not enough memory for this");
-    }
-    const auto* own = dynamic_cast<const Error*>(&error);
-    if (!own) return localised("unexpected failure: ") + QString::fromUtf8(error.what());
-    const auto* exportError = dynamic_cast<const ExportError*>(&error);
-    if (!exportError || exportError->reason().isEmpty()) return own->errorDescription();
-    return own->errorDescription() + QStringLiteral(" (%1)").arg(exportError->reason());
 }
 
 bool printDocument(const QByteArray& text) {

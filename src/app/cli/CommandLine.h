@@ -35,9 +35,6 @@ bool needsDisplay(const QStringList& arguments);
 /// verbs; "--version" tells the version.
 ExitStatus runCommandLine(const QStringList& arguments);
 
-/// What a user reads about a failure, with the reason behind it where one is known.
-QString describeFailure(const std::exception& error);
-
 /// Writes to standard output; false where that cannot be written to.
 bool printDocument(const QByteArray& text);
 

@@ -46,6 +46,10 @@ EditorServices editorServices(const PlatformServices& platform,
     services.userDefaults = defaults;
     services.pasteboard = platform.pasteboard;
     services.memoryPressure = platform.memoryPressure;
+    services.settings = std::make_shared<AppSettingsService>(defaults);
+    services.fileDialogs = platform.fileDialogs;
+    services.fileReveal = platform.fileReveal;
+    services.appearance = platform.appearance;
     return services;
 }
 

@@ -323,6 +323,16 @@ void CanvasInteraction::leave() {
     isHoveringInactiveAnnotation_ = false;
 }
 
+bool CanvasInteraction::selectAt(const QPointF& view) {
+    if (!editor_.isAnnotationMode()) return false;
+    const auto record = recordAt(view);
+    if (!record) return false;
+    if (!annotations().selectedAnnotations().contains(record->id())) {
+        annotations().selectAnnotation(record);
+    }
+    return true;
+}
+
 std::optional<QUuid> CanvasInteraction::doubleClick(const PointerEvent& event) {
     if (!editor_.isAnnotationMode()) return std::nullopt;
     const auto hit = recordAt(event.position);

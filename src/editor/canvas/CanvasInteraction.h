@@ -39,6 +39,9 @@ class CanvasInteraction {
     /// Opens the editor of a text or a number under the pointer: gives the text's id, and starts
     /// number editing itself.
     std::optional<QUuid> doubleClick(const PointerEvent& event);
+    /// Selects the record at a point of the view, unless it is selected already; false where there
+    /// is none or annotation mode is off.
+    bool selectAt(const QPointF& view);
     /// Zooms by steps of the wheel about the pointer, with a modifier that means zoom; pans
     /// otherwise. Points of the view.
     void wheel(const PointerEvent& event, const QPointF& pixels);

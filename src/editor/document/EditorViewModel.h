@@ -4,11 +4,15 @@
 #include "annotation/history/HistoryManager.h"
 #include "editor/document/EditorState.h"
 #include "library/color/ColorPickerViewModel.h"
+#include "platform/Appearance.h"
+#include "platform/FileDialogs.h"
+#include "platform/FileReveal.h"
 #include "render/ImageRendererService.h"
 #include "render/enhance/AIEnhancementService.h"
 #include "render/stores/EditorStylePersistenceService.h"
 #include "render/style/Theme.h"
 #include "render/watermark/WatermarkViewModel.h"
+#include "settings/AppSettingsService.h"
 
 #include <QTimer>
 #include <memory>
@@ -24,10 +28,25 @@ struct EditorServices {
     std::shared_ptr<UserDefaults> userDefaults;
     std::shared_ptr<Pasteboard> pasteboard;
     std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null
+    std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<FileDialogs> fileDialogs;
+    std::shared_ptr<FileReveal> fileReveal;
+    std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
 };
 
 /// The sections of the panel beside the canvas.
 enum class RightPanelSection { backdrop, frame, mockup, colors, watermark };
+
+inline constexpr EnumTable<RightPanelSection, 5> rightPanelSections = {{
+    {RightPanelSection::backdrop, "backdrop"},
+    {RightPanelSection::frame, "frame"},
+    {RightPanelSection::mockup, "mockup"},
+    {RightPanelSection::colors, "colors"},
+    {RightPanelSection::watermark, "watermark"},
+}};
+constexpr const auto& enumTable(RightPanelSection) {
+    return rightPanelSections;
+}
 
 /// The document of one editor window: the picture, its style, its annotations, and everything that
 /// is made of them. Main thread; what takes long leaves it with a copy of the values.

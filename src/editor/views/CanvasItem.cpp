@@ -21,7 +21,7 @@ PointerEvent pointerEvent(const QSinglePointEvent& event) {
 }  // namespace
 
 CanvasItem::CanvasItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton);
+    setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
     setClip(true);
 }
@@ -176,6 +176,10 @@ void CanvasItem::mousePressEvent(QMouseEvent* event) {
         return;
     }
     forceActiveFocus(Qt::MouseFocusReason);
+    if (event->button() == Qt::RightButton) {
+        if (interaction_->selectAt(event->position())) Q_EMIT contextMenuRequested(event->position());
+        return;
+    }
     interaction_->press(pointerEvent(*event));
     refreshCursor();
     update();

@@ -52,6 +52,8 @@ class CanvasItem : public QQuickPaintedItem {
     Q_SIGNAL void controllerChanged();
     Q_SIGNAL void textEditingChanged();
     Q_SIGNAL void viewChanged();
+    /// The annotation at a point of the item was clicked with the right button, and is selected.
+    Q_SIGNAL void contextMenuRequested(const QPointF& place);
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;

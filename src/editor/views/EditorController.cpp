@@ -1,17 +1,12 @@
 #include "editor/views/EditorController.h"
 
-#include "core/Cancelled.h"
-#include "core/Localisation.h"
-#include "editor/crop/CropGeometry.h"
+#include "editor/views/PictureFile.h"
 #include "editor/views/StyleFields.h"
 #include "editor/views/ThumbnailProvider.h"
-#include "imaging/ExportError.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
-#include "library/FileNaming.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QStandardPaths>
@@ -22,6 +17,7 @@ namespace kestrio {
 namespace {
 
 constexpr int thumbnailWidth = 320;  // pixels of the picture in thumbnails
+constexpr std::chrono::milliseconds thumbnailDelay{150};
 
 Image smallCopy(const Image& image) {
     const QSize full = image.pixelSize();
@@ -32,75 +28,105 @@ Image smallCopy(const Image& image) {
 
 }  // namespace
 
-EditorController::EditorController(EditorServices services, QString suggestedName, QObject* parent)
+EditorController::EditorController(EditorServices services, QString name, QObject* parent)
     : QObject(parent),
       services_(services),
-      suggestedName_(std::move(suggestedName)),
-      editor_(std::move(services)),
-      themes_(std::make_shared<ThemeStorageService>(services_.userDefaults)),
+      name_(std::move(name)),
+      editor_(services),
       hints_(services_.userDefaults),
       keyboard_(editor_, &hints_),
+      annotation_(editor_, hints_),
+      colors_(editor_),
+      crop_(editor_),
+      output_(editor_, services_, name_),
+      themes_(editor_, services_.userDefaults),
+      watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()) {
     keyboard_.activate();
-    connectEditor();
+    thumbnailTimer_.setSingleShot(true);
+    thumbnailTimer_.setInterval(thumbnailDelay);
+    connect(&thumbnailTimer_, &QTimer::timeout, this, &EditorController::refreshThumbnails);
+    connectDocument();
+    connectMessages();
 }
 
-EditorController::~EditorController() {
-    exportStop_.request_stop();
-}
+EditorController::~EditorController() = default;
 
 ThumbnailProvider* EditorController::makeThumbnailProvider() {
     return new ThumbnailProvider(thumbnails_, services_.watermark);
 }
 
-void EditorController::connectEditor() {
+void EditorController::connectDocument() {
     using Editor = EditorViewModel;
-    const auto relay = [this](auto from, auto to) { connect(&editor_, from, this, to); };
-    for (const auto signal : {&Editor::backdropChanged, &Editor::mockupChanged,
-                              &Editor::frameStyleChanged, &Editor::frameScaleChanged,
-                              &Editor::currentPresetThemeIdChanged, &Editor::currentThemeChanged}) {
-        relay(signal, &EditorController::styleChanged);
-    }
-    for (const auto signal : {&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged})
-        relay(signal, &EditorController::modeChanged);
-    for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged})
-        relay(signal, &EditorController::undoChanged);
-    for (const auto signal : {&Editor::canvasStateChanged, &Editor::screenshotChanged})
-        relay(signal, &EditorController::canvasChanged);
-    for (const auto signal : {&Editor::cropRectChanged, &Editor::cropLockedRatioChanged})
-        relay(signal, &EditorController::cropChanged);
-    relay(&Editor::isExportingChanged, &EditorController::exportingChanged);
-    relay(&Editor::isShortcutOverlayVisibleChanged, &EditorController::shortcutOverlayChanged);
-    relay(&Editor::isEnhancingImageChanged, &EditorController::enhancingChanged);
-    connect(&editor_, &Editor::screenshotChanged, this, [this] {
-        smallPicture_ = smallCopy(editor_.screenshot());
-        refreshThumbnails();
-    });
+    const auto relay = [this](auto signals, auto to) {
+        for (const auto signal : signals)
+            connect(&editor_, signal, this, to);
+    };
+    relay(std::initializer_list{&Editor::backdropChanged, &Editor::mockupChanged,
+                                &Editor::frameStyleChanged, &Editor::frameScaleChanged},
+          &EditorController::styleChanged);
+    relay(std::initializer_list{&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged},
+          &EditorController::modeChanged);
+    relay(std::initializer_list{&Editor::canUndoChanged, &Editor::canRedoChanged},
+          &EditorController::undoChanged);
+    relay(std::initializer_list{&Editor::canvasStateChanged, &Editor::screenshotChanged},
+          &EditorController::canvasChanged);
+    relay(std::initializer_list{&Editor::expandedPanelChanged, &Editor::isRightPanelExpandedChanged,
+                                &Editor::isShortcutOverlayVisibleChanged},
+          &EditorController::panelsChanged);
+    relay(std::initializer_list{&Editor::isEnhancingImageChanged},
+          &EditorController::enhancingChanged);
+    connect(&editor_, &Editor::screenshotChanged, this,
+            [this] { launch(shrinkPicture(), this); });
     connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
             &EditorController::styleChanged);
     connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
             &EditorController::styleChanged);
     connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
             &EditorController::modeChanged);
-    connect(&themes_, &ThemeViewModel::userThemesChanged, this, &EditorController::themesChanged);
-    using Annotations = AnnotationViewModel;
-    AnnotationViewModel& annotations = editor_.annotationVM();
-    for (const auto signal :
-         {&Annotations::currentToolChanged, &Annotations::toolSettingsChanged,
-          &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
-          &Annotations::isTextEditingChanged, &Annotations::annotationsVisibleChanged}) {
-        connect(&annotations, signal, this, &EditorController::toolChanged);
+    const auto refreshLater = [this] { thumbnailTimer_.start(); };
+    connect(this, &EditorController::styleChanged, this, refreshLater);
+    connect(&themes_, &ThemePanel::themesChanged, this, refreshLater);
+    if (services_.appearance) {
+        using Look = Appearance;
+        for (const auto signal : {&Look::isDarkChanged, &Look::isMotionReducedChanged})
+            connect(services_.appearance.get(), signal, this, &EditorController::appearanceChanged);
     }
-    connect(&annotations, &Annotations::numberEditingStateChanged, this,
-            &EditorController::numberEditingChanged);
+}
+
+// A message is passed on once; the document keeps none that was shown.
+void EditorController::connectMessages() {
+    connect(&editor_, &EditorViewModel::toastMessageChanged, this, [this] {
+        const auto message = editor_.toastMessage();
+        if (!message) return;
+        editor_.set_toastMessage(std::nullopt);
+        Q_EMIT toast(*message);
+    });
+    connect(&editor_, &EditorViewModel::errorMessageChanged, this, [this] {
+        const auto message = editor_.errorMessage();
+        if (!message) return;
+        editor_.set_errorMessage(std::nullopt);
+        Q_EMIT failed(*message);
+    });
 }
 
 void EditorController::open(const Image& image) {
     editor_.loadCapture(image);
-    refreshThumbnails();  // now in the style that it opened with
+}
+
+Task<> EditorController::shrinkPicture() {
+    const QPointer<EditorController> self(this);
+    const Image picture = editor_.screenshot();
+    auto work = [picture] { return smallCopy(picture); };
+    const auto shrinking = runInBackground(std::move(work));
+    Image small = co_await shrinking;
+    if (!self || picture.bitmap().cacheKey() != editor_.screenshot().bitmap().cacheKey()) co_return;
+    smallPicture_ = std::move(small);
+    refreshThumbnails();
 }
 
 void EditorController::refreshThumbnails() {
+    if (smallPicture_.isNull()) return;
     thumbnails_->set({smallPicture_, editor_.style(), themes_.userThemes()});
     ++thumbnailRevision_;
     Q_EMIT thumbnailRevisionChanged();
@@ -108,6 +134,14 @@ void EditorController::refreshThumbnails() {
 
 QVariantMap EditorController::style() const {
     return styleFields(editor_);
+}
+
+bool EditorController::isDark() const {
+    return services_.appearance && services_.appearance->isDark();
+}
+
+bool EditorController::isMotionReduced() const {
+    return services_.appearance && services_.appearance->isMotionReduced();
 }
 
 int EditorController::zoomPercent() const {
@@ -123,124 +157,76 @@ void EditorController::set(const QString& field, const QVariant& value) {
     setStyleField(editor_, field, value);
 }
 
+void EditorController::commit() {
+    editor_.recordSnapshot();
+}
+
 void EditorController::choose(const QString& field, const QVariant& value) {
     set(field, value);
     commit();
-    refreshThumbnails();
 }
 
-void EditorController::setBackdropImage(const QUrl& url) {
-    launch(loadBackdropImage(url.toLocalFile()), this);
-}
-
-Task<> EditorController::loadBackdropImage(QString path) {
-    const QPointer<EditorController> self(this);
-    auto work = [path] {
-        ImageBackdropSettings settings;
-        settings.imagePath = path;
-        settings.imageData = readImageFile(path);
-        decodeImage(*settings.imageData);  // what cannot be read is told now, not drawn grey
-        return settings;
-    };
-    QString failure;
-    try {
-        const auto loading = runInBackground(std::move(work));
-        const ImageBackdropSettings settings = co_await loading;
-        if (!self) co_return;
+void EditorController::setBackdropImage(const QUrl& file) {
+    readPictureFile(editor_, file.toLocalFile(), [this](const PictureFile& picture) {
         BackdropSettings backdrop = editor_.backdrop();
+        ImageBackdropSettings settings =
+            backdrop.imageSettings.value_or(ImageBackdropSettings());
+        settings.imagePath = picture.path;
+        settings.imageData = picture.data;
         backdrop.type = BackdropType::image;
         backdrop.imageSettings = settings;
         editor_.set_backdrop(backdrop);
         commit();
-        refreshThumbnails();
-    } catch (const Error& error) {
-        failure = error.errorDescription();
-    }
-    if (self && !failure.isEmpty()) Q_EMIT failed(failure);
+    });
 }
 
-void EditorController::applyPreset(const QString& id) {
-    const PresetTheme* preset = PresetTheme::find(id);
-    if (!preset) return;
-    editor_.applyPresetTheme(*preset);
-    refreshThumbnails();
+void EditorController::chooseBackdropImage() {
+    launch(askForPicture(localised("Choose a picture for the backdrop"),
+                         &EditorController::setBackdropImage),
+           this);
 }
 
-QVariantList EditorController::themes() const {
-    QVariantList rows;
-    for (const Theme& theme : themes_.userThemes()) {
-        rows << QVariantMap{{QStringLiteral("id"), theme.id.toString(QUuid::WithoutBraces)},
-                            {QStringLiteral("name"), theme.name}};
-    }
-    return rows;
+void EditorController::chooseWatermarkImage() {
+    launch(askForPicture(localised("Choose a picture for the watermark"),
+                         &EditorController::setWatermarkImage),
+           this);
 }
 
-QString EditorController::currentTheme() const {
-    const auto& theme = editor_.currentTheme();
-    return theme ? theme->id.toString(QUuid::WithoutBraces) : QString();
-}
-
-void EditorController::applyTheme(const QString& id) {
-    for (const Theme& theme : themes_.userThemes()) {
-        if (theme.id != QUuid::fromString(id)) continue;
-        editor_.applyTheme(theme);
-        refreshThumbnails();
-        return;
-    }
-}
-
-void EditorController::saveTheme(const QString& name) {
-    if (name.trimmed().isEmpty()) {
-        Q_EMIT failed(localised("A theme needs a name"));
-        return;
-    }
-    themes_.saveTheme(name.trimmed(), editor_.style());
-    if (!themes_.errorMessage().isEmpty()) {
-        Q_EMIT failed(themes_.errorMessage());
-        return;
-    }
-    refreshThumbnails();
-    Q_EMIT toast(localised("Theme saved"));
-}
-
-void EditorController::deleteTheme(const QString& id) {
-    themes_.deleteTheme(QUuid::fromString(id));
-    if (!themes_.errorMessage().isEmpty()) Q_EMIT failed(themes_.errorMessage());
+Task<> EditorController::askForPicture(QString title, void (EditorController::*use)(const QUrl&)) {
+    const QPointer<EditorController> self(this);
+    OpenPanelRequest request;
+    request.title = title;
+    request.folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    if (!QDir(request.folder).exists()) request.folder = QDir::homePath();
+    request.types = {{localised("Pictures"), readableSuffixes()}};
+    request.parent = QGuiApplication::focusWindow();
+    const auto dialogs = services_.fileDialogs;
+    auto asking = dialogs->chooseOpen(request);
+    const std::optional<QString> path = co_await asking;
+    if (self && path) (this->*use)(QUrl::fromLocalFile(*path));
 }
 
 void EditorController::setAspect(const QString& name, double ratio) {
     editor_.setAspectRatio({name, ratio > 0 ? std::optional(ratio) : std::nullopt});
 }
 
+QString EditorController::setCustomAspect(const QString& width, const QString& height) {
+    constexpr double longest = 20;  // one side may be so many times the other
+    bool isWidth = false, isHeight = false;
+    const double w = width.trimmed().toDouble(&isWidth);
+    const double h = height.trimmed().toDouble(&isHeight);
+    if (!isWidth || !isHeight || !(w > 0) || !(h > 0)) {
+        return localised("Type two numbers above zero");
+    }
+    if (!(w / h <= longest) || !(h / w <= longest)) {
+        return localised("One side may be at most 20 times the other");
+    }
+    editor_.setAspectRatio(AspectRatio::custom(w, h));
+    return {};
+}
+
 void EditorController::rotate(bool clockwise) {
     clockwise ? editor_.rotateClockwise() : editor_.rotateCounterClockwise();
-}
-
-void EditorController::dragCropHandle(int handle, const QRectF& start, double dx, double dy) {
-    if (handle < 0 || handle >= static_cast<int>(cropHandles.size())) return;
-    editor_.set_cropRect(draggedCropRect({cropHandles[static_cast<std::size_t>(handle)],
-                                          start,
-                                          {dx, dy},
-                                          imageSize(),
-                                          editor_.cropLockedRatio()}));
-}
-
-void EditorController::moveCrop(const QRectF& start, double dx, double dy) {
-    editor_.set_cropRect(clampedCropRect(start.translated(dx, dy), imageSize()));
-}
-
-QUrl EditorController::saveFolder() const {
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return QUrl::fromLocalFile(QFileInfo(pictures).isDir() ? pictures : QDir::homePath());
-}
-
-QUrl EditorController::suggestedFile() const {
-    return QUrl::fromLocalFile(saveFolder().toLocalFile() + u'/' + suggestedName_ +
-                               QStringLiteral(" (Kestrio).png"));
-}
-
-void EditorController::setCropRatio(double ratio) {
-    editor_.setCropRatio(ratio > 0 ? std::optional(ratio) : std::nullopt);
 }
 
 void EditorController::setZoomText(const QString& text) {
@@ -259,15 +245,9 @@ void EditorController::zoomToFit() {
     editor_.set_canvasState(canvas);
 }
 
-void EditorController::setExportProgress(double progress) {
-    exportProgress_ = progress;
-    Q_EMIT exportProgressChanged();
-}
-
 void EditorController::autoBeautify() {
     editor_.autoBeautify();
-    refreshThumbnails();
-    Q_EMIT toast(localised("Auto beautify applied"));
+    editor_.set_toastMessage(localised("Auto beautify applied"));
 }
 
 void EditorController::enhance(const QString& mode, double strength) {
@@ -281,113 +261,55 @@ Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
     try {
         auto enhancing = editor_.enhanceImage(mode, strength);
         co_await enhancing;
-    } catch (const Error& error) {
-        failure = error.errorDescription();
+    } catch (const std::exception& error) {
+        failure = describeFailure(error);
     }
     if (!self) co_return;
     Q_EMIT enhancingChanged();
     if (failure.isEmpty()) {
-        Q_EMIT toast(localised("Image enhanced"));
+        editor_.set_toastMessage(localised("Image enhanced"));
     } else {
-        Q_EMIT failed(failure);
+        editor_.set_errorMessage(failure);
     }
 }
 
 void EditorController::restoreOriginal() {
     editor_.restoreOriginalImage();
     Q_EMIT enhancingChanged();
-    Q_EMIT toast(localised("Original image restored"));
+    editor_.set_toastMessage(localised("Original image restored"));
 }
 
-void EditorController::copy() {
-    launch(runCopy(), this);
-}
-
-Task<> EditorController::runCopy() {
-    const QPointer<EditorController> self(this);
-    QString failure;
-    try {
-        auto copying = editor_.copyToClipboard();
-        co_await copying;
-    } catch (const Error& error) {
-        failure = error.errorDescription();
-    }
-    if (!self) co_return;
-    if (failure.isEmpty()) {
-        Q_EMIT toast(localised("Copied to clipboard"));
-    } else {
-        Q_EMIT failed(localised("Copy failed: ") + failure);
-    }
-}
-
-void EditorController::exportTo(const QUrl& file, const QString& format) {
-    const QString path = file.isLocalFile() ? file.toLocalFile() : file.toString();
-    const QString name = format.isEmpty() ? QFileInfo(path).suffix() : format;
-    const auto known = formatNamed(name);
-    if (!known) {
-        Q_EMIT failed(localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp")
-                          .arg(QFileInfo(path).fileName()));
-        return;
-    }
-    launch(runExport(path, *known), this);
-}
-
-Task<> EditorController::runExport(QString path, ExportFormat format) {
-    const QPointer<EditorController> self(this);
-    exportStop_ = std::stop_source();
-    setExportProgress(0);
-    EncodeHooks hooks;
-    hooks.stop = exportStop_.get_token();
-    hooks.progress = [self](double fraction) {
-        QMetaObject::invokeMethod(
-            qApp,
-            [self, fraction] {
-                if (self) self->setExportProgress(fraction);
-            },
-            Qt::QueuedConnection);
-    };
-    QString failure;
-    bool isCancelled = false;
-    try {
-        auto exporting = editor_.exportImage(path, format, hooks);
-        co_await exporting;
-    } catch (const ExportError& error) {
-        isCancelled = error.errorCase() == ExportError::Case::userCancelled;
-        failure = error.errorDescription();
-        if (!error.reason().isEmpty()) failure += QStringLiteral(" (%1)").arg(error.reason());
-    } catch (const Cancelled&) {
-        isCancelled = true;
-    } catch (const Error& error) {
-        failure = error.errorDescription();
-    }
-    if (!self || isCancelled) co_return;
-    if (failure.isEmpty()) {
-        Q_EMIT toast(localised("Saved to %1").arg(path));
-    } else {
-        Q_EMIT failed(failure);
-    }
-}
-
-void EditorController::cancelExport() {
-    exportStop_.request_stop();
+void EditorController::reset() {
+    editor_.reset();
+    editor_.set_toastMessage(localised("Everything is as at the start"));
 }
 
 void EditorController::openFile(const QUrl& file) {
-    launch(loadFile(file.toLocalFile()), this);
+    readPictureFile(editor_, file.toLocalFile(), [this](const PictureFile& picture) {
+        editor_.replaceScreenshot(Image(picture.bitmap));
+    });
 }
 
-Task<> EditorController::loadFile(QString path) {
-    const QPointer<EditorController> self(this);
-    auto work = [path] { return loadImageFile(path); };
-    QString failure;
-    try {
-        const auto loading = runInBackground(std::move(work));
-        const QImage bitmap = co_await loading;
-        if (self) editor_.replaceScreenshot(Image(bitmap));
-    } catch (const Error& error) {
-        failure = error.errorDescription();
+void EditorController::openData(const QByteArray& data) {
+    const QImage bitmap = decodeImageOrNull(data);
+    if (bitmap.isNull()) {
+        refuseDrop();
+    } else {
+        editor_.replaceScreenshot(Image(bitmap));
     }
-    if (self && !failure.isEmpty()) Q_EMIT failed(failure);
+}
+
+void EditorController::paste() {
+    const QImage bitmap = services_.pasteboard->readImage();
+    if (bitmap.isNull()) {
+        editor_.set_toastMessage(localised("There is no picture on the clipboard"));
+    } else {
+        editor_.replaceScreenshot(Image(bitmap));
+    }
+}
+
+void EditorController::refuseDrop() {
+    editor_.set_errorMessage(localised("Only pictures can be dropped here"));
 }
 
 }  // namespace kestrio

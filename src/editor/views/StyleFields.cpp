@@ -1,7 +1,9 @@
 #include "editor/views/StyleFields.h"
 
 #include "core/Clamp.h"
+#include "editor/views/ViewRows.h"
 #include "render/style/EffectPreset.h"
+#include "render/style/GradientPreset.h"
 
 #include <QColor>
 
@@ -14,19 +16,14 @@ CodableColor codable(const QVariant& value) {
 }
 
 template <typename E>
-QString raw(E value) {
-    return QString::fromLatin1(enumRow(value).raw);
-}
-
-template <typename E>
 E enumOf(const QVariant& value, E otherwise) {
-    return fromRawString<E>(value.toString().toStdString()).value_or(otherwise);
+    return namedValue<E>(value.toString()).value_or(otherwise);
 }
 
 struct StyleField {
     const char* name;
     QVariant (*get)(const EditorViewModel&);
-    void (*set)(EditorViewModel&, const QVariant&);
+    void (*set)(EditorViewModel&, const QVariant&);  ///< null where it only tells
 };
 
 /// A change of one part of the style, through a copy of it.
@@ -63,6 +60,15 @@ void changeOverlay(EditorViewModel& editor, Change change) {
 }
 
 template <typename Change>
+void changeImage(EditorViewModel& editor, Change change) {
+    changeBackdrop(editor, [&](BackdropSettings& backdrop) {
+        ImageBackdropSettings image = backdrop.imageSettings.value_or(ImageBackdropSettings());
+        change(image);
+        backdrop.imageSettings = image;
+    });
+}
+
+template <typename Change>
 void changeWatermark(EditorViewModel& editor, Change change) {
     WatermarkSettings mark = editor.watermarkVM().settings();
     change(mark);
@@ -77,6 +83,10 @@ OverlaySettings overlayOf(const EditorViewModel& editor) {
     return editor.backdrop().overlay.value_or(OverlaySettings());
 }
 
+ImageBackdropSettings imageOf(const EditorViewModel& editor) {
+    return editor.backdrop().imageSettings.value_or(ImageBackdropSettings());
+}
+
 const WatermarkSettings& watermarkOf(const EditorViewModel& editor) {
     return editor.watermarkVM().settings();
 }
@@ -85,9 +95,15 @@ using Editor = EditorViewModel;
 using Value = QVariant;
 
 constexpr StyleField fields[] = {
-    {"backdropType", [](const Editor& e) -> Value { return raw(e.backdrop().type); },
+    {"backdropType", [](const Editor& e) -> Value { return rawName(e.backdrop().type); },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.type = enumOf(v, b.type); });
+         changeBackdrop(e, [&](auto& b) {
+             b.type = enumOf(v, b.type);
+             const bool isChosen = b.gradientPreset || b.customGradientColors;
+             if (b.type == BackdropType::gradient && !isChosen) {
+                 b.gradientPreset = GradientPreset::all().front().id;
+             }
+         });
      }},
     {"solidColor",
      [](const Editor& e) -> Value {
@@ -128,6 +144,20 @@ constexpr StyleField fields[] = {
              b.customGradientColors = colors;
          });
      }},
+    {"hasImage",
+     [](const Editor& e) -> Value { return imageOf(e).imageData.has_value(); }, nullptr},
+    {"imageBlur", [](const Editor& e) -> Value { return imageOf(e).blur; },
+     [](Editor& e, const Value& v) {
+         changeImage(e, [&](auto& i) { i.blur = clampedOr(v.toDouble(), 0, 10); });
+     }},
+    {"imageOpacity", [](const Editor& e) -> Value { return imageOf(e).opacity; },
+     [](Editor& e, const Value& v) {
+         changeImage(e, [&](auto& i) { i.opacity = clampedOr(v.toDouble(), 0, 100); });
+     }},
+    {"imageFit", [](const Editor& e) -> Value { return rawName(imageOf(e).scaleFit); },
+     [](Editor& e, const Value& v) {
+         changeImage(e, [&](auto& i) { i.scaleFit = enumOf(v, i.scaleFit); });
+     }},
     {"opacity", [](const Editor& e) -> Value { return e.backdrop().opacity; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.opacity = clampedOr(v.toDouble(), 0, 1); });
@@ -160,7 +190,7 @@ constexpr StyleField fields[] = {
              if (preset.id == v.toString())
                  changeBackdrop(e, [&](auto& b) { b.effects = preset.effects(); });
      }},
-    {"pattern", [](const Editor& e) -> Value { return raw(patternOf(e).type); },
+    {"pattern", [](const Editor& e) -> Value { return rawName(patternOf(e).type); },
      [](Editor& e, const Value& v) {
          changePattern(e, [&](auto& p) { p.type = enumOf(v, p.type); });
      }},
@@ -168,9 +198,13 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changePattern(e, [&](auto& p) { p.intensity = clampedOr(v.toDouble(), 0, 1); });
      }},
+    {"patternThickness", [](const Editor& e) -> Value { return patternOf(e).thickness; },
+     [](Editor& e, const Value& v) {
+         changePattern(e, [&](auto& p) { p.thickness = clampedOr(v.toDouble(), 0, 1); });
+     }},
     {"patternColor", [](const Editor& e) -> Value { return patternOf(e).color.toQColor(); },
      [](Editor& e, const Value& v) { changePattern(e, [&](auto& p) { p.color = codable(v); }); }},
-    {"overlay", [](const Editor& e) -> Value { return raw(overlayOf(e).type); },
+    {"overlay", [](const Editor& e) -> Value { return rawName(overlayOf(e).type); },
      [](Editor& e, const Value& v) {
          changeOverlay(e, [&](auto& o) { o.type = enumOf(v, o.type); });
      }},
@@ -178,11 +212,11 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changeOverlay(e, [&](auto& o) { o.opacity = clampedOr(v.toDouble(), 0, 100); });
      }},
-    {"overlayPosition", [](const Editor& e) -> Value { return raw(overlayOf(e).position); },
+    {"overlayPosition", [](const Editor& e) -> Value { return rawName(overlayOf(e).position); },
      [](Editor& e, const Value& v) {
          changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
      }},
-    {"frame", [](const Editor& e) -> Value { return raw(e.frameStyle()); },
+    {"frame", [](const Editor& e) -> Value { return rawName(e.frameStyle()); },
      [](Editor& e, const Value& v) { e.set_frameStyle(enumOf(v, e.frameStyle())); }},
     {"frameScale", [](const Editor& e) -> Value { return e.frameScale(); },
      [](Editor& e, const Value& v) { e.set_frameScale(clampedOr(v.toDouble(), 0.5, 2)); }},
@@ -194,24 +228,37 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
      }},
-    {"shadowIntensity", [](const Editor& e) -> Value { return raw(e.mockup().shadowIntensity); },
+    {"shadowIntensity", [](const Editor& e) -> Value { return rawName(e.mockup().shadowIntensity); },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
      }},
-    {"light", [](const Editor& e) -> Value { return raw(e.mockup().lightSource); },
+    {"light", [](const Editor& e) -> Value { return rawName(e.mockup().lightSource); },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.lightSource = enumOf(v, m.lightSource); });
      }},
     {"watermark", [](const Editor& e) -> Value { return e.watermarkVM().isEnabled(); },
      [](Editor& e, const Value& v) { e.watermarkVM().set_isEnabled(v.toBool()); }},
+    {"watermarkType", [](const Editor& e) -> Value { return rawName(watermarkOf(e).type); },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.type = enumOf(v, w.type); });
+     }},
+    {"watermarkFont", [](const Editor& e) -> Value { return watermarkOf(e).fontName; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.fontName = v.toString(); });
+     }},
+    {"watermarkOffsetX", [](const Editor& e) -> Value { return watermarkOf(e).offsetX; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.offsetX = clampedOr(v.toDouble(), 0, 200); });
+     }},
+    {"watermarkOffsetY", [](const Editor& e) -> Value { return watermarkOf(e).offsetY; },
+     [](Editor& e, const Value& v) {
+         changeWatermark(e, [&](auto& w) { w.offsetY = clampedOr(v.toDouble(), 0, 200); });
+     }},
     {"watermarkText", [](const Editor& e) -> Value { return watermarkOf(e).textContent; },
      [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) {
-             w.type = WatermarkType::text;
-             w.textContent = v.toString();
-         });
+         changeWatermark(e, [&](auto& w) { w.textContent = v.toString(); });
      }},
-    {"watermarkPosition", [](const Editor& e) -> Value { return raw(watermarkOf(e).position); },
+    {"watermarkPosition", [](const Editor& e) -> Value { return rawName(watermarkOf(e).position); },
      [](Editor& e, const Value& v) {
          changeWatermark(e, [&](auto& w) { w.position = enumOf(v, w.position); });
      }},
@@ -245,7 +292,7 @@ QVariantMap styleFields(const EditorViewModel& editor) {
 
 bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value) {
     for (const StyleField& field : fields) {
-        if (name != QLatin1String(field.name)) continue;
+        if (name != QLatin1String(field.name) || !field.set) continue;
         field.set(editor, value);
         return true;
     }

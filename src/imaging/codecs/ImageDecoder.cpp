@@ -96,6 +96,13 @@ QImage decodeImageOrNull(const std::optional<QByteArray>& bytes) {
     }
 }
 
+QStringList readableSuffixes() {
+    return {QStringLiteral("png"), QStringLiteral("jpg"),  QStringLiteral("jpeg"),
+            QStringLiteral("webp"), QStringLiteral("bmp"), QStringLiteral("gif"),
+            QStringLiteral("ico"),  QStringLiteral("ppm"), QStringLiteral("tiff"),
+            QStringLiteral("tif")};
+}
+
 QByteArray readImageFile(const QString& path) {
     const QString shownPath = QDir::toNativeSeparators(path);
     if (QFileInfo(path).isDir()) {

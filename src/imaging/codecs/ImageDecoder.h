@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 #include "imaging/codecs/ImageLoadError.h"
@@ -26,6 +27,9 @@ QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits = {});
 /// The same for what a style carries: a null picture where there are no bytes or none that can be
 /// decoded.
 QImage decodeImageOrNull(const std::optional<QByteArray>& bytes);
+
+/// Endings of files that decodeImage() reads, without dots.
+QStringList readableSuffixes();
 
 /// The bytes of a file that should hold a picture. Throws ImageLoadError::unreadable, also for
 /// folders and for more than a gibibyte.

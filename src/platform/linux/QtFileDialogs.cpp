@@ -20,6 +20,7 @@ Completion<bool> openPanel(QFileDialog* panel, const QObject* owner, QWindow* pa
     QObject::connect(owner, &QObject::destroyed, panel, &QDialog::reject);
     if (parent) {
         QObject::connect(parent, &QObject::destroyed, panel, &QDialog::reject);
+        panel->move(parent->geometry().center() - panel->rect().center());
         panel->winId();  // makes the window that can have a parent
         panel->windowHandle()->setTransientParent(parent);
     }

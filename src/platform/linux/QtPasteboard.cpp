@@ -17,7 +17,9 @@ bool QtPasteboard::writeImage(const QImage& image, const QByteArray& png) {
     if (!png.isEmpty()) content->setData(QStringLiteral("image/png"), png);
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->setMimeData(content);
-    return clipboard->ownsClipboard();
+    // Asked again: another program may have taken the selection in the meantime.
+    const QMimeData* present = clipboard->mimeData();
+    return clipboard->ownsClipboard() && present && present->hasImage();
 }
 
 QImage QtPasteboard::readImage() const {

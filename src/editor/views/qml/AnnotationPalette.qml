@@ -1,19 +1,22 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
 
 // Tools, colour, stroke and fill, floating over the canvas.
 Rectangle {
     id: annotator
     required property EditorController controller
-    readonly property var tool: controller.tool
+    readonly property AnnotationPanel panel: controller.annotation
+    readonly property var tool: panel.tool
+    readonly property bool hasBlur: tool.blurType !== undefined
 
     implicitWidth: content.implicitWidth + 16
     implicitHeight: content.implicitHeight + 12
     radius: Theme.largeRadius
     color: Theme.surface
     border.color: Theme.hairline
+    // The canvas under it hears no clicks that miss a button.
+    MouseArea { anchors.fill: parent }
 
     ColumnLayout {
         id: content
@@ -24,36 +27,43 @@ Rectangle {
             spacing: 2
             Layout.alignment: Qt.AlignHCenter
             Repeater {
-                model: annotator.controller.tools
+                model: annotator.panel.tools
                 IconButton {
                     required property var modelData
                     symbol: modelData.id
-                    tip: modelData.name + " – " + modelData.description
+                    tip: modelData.description
                     key: modelData.key
                     checked: annotator.tool.id === modelData.id
                     Accessible.name: modelData.name
-                    onClicked: annotator.controller.setTool(modelData.id)
+                    onClicked: annotator.panel.setTool(modelData.id)
                 }
             }
             Separator { anchors.verticalCenter: parent.verticalCenter }
             IconButton {
                 symbol: annotator.tool.isVisible ? "eye" : "eye.slash"
                 tip: annotator.tool.isVisible ? qsTr("Hide annotations") : qsTr("Show annotations")
-                onClicked: annotator.controller.toggleVisibility()
+                onClicked: annotator.panel.toggleVisibility()
             }
             IconButton {
                 symbol: "square.stack.front"
                 tip: qsTr("Bring to front")
                 key: "Ctrl+]"
                 enabled: annotator.tool.hasSelection
-                onClicked: annotator.controller.bringToFront()
+                onClicked: annotator.panel.bringToFront()
+            }
+            IconButton {
+                symbol: "square.stack.back"
+                tip: qsTr("Send to back")
+                key: "Ctrl+["
+                enabled: annotator.tool.hasSelection
+                onClicked: annotator.panel.sendToBack()
             }
             IconButton {
                 symbol: "trash"
                 tip: qsTr("Delete selected")
                 key: "Del"
                 enabled: annotator.tool.hasSelection
-                onClicked: annotator.controller.deleteSelected()
+                onClicked: annotator.panel.deleteSelected()
             }
         }
         Row {
@@ -63,72 +73,45 @@ Rectangle {
                 spacing: 5
                 anchors.verticalCenter: parent.verticalCenter
                 Repeater {
-                    model: annotator.controller.quickColors
+                    model: annotator.panel.quickColors
                     Swatch {
                         required property var modelData
+                        anchors.verticalCenter: parent.verticalCenter
                         color: modelData
                         isCurrent: Qt.colorEqual(annotator.tool.color, modelData)
-                        onClicked: annotator.controller.setToolColor(modelData)
+                        onClicked: annotator.panel.setColor(modelData)
                     }
+                }
+                ColorWell {
+                    anchors.verticalCenter: parent.verticalCenter
+                    controller: annotator.controller
+                    color: annotator.tool.color
+                    quick: annotator.panel.quickColors
+                    tip: qsTr("Any other colour")
+                    onPicked: color => annotator.panel.setColor(color)
                 }
             }
             Separator { anchors.verticalCenter: parent.verticalCenter }
-            Row {
-                spacing: 2
-                Repeater {
-                    model: annotator.controller.choices.strokeSize
-                    Basic.AbstractButton {
-                        id: stroke
-                        required property var modelData
-                        required property int index
-                        readonly property bool isCurrent: annotator.tool.strokeSize === modelData.id
-                        implicitWidth: 28
-                        implicitHeight: 28
-                        focusPolicy: Qt.TabFocus
-                        Accessible.name: modelData.name
-                        Basic.ToolTip.visible: hovered
-                        Basic.ToolTip.delay: 500
-                        Basic.ToolTip.text: modelData.name
-                        onClicked: annotator.controller.setStrokeSize(modelData.id)
-                        background: Rectangle {
-                            radius: Theme.radius
-                            color: stroke.isCurrent ? Theme.pressed : stroke.hovered ? Theme.hover : "transparent"
-                            border.width: stroke.visualFocus ? 2 : 0
-                            border.color: Theme.accent
-                        }
-                        contentItem: Item {
-                            Rectangle {
-                                anchors.centerIn: parent
-                                width: 5 + 3 * stroke.index
-                                height: width
-                                radius: width / 2
-                                color: Theme.text
-                            }
-                        }
-                    }
-                }
-            }
+            StrokePicker { panel: annotator.panel }
             Segments {
                 visible: annotator.tool.showsFill
                 width: 150
-                rows: [{id: "stroke", name: qsTr("Outline")}, {id: "fill", name: qsTr("Fill")},
-                    {id: "both", name: qsTr("Both")}]
+                rows: annotator.panel.fillModes
                 current: annotator.tool.fillMode
-                onChosen: id => annotator.controller.setFillMode(id)
+                onChosen: id => annotator.panel.setFillMode(id)
             }
             Segments {
-                visible: annotator.tool.blurType !== undefined
+                visible: annotator.hasBlur
                 width: 190
-                rows: [{id: "gaussian", name: qsTr("Gaussian")}, {id: "pixelate", name: qsTr("Pixelate")},
-                    {id: "solid", name: qsTr("Solid")}]
+                rows: annotator.panel.blurTypes
                 current: annotator.tool.blurType ?? ""
                 onChosen: id => {
-                    annotator.controller.setBlur(id, annotator.tool.blurIntensity)
-                    annotator.controller.commitBlur()
+                    annotator.panel.setBlur(id, annotator.tool.blurIntensity)
+                    annotator.panel.commitBlur()
                 }
             }
             SliderRow {
-                visible: annotator.tool.blurType !== undefined
+                visible: annotator.hasBlur
                 width: 120
                 label: qsTr("Intensity")
                 to: 1
@@ -136,8 +119,23 @@ Rectangle {
                 factor: 100
                 unit: " %"
                 value: annotator.tool.blurIntensity ?? 0.5
-                onMoved: value => annotator.controller.setBlur(annotator.tool.blurType, value)
-                onSettled: annotator.controller.commitBlur()
+                onMoved: value => annotator.panel.setBlur(annotator.tool.blurType, value)
+                onSettled: annotator.panel.commitBlur()
+            }
+        }
+        Row {
+            spacing: 2
+            visible: annotator.tool.selectedCount > 1
+            Layout.alignment: Qt.AlignHCenter
+            Repeater {
+                model: annotator.panel.alignments
+                IconButton {
+                    required property var modelData
+                    symbol: modelData.symbol
+                    tip: modelData.name
+                    enabled: annotator.tool.selectedCount >= modelData.least
+                    onClicked: annotator.panel.align(modelData.id)
+                }
             }
         }
     }

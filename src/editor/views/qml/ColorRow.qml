@@ -1,15 +1,18 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
 
-// A colour: quick ones to click, and a field for any other.
+// A labelled colour: quick ones to click, and a well that opens any other.
 ColumnLayout {
     id: row
-
+    required property EditorController controller
     property string label
     property color color
-    property var quick: ["#ff3b30", "#ff9500", "#ffcc00", "#28cd41", "#007aff", "#af52de",
-        "#ffffff", "#8e8e93", "#1d1d1f", "#33334d"]
+    property bool forBackdrop: false
+    property var quick: ["#FF3B30", "#FF9500", "#FFCC00", "#28CD41", "#007AFF", "#AF52DE",
+        "#FFFFFF", "#1D1D1F"]
+    // While a slider is dragged, and when a colour is settled on.
+    signal moved(color color)
     signal picked(color color)
 
     spacing: 6
@@ -20,45 +23,19 @@ ColumnLayout {
             text: row.label
             Layout.fillWidth: true
         }
-        Rectangle {
-            implicitWidth: 16
-            implicitHeight: 16
-            radius: 4
+        ColorWell {
+            controller: row.controller
             color: row.color
-            border.color: Theme.hairline
-        }
-        TextInput {
-            id: field
-            text: String(row.color).toUpperCase()
-            font.pixelSize: Theme.captionSize
-            font.family: "monospace"
-            color: acceptableInput ? Theme.text : Theme.danger
-            selectByMouse: true
-            validator: RegularExpressionValidator {
-                regularExpression: /#?([0-9a-fA-F]{3}|[0-9a-fA-F]{6})/
-            }
-            Accessible.name: row.label
-            onAccepted: {
-                row.picked(text.startsWith("#") ? text : "#" + text)
-                text = Qt.binding(() => String(row.color).toUpperCase())
-                focus = false
-            }
-            onActiveFocusChanged: {
-                if (activeFocus) selectAll()
-                else text = Qt.binding(() => String(row.color).toUpperCase())
-            }
+            quick: row.quick
+            forBackdrop: row.forBackdrop
+            onMoved: color => row.moved(color)
+            onPicked: color => row.picked(color)
         }
     }
-    Row {
-        spacing: 5
-        Repeater {
-            model: row.quick
-            Swatch {
-                required property var modelData
-                color: modelData
-                isCurrent: Qt.colorEqual(row.color, modelData)
-                onClicked: row.picked(modelData)
-            }
-        }
+    SwatchRow {
+        Layout.fillWidth: true
+        colors: row.quick
+        current: row.color
+        onChosen: color => row.picked(color)
     }
 }

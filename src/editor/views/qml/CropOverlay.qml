@@ -2,35 +2,20 @@ import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
 
-// The crop frame over the picture. Geometry comes from the crop model.
+// The crop frame over the picture. Geometry comes from the crop panel.
 Item {
     id: overlay
     required property EditorController controller
     required property rect imageRect
-    readonly property real scaleX: imageRect.width / Math.max(controller.imageSize.width, 1)
-    readonly property real scaleY: imageRect.height / Math.max(controller.imageSize.height, 1)
-    readonly property rect frame: Qt.rect(imageRect.x + controller.cropRect.x * scaleX,
-        imageRect.y + controller.cropRect.y * scaleY,
-        controller.cropRect.width * scaleX, controller.cropRect.height * scaleY)
+    readonly property CropPanel crop: controller.crop
+    readonly property rect frame: crop.frame
 
-    // Darkened surroundings: four rectangles around the frame.
-    Repeater {
-        model: [
-            Qt.rect(overlay.imageRect.x, overlay.imageRect.y, overlay.imageRect.width, overlay.frame.y - overlay.imageRect.y),
-            Qt.rect(overlay.imageRect.x, overlay.frame.y + overlay.frame.height, overlay.imageRect.width,
-                overlay.imageRect.y + overlay.imageRect.height - overlay.frame.y - overlay.frame.height),
-            Qt.rect(overlay.imageRect.x, overlay.frame.y, overlay.frame.x - overlay.imageRect.x, overlay.frame.height),
-            Qt.rect(overlay.frame.x + overlay.frame.width, overlay.frame.y,
-                overlay.imageRect.x + overlay.imageRect.width - overlay.frame.x - overlay.frame.width, overlay.frame.height)
-        ]
-        Rectangle {
-            required property rect modelData
-            x: modelData.x
-            y: modelData.y
-            width: Math.max(0, modelData.width)
-            height: Math.max(0, modelData.height)
-            color: "#99000000"
-        }
+    Binding { target: overlay.crop; property: "imageRect"; value: overlay.imageRect }
+    Binding { target: overlay.crop; property: "viewHeight"; value: overlay.height }
+
+    CropDimming {
+        outer: overlay.imageRect
+        inner: overlay.frame
     }
     Rectangle {
         x: overlay.frame.x
@@ -63,89 +48,58 @@ Item {
         DragHandler {
             target: null
             cursorShape: Qt.SizeAllCursor
-            property rect start
-            onActiveChanged: if (active) start = overlay.controller.cropRect
-            onTranslationChanged: if (active) overlay.controller.moveCrop(start,
-                translation.x / overlay.scaleX, translation.y / overlay.scaleY)
+            onActiveChanged: if (active) overlay.crop.beginDrag()
+            onActiveTranslationChanged: if (active) overlay.crop.moveFrame(Qt.point(activeTranslation.x, activeTranslation.y))
         }
     }
     Repeater {
-        // In the order of the handles of the crop model.
-        model: [[0, 0], [0.5, 0], [1, 0], [0, 0.5], [1, 0.5], [0, 1], [0.5, 1], [1, 1]]
+        model: 8
         Rectangle {
             id: handle
-            required property var modelData
             required property int index
-            width: 14
-            height: 14
-            radius: 7
+            readonly property point place: overlay.crop.handles[index]
+            width: overlay.crop.handleSize
+            height: width
+            radius: width / 2
             color: "#ffffff"
             border.color: Theme.accent
             border.width: 2
-            x: overlay.frame.x + modelData[0] * overlay.frame.width - 7
-            y: overlay.frame.y + modelData[1] * overlay.frame.height - 7
+            x: place.x - width / 2
+            y: place.y - height / 2
             DragHandler {
                 target: null
-                margin: 8
-                property rect start
-                onActiveChanged: if (active) start = overlay.controller.cropRect
-                onTranslationChanged: if (active) overlay.controller.dragCropHandle(handle.index, start,
-                    translation.x / overlay.scaleX, translation.y / overlay.scaleY)
+                margin: 10
+                dragThreshold: 1
+                onActiveChanged: if (active) overlay.crop.beginDrag()
+                onActiveTranslationChanged: if (active) overlay.crop.dragHandle(handle.index, Qt.point(activeTranslation.x, activeTranslation.y))
             }
-            HoverHandler { cursorShape: [Qt.SizeFDiagCursor, Qt.SizeVerCursor, Qt.SizeBDiagCursor,
-                Qt.SizeHorCursor, Qt.SizeHorCursor, Qt.SizeBDiagCursor, Qt.SizeVerCursor,
-                Qt.SizeFDiagCursor][handle.index] }
+            HoverHandler {
+                margin: 10
+                cursorShape: [Qt.SizeFDiagCursor, Qt.SizeVerCursor, Qt.SizeBDiagCursor,
+                    Qt.SizeHorCursor, Qt.SizeHorCursor, Qt.SizeBDiagCursor, Qt.SizeVerCursor,
+                    Qt.SizeFDiagCursor][handle.index]
+            }
         }
     }
     Rectangle {
-        anchors.horizontalCenter: sizeLabel.horizontalCenter
-        anchors.verticalCenter: sizeLabel.verticalCenter
-        width: sizeLabel.width + 16
+        x: overlay.frame.x + overlay.frame.width / 2 - width / 2
+        y: overlay.crop.labelY - height / 2
+        width: sizeLabel.implicitWidth + 16
         height: 22
         radius: 11
         color: "#cc1d1d1f"
-    }
-    Text {
-        id: sizeLabel
-        x: overlay.frame.x + overlay.frame.width / 2 - width / 2
-        y: Math.max(18, overlay.frame.y - 20) - height / 2
-        text: Math.round(overlay.controller.cropRect.width) + " × " + Math.round(overlay.controller.cropRect.height)
-        font.pixelSize: Theme.captionSize
-        color: "#ffffff"
-    }
-    Rectangle {
-        readonly property real below: overlay.frame.y + overlay.frame.height + 28
-        x: Math.max(8, Math.min(overlay.width - width - 8, overlay.frame.x + overlay.frame.width / 2 - width / 2))
-        y: below + height / 2 <= overlay.height ? below - height / 2 : Math.max(16, overlay.frame.y - 28 - height)
-        width: tools.implicitWidth + 24
-        height: 44
-        radius: Theme.largeRadius
-        color: Theme.surface
-        border.color: Theme.hairline
-        RowLayout {
-            id: tools
+        Text {
+            id: sizeLabel
             anchors.centerIn: parent
-            spacing: Theme.small
-            Caption { text: qsTr("Drag handles") + "   " + qsTr("Return Apply") + "   " + qsTr("Esc Cancel") }
-            Chip {
-                text: overlay.controller.cropRatio > 0 ? qsTr("Ratio Locked") : qsTr("Free Ratio")
-                isCurrent: overlay.controller.cropRatio > 0
-                onClicked: overlay.controller.setCropRatio(overlay.controller.cropRatio > 0 ? 0
-                    : overlay.controller.cropRect.width / Math.max(1, overlay.controller.cropRect.height))
-            }
-            IconButton {
-                symbol: "xmark"
-                tip: qsTr("Cancel")
-                key: "Esc"
-                onClicked: overlay.controller.cancelCrop()
-            }
-            IconButton {
-                symbol: "checkmark"
-                isPrimary: true
-                tip: qsTr("Apply")
-                key: "Return"
-                onClicked: overlay.controller.applyCrop()
-            }
+            text: overlay.crop.sizeText
+            font.pixelSize: Theme.captionSize
+            color: "#ffffff"
         }
+    }
+    CropToolbar {
+        crop: overlay.crop
+        ratios: overlay.controller.choices.aspect
+        x: Math.max(8, Math.min(overlay.width - width - 8, overlay.frame.x + overlay.frame.width / 2 - width / 2))
+        y: Math.max(8, Math.min(overlay.height - height - 8, overlay.crop.toolbarY - height / 2))
     }
 }

@@ -1,20 +1,21 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Dialogs
 import Kestrio.Editor
 
 Window {
     id: window
     required property EditorController controller
-    property bool isPanelShown: true
 
     width: 1200
     height: 800
     minimumWidth: 900
     minimumHeight: 600
-    title: controller.suggestedName + " – Kestrio"
+    title: qsTr("Kestrio Editor") + " – " + controller.name
     color: Theme.ground
     visible: true
+
+    Binding { target: Theme; property: "isDark"; value: window.controller.isDark }
+    Binding { target: Theme; property: "isMotionReduced"; value: window.controller.isMotionReduced }
 
     ColumnLayout {
         anchors.fill: parent
@@ -26,88 +27,23 @@ Window {
         TopBar {
             Layout.fillWidth: true
             controller: window.controller
-            isPanelShown: window.isPanelShown
-            onSaveRequested: saver.open()
+            onSaveRequested: exporting.open()
             onEnhanceRequested: enhancement.isShown = true
-            onPanelToggled: window.isPanelShown = !window.isPanelShown
-            onShortcutsRequested: window.controller.isShortcutOverlayVisible = !window.controller.isShortcutOverlayVisible
+            onResetRequested: resetting.isShown = true
         }
         RowLayout {
             Layout.fillWidth: true
             Layout.fillHeight: true
             spacing: 0
-            Item {
+            Stage {
                 id: stage
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                clip: true
-
-                CanvasItem {
-                    id: canvas
-                    objectName: "canvas"
-                    anchors.fill: parent
-                    controller: window.controller
-                    focus: true
-                    Accessible.role: Accessible.Canvas
-                    Accessible.name: qsTr("Canvas")
-                }
-                InlineTextEditor { canvas: canvas }
-                NumberEditor { canvas: canvas; controller: window.controller }
-                CropOverlay {
-                    anchors.fill: parent
-                    visible: window.controller.isCropMode
-                    controller: window.controller
-                    imageRect: canvas.imageRect
-                }
-                EyedropperOverlay {
-                    anchors.fill: parent
-                    visible: window.controller.isPickingColor
-                    controller: window.controller
-                    canvas: canvas
-                }
-                AnnotationPalette {
-                    id: palette
-                    controller: window.controller
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    y: window.controller.isAnnotationMode ? 12 : -height - 8
-                    visible: y > -height
-                    Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
-                }
-                DropArea {
-                    anchors.fill: parent
-                    onDropped: drop => {
-                        if (drop.hasUrls) window.controller.openFile(drop.urls[0])
-                    }
-                    Rectangle {
-                        anchors.fill: parent
-                        anchors.margins: 8
-                        visible: parent.containsDrag
-                        color: "#220a7cff"
-                        border.color: Theme.accent
-                        border.width: 2
-                        radius: Theme.largeRadius
-                    }
-                }
-                ExportProgress {
-                    controller: window.controller
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    anchors.bottom: parent.bottom
-                    anchors.bottomMargin: 24
-                }
-                Toast { id: toast }
-                EnhancementSheet {
-                    id: enhancement
-                    anchors.fill: parent
-                    controller: window.controller
-                }
-                ShortcutOverlay {
-                    anchors.fill: parent
-                    controller: window.controller
-                }
+                controller: window.controller
             }
             RightPanel {
                 Layout.fillHeight: true
-                Layout.preferredWidth: window.isPanelShown ? 288 : 0
+                Layout.preferredWidth: window.controller.isPanelShown ? 288 : 0
                 visible: Layout.preferredWidth > 0
                 controller: window.controller
             }
@@ -115,33 +51,37 @@ Window {
         ThemeStrip {
             Layout.fillWidth: true
             controller: window.controller
+            onSaveRequested: naming.isShown = true
         }
     }
+    Toast { id: toast }
+    EnhancementSheet { id: enhancement; controller: window.controller }
+    ExportSheet { id: exporting; controller: window.controller }
+    ResetSheet { id: resetting; controller: window.controller }
+    ThemeNaming { id: naming; controller: window.controller }
+    ShortcutOverlay { controller: window.controller }
+
+    // Where a field gives its focus up, keys are the canvas' again.
+    onActiveFocusItemChanged: if (activeFocusItem === contentItem) stage.focusCanvas()
+    readonly property bool isSheetShown: enhancement.isShown || exporting.isShown || resetting.isShown
+        || naming.isShown || controller.isShortcutOverlayVisible
+    onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
     Connections {
         target: window.controller
         function onToast(text) { toast.show(text, false) }
         function onFailed(text) { toast.show(text, true) }
-        function onModeChanged() { canvas.forceActiveFocus() }
+        function onModeChanged() { stage.focusCanvas() }
     }
-    Shortcut { sequences: [StandardKey.Undo]; onActivated: window.controller.undo() }
-    Shortcut { sequences: ["Ctrl+Shift+Z", StandardKey.Redo]; onActivated: window.controller.redo() }
-    Shortcut { sequences: [StandardKey.Save]; onActivated: saver.open() }
-    Shortcut { sequences: [StandardKey.Copy]; onActivated: window.controller.copy() }
-    Shortcut { sequences: [StandardKey.ZoomIn, "Ctrl+="]; onActivated: window.controller.zoomBy(1.25) }
-    Shortcut { sequences: [StandardKey.ZoomOut]; onActivated: window.controller.zoomBy(0.8) }
-    Shortcut { sequence: "Ctrl+0"; onActivated: window.controller.zoomToFit() }
+    EditorShortcuts {
+        controller: window.controller
+        enabled: !window.isSheetShown
+        onSaveRequested: exporting.open()
+    }
     Shortcut { sequences: [StandardKey.Close, StandardKey.Quit]; onActivated: window.close() }
-
-    FileDialog {
-        id: saver
-        title: qsTr("Save picture")
-        acceptLabel: qsTr("Save")
-        fileMode: FileDialog.SaveFile
-        selectedFile: window.controller.suggestedFile
-        defaultSuffix: "png"
-        currentFolder: window.controller.saveFolder
-        nameFilters: [qsTr("PNG picture (*.png)"), qsTr("JPEG picture (*.jpeg *.jpg)"), qsTr("WebP picture (*.webp)")]
-        onAccepted: window.controller.exportTo(selectedFile, "")
+    onClosing: close => {
+        if (!exporting.isBusy) return
+        close.accepted = false
+        toast.show(qsTr("The picture is still being exported; cancel that first"), false)
     }
 }

@@ -6,16 +6,16 @@ Item {
     id: overlay
     required property EditorController controller
     required property CanvasItem canvas
-    readonly property var picker: controller.colorPicker
+    readonly property ColorPanel colors: controller.colors
 
     MouseArea {
         id: area
         anchors.fill: parent
         hoverEnabled: true
         cursorShape: Qt.CrossCursor
-        onPositionChanged: mouse => overlay.controller.movePicker(
+        onPositionChanged: mouse => overlay.colors.movePointer(
             overlay.canvas.imagePoint(Qt.point(mouse.x, mouse.y)))
-        onClicked: mouse => overlay.controller.pickColor(
+        onClicked: mouse => overlay.colors.pick(
             overlay.canvas.imagePoint(Qt.point(mouse.x, mouse.y)),
             (mouse.modifiers & Qt.AltModifier) !== 0)
     }
@@ -44,14 +44,14 @@ Item {
                 width: 14
                 height: 14
                 radius: 7
-                color: overlay.picker.currentSwatch
+                color: overlay.colors.swatch
                 border.color: Theme.hairline
             }
             Text {
                 id: value
                 x: 28
                 anchors.verticalCenter: parent.verticalCenter
-                text: overlay.picker.currentText
+                text: overlay.colors.text
                 font.pixelSize: Theme.captionSize
                 color: Theme.text
             }

@@ -2,24 +2,25 @@ import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
 
-PanelSection {
+ColumnLayout {
     id: section
+    spacing: Theme.medium
     required property EditorController controller
     readonly property var style: controller.style
-    title: qsTr("Frame")
-
     ThumbnailGrid {
         Layout.fillWidth: true
         kind: "frame"
         columns: 3
         tileHeight: 52
-        rows: section.isOpen ? section.controller.choices.frame : []
+        rows: section.controller.choices.frame
         current: section.style.frame
         revision: section.controller.thumbnailRevision
         onChosen: id => section.controller.choose("frame", id)
     }
-    SliderRow {
+    StyleSlider {
         Layout.fillWidth: true
+        controller: section.controller
+        field: "frameScale"
         visible: section.style.frame !== "none"
         label: qsTr("Title bar size")
         from: 0.5
@@ -27,8 +28,5 @@ PanelSection {
         usual: 1
         factor: 100
         unit: " %"
-        value: section.style.frameScale
-        onMoved: value => section.controller.set("frameScale", value)
-        onSettled: section.controller.commit()
     }
 }

@@ -9,6 +9,7 @@ Basic.AbstractButton {
     property string tip
     property string key
     property bool isPrimary: false
+    property color symbolColor: isPrimary || checked ? Theme.accentText : Theme.text
 
     implicitHeight: 34
     implicitWidth: Math.max(34, label.implicitWidth + (text ? 24 : 0))
@@ -26,7 +27,7 @@ Basic.AbstractButton {
                 name: button.symbol
                 visible: button.symbol !== ""
                 anchors.verticalCenter: parent.verticalCenter
-                color: button.isPrimary || button.checked ? Theme.accentText : Theme.text
+                color: button.symbolColor
             }
             Text {
                 visible: button.text !== ""
@@ -34,7 +35,7 @@ Basic.AbstractButton {
                 font.pixelSize: Theme.bodySize
                 font.weight: Font.Medium
                 anchors.verticalCenter: parent.verticalCenter
-                color: button.isPrimary || button.checked ? Theme.accentText : Theme.text
+                color: button.symbolColor
             }
         }
     }
@@ -44,10 +45,7 @@ Basic.AbstractButton {
             ? Qt.darker(Theme.accent, button.pressed ? 1.2 : button.hovered ? 1.08 : 1)
             : button.pressed ? Theme.pressed : button.hovered ? Theme.hover : "transparent"
         border.width: button.visualFocus ? 2 : 0
-        border.color: Theme.accent
+        border.color: button.isPrimary || button.checked ? Theme.text : Theme.accent
     }
-
-    Basic.ToolTip.visible: hovered && tip !== ""
-    Basic.ToolTip.delay: 500
-    Basic.ToolTip.text: key ? tip + "  " + key : tip
+    Hint { isWanted: button.hovered; words: button.tip; key: button.key }
 }

@@ -1,25 +1,22 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
 
-PanelSection {
+ColumnLayout {
     id: section
+    spacing: Theme.medium
     required property EditorController controller
     readonly property var style: controller.style
-    title: qsTr("Corners and shadow")
-
-    SliderRow {
+    StyleSlider {
         Layout.fillWidth: true
+        controller: section.controller
+        field: "cornerRadius"
         enabled: section.style.frame === "none"
         opacity: enabled ? 1 : 0.4
         label: enabled ? qsTr("Corner radius") : qsTr("Corner radius (set by the frame)")
         to: 48
         usual: 12
         unit: " pt"
-        value: section.style.cornerRadius
-        onMoved: value => section.controller.set("cornerRadius", value)
-        onSettled: section.controller.commit()
     }
     Toggle {
         Layout.fillWidth: true
@@ -38,41 +35,10 @@ PanelSection {
         visible: section.style.shadow
         text: qsTr("Light from")
     }
-    Grid {
+    NineGrid {
         visible: section.style.shadow
-        columns: 3
-        spacing: 4
-        Repeater {
-            model: section.controller.choices.light
-            Basic.AbstractButton {
-                id: lamp
-                required property var modelData
-                implicitWidth: 34
-                implicitHeight: 26
-                focusPolicy: Qt.TabFocus
-                Accessible.name: modelData.name
-                Basic.ToolTip.visible: hovered
-                Basic.ToolTip.delay: 500
-                Basic.ToolTip.text: modelData.name
-                onClicked: section.controller.choose("light", modelData.id)
-                background: Rectangle {
-                    radius: Theme.radius
-                    color: lamp.hovered ? Theme.hover : Theme.ground
-                    border.width: lamp.visualFocus ? 2 : 0
-                    border.color: Theme.accent
-                }
-                contentItem: Item {
-                    Rectangle {
-                        readonly property bool isCurrent: lamp.modelData.id === section.style.light
-                        anchors.centerIn: parent
-                        width: isCurrent ? 12 : 6
-                        height: width
-                        radius: width / 2
-                        color: isCurrent ? Theme.accent : Theme.secondaryText
-                        Behavior on width { NumberAnimation { duration: Theme.motion } }
-                    }
-                }
-            }
-        }
+        rows: section.controller.choices.light
+        current: section.style.light
+        onChosen: id => section.controller.choose("light", id)
     }
 }

@@ -6,7 +6,7 @@ Item {
     id: editor
     required property CanvasItem canvas
     required property EditorController controller
-    readonly property var state_: controller.numberEditing
+    readonly property var state_: controller.annotation.numberEditing
     visible: state_.isEditing
     x: canvas.numberEditorRect.x
     y: canvas.numberEditorRect.y
@@ -20,9 +20,9 @@ Item {
         objectName: "annotation.number.editor"
         horizontalAlignment: TextInput.AlignHCenter
         Accessible.name: qsTr("Number")
-        onEdited: text => editor.controller.setNumberText(text)
-        onAccepted: editor.controller.commitNumber()
-        Keys.onEscapePressed: editor.controller.cancelNumber()
+        onEdited: text => editor.controller.annotation.setNumberText(text)
+        onAccepted: editor.controller.annotation.commitNumber()
+        Keys.onEscapePressed: editor.controller.annotation.cancelNumber()
     }
     Text {
         anchors.top: field.bottom

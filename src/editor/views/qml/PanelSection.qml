@@ -1,15 +1,17 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
 
-// A folding part of the right panel.
+// A folding part of the right panel. What it holds is made when it is unfolded.
 ColumnLayout {
     id: section
 
+    required property EditorController controller
+    property string name
     property string title
-    property bool isOpen: false
-    default property alias content: body.data
-    signal toggled()
+    readonly property bool isOpen: controller.openPanel === name
+    default property Component content
 
     spacing: 0
 
@@ -18,7 +20,8 @@ ColumnLayout {
         implicitHeight: 40
         focusPolicy: Qt.TabFocus
         Accessible.name: section.title
-        onClicked: section.toggled()
+        Accessible.role: Accessible.Button
+        onClicked: section.controller.togglePanel(section.name)
         background: Rectangle {
             color: parent.hovered ? Theme.hover : "transparent"
             border.width: parent.visualFocus ? 2 : 0
@@ -41,14 +44,14 @@ ColumnLayout {
             }
         }
     }
-    ColumnLayout {
-        id: body
-        visible: section.isOpen
+    Loader {
+        active: section.isOpen
+        visible: active
+        sourceComponent: section.content
         Layout.fillWidth: true
         Layout.leftMargin: Theme.large
         Layout.rightMargin: Theme.large
         Layout.bottomMargin: Theme.large
-        spacing: Theme.medium
     }
     Rectangle {
         Layout.fillWidth: true

@@ -7,10 +7,7 @@ Rectangle {
     id: panel
     objectName: "rightPanel"
     required property EditorController controller
-    property string open: "backdrop"
     color: Theme.surface
-
-    function toggle(name) { open = open === name ? "" : name }
 
     Rectangle {
         width: 1
@@ -27,29 +24,40 @@ Rectangle {
         ColumnLayout {
             width: scroll.availableWidth
             spacing: 0
-            BackdropSection {
+            PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
-                isOpen: panel.open === "backdrop"
-                onToggled: panel.toggle("backdrop")
+                name: "backdrop"
+                title: qsTr("Backdrop")
+                BackdropSection { controller: panel.controller }
             }
-            FrameSection {
+            PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
-                isOpen: panel.open === "frame"
-                onToggled: panel.toggle("frame")
+                name: "frame"
+                title: qsTr("Frame")
+                FrameSection { controller: panel.controller }
             }
-            MockupSection {
+            PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
-                isOpen: panel.open === "mockup"
-                onToggled: panel.toggle("mockup")
+                name: "mockup"
+                title: qsTr("Corners and shadow")
+                MockupSection { controller: panel.controller }
             }
-            WatermarkSection {
+            PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
-                isOpen: panel.open === "watermark"
-                onToggled: panel.toggle("watermark")
+                name: "colors"
+                title: qsTr("Colours")
+                ColorsSection { controller: panel.controller }
+            }
+            PanelSection {
+                Layout.fillWidth: true
+                controller: panel.controller
+                name: "watermark"
+                title: qsTr("Watermark")
+                WatermarkSection { controller: panel.controller }
             }
         }
     }

@@ -7,9 +7,10 @@ Rectangle {
     id: overlay
     required property EditorController controller
     readonly property bool isShown: controller.isShortcutOverlayVisible
+    anchors.fill: parent
     visible: opacity > 0
     opacity: isShown ? 1 : 0
-    color: "#99000000"
+    color: Theme.dim
     Behavior on opacity { NumberAnimation { duration: Theme.motion } }
     onIsShownChanged: if (isShown) forceActiveFocus()
     Keys.onPressed: event => {

@@ -1,11 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
 
 // Built-in styles and the user's own as pictures of the document.
 Rectangle {
     id: strip
     required property EditorController controller
+    readonly property ThemePanel panel: controller.themes
+    signal saveRequested()
     implicitHeight: 104
     color: Theme.surface
 
@@ -28,7 +29,7 @@ Rectangle {
             spacing: Theme.medium
             height: view.height
             Repeater {
-                model: strip.controller.presets
+                model: strip.panel.presets
                 StyleTile {
                     required property var modelData
                     height: view.height
@@ -36,12 +37,12 @@ Rectangle {
                     styleId: modelData.id
                     name: modelData.name
                     revision: strip.controller.thumbnailRevision
-                    isCurrent: strip.controller.currentPreset === modelData.id
-                    onClicked: strip.controller.applyPreset(modelData.id)
+                    isCurrent: strip.panel.currentPreset === modelData.id
+                    onClicked: strip.panel.applyPreset(modelData.id)
                 }
             }
             Repeater {
-                model: strip.controller.themes
+                model: strip.panel.themes
                 StyleTile {
                     required property var modelData
                     height: view.height
@@ -49,10 +50,10 @@ Rectangle {
                     styleId: modelData.id
                     name: modelData.name
                     revision: strip.controller.thumbnailRevision
-                    isCurrent: strip.controller.currentTheme === modelData.id
+                    isCurrent: strip.panel.currentTheme === modelData.id
                     canDelete: true
-                    onClicked: strip.controller.applyTheme(modelData.id)
-                    onDeleteRequested: strip.controller.deleteTheme(modelData.id)
+                    onClicked: strip.panel.applyTheme(modelData.id)
+                    onDeleteRequested: strip.panel.remove(modelData.id)
                 }
             }
             Item {
@@ -64,7 +65,7 @@ Rectangle {
                     height: 62
                     symbol: "plus"
                     tip: qsTr("Keep this style as a theme")
-                    onClicked: naming.open()
+                    onClicked: strip.saveRequested()
                 }
                 Text {
                     y: 79
@@ -80,53 +81,6 @@ Rectangle {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             onWheel: event => view.contentX = Math.max(0, Math.min(view.contentWidth - view.width,
                 view.contentX - event.angleDelta.y))
-        }
-    }
-
-    Basic.Popup {
-        id: naming
-        x: Math.max(Theme.small, (strip.width - width) / 2)
-        y: -height - Theme.small
-        width: 300
-        padding: Theme.large
-        modal: true
-        focus: true
-        onOpened: {
-            field.text = ""
-            field.forceActiveFocus()
-        }
-        background: Rectangle {
-            radius: Theme.largeRadius
-            color: Theme.surface
-            border.color: Theme.hairline
-        }
-        function save() {
-            strip.controller.saveTheme(field.text)
-            close()
-        }
-        Column {
-            width: parent.width
-            spacing: Theme.medium
-            TextBox {
-                id: field
-                width: parent.width
-                placeholder: qsTr("Name of the theme")
-                onAccepted: naming.save()
-            }
-            Row {
-                anchors.right: parent.right
-                spacing: Theme.small
-                IconButton {
-                    text: qsTr("Cancel")
-                    onClicked: naming.close()
-                }
-                IconButton {
-                    text: qsTr("Save")
-                    isPrimary: true
-                    enabled: field.text.trim() !== ""
-                    onClicked: naming.save()
-                }
-            }
         }
     }
 }

@@ -33,9 +33,7 @@ Item {
             focusPolicy: Qt.TabFocus
             Accessible.name: modelData.name
             onClicked: grid.chosen(modelData.id)
-            Basic.ToolTip.visible: hovered
-            Basic.ToolTip.delay: 500
-            Basic.ToolTip.text: modelData.name
+            Hint { isWanted: tile.hovered; words: tile.modelData.name }
             contentItem: Item {}
             background: Rectangle {
                 radius: Theme.radius

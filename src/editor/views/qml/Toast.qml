@@ -6,6 +6,7 @@ Rectangle {
     property bool isFailure: false
     property string text
     property bool isShown: false
+    property int bottomGap: 128
 
     function show(words, failure) {
         text = words
@@ -20,7 +21,8 @@ Rectangle {
     radius: Theme.largeRadius
     color: isFailure ? Theme.danger : "#e61d1d1f"
     anchors.horizontalCenter: parent ? parent.horizontalCenter : undefined
-    y: parent ? (isShown ? parent.height - height - 24 : parent.height + 8) : 0
+    y: parent ? parent.height - height - bottomGap + (isShown ? 0 : 20) : 0
+    visible: opacity > 0
     opacity: isShown ? 1 : 0
     Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
     Behavior on opacity { NumberAnimation { duration: Theme.motion } }

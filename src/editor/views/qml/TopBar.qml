@@ -5,11 +5,10 @@ import Kestrio.Editor
 Rectangle {
     id: bar
     required property EditorController controller
-    property bool isPanelShown: true
+    readonly property OutputPanel output: controller.output
     signal saveRequested()
-    signal panelToggled()
-    signal shortcutsRequested()
     signal enhanceRequested()
+    signal resetRequested()
 
     implicitHeight: 52
     color: Theme.surface
@@ -25,14 +24,19 @@ Rectangle {
             tip: qsTr("Undo")
             key: "Ctrl+Z"
             enabled: bar.controller.canUndo
-            onClicked: bar.controller.undo()
+            onClicked: bar.controller.undoByButton()
         }
         IconButton {
             symbol: "arrow.uturn.forward"
             tip: qsTr("Redo")
             key: "Ctrl+Shift+Z"
             enabled: bar.controller.canRedo
-            onClicked: bar.controller.redo()
+            onClicked: bar.controller.redoByButton()
+        }
+        IconButton {
+            symbol: "backward.end"
+            tip: qsTr("Start over…")
+            onClicked: bar.resetRequested()
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         ZoomField { controller: bar.controller }
@@ -42,7 +46,7 @@ Rectangle {
             tip: qsTr("Crop")
             key: "C"
             checked: bar.controller.isCropMode
-            onClicked: bar.controller.isCropMode ? bar.controller.cancelCrop() : bar.controller.enterCrop()
+            onClicked: bar.controller.isCropMode ? bar.controller.crop.cancel() : bar.controller.enterCrop()
         }
         IconButton {
             symbol: "rotate.left"
@@ -58,8 +62,8 @@ Rectangle {
             symbol: "eyedropper"
             tip: qsTr("Pick a colour; with Alt for the backdrop")
             key: "I"
-            checked: bar.controller.isPickingColor
-            onClicked: bar.controller.togglePicker()
+            checked: bar.controller.colors.isPicking
+            onClicked: bar.controller.pickColorByButton(false)
         }
         IconButton {
             symbol: "pencil"
@@ -84,28 +88,30 @@ Rectangle {
             text: bar.controller.pictureSize
             font.pixelSize: Theme.captionSize
             color: Theme.secondaryText
-            visible: bar.width > 980
+            visible: bar.width > 1040
             Layout.rightMargin: Theme.small
         }
         IconButton {
             symbol: "keyboard"
             tip: qsTr("Keyboard shortcuts")
             key: "?"
-            onClicked: bar.shortcutsRequested()
+            onClicked: bar.controller.isShortcutOverlayVisible = !bar.controller.isShortcutOverlayVisible
         }
         IconButton {
             symbol: "sidebar.right"
-            tip: bar.isPanelShown ? qsTr("Hide the panel") : qsTr("Show the panel")
-            onClicked: bar.panelToggled()
+            tip: bar.controller.isPanelShown ? qsTr("Hide the panel") : qsTr("Show the panel")
+            onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
+        DragOut { output: bar.output }
         IconButton {
-            symbol: "doc.on.doc"
-            text: qsTr("Copy")
+            symbol: bar.output.copyState === "success" ? "checkmark"
+                : bar.output.copyState === "failure" ? "xmark" : "doc.on.doc"
+            text: bar.output.copyState === "copying" ? qsTr("Copying…") : qsTr("Copy")
             tip: qsTr("Copy to clipboard")
             key: "Ctrl+C"
-            enabled: !bar.controller.isExporting
-            onClicked: bar.controller.copy()
+            enabled: !bar.output.isBusy
+            onClicked: bar.output.copy()
         }
         IconButton {
             symbol: "square.and.arrow.down"
@@ -113,7 +119,7 @@ Rectangle {
             tip: qsTr("Save as a file")
             key: "Ctrl+S"
             isPrimary: true
-            enabled: !bar.controller.isExporting
+            enabled: !bar.output.isBusy
             onClicked: bar.saveRequested()
         }
     }

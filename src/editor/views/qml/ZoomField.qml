@@ -25,9 +25,7 @@ Row {
         text: zoom.controller.zoomPercent + " %"
         selectByMouse: true
         Accessible.name: qsTr("Zoom")
-        Basic.ToolTip.visible: hovered && !activeFocus
-        Basic.ToolTip.delay: 500
-        Basic.ToolTip.text: qsTr("Click to edit zoom percentage (10% - 500%)")
+        Hint { isWanted: field.hovered && !field.activeFocus; words: qsTr("Click to edit zoom percentage (10% - 500%)") }
         onActiveFocusChanged: if (activeFocus) selectAll()
         onAccepted: {
             zoom.controller.setZoomText(text)

@@ -1,0 +1,228 @@
+#include "editor/views/AnnotationPanel.h"
+
+#include "annotation/editing/Alignment.h"
+#include "editor/keyboard/ShortcutInfo.h"
+#include "editor/views/StyleFields.h"
+#include "editor/views/ViewRows.h"
+
+namespace kestrio {
+
+namespace {
+
+// Icons are files of the same name.
+QString toolId(AnnotationTool tool) {
+    return shortcutId(tool);
+}
+
+QVariantMap alignmentRow(const QString& id, const char* name, const QString& symbol, int least) {
+    QVariantMap values = viewRow(id, localised(name));
+    values.insert(QStringLiteral("symbol"), symbol);
+    values.insert(QStringLiteral("least"), least);
+    return values;
+}
+
+}  // namespace
+
+AnnotationPanel::AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& hints,
+                                 QObject* parent)
+    : QObject(parent), editor_(editor), hints_(hints) {
+    using Annotations = AnnotationViewModel;
+    for (const auto signal :
+         {&Annotations::currentToolChanged, &Annotations::toolSettingsChanged,
+          &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
+          &Annotations::isTextEditingChanged, &Annotations::annotationsVisibleChanged}) {
+        connect(&annotations(), signal, this, &AnnotationPanel::toolChanged);
+    }
+    connect(&annotations(), &Annotations::numberEditingStateChanged, this,
+            &AnnotationPanel::numberEditingChanged);
+}
+
+QVariantMap AnnotationPanel::tool() const {
+    const ToolSettings& settings = annotations().toolSettings();
+    QVariantMap values = {
+        {QStringLiteral("id"), toolId(annotations().currentTool())},
+        {QStringLiteral("color"), settings.color.toQColor()},
+        {QStringLiteral("strokeSize"), rawName(settings.strokeSize)},
+        {QStringLiteral("fillMode"), rawName(settings.fillMode)},
+        {QStringLiteral("showsFill"), annotations().isFillPickerShown()},
+        {QStringLiteral("hasSelection"), annotations().selectedAnnotation().has_value()},
+        {QStringLiteral("isNumberSelected"), selectedNumber() != nullptr},
+        {QStringLiteral("selectedCount"),
+         static_cast<int>(annotations().selectedAnnotations().size())},
+        {QStringLiteral("isVisible"), annotations().annotationsVisible()},
+    };
+    if (const auto blur = annotations().selectedBlur()) {
+        values.insert(QStringLiteral("blurType"), rawName(blur->blurType));
+        values.insert(QStringLiteral("blurIntensity"), blur->intensity);
+    }
+    return values;
+}
+
+QVariantList AnnotationPanel::tools() const {
+    QVariantList rows;
+    for (const AnnotationToolInfo& info : annotationTools()) {
+        QVariantMap values = viewRow(toolId(info.tool), displayName(info.tool));
+        values.insert(QStringLiteral("key"), QString(QLatin1Char(info.key)).toUpper());
+        values.insert(QStringLiteral("description"), localised(info.description));
+        rows << values;
+    }
+    return rows;
+}
+
+QVariantList AnnotationPanel::quickColorList() const {
+    QVariantList colors;
+    for (const CodableColor& color : quickColors)
+        colors << color.toQColor();
+    return colors;
+}
+
+QVariantList AnnotationPanel::strokeSizes() const {
+    return viewRows<StrokeSize>();
+}
+
+QVariantList AnnotationPanel::fillModes() const {
+    return viewRows<FillMode>();
+}
+
+QVariantList AnnotationPanel::blurTypes() const {
+    return viewRows<BlurType>();
+}
+
+QVariantList AnnotationPanel::alignments() const {
+    static constexpr const char* names[] = {"Align left edges",  "Centre horizontally",
+                                            "Align right edges", "Align top edges",
+                                            "Centre vertically", "Align bottom edges"};
+    QVariantList rows;
+    for (std::size_t i = 0; i < alignmentTypes.size(); ++i) {
+        rows << alignmentRow(QString::fromLatin1(alignmentTypes[i].raw), names[i],
+                             QString::fromLatin1(alignmentTypes[i].name), 2);
+    }
+    for (const auto& axis : distributionAxes) {
+        const QString id = QString::fromLatin1(axis.raw);
+        rows << alignmentRow(id, axis.name, QStringLiteral("distribute.") + id, 3);
+    }
+    return rows;
+}
+
+QVariantMap AnnotationPanel::numberEditing() const {
+    const NumberEditingState& state = annotations().numberEditingState();
+    return {{QStringLiteral("isEditing"), state.isEditing},
+            {QStringLiteral("text"), state.inputValue},
+            {QStringLiteral("error"), state.errorMessage.value_or(QString())}};
+}
+
+const NumberAnnotation* AnnotationPanel::selectedNumber() const {
+    const auto& selected = annotations().selectedAnnotation();
+    return selected ? selected->as<NumberAnnotation>() : nullptr;
+}
+
+void AnnotationPanel::hint(const QString& action) {
+    if (const auto tip = hints_.takeHint(action)) editor_.set_toastMessage(*tip);
+}
+
+void AnnotationPanel::setTool(const QString& id) {
+    for (const AnnotationToolInfo& info : annotationTools()) {
+        if (toolId(info.tool) != id || annotations().currentTool() == info.tool) continue;
+        annotations().selectAnnotation(std::nullopt);
+        annotations().set_currentTool(info.tool);
+        hint(id);
+        return;
+    }
+}
+
+void AnnotationPanel::setColor(const QColor& color) {
+    annotations().setColor(codableColor(color));
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::setStrokeSize(const QString& id) {
+    if (const auto size = namedValue<StrokeSize>(id)) annotations().setStrokeSize(*size);
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::setFillMode(const QString& id) {
+    if (const auto mode = namedValue<FillMode>(id)) annotations().setFillMode(*mode);
+    editor_.synchroniseAnnotations();
+}
+
+// A slider changes the record live; one step of undo is made when it is let go.
+void AnnotationPanel::setBlur(const QString& type, double intensity) {
+    const auto blur = annotations().selectedBlur();
+    if (!blur) return;
+    if (!blurBefore_) blurBefore_ = *blur;
+    BlurAnnotation changed = *blur;
+    changed.blurType = namedValue<BlurType>(type).value_or(blur->blurType);
+    changed.intensity = std::clamp(intensity, 0.0, 1.0);
+    annotations().applyAnnotation(changed);
+}
+
+void AnnotationPanel::commitBlur() {
+    const auto before = std::exchange(blurBefore_, std::nullopt);
+    const auto after = annotations().selectedAnnotation();
+    if (!before || !after || before->id() != after->id()) return;
+    annotations().applyAnnotation(*before);
+    annotations().updateAnnotation(*after);
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::selectAll() {
+    annotations().selectAll();
+    hint(QStringLiteral("selectAll"));
+}
+
+void AnnotationPanel::deleteSelected() {
+    annotations().deleteSelected();
+    editor_.synchroniseAnnotations();
+    hint(QStringLiteral("delete"));
+}
+
+void AnnotationPanel::bringToFront() {
+    annotations().bringSelectedToFront();
+    editor_.synchroniseAnnotations();
+    hint(QStringLiteral("bringToFront"));
+}
+
+void AnnotationPanel::sendToBack() {
+    annotations().sendSelectedToBack();
+    editor_.synchroniseAnnotations();
+    hint(QStringLiteral("sendToBack"));
+}
+
+void AnnotationPanel::align(const QString& id) {
+    if (const auto edge = namedValue<AlignmentType>(id)) {
+        annotations().align(*edge);
+    } else if (const auto axis = namedValue<DistributionAxis>(id)) {
+        annotations().distribute(*axis);
+    }
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::renumberFromHere() {
+    const NumberAnnotation* number = selectedNumber();
+    if (!number) return;
+    annotations().renumber(number->id, number->number);
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::deleteAndRenumber() {
+    const NumberAnnotation* number = selectedNumber();
+    if (!number) return;
+    const QUuid id = number->id;  // the record goes with the selection
+    annotations().deleteAnnotation(id);
+    annotations().renumber(std::nullopt, 1);
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::setNumberText(const QString& text) {
+    NumberEditingState state = annotations().numberEditingState();
+    if (!state.isEditing) return;
+    state.inputValue = text;
+    annotations().set_numberEditingState(state);
+}
+
+void AnnotationPanel::commitNumber() {
+    annotations().commitNumberEdit();
+    editor_.synchroniseAnnotations();
+}
+
+}  // namespace kestrio

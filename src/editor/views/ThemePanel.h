@@ -1,0 +1,49 @@
+#pragma once
+
+#include "editor/document/EditorViewModel.h"
+#include "render/stores/ThemeViewModel.h"
+
+#include <QQmlEngine>
+#include <QVariantMap>
+
+namespace kestrio {
+
+/// The strip of built-in styles and of the user's own. Main thread.
+class ThemePanel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Part of the editor")
+    Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+    /// The user's own, each {id, name}.
+    Q_PROPERTY(QVariantList themes READ themes NOTIFY themesChanged)
+    /// The id of the style that holds unchanged, and empty where none does.
+    Q_PROPERTY(QString currentPreset READ currentPreset NOTIFY currentChanged)
+    Q_PROPERTY(QString currentTheme READ currentTheme NOTIFY currentChanged)
+
+  public:
+    explicit ThemePanel(EditorViewModel& editor, std::shared_ptr<UserDefaults> userDefaults,
+                        QObject* parent = nullptr);
+
+    QVariantList presets() const;
+    QVariantList themes() const;
+    QString currentPreset() const;
+    QString currentTheme() const;
+    const std::vector<Theme>& userThemes() const { return themes_.userThemes(); }
+
+    Q_INVOKABLE void applyPreset(const QString& id);
+    Q_INVOKABLE void applyTheme(const QString& id);
+    /// What is wrong with a name for a new theme; empty where nothing is.
+    Q_INVOKABLE QString nameProblem(const QString& name) const;
+    /// Keeps the present style under a name; tells what became of it.
+    Q_INVOKABLE void save(const QString& name);
+    Q_INVOKABLE void remove(const QString& id);
+
+    Q_SIGNAL void themesChanged();
+    Q_SIGNAL void currentChanged();
+
+  private:
+    EditorViewModel& editor_;
+    ThemeViewModel themes_;
+};
+
+}  // namespace kestrio

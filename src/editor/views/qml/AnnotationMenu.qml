@@ -1,0 +1,43 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
+
+// What can be done with the annotation under the pointer.
+Basic.Menu {
+    id: menu
+    required property EditorController controller
+    readonly property AnnotationPanel panel: controller.annotation
+    width: 210
+    padding: 4
+    background: Rectangle {
+        radius: Theme.largeRadius
+        color: Theme.surface
+        border.color: Theme.hairline
+    }
+
+    MenuRow {
+        text: qsTr("Bring to Front")
+        key: "Ctrl+]"
+        onTriggered: menu.panel.bringToFront()
+    }
+    MenuRow {
+        text: qsTr("Send to Back")
+        key: "Ctrl+["
+        onTriggered: menu.panel.sendToBack()
+    }
+    MenuRow {
+        text: qsTr("Renumber from here")
+        isShown: menu.panel.tool.isNumberSelected
+        onTriggered: menu.panel.renumberFromHere()
+    }
+    MenuRow {
+        text: qsTr("Delete and Renumber")
+        isShown: menu.panel.tool.isNumberSelected
+        onTriggered: menu.panel.deleteAndRenumber()
+    }
+    MenuRow {
+        text: qsTr("Delete")
+        key: "Del"
+        onTriggered: menu.panel.deleteSelected()
+    }
+}

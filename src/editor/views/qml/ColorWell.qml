@@ -1,0 +1,42 @@
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
+
+// A colour to click, which opens the popover to change it.
+Basic.AbstractButton {
+    id: well
+    required property EditorController controller
+    property color color
+    property var quick: []
+    property bool forBackdrop: false
+    property string tip: qsTr("Choose a colour")
+    // While a slider is dragged, and when a colour is settled on.
+    signal moved(color color)
+    signal picked(color color)
+
+    implicitWidth: 38
+    implicitHeight: 24
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: tip
+    onClicked: popover.open()
+    background: Rectangle {
+        radius: Theme.radius
+        color: well.color
+        border.width: well.visualFocus || popover.visible ? 2 : 1
+        border.color: well.visualFocus || popover.visible ? Theme.accent : Theme.hairline
+    }
+    Hint { isWanted: well.hovered && !popover.visible; words: well.tip }
+
+    ColorPopover {
+        id: popover
+        controller: well.controller
+        color: well.color
+        quick: well.quick
+        forBackdrop: well.forBackdrop
+        y: well.height + 6
+        x: Math.min(0, well.width - width)
+        onMoved: color => well.moved(color)
+        onPicked: color => well.picked(color)
+    }
+}

@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+Rectangle {
+    id: bar
+    required property CropPanel crop
+    property var ratios: []
+    width: tools.implicitWidth + 24
+    height: 44
+    radius: Theme.largeRadius
+    color: Theme.surface
+    border.color: Theme.hairline
+    MouseArea { anchors.fill: parent }
+
+    RowLayout {
+        id: tools
+        anchors.centerIn: parent
+        spacing: Theme.small
+        Caption { text: qsTr("Drag handles") + "   " + qsTr("Return Apply") + "   " + qsTr("Esc Cancel") }
+        Repeater {
+            model: bar.ratios
+            Chip {
+                required property var modelData
+                visible: modelData.ratio > 0
+                text: modelData.name
+                isCurrent: Math.abs(bar.crop.ratio - modelData.ratio) < 0.001
+                onClicked: bar.crop.lockRatio(isCurrent ? 0 : modelData.ratio)
+            }
+        }
+        Chip {
+            text: bar.crop.ratio > 0 ? qsTr("Ratio Locked") : qsTr("Free Ratio")
+            isCurrent: bar.crop.ratio > 0
+            onClicked: bar.crop.toggleRatio()
+        }
+        IconButton {
+            symbol: "arrow.counterclockwise"
+            tip: qsTr("The whole picture again")
+            onClicked: bar.crop.reset()
+        }
+        IconButton {
+            symbol: "xmark"
+            tip: qsTr("Cancel")
+            key: "Esc"
+            onClicked: bar.crop.cancel()
+        }
+        IconButton {
+            symbol: "checkmark"
+            isPrimary: true
+            tip: qsTr("Apply")
+            key: "Return"
+            onClicked: bar.crop.apply()
+        }
+    }
+}

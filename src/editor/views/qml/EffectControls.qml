@@ -1,0 +1,45 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// Effects on the backdrop alone.
+ColumnLayout {
+    id: controls
+    required property EditorController controller
+    spacing: Theme.small
+
+    Caption { text: qsTr("Effects") }
+    ThumbnailGrid {
+        Layout.fillWidth: true
+        kind: "effect"
+        tileHeight: 36
+        rows: controls.controller.choices.effect
+        current: controls.controller.style.effect
+        revision: controls.controller.thumbnailRevision
+        onChosen: id => controls.controller.choose("effect", id)
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        controller: controls.controller
+        field: "blur"
+        label: qsTr("Blur")
+        to: 10
+        decimals: 1
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        controller: controls.controller
+        field: "noise"
+        label: qsTr("Noise")
+        unit: " %"
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        controller: controls.controller
+        field: "saturation"
+        label: qsTr("Saturation")
+        to: 200
+        usual: 100
+        unit: " %"
+    }
+}

@@ -1,0 +1,77 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// The gradients in their groups, and one of the user's own colours.
+ColumnLayout {
+    id: controls
+    required property EditorController controller
+    readonly property var own: controller.style.customGradient
+    readonly property int greatestCount: 6
+    spacing: Theme.small
+
+    Repeater {
+        model: controls.controller.choices.gradientGroups
+        ColumnLayout {
+            id: group
+            required property var modelData
+            Layout.fillWidth: true
+            spacing: Theme.tiny
+            Caption { text: group.modelData.name }
+            ThumbnailGrid {
+                Layout.fillWidth: true
+                kind: "gradient"
+                columns: 5
+                tileHeight: 28
+                rows: group.modelData.rows
+                current: controls.controller.style.gradient
+                onChosen: id => controls.controller.choose("gradient", id)
+            }
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Theme.tiny
+        Caption {
+            Layout.fillWidth: true
+            text: qsTr("Your own")
+        }
+        IconButton {
+            visible: controls.own.length > 2
+            symbol: "minus"
+            implicitWidth: 26
+            implicitHeight: 26
+            tip: qsTr("Take the last colour away")
+            onClicked: controls.controller.choose("customGradient", controls.own.slice(0, -1))
+        }
+        IconButton {
+            symbol: "plus"
+            implicitWidth: 26
+            implicitHeight: 26
+            enabled: controls.own.length < controls.greatestCount
+            tip: controls.own.length < 2 ? qsTr("Make a gradient of your own") : qsTr("Add a colour")
+            onClicked: controls.controller.choose("customGradient", controls.own.length < 2
+                ? ["#5B8DEF", "#B26BE8"] : controls.own.concat([controls.own[controls.own.length - 1]]))
+        }
+    }
+    Row {
+        visible: controls.own.length >= 2
+        spacing: 4
+        Repeater {
+            model: controls.own.length
+            ColorWell {
+                required property int index
+                controller: controls.controller
+                color: controls.own[index] ?? "transparent"
+                tip: qsTr("Colour %1 of the gradient").arg(index + 1)
+                function changed(color) {
+                    const colors = controls.own.slice()
+                    colors[index] = color
+                    return colors
+                }
+                onMoved: color => controls.controller.set("customGradient", changed(color))
+                onPicked: color => controls.controller.choose("customGradient", changed(color))
+            }
+        }
+    }
+}

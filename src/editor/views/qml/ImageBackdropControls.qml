@@ -1,0 +1,61 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// The backdrop's picture: chosen, or dropped here.
+ColumnLayout {
+    id: controls
+    required property EditorController controller
+    spacing: Theme.medium
+
+    Rectangle {
+        Layout.fillWidth: true
+        implicitHeight: 52
+        radius: Theme.radius
+        color: drop.containsDrag ? Theme.pressed : Theme.well
+        border.color: drop.containsDrag ? Theme.accent : Theme.hairline
+        border.width: drop.containsDrag ? 2 : 1
+        IconButton {
+            anchors.fill: parent
+            anchors.margins: 2
+            symbol: "photo"
+            text: controls.controller.style.hasImage ? qsTr("Another picture…") : qsTr("Choose picture…")
+            tip: qsTr("Or drop a picture here")
+            onClicked: controls.controller.chooseBackdropImage()
+        }
+        DropArea {
+            id: drop
+            anchors.fill: parent
+            onDropped: drop => {
+                if (drop.hasUrls) controls.controller.setBackdropImage(drop.urls[0])
+                else controls.controller.refuseDrop()
+            }
+        }
+    }
+    Segments {
+        Layout.fillWidth: true
+        visible: controls.controller.style.hasImage
+        rows: controls.controller.choices.imageFit
+        current: controls.controller.style.imageFit
+        onChosen: id => controls.controller.choose("imageFit", id)
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: controls.controller.style.hasImage
+        controller: controls.controller
+        field: "imageBlur"
+        label: qsTr("Blur of the picture")
+        to: 10
+        decimals: 1
+        unit: " pt"
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: controls.controller.style.hasImage
+        controller: controls.controller
+        field: "imageOpacity"
+        label: qsTr("Opacity of the picture")
+        usual: 100
+        unit: " %"
+    }
+}

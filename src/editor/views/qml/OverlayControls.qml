@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+ColumnLayout {
+    id: controls
+    required property EditorController controller
+    readonly property bool hasOverlay: controller.style.overlay !== "none"
+    spacing: Theme.small
+
+    Caption { text: qsTr("Overlay") }
+    ThumbnailGrid {
+        Layout.fillWidth: true
+        kind: "overlay"
+        columns: 5
+        tileHeight: 32
+        rows: controls.controller.choices.overlay
+        current: controls.controller.style.overlay
+        revision: controls.controller.thumbnailRevision
+        onChosen: id => controls.controller.choose("overlay", id)
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: controls.hasOverlay
+        controller: controls.controller
+        field: "overlayOpacity"
+        label: qsTr("Strength")
+        usual: 10
+        unit: " %"
+    }
+    Segments {
+        Layout.fillWidth: true
+        visible: controls.hasOverlay
+        rows: controls.controller.choices.overlayPosition
+        current: controls.controller.style.overlayPosition
+        onChosen: id => controls.controller.choose("overlayPosition", id)
+    }
+}

@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+ColumnLayout {
+    id: controls
+    required property EditorController controller
+    readonly property bool hasPattern: controller.style.pattern !== "none"
+    spacing: Theme.small
+
+    Caption { text: qsTr("Pattern") }
+    ThumbnailGrid {
+        Layout.fillWidth: true
+        kind: "pattern"
+        tileHeight: 36
+        rows: controls.controller.choices.pattern
+        current: controls.controller.style.pattern
+        revision: controls.controller.thumbnailRevision
+        onChosen: id => controls.controller.choose("pattern", id)
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: controls.hasPattern
+        controller: controls.controller
+        field: "patternIntensity"
+        label: qsTr("Strength")
+        to: 1
+        usual: 0.5
+        factor: 100
+        unit: " %"
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: controls.hasPattern
+        controller: controls.controller
+        field: "patternThickness"
+        label: qsTr("Thickness")
+        to: 1
+        usual: 1
+        factor: 100
+        unit: " %"
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        visible: controls.hasPattern
+        Caption {
+            Layout.fillWidth: true
+            text: qsTr("Colour of the pattern")
+        }
+        ColorWell {
+            controller: controls.controller
+            color: controls.controller.style.patternColor
+            quick: ["#FFFFFF", "#1D1D1F", "#8E8E93", "#007AFF", "#FF3B30", "#FF9500", "#28CD41", "#AF52DE"]
+            onMoved: color => controls.controller.set("patternColor", color)
+            onPicked: color => controls.controller.choose("patternColor", color)
+        }
+    }
+}

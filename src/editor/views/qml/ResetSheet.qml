@@ -1,0 +1,37 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// Asks before everything is given up: a reset cannot be undone.
+Sheet {
+    id: sheet
+    required property EditorController controller
+    title: qsTr("Start over?")
+    sheetWidth: 380
+
+    Text {
+        Layout.fillWidth: true
+        wrapMode: Text.Wrap
+        text: qsTr("Annotations, style and all steps of undo go. The picture stays as it is now.")
+        font.pixelSize: Theme.bodySize
+        color: Theme.text
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Theme.small
+        Item { Layout.fillWidth: true }
+        IconButton {
+            text: qsTr("Cancel")
+            key: "Esc"
+            onClicked: sheet.close()
+        }
+        IconButton {
+            text: qsTr("Start over")
+            isPrimary: true
+            onClicked: {
+                sheet.controller.reset()
+                sheet.close()
+            }
+        }
+    }
+}

@@ -1,0 +1,11 @@
+import Kestrio.Editor
+
+// A slider of one field of the style.
+SliderRow {
+    id: slider
+    required property EditorController controller
+    required property string field
+    value: controller.style[field]
+    onMoved: value => slider.controller.set(slider.field, value)
+    onSettled: slider.controller.commit()
+}

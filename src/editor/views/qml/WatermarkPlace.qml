@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+
+// Where the mark stands, and how far from the edges.
+ColumnLayout {
+    id: place
+    required property EditorController controller
+    readonly property string position: controller.style.watermarkPosition
+    spacing: Theme.small
+
+    Caption { text: qsTr("Place") }
+    NineGrid {
+        rows: place.controller.watermark.positions
+        current: place.position
+        onChosen: id => place.controller.set("watermarkPosition", id)
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: !/Center$|^center$/.test(place.position)
+        controller: place.controller
+        field: "watermarkOffsetX"
+        label: qsTr("From the side")
+        to: 200
+        usual: 20
+        unit: " pt"
+    }
+    StyleSlider {
+        Layout.fillWidth: true
+        visible: !/^middle|^center$/.test(place.position)
+        controller: place.controller
+        field: "watermarkOffsetY"
+        label: qsTr("From the edge")
+        to: 200
+        usual: 20
+        unit: " pt"
+    }
+}
