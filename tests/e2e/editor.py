@@ -9,6 +9,7 @@ from desktop import Desktop, Rect, wait_until
 
 PICTURE_COLOR = (207, 226, 214)  # of nothing else in the window
 GROUND = (233, 234, 238)         # around the canvas
+SURFACE = (251, 251, 253)        # of bar, panel and strip
 PANEL_WIDTH = 288
 STRIP_HEIGHT = 104
 BAR_HEIGHT = 52
@@ -35,11 +36,20 @@ class Editor:
         self.desktop = desktop
         self.process = process
         self.window = desktop.wait_for_window(title)
-        self.frame = desktop.rect(self.window)
+        wait_until(self._find_frame, "the editor's bar where the window is")
         desktop.park()
-        wait_until(lambda: pictures.bounds_of(desktop.screenshot(self.stage), GROUND, is_other=True),
-                   "a picture on the canvas")
+        wait_until(self.find_canvas, "a picture on the canvas")
         desktop.wait_for_stillness(self.frame)
+
+    def _find_frame(self):
+        """The window manager may move a window after it has shown it, and the program paints it later."""
+        self.frame = self.desktop.rect(self.window)
+        left, top, _, bottom = self.frame
+        middle = self.frame.center[0]
+        at = self.desktop.screenshot().getpixel
+        is_bar = at((left, top + 40)) == at((middle, top)) == SURFACE == at((middle, bottom - 1))
+        is_outside = SURFACE not in (at((left - 1, top + 40)), at((middle, top - 1)), at((middle, bottom)))
+        return is_bar and is_outside and at((left + 4, top + BAR_HEIGHT + 40)) == GROUND
 
     # Where things are
 
@@ -75,9 +85,9 @@ class Editor:
         return Rect(left, top, left + TILE_WIDTH, top + 60)
 
     def find_canvas(self):
-        """The backdrop with the picture in it, while nothing covers it."""
+        """The backdrop with the picture in it, while nothing covers it; None before it is painted."""
         found = pictures.bounds_of(self.desktop.screenshot(self.stage), GROUND, is_other=True)
-        return Rect(*found).offset(self.stage.left, self.stage.top)
+        return Rect(*found).offset(self.stage.left, self.stage.top) if found else None
 
     # Looking
 
@@ -95,7 +105,7 @@ class Editor:
     def toggle_annotations(self, is_on):
         """Waits until the palette has slid in or out."""
         self.desktop.key("d")
-        sample = Rect(self.palette.left, self.palette.top, self.palette.left + 40, self.palette.bottom)
+        sample = Rect(self.palette.left + 10, self.palette.top, self.palette.left + 50, self.palette.bottom)
         wait_until(lambda: (pictures.bounds_of(self.desktop.screenshot(sample), GROUND) is None) == is_on,
                    "the tools to be " + ("shown" if is_on else "hidden"))
         self.desktop.wait_for_stillness(self.stage)

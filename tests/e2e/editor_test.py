@@ -133,6 +133,33 @@ class EditorTest(unittest.TestCase):
         data = editor.desktop.clipboard("image/png")
         return data, 1000 * (copied - start), 1000 * (time.perf_counter() - copied)
 
+    def export(self, editor, file):
+        """Through the sheet with its format, PNG, and the desktop's save panel."""
+        desktop = editor.desktop
+        before = desktop.screenshot(editor.frame)
+        desktop.key("ctrl+s")
+        editor.wait_for_change(editor.frame, before, "the export sheet", least=20000)
+        desktop.wait_for_stillness(editor.frame)
+        sheet = desktop.screenshot(editor.frame)
+        x, y = editor.frame.center
+        desktop.click((x - 118, y - 18))
+        desktop.park()
+        editor.wait_for_change(editor.frame, sheet, "PNG to be chosen in the export sheet")
+        self.step(editor, "export-sheet")
+        desktop.key("Return")
+        desktop.wait_for_window("^Export$")
+        self.step(editor, "save-panel")
+        desktop.key("ctrl+a")
+        desktop.type(str(file))
+        desktop.key("Return")
+        desktop.wait_for_no_window("^Export$")
+        wait_until(lambda: file.exists() and file.read_bytes().endswith(b"IEND\xaeB`\x82"), f"the file {file}")
+        desktop.wait_for_stillness(editor.frame)
+        self.step(editor, "exported")
+        desktop.key("Return")
+        wait_until(lambda: pictures.difference(desktop.screenshot(editor.frame), before) < 1,
+                   "the export sheet to close")
+
     def assert_like_canvas(self, picture, shown, what):
         """`shown` is the canvas on the screen, which is smaller."""
         ratio = picture.width / picture.height
@@ -146,7 +173,7 @@ class EditorTest(unittest.TestCase):
         wait_until(lambda: editor.process.poll() is not None, "the program to end")
         self.assertEqual(editor.process.returncode, 0, editor.desktop.log())
 
-    def test_marks_undo_themes_and_copies(self):
+    def test_marks_undo_themes_copies_and_files(self):
         with open_editor(PROGRAM, make_picture(KEEP / "story.png"), KEEP) as editor:
             self.step(editor, "opened")
             editor.toggle_annotations(True)
@@ -164,6 +191,10 @@ class EditorTest(unittest.TestCase):
             shown = editor.desktop.screenshot(editor.find_canvas())
             data, _, _ = self.copy(editor)
             self.assert_like_canvas(Image.open(BytesIO(data)), shown, "copied")
+            file = KEEP / "exported.png"
+            file.unlink(missing_ok=True)
+            self.export(editor, file)
+            self.assert_like_canvas(Image.open(file), shown, "exported")
             self.close(editor)
 
     def test_copies_of_large_screens_are_quick(self):
