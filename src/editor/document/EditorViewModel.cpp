@@ -192,13 +192,18 @@ void EditorViewModel::setAspectRatio(const AspectRatio& aspectRatio) {
     recordSnapshot();
 }
 
-CompositeLayout EditorViewModel::layout() const {
+QSize EditorViewModel::outputPixels() const {
+    const CompositeLayout layout = layoutAt(screenshot().pixelDensity());
+    return layout.isValid() ? layout.outputPixels() : QSize(0, 0);
+}
+
+CompositeLayout EditorViewModel::layoutAt(double pixelDensity) const {
     CompositeRequest request;
     request.screenshot = screenshot();
     request.setStyle(style());
     request.frameScale = frameScale();
     request.canvasState = canvasState();
-    return compositeLayout(request, 1);
+    return compositeLayout(request, pixelDensity);
 }
 
 }  // namespace kestrio

@@ -109,7 +109,9 @@ class EditorViewModel : public QObject {
     void applyPresetTheme(const PresetTheme& preset);
     void applyTheme(const Theme& theme);
     /// The geometry of the finished picture; not valid without a screenshot.
-    CompositeLayout layout() const;
+    CompositeLayout layout() const { return layoutAt(1); }
+    /// Of the finished picture; none without a screenshot.
+    QSize outputPixels() const;
     EditorStyleSettings style() const { return {backdrop(), mockup(), frameStyle()}; }
     void setAspectRatio(const AspectRatio& aspectRatio);
 
@@ -159,6 +161,7 @@ class EditorViewModel : public QObject {
     Task<> copyToClipboard();
 
   private:
+    CompositeLayout layoutAt(double pixelDensity) const;
     void setAnnotations(std::vector<AnyAnnotation> annotations);
     void turnBy(double degrees);
     void loadPersistedStyle();

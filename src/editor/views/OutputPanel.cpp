@@ -56,8 +56,7 @@ void OutputPanel::setFormat(const QString& id) {
 }
 
 QString OutputPanel::outputSize() const {
-    const CompositeLayout layout = editor_.layout();
-    const QSize pixels = layout.isValid() ? layout.outputPixels() : QSize(0, 0);
+    const QSize pixels = editor_.outputPixels();
     return QStringLiteral("%1 × %2").arg(pixels.width()).arg(pixels.height());
 }
 

@@ -98,6 +98,7 @@ Item {
     }
     CropToolbar {
         crop: overlay.crop
+        room: overlay.width
         ratios: overlay.controller.choices.aspect
         x: Math.max(8, Math.min(overlay.width - width - 8, overlay.frame.x + overlay.frame.width / 2 - width / 2))
         y: Math.max(8, Math.min(overlay.height - height - 8, overlay.crop.toolbarY - height / 2))

@@ -6,6 +6,8 @@ Rectangle {
     id: bar
     required property CropPanel crop
     property var ratios: []
+    // How wide it may become; hints and ratios give way first.
+    property real room: 2000
     width: tools.implicitWidth + 24
     height: 44
     radius: Theme.largeRadius
@@ -17,12 +19,15 @@ Rectangle {
         id: tools
         anchors.centerIn: parent
         spacing: Theme.small
-        Caption { text: qsTr("Drag handles") + "   " + qsTr("Return Apply") + "   " + qsTr("Esc Cancel") }
+        Caption {
+            visible: bar.room > 460
+            text: qsTr("Drag handles") + "   " + qsTr("Return Apply") + "   " + qsTr("Esc Cancel")
+        }
         Repeater {
             model: bar.ratios
             Chip {
                 required property var modelData
-                visible: modelData.ratio > 0
+                visible: modelData.ratio > 0 && bar.room > 800
                 text: modelData.name
                 isCurrent: Math.abs(bar.crop.ratio - modelData.ratio) < 0.001
                 onClicked: bar.crop.lockRatio(isCurrent ? 0 : modelData.ratio)

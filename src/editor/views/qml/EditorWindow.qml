@@ -62,7 +62,11 @@ Window {
     ShortcutOverlay { controller: window.controller }
 
     // Where a field gives its focus up, keys are the canvas' again.
-    onActiveFocusItemChanged: if (activeFocusItem === contentItem) stage.focusCanvas()
+    // Later, since focus that moves on passes through the window too.
+    function keepFocus() {
+        if (!isSheetShown && (activeFocusItem === null || activeFocusItem === contentItem)) stage.focusCanvas()
+    }
+    onActiveFocusItemChanged: Qt.callLater(keepFocus)
     readonly property bool isSheetShown: enhancement.isShown || exporting.isShown || resetting.isShown
         || naming.isShown || controller.isShortcutOverlayVisible
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()

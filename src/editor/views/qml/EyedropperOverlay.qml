@@ -31,6 +31,14 @@ Item {
             controller: overlay.controller
         }
         Rectangle {
+            width: 132
+            height: 132
+            radius: 66
+            color: "transparent"
+            border.color: "#73737a"
+            border.width: 2
+        }
+        Rectangle {
             y: 138
             anchors.horizontalCenter: parent.horizontalCenter
             width: value.implicitWidth + 44

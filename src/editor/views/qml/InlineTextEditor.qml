@@ -12,7 +12,10 @@ Item {
     height: Math.max(canvas.textRect.height, area.contentHeight)
     rotation: canvas.textRotation
     onVisibleChanged: {
-        if (!visible) return
+        if (!visible) {
+            if (area.activeFocus) canvas.forceActiveFocus()
+            return
+        }
         area.text = canvas.editedText
         area.forceActiveFocus()
         area.selectAll()

@@ -12,7 +12,15 @@ Item {
     y: canvas.numberEditorRect.y
     width: canvas.numberEditorRect.width
     height: canvas.numberEditorRect.height
-    onVisibleChanged: if (visible) { field.text = state_.text; field.forceActiveFocus(); field.selectAll() }
+    onVisibleChanged: {
+        if (!visible) {
+            if (field.activeFocus) canvas.forceActiveFocus()
+            return
+        }
+        field.text = state_.text
+        field.forceActiveFocus()
+        field.selectAll()
+    }
 
     TextBox {
         id: field
@@ -24,12 +32,22 @@ Item {
         onAccepted: editor.controller.annotation.commitNumber()
         Keys.onEscapePressed: editor.controller.annotation.cancelNumber()
     }
-    Text {
+    Rectangle {
         anchors.top: field.bottom
         anchors.topMargin: 4
         anchors.horizontalCenter: field.horizontalCenter
-        text: editor.state_.error
-        font.pixelSize: Theme.captionSize
-        color: Theme.danger
+        visible: problem.text !== ""
+        width: problem.implicitWidth + 16
+        height: 22
+        radius: Theme.radius
+        color: Theme.surface
+        border.color: Theme.danger
+        Text {
+            id: problem
+            anchors.centerIn: parent
+            text: editor.state_.error
+            font.pixelSize: Theme.captionSize
+            color: Theme.danger
+        }
     }
 }

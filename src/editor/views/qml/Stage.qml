@@ -13,16 +13,21 @@ Item {
         id: board
         objectName: "canvas"
         anchors.fill: parent
+        // Room for the palette, which covers no part of the picture then.
+        anchors.topMargin: stage.controller.isAnnotationMode ? tools.baseHeight + 12 : 0
         controller: stage.controller
         focus: true
         Accessible.role: Accessible.Canvas
         Accessible.name: qsTr("Canvas")
         onContextMenuRequested: place => menu.popup(board, place.x, place.y)
     }
-    InlineTextEditor { canvas: board }
-    NumberEditor { canvas: board; controller: stage.controller }
+    Item {
+        anchors.fill: board
+        InlineTextEditor { canvas: board }
+        NumberEditor { canvas: board; controller: stage.controller }
+    }
     Loader {
-        anchors.fill: parent
+        anchors.fill: board
         active: stage.controller.isCropMode
         sourceComponent: CropOverlay {
             controller: stage.controller
@@ -30,7 +35,7 @@ Item {
         }
     }
     Loader {
-        anchors.fill: parent
+        anchors.fill: board
         active: stage.controller.colors.isPicking
         sourceComponent: EyedropperOverlay {
             controller: stage.controller
@@ -38,6 +43,7 @@ Item {
         }
     }
     AnnotationPalette {
+        id: tools
         controller: stage.controller
         anchors.horizontalCenter: parent.horizontalCenter
         y: stage.controller.isAnnotationMode ? 12 : -height - 8

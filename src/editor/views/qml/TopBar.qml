@@ -6,6 +6,8 @@ Rectangle {
     id: bar
     required property EditorController controller
     readonly property OutputPanel output: controller.output
+    // Words give way to icons before anything is cut off.
+    readonly property bool isNarrow: width < 1000
     signal saveRequested()
     signal enhanceRequested()
     signal resetRequested()
@@ -67,7 +69,7 @@ Rectangle {
         }
         IconButton {
             symbol: "pencil"
-            text: qsTr("Annotate")
+            text: bar.isNarrow ? "" : qsTr("Annotate")
             tip: qsTr("Draw on the picture")
             key: "D"
             checked: bar.controller.isAnnotationMode
@@ -107,7 +109,7 @@ Rectangle {
         IconButton {
             symbol: bar.output.copyState === "success" ? "checkmark"
                 : bar.output.copyState === "failure" ? "xmark" : "doc.on.doc"
-            text: bar.output.copyState === "copying" ? qsTr("Copying…") : qsTr("Copy")
+            text: bar.isNarrow ? "" : bar.output.copyState === "copying" ? qsTr("Copying…") : qsTr("Copy")
             tip: qsTr("Copy to clipboard")
             key: "Ctrl+C"
             enabled: !bar.output.isBusy
