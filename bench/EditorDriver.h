@@ -1,5 +1,6 @@
 #pragma once
 
+#include <time.h>
 #include <QApplication>
 #include <QQuickWindow>
 #include <QThread>
@@ -7,7 +8,6 @@
 #include <cmath>
 #include <functional>
 #include <optional>
-#include <time.h>
 
 namespace kestrio {
 
@@ -99,11 +99,11 @@ inline void reportFrames(const char* what) {
     application().log.isRecording = false;
     const FrameLog& log = application().log;
     report(what, percentile(log.work, 0.95), 16, "ms");
-    std::printf("    %zu frames: median %.1f, greatest %.1f, p95 of processor time %.1f; "
-                "shown after %.1f (p95); longest event %.1f\n",
-                log.work.size(), percentile(log.work, 0.5), percentile(log.work, 1),
-                percentile(log.processor, 0.95), percentile(log.shownAfter, 0.95),
-                log.longestEvent);
+    std::printf(
+        "    %zu frames: median %.1f, greatest %.1f, p95 of processor time %.1f; "
+        "shown after %.1f (p95); longest event %.1f\n",
+        log.work.size(), percentile(log.work, 0.5), percentile(log.work, 1),
+        percentile(log.processor, 0.95), percentile(log.shownAfter, 0.95), log.longestEvent);
 }
 
 // The pointer.

@@ -4,6 +4,7 @@
 #include "core/Log.h"
 
 #include <QCoreApplication>
+#include <QSemaphore>
 #include <QTimer>
 
 namespace kestrio {
@@ -12,14 +13,31 @@ QString TimeLimitExceeded::errorDescription() const {
     return localised("The time limit was exceeded");
 }
 
+namespace {
+
+// A thread is as nice as the one that starts it. Were Qt's own pool started by a thread of ours,
+// the main thread's painters would wait for threads that step back for everybody.
+void startPaintersPool() {
+    QThreadPool* const painters = QThreadPool::globalInstance();
+    painters->setExpiryTimeout(-1);
+    const int count = painters->maxThreadCount();
+    const auto gate = std::make_shared<QSemaphore>();
+    for (int i = 0; i < count; ++i)
+        painters->start([gate] { gate->acquire(); });
+    gate->release(count);
+}
+
+}  // namespace
+
 QThreadPool* backgroundPool() {
     static QThreadPool pool;
     // What runs uses other statics and posts to the application, so it has to end before both.
-    static const bool isWaitedFor = [] {
+    static const bool isReady = [] {
         qAddPostRoutine([] { pool.waitForDone(); });
+        startPaintersPool();
         return true;
     }();
-    Q_UNUSED(isWaitedFor)
+    Q_UNUSED(isReady)
     return &pool;
 }
 

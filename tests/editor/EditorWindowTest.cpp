@@ -48,7 +48,7 @@ struct EditorWindowTest : EditorFixture {
     }
 
     static QQuickWindow* quickWindow(const EditorWindow& window) {
-        return qobject_cast<QQuickWindow*>(window.root());
+        return window.window();
     }
 };
 

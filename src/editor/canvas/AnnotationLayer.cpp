@@ -151,9 +151,9 @@ void AnnotationLayer::paint(QPainter& painter) const {
     // Soon replaced; interpolating would take longer than a frame.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const double factor = wantedGeometry_.scale / geometry.scale;
-    painter.drawImage(QRectF(QPointF(geometry.area.topLeft()) * factor,
-                             QSizeF(geometry.area.size()) * factor),
-                      picture_.image);
+    painter.drawImage(
+        QRectF(QPointF(geometry.area.topLeft()) * factor, QSizeF(geometry.area.size()) * factor),
+        picture_.image);
 }
 
 void AnnotationLayer::endGesture() {

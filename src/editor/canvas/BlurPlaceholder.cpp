@@ -59,7 +59,8 @@ void paintBlurPlaceholder(QPainter& painter, const BlurAnnotation& blur, const Q
             paintCells(painter, rect, strength);
             break;
         case BlurType::solid:
-            painter.fillRect(rect, QColor::fromRgbF(0, 0, 0, static_cast<float>(0.7 + 0.3 * strength)));
+            painter.fillRect(rect,
+                             QColor::fromRgbF(0, 0, 0, static_cast<float>(0.7 + 0.3 * strength)));
             break;
     }
     painter.restore();

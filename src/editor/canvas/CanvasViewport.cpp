@@ -13,8 +13,7 @@ QSizeF turnedSize(const QSizeF& size, double degrees) {
 }  // namespace
 
 CanvasViewport::CanvasViewport(const CompositeLayout& layout, const ImageTransform& transform,
-                               QSizeF view, double margin,
-                               std::optional<double> pixelRatio)
+                               QSizeF view, double margin, std::optional<double> pixelRatio)
     : canvasSize_(layout.canvasSize), imageSize_(layout.imageSize), rotation_(transform.rotation) {
     const QSizeF room = view - QSizeF(2 * margin, 2 * margin);
     if (!layout.isValid() || room.isEmpty()) return;

@@ -14,8 +14,8 @@ class CanvasViewport {
   public:
     CanvasViewport() = default;
     /// `view` and `margin` in points of the view. Nothing is shown where either has no size. Where
-    /// the view's pixels a point are given, the canvas' top left corner moves onto a whole pixel, so
-    /// that pictures of the canvas are shown pixel by pixel.
+    /// the view's pixels a point are given, the canvas' top left corner moves onto a whole pixel,
+    /// so that pictures of the canvas are shown pixel by pixel.
     CanvasViewport(const CompositeLayout& layout, const ImageTransform& transform, QSizeF view,
                    double margin, std::optional<double> pixelRatio = std::nullopt);
 

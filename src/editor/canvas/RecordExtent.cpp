@@ -20,9 +20,9 @@ QRectF turnedAnyhow(const QRectF& rect, const QPointF& center) {
 QRectF textExtent(const TextAnnotation& text) {
     const QRectF box = text.bounds.normalized();
     if (!(text.fontSize > 0) || !(box.width() > 0)) return box;
-    const TextColumn column(text.text, {text.fontFamily.value_or(QString()),
-                                        fontWeight(text.fontWeight), Qt::AlignLeft,
-                                        box.width() / text.fontSize});
+    const TextColumn column(
+        text.text, {text.fontFamily.value_or(QString()), fontWeight(text.fontWeight), Qt::AlignLeft,
+                    box.width() / text.fontSize});
     QRectF inked = box;
     inked.setHeight(std::max(box.height(), column.height() * text.fontSize));
     const double overhang = text.fontSize;  // of slanted and accented letters
@@ -32,7 +32,8 @@ QRectF textExtent(const TextAnnotation& text) {
 
 // A row of pictograms is as high as one and as wide as all.
 QRectF emojiExtent(const EmojiAnnotation& emoji) {
-    const double width = emoji.size * static_cast<double>(std::max<qsizetype>(1, emoji.emoji.size()));
+    const double width =
+        emoji.size * static_cast<double>(std::max<qsizetype>(1, emoji.emoji.size()));
     QRectF row(QPointF(), QSizeF(width, emoji.size));
     row.moveCenter(emoji.center);
     return turnedAnyhow(row, emoji.center).adjusted(-2, -2, 2, 2);

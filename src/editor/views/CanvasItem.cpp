@@ -97,17 +97,20 @@ void CanvasItem::refreshViewport() {
     const ImageTransform transform =
         editor().isCropMode() ? ImageTransform() : editor().canvasState().transform;
     interaction_->setViewport({editor().layout(), transform, size(), canvasMargin, pixelRatio()});
-    if (interaction_->viewport().canvasToView() != before) rest_.start();
+    const bool isElsewhere = interaction_->viewport().canvasToView() != before;
+    if (isElsewhere) rest_.start();
     preview_->setScale(interaction_->viewport().scale() * pixelRatio());
     Q_EMIT viewChanged();
     if (isEditingText()) Q_EMIT textEditingChanged();
     refreshCursor();
-    invalidate();
+    // A style that changes shows with the preview that follows.
+    isElsewhere ? invalidate() : polish();
 }
 
 void CanvasItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
     QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
     refreshViewport();
+    invalidate();
 }
 
 void CanvasItem::invalidate() {

@@ -26,6 +26,12 @@ Image smallCopy(const Image& image) {
     return Image(scaledTo(image.bitmap(), pixels));
 }
 
+// Editors share an engine, which knows the thumbnails of each by a name.
+QString nextProviderName() {
+    static int count = 0;
+    return QStringLiteral("thumbnail%1").arg(++count);
+}
+
 }  // namespace
 
 EditorController::EditorController(EditorServices services, QString name, QObject* parent)
@@ -41,7 +47,8 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
       output_(editor_, services_, name_),
       themes_(editor_, services_.userDefaults),
       watermark_(editor_),
-      thumbnails_(std::make_shared<ThumbnailSource>()) {
+      thumbnails_(std::make_shared<ThumbnailSource>()),
+      thumbnailProvider_(nextProviderName()) {
     keyboard_.activate();
     thumbnailTimer_.setSingleShot(true);
     thumbnailTimer_.setInterval(thumbnailDelay);
@@ -130,6 +137,10 @@ void EditorController::refreshThumbnails() {
     thumbnails_->set({smallPicture_, editor_.style(), themes_.userThemes()});
     ++thumbnailRevision_;
     Q_EMIT thumbnailRevisionChanged();
+}
+
+QString EditorController::thumbnails() const {
+    return QStringLiteral("image://%1/").arg(thumbnailProvider_);
 }
 
 QVariantMap EditorController::style() const {

@@ -44,6 +44,8 @@ class EditorController : public QObject {
     Q_PROPERTY(QString pictureSize READ pictureSize NOTIFY canvasChanged)
     /// Changes whenever thumbnails of the picture must be made again.
     Q_PROPERTY(int thumbnailRevision READ thumbnailRevision NOTIFY thumbnailRevisionChanged)
+    /// Where pictures of choices come from, to be followed by "kind/id?revision".
+    Q_PROPERTY(QString thumbnails READ thumbnails CONSTANT)
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY appearanceChanged)
@@ -60,8 +62,9 @@ class EditorController : public QObject {
     std::shared_ptr<WatermarkServiceProtocol> watermarkService() const {
         return services_.watermark;
     }
-    /// For the QML engine, which takes ownership.
+    /// For a QML engine, which takes ownership and has to know it by thumbnailProvider().
     ThumbnailProvider* makeThumbnailProvider();
+    const QString& thumbnailProvider() const { return thumbnailProvider_; }
 
     void open(const Image& image);
 
@@ -93,6 +96,7 @@ class EditorController : public QObject {
     QString aspectName() const { return editor_.canvasState().aspectRatio.name; }
     QString pictureSize() const;
     int thumbnailRevision() const { return thumbnailRevision_; }
+    QString thumbnails() const;
     QString name() const { return name_; }
     bool isDark() const;
     bool isMotionReduced() const;
@@ -172,6 +176,7 @@ class EditorController : public QObject {
     ThemePanel themes_;
     WatermarkPanel watermark_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;
+    QString thumbnailProvider_;
     Image smallPicture_;
     QTimer thumbnailTimer_;
     int thumbnailRevision_ = 0;

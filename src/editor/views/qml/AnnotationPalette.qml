@@ -8,8 +8,6 @@ Rectangle {
     required property EditorController controller
     readonly property AnnotationPanel panel: controller.annotation
     readonly property var tool: panel.tool
-    // Without the row that comes and goes with the selection.
-    readonly property real baseHeight: 92
     readonly property bool hasBlur: tool.blurType !== undefined
 
     implicitWidth: content.implicitWidth + 16

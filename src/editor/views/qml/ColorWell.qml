@@ -19,24 +19,30 @@ Basic.AbstractButton {
     focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Button
     Accessible.name: tip
-    onClicked: popover.open()
+    onClicked: popover.active = true
     background: Rectangle {
         radius: Theme.radius
         color: well.color
-        border.width: well.visualFocus || popover.visible ? 2 : 1
-        border.color: well.visualFocus || popover.visible ? Theme.accent : Theme.hairline
+        border.width: well.visualFocus || popover.active ? 2 : 1
+        border.color: well.visualFocus || popover.active ? Theme.accent : Theme.hairline
     }
-    Hint { isWanted: well.hovered && !popover.visible; words: well.tip }
+    Hint { isWanted: well.hovered && !popover.active; words: well.tip }
 
-    ColorPopover {
+    Loader {
         id: popover
-        controller: well.controller
-        color: well.color
-        quick: well.quick
-        forBackdrop: well.forBackdrop
-        y: well.height + 6
-        x: Math.min(0, well.width - width)
-        onMoved: color => well.moved(color)
-        onPicked: color => well.picked(color)
+        active: false
+        sourceComponent: ColorPopover {
+            parent: well
+            controller: well.controller
+            color: well.color
+            quick: well.quick
+            forBackdrop: well.forBackdrop
+            y: well.height + 6
+            x: Math.min(0, well.width - width)
+            onMoved: color => well.moved(color)
+            onPicked: color => well.picked(color)
+            onClosed: popover.active = false
+            Component.onCompleted: open()
+        }
     }
 }

@@ -28,8 +28,8 @@ Window {
             Layout.fillWidth: true
             controller: window.controller
             onSaveRequested: exporting.open()
-            onEnhanceRequested: enhancement.isShown = true
-            onResetRequested: resetting.isShown = true
+            onEnhanceRequested: enhancement.open()
+            onResetRequested: resetting.open()
         }
         RowLayout {
             Layout.fillWidth: true
@@ -51,15 +51,27 @@ Window {
         ThemeStrip {
             Layout.fillWidth: true
             controller: window.controller
-            onSaveRequested: naming.isShown = true
+            onSaveRequested: naming.open()
         }
     }
-    Toast { id: toast }
-    EnhancementSheet { id: enhancement; controller: window.controller }
-    ExportSheet { id: exporting; controller: window.controller }
-    ResetSheet { id: resetting; controller: window.controller }
-    ThemeNaming { id: naming; controller: window.controller }
+    Lazy {
+        id: enhancement
+        sourceComponent: EnhancementSheet { controller: window.controller }
+    }
+    Lazy {
+        id: exporting
+        sourceComponent: ExportSheet { controller: window.controller }
+    }
+    Lazy {
+        id: resetting
+        sourceComponent: ResetSheet { controller: window.controller }
+    }
+    Lazy {
+        id: naming
+        sourceComponent: ThemeNaming { controller: window.controller }
+    }
     ShortcutOverlay { controller: window.controller }
+    Toast { id: toast }
 
     // Where a field gives its focus up, keys are the canvas' again.
     // Later, since focus that moves on passes through the window too.

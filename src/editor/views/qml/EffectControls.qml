@@ -10,6 +10,7 @@ ColumnLayout {
 
     Caption { text: qsTr("Effects") }
     ThumbnailGrid {
+        controller: controls.controller
         Layout.fillWidth: true
         kind: "effect"
         tileHeight: 36

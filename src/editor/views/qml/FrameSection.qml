@@ -8,6 +8,7 @@ ColumnLayout {
     required property EditorController controller
     readonly property var style: controller.style
     ThumbnailGrid {
+        controller: section.controller
         Layout.fillWidth: true
         kind: "frame"
         columns: 3

@@ -19,6 +19,7 @@ ColumnLayout {
             spacing: Theme.tiny
             Caption { text: group.modelData.name }
             ThumbnailGrid {
+                controller: controls.controller
                 Layout.fillWidth: true
                 kind: "gradient"
                 columns: 5

@@ -1,25 +1,31 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 
-// The tooltip of a control, with the key that does the same.
-Basic.ToolTip {
-    id: tip
+// The tooltip of a control, with the key that does the same. Made when it is wanted: a window has
+// more controls than tooltips are ever seen.
+Loader {
+    id: hint
     property string key
     property bool isWanted: false
     property string words
-    visible: isWanted && words !== ""
-    delay: 500
-    text: key ? words + "   " + key : words
-    padding: 6
-    leftPadding: 9
-    rightPadding: 9
-    contentItem: Text {
-        text: tip.text
-        font.pixelSize: Theme.captionSize
-        color: Theme.isDark ? Theme.text : "#ffffff"
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.isDark ? "#47474f" : "#e61d1d1f"
+    active: isWanted && words !== ""
+    sourceComponent: Basic.ToolTip {
+        id: tip
+        parent: hint.parent
+        delay: 500
+        text: hint.key ? hint.words + "   " + hint.key : hint.words
+        padding: 6
+        leftPadding: 9
+        rightPadding: 9
+        contentItem: Text {
+            text: tip.text
+            font.pixelSize: Theme.captionSize
+            color: Theme.isDark ? Theme.text : "#ffffff"
+        }
+        background: Rectangle {
+            radius: Theme.radius
+            color: Theme.isDark ? "#47474f" : "#e61d1d1f"
+        }
+        Component.onCompleted: visible = true
     }
 }

@@ -10,6 +10,7 @@ ColumnLayout {
 
     Caption { text: qsTr("Overlay") }
     ThumbnailGrid {
+        controller: controls.controller
         Layout.fillWidth: true
         kind: "overlay"
         columns: 5

@@ -10,6 +10,7 @@ ColumnLayout {
 
     Caption { text: qsTr("Pattern") }
     ThumbnailGrid {
+        controller: controls.controller
         Layout.fillWidth: true
         kind: "pattern"
         tileHeight: 36

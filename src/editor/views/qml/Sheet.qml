@@ -13,6 +13,7 @@ Rectangle {
     default property alias content: body.data
     signal closed()
 
+    function open() { isShown = true }
     function close() {
         if (isBusy) return
         isShown = false

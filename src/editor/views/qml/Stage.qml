@@ -14,13 +14,13 @@ Item {
         objectName: "canvas"
         anchors.fill: parent
         // Room for the palette, which covers no part of the picture then.
-        anchors.topMargin: stage.controller.isAnnotationMode ? tools.baseHeight + 12 : 0
+        anchors.topMargin: stage.controller.isAnnotationMode ? 104 : 0
         controller: stage.controller
         fillColor: Theme.ground
         focus: true
         Accessible.role: Accessible.Canvas
         Accessible.name: qsTr("Canvas")
-        onContextMenuRequested: place => menu.popup(board, place.x, place.y)
+        onContextMenuRequested: place => menu.createObject(board).popup(place.x, place.y)
     }
     Item {
         anchors.fill: board
@@ -43,17 +43,21 @@ Item {
             canvas: board
         }
     }
-    AnnotationPalette {
-        id: tools
-        controller: stage.controller
+    Loader {
+        // Stays once it was needed.
+        active: stage.controller.isAnnotationMode || item !== null
         anchors.horizontalCenter: parent.horizontalCenter
         y: stage.controller.isAnnotationMode ? 12 : -height - 8
         visible: y > -height
         Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
+        sourceComponent: AnnotationPalette { controller: stage.controller }
     }
-    AnnotationMenu {
+    Component {
         id: menu
-        controller: stage.controller
+        AnnotationMenu {
+            controller: stage.controller
+            onClosed: destroy()
+        }
     }
     DropTarget {
         anchors.fill: parent

@@ -1,9 +1,11 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
 
 // A whole style as a picture of the document, with its name.
 Basic.AbstractButton {
     id: tile
+    required property EditorController controller
     property string kind
     property string styleId
     property string name
@@ -29,7 +31,7 @@ Basic.AbstractButton {
             Image {
                 anchors.fill: parent
                 anchors.margins: tile.isCurrent ? 3 : 2
-                source: "image://thumbnail/" + tile.kind + "/" + tile.styleId + "?" + tile.revision
+                source: tile.controller.thumbnails + tile.kind + "/" + tile.styleId + "?" + tile.revision
                 sourceSize: Qt.size(200, 120)
                 fillMode: Image.PreserveAspectCrop
                 cache: false

@@ -31,6 +31,7 @@ Rectangle {
             Repeater {
                 model: strip.panel.presets
                 StyleTile {
+                    controller: strip.controller
                     required property var modelData
                     height: view.height
                     kind: "preset"
@@ -44,6 +45,7 @@ Rectangle {
             Repeater {
                 model: strip.panel.themes
                 StyleTile {
+                    controller: strip.controller
                     required property var modelData
                     height: view.height
                     kind: "theme"

@@ -1,11 +1,13 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import Kestrio.Editor
 
 // Choices as pictures of themselves. Placed by hand: a positioner's own width would follow its
 // tiles, which follow its width.
 Item {
     id: grid
 
+    required property EditorController controller
     property string kind
     property var rows: []
     property string current
@@ -43,7 +45,7 @@ Item {
                 Image {
                     anchors.fill: parent
                     anchors.margins: tile.isCurrent ? 3 : 2
-                    source: "image://thumbnail/" + grid.kind + "/" + tile.modelData.id + "?" + grid.revision
+                    source: grid.controller.thumbnails + grid.kind + "/" + tile.modelData.id + "?" + grid.revision
                     sourceSize: Qt.size(width * 2, height * 2)
                     fillMode: Image.PreserveAspectCrop
                     cache: false

@@ -27,6 +27,7 @@ Row {
         Accessible.name: qsTr("Zoom")
         Hint { isWanted: field.hovered && !field.activeFocus; words: qsTr("Click to edit zoom percentage (10% - 500%)") }
         onActiveFocusChanged: if (activeFocus) selectAll()
+        onReleased: if (selectedText === "") selectAll()
         onAccepted: {
             zoom.controller.setZoomText(text)
             focus = false
