@@ -47,7 +47,12 @@ void applyOverlay(EditorStyleSettings& style, const QString& id) {
         OverlaySettings{enumOf(id, OverlayType::none), 60, OverlayPosition::overlay};
 }
 
+// Plain colours look alike under every effect.
 void applyEffect(EditorStyleSettings& style, const QString& id) {
+    const BackdropType type = style.backdrop.type;
+    if (type == BackdropType::solid || type == BackdropType::none) {
+        applyGradient(style, QStringLiteral("aurora"));
+    }
     for (const EffectPreset& preset : EffectPreset::all())
         if (preset.id == id) style.backdrop.effects = preset.effects();
 }

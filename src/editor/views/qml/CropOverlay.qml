@@ -30,9 +30,10 @@ Item {
             Rectangle {
                 required property int index
                 x: parent.width * (index + 1) / 3
-                width: 1
+                width: 2
                 height: parent.height
-                color: "#55ffffff"
+                color: "#66ffffff"
+                border.color: "#33000000"
             }
         }
         Repeater {
@@ -40,9 +41,10 @@ Item {
             Rectangle {
                 required property int index
                 y: parent.height * (index + 1) / 3
-                height: 1
+                height: 2
                 width: parent.width
-                color: "#55ffffff"
+                color: "#66ffffff"
+                border.color: "#33000000"
             }
         }
         DragHandler {
