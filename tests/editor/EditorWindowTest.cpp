@@ -1,13 +1,17 @@
 #include "editor/EditorFixture.h"
 #include "editor/canvas/AnnotationLayer.h"
 #include "editor/canvas/PreviewRenderer.h"
+#include "editor/views/CanvasItem.h"
 #include "editor/views/EditorWindow.h"
 #include "render/ImageRendererService.h"
 #include "support/MemoryPasteboard.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTemporaryDir>
 
 namespace kestrio {
 namespace {
@@ -69,68 +73,218 @@ int differentColours(const QImage& picture) {
     return static_cast<int>(colours.size());
 }
 
+/// The QML files of which something lives.
+void noteFiles(const QObject* root, std::set<QString>& files) {
+    if (const QQmlContext* context = qmlContext(root)) files.insert(context->baseUrl().fileName());
+    for (const QObject* child : root->children())
+        noteFiles(child, files);
+    const auto* item = qobject_cast<const QQuickItem*>(root);
+    if (!item) return;
+    for (const QQuickItem* child : item->childItems())
+        if (child->parent() != item) noteFiles(child, files);
+}
+
+/// The window brought into one state after the other.
+struct Tour {
+    EditorWindow& window;
+    QQuickWindow* view = window.window();
+    std::set<QString> files = {};
+
+    void look(int milliseconds = 60) {
+        runEventsFor(milliseconds);
+        noteFiles(view, files);
+    }
+
+    void openSheets() {
+        for (const char* name : {"enhancement", "exporting", "resetting", "naming"}) {
+            auto* lazy = view->findChild<QQuickItem*>(QString::fromLatin1(name));
+            ASSERT_NE(lazy, nullptr) << name;
+            QMetaObject::invokeMethod(lazy, "open");
+            look();
+            QMetaObject::invokeMethod(lazy->property("item").value<QObject*>(), "close");
+            EXPECT_FALSE(lazy->property("isShown").toBool()) << name;
+        }
+    }
+
+    void openColourPopovers() {
+        for (QObject* each : view->findChildren<QObject*>()) {
+            if (!QByteArrayView(each->metaObject()->className()).startsWith("ColorWell_")) continue;
+            QMetaObject::invokeMethod(each, "clicked");
+            look(30);
+            for (QObject* popover : each->findChildren<QObject*>())
+                if (popover->setProperty("showsCustom", true)) look(30);
+        }
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &escape);
+        look(30);
+    }
+
+    void walkBackdrops() {
+        EditorController& controller = window.controller();
+        for (const char* type : {"none", "gradient", "image", "solid"}) {
+            controller.choose(QStringLiteral("backdropType"), QString::fromLatin1(type));
+            look();
+        }
+        EXPECT_FALSE(controller.style()[QStringLiteral("gradient")].toString().isEmpty())
+            << "a gradient is chosen with the kind";
+        controller.choose(QStringLiteral("customGradient"),
+                          QVariantList{QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)});
+        controller.choose(QStringLiteral("pattern"), QStringLiteral("dots"));
+        controller.choose(QStringLiteral("overlay"), QStringLiteral("vignette"));
+        look();
+        openColourPopovers();
+    }
+
+    void walkPanels() {
+        EditorController& controller = window.controller();
+        controller.watermark()->savePreset(QStringLiteral("Mine"));
+        for (const QString type : {QStringLiteral("image"), QStringLiteral("text")}) {
+            controller.set(QStringLiteral("watermark"), true);
+            controller.set(QStringLiteral("watermarkType"), type);
+            for (const auto& section : rightPanelSections) {
+                controller.togglePanel(QString::fromLatin1(section.raw));
+                look();
+            }
+        }
+        controller.set(QStringLiteral("watermark"), false);
+    }
+
+    void walkThemes() {
+        EditorController& controller = window.controller();
+        for (const PresetTheme& preset : PresetTheme::all()) {
+            controller.themes()->applyPreset(preset.id);
+            EXPECT_EQ(controller.themes()->currentPreset(), preset.id);
+            look(20);
+        }
+        controller.set(QStringLiteral("padding"), 11);
+        EXPECT_EQ(controller.themes()->currentPreset(), QString()) << "changed by hand";
+    }
+
+    void annotate() {
+        EditorController& controller = window.controller();
+        controller.toggleAnnotations();
+        for (const QVariant& tool : controller.annotation()->tools())
+            controller.annotation()->setTool(tool.toMap()[QStringLiteral("id")].toString());
+        AnnotationViewModel& model = controller.editor().annotationVM();
+        model.addAnnotation(NumberAnnotation{QUuid::createUuid(), {300, 200}, 1, {}, 60, 0});
+        model.addAnnotation(BlurAnnotation{QUuid::createUuid(), {20, 20, 90, 60}});
+        look();
+        model.selectAll();
+        look();
+        auto* canvas = view->findChild<QQuickItem*>(QStringLiteral("canvas"));
+        Q_EMIT qobject_cast<CanvasItem*>(canvas)->contextMenuRequested({30, 30});
+        look();
+        model.selectAnnotation(model.annotations().front());
+        model.startNumberEditing(model.annotations().front());
+        look();
+        controller.annotation()->setNumberText(QStringLiteral("-3"));
+        controller.annotation()->commitNumber();
+        EXPECT_FALSE(controller.annotation()->numberEditing()[QStringLiteral("error")].toString().isEmpty());
+        controller.annotation()->cancelNumber();
+        look();
+    }
+
+    void crop() {
+        EditorController& controller = window.controller();
+        controller.enterCrop();
+        look();
+        CropPanel& crop = *controller.crop();
+        const double scale = crop.frame().width() / 640;
+        crop.beginDrag();
+        crop.dragHandle(7, QPointF(-100, -50) * scale);
+        look();
+        crop.apply();
+        EXPECT_EQ(controller.pictureSize(), QStringLiteral("540 × 350"));
+    }
+
+    void pickColour() {
+        EditorController& controller = window.controller();
+        controller.pickColorByButton(false);
+        look();
+        controller.colors()->movePointer({20, 20});
+        look();
+        controller.colors()->pick({20, 20}, false);
+        const QVariantMap tool = controller.annotation()->tool();
+        EXPECT_EQ(tool[QStringLiteral("color")].value<QColor>(), QColor(Qt::white));
+    }
+
+    /// Those of which nothing was seen; files of a single object leave no trace of their own.
+    QStringList unseenFiles() const {
+        QStringList unseen;
+        QDir folder(QStringLiteral(KESTRIO_SOURCE_DIR "/src/editor/views/qml"));
+        for (const QString& file : folder.entryList({QStringLiteral("*.qml")}))
+            if (!files.contains(file)) unseen << file;
+        return unseen;
+    }
+};
+
 TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     Warnings warnings;
     EditorWindow window(services(), QStringLiteral("shot"));
     window.open(picture({640, 400}));
-    QQuickWindow* const view = quickWindow(window);
-    ASSERT_NE(view, nullptr);
-    runEventsFor(300);
-    EXPECT_GT(differentColours(view->grabWindow()), 20);
-
-    EditorController& controller = window.controller();
-    for (const char* type : {"none", "gradient", "image", "solid"}) {
-        controller.choose(QStringLiteral("backdropType"), QString::fromLatin1(type));
-        runEventsFor(60);
-    }
-    controller.choose(QStringLiteral("customGradient"),
-                      QVariantList{QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)});
-    controller.choose(QStringLiteral("pattern"), QStringLiteral("dots"));
-    controller.choose(QStringLiteral("overlay"), QStringLiteral("vignette"));
-    runEventsFor(60);
-    for (const QString type : {QStringLiteral("image"), QStringLiteral("text")}) {
-        controller.set(QStringLiteral("watermark"), true);
-        controller.set(QStringLiteral("watermarkType"), type);
-        for (const auto& section : rightPanelSections) {
-            controller.togglePanel(QString::fromLatin1(section.raw));
-            runEventsFor(60);
-        }
-    }
-    controller.set(QStringLiteral("watermark"), false);
-    for (const PresetTheme& preset : PresetTheme::all()) {
-        controller.themes()->applyPreset(preset.id);
-        EXPECT_EQ(controller.themes()->currentPreset(), preset.id);
-        runEventsFor(20);
-    }
-    controller.set(QStringLiteral("padding"), 11);
-    EXPECT_EQ(controller.themes()->currentPreset(), QString()) << "changed by hand";
+    ASSERT_NE(window.window(), nullptr);
+    Tour tour{window};
+    tour.look(300);
+    EXPECT_GT(differentColours(tour.view->grabWindow()), 20);
+    tour.walkBackdrops();
+    tour.walkPanels();
+    tour.walkThemes();
     appearance->set_isDark(true);
-    runEventsFor(60);
-    controller.toggleAnnotations();
-    for (const QVariant& tool : controller.annotation()->tools())
-        controller.annotation()->setTool(tool.toMap().value(QStringLiteral("id")).toString());
-    runEventsFor(60);
-    controller.enterCrop();
-    runEventsFor(60);
-    CropPanel& crop = *controller.crop();
-    const double scale = crop.frame().width() / 640;
-    crop.beginDrag();
-    crop.dragHandle(7, QPointF(-100, -50) * scale);
-    runEventsFor(60);
-    crop.apply();
-    EXPECT_EQ(controller.pictureSize(), QStringLiteral("540 × 350"));
-    controller.pickColorByButton(false);
-    runEventsFor(60);
-    controller.colors()->movePointer({20, 20});
-    runEventsFor(60);
-    controller.colors()->pick({20, 20}, false);
-    EXPECT_EQ(controller.annotation()->tool().value(QStringLiteral("color")).value<QColor>(), QColor(Qt::white));
-    controller.setShortcutOverlayVisible(true);
-    runEventsFor(200);
-    controller.setShortcutOverlayVisible(false);
-    view->resize(900, 600);
-    runEventsFor(60);
+    tour.openSheets();
+    tour.annotate();
+    tour.crop();
+    tour.pickColour();
+    window.controller().setShortcutOverlayVisible(true);
+    tour.look(200);
+    window.controller().setShortcutOverlayVisible(false);
+    tour.view->resize(900, 600);
+    tour.look();
     EXPECT_EQ(warnings.list.join(u'\n').toStdString(), std::string());
+    EXPECT_EQ(tour.unseenFiles().join(u' ').toStdString(),
+              "Caption.qml Lazy.qml Separator.qml StyleSlider.qml Theme.qml");
+}
+
+TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
+    EditorWindow window(services(), QStringLiteral("shot"));
+    window.open(picture({640, 400}));
+    EditorController& controller = window.controller();
+    Refusals refusals(controller);
+    const QTemporaryDir folder;
+    QFile rubbish(folder.filePath(QStringLiteral("rubbish.png")));
+    ASSERT_TRUE(rubbish.open(QIODevice::WriteOnly));
+    rubbish.write("no picture");
+    rubbish.close();
+    const QUrl file = QUrl::fromLocalFile(rubbish.fileName());
+    const QVariantMap style = controller.style();
+    const qint64 picture = controller.editor().screenshot().bitmap().cacheKey();
+    controller.openFile(file);
+    controller.openFile(QUrl::fromLocalFile(folder.filePath(QStringLiteral("none.png"))));
+    controller.openData("no picture either");
+    controller.refuseDrop();
+    controller.setBackdropImage(file);
+    controller.watermark()->setPicture(file);
+    controller.watermark()->savePreset(QStringLiteral(" "));
+    controller.themes()->save(QStringLiteral("Mine"));
+    controller.themes()->save(QStringLiteral("Mine"));
+    runEventsFor(200);
+    EXPECT_EQ(refusals.texts.size(), 8) << refusals.texts.join(u'\n').toStdString();
+    EXPECT_EQ(refusals.texts.count(QString()), 0);
+    EXPECT_EQ(controller.style(), style);
+    EXPECT_EQ(controller.editor().screenshot().bitmap().cacheKey(), picture);
+    EXPECT_EQ(controller.themes()->nameProblem(QStringLiteral(" Mine ")),
+              QStringLiteral("A theme with this name already exists"));
+
+    const std::pair<const char*, const char*> ratios[] = {
+        {"0", "1"}, {"1", "0"}, {"-3", "2"}, {"", "2"}, {"x", "2"}, {"1e9", "1"}, {"nan", "1"}};
+    for (const auto& [width, height] : ratios) {
+        EXPECT_FALSE(controller
+                         .setCustomAspect(QString::fromLatin1(width), QString::fromLatin1(height))
+                         .isEmpty())
+            << width << ':' << height;
+    }
+    EXPECT_EQ(controller.aspectName(), QStringLiteral("Auto"));
+    EXPECT_EQ(controller.setCustomAspect(QStringLiteral("16"), QStringLiteral("9")), QString());
+    EXPECT_EQ(controller.aspectName(), QStringLiteral("1.78:1 (Landscape)"));
 }
 
 // The pointer goes the whole way: through the window's events to a record and onto the screen.

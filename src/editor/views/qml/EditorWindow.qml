@@ -56,18 +56,22 @@ Window {
     }
     Lazy {
         id: enhancement
+        objectName: "enhancement"
         sourceComponent: EnhancementSheet { controller: window.controller }
     }
     Lazy {
         id: exporting
+        objectName: "exporting"
         sourceComponent: ExportSheet { controller: window.controller }
     }
     Lazy {
         id: resetting
+        objectName: "resetting"
         sourceComponent: ResetSheet { controller: window.controller }
     }
     Lazy {
         id: naming
+        objectName: "naming"
         sourceComponent: ThemeNaming { controller: window.controller }
     }
     ShortcutOverlay { controller: window.controller }

@@ -1,0 +1,102 @@
+#include "EditorFixture.h"
+#include "editor/output/ExportOptions.h"
+
+#include <QTemporaryDir>
+
+namespace kestrio {
+namespace {
+
+struct ExportSheet : EditorFixture {
+    QTemporaryDir folder;
+    std::unique_ptr<ExportOptions> options;
+
+    void SetUp() override {
+        AppSettings settings;
+        settings.defaultSavePath = folder.path();
+        settings.defaultExportFormat = ExportFormat::jpeg;
+        settings.fileNamingPattern = QStringLiteral("shot_{sequence}");
+        AppSettingsService(defaults).save(settings);
+        editor->loadCapture(picture());
+        options = std::make_unique<ExportOptions>(*editor, services());
+    }
+
+    void exportTo(const QString& name) {
+        options->exportPicture();
+        dialogs->answer(folder.filePath(name));
+        settle();
+    }
+
+    static void settle() {
+        for (int i = 0; i < 20; ++i)
+            QCoreApplication::processEvents();
+    }
+};
+
+TEST_F(ExportSheet, AsksInTheUsersWayAndTellsWhereThePictureWent) {
+    EXPECT_EQ(options->selectedFormat(), ExportFormat::jpeg);
+    options->set_selectedFormat(ExportFormat::webp);
+    options->exportPicture();
+    options->exportPicture();
+    ASSERT_EQ(dialogs->saveRequests.size(), 1u) << "one question at a time";
+    EXPECT_EQ(dialogs->saveRequests[0].folder, folder.path());
+    EXPECT_EQ(dialogs->saveRequests[0].suggestedName, QStringLiteral("shot_001.webp"));
+    EXPECT_EQ(options->state(), ExportState::idle);
+    const QString path = folder.filePath(QStringLiteral("mine.webp"));
+    dialogs->answer(path);
+    settle();
+    EXPECT_EQ(options->state(), ExportState::success);
+    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+    options->reveal();
+    EXPECT_EQ(reveal->revealed, QStringList{path});
+    options->restart();
+    EXPECT_EQ(options->state(), ExportState::idle);
+}
+
+TEST_F(ExportSheet, ADismissedQuestionAndACancelledExportEndIdle) {
+    options->exportPicture();
+    dialogs->dismiss();
+    settle();
+    EXPECT_EQ(options->state(), ExportState::idle);
+
+    renderer->saveFailure = ExportError::userCancelled();
+    exportTo(QStringLiteral("a.jpeg"));
+    EXPECT_EQ(options->state(), ExportState::idle);
+    EXPECT_EQ(options->errorMessage(), QString());
+    EXPECT_FALSE(editor->isExporting());
+}
+
+TEST_F(ExportSheet, AFailureIsToldAndTheNextTrySucceeds) {
+    const QString path = folder.filePath(QStringLiteral("a.jpeg"));
+    renderer->saveFailure = ExportError::fileWriteFailed(path, QStringLiteral("No space left"));
+    exportTo(QStringLiteral("a.jpeg"));
+    EXPECT_EQ(options->state(), ExportState::failure);
+    EXPECT_EQ(options->errorMessage(),
+              QStringLiteral("Failed to write file: %1 (No space left)").arg(path));
+    renderer->saveFailure.reset();
+    exportTo(QStringLiteral("a.jpeg"));
+    EXPECT_EQ(options->state(), ExportState::success);
+    EXPECT_EQ(options->errorMessage(), QString());
+}
+
+TEST_F(ExportSheet, ABusySheetTakesNoOtherExportAndMayGoMeanwhile) {
+    renderer->gate.emplace();
+    exportTo(QStringLiteral("a.jpeg"));
+    EXPECT_EQ(options->state(), ExportState::exporting);
+    options->exportPicture();
+    options->restart();
+    EXPECT_EQ(options->state(), ExportState::exporting);
+    EXPECT_EQ(dialogs->saveRequests.size(), 1u);
+    options.reset();
+    renderer->gate->succeed();
+    settle();
+    EXPECT_FALSE(editor->isExporting());
+}
+
+TEST_F(ExportSheet, AFolderThatIsGoneIsReplacedByHome) {
+    ASSERT_TRUE(folder.remove());
+    options->exportPicture();
+    EXPECT_EQ(dialogs->saveRequests.at(0).folder, QDir::homePath());
+}
+
+}  // namespace
+}  // namespace kestrio
