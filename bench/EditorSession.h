@@ -65,21 +65,7 @@ inline std::vector<AnyAnnotation> mixedAnnotations(int count) {
 }
 
 inline EditorServices services(const std::shared_ptr<UserDefaults>& defaults) {
-    const PlatformServices platform = makePlatformServices();
-    const auto mark = std::make_shared<WatermarkService>(defaults);
-    EditorServices all;
-    all.imageRenderer = std::make_shared<ImageRendererService>(mark, platform.pasteboard);
-    all.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
-    all.watermark = mark;
-    all.enhancement = std::make_shared<AIEnhancementService>();
-    all.userDefaults = defaults;
-    all.pasteboard = platform.pasteboard;
-    all.memoryPressure = platform.memoryPressure;
-    all.settings = std::make_shared<AppSettingsService>(defaults);
-    all.fileDialogs = platform.fileDialogs;
-    all.fileReveal = platform.fileReveal;
-    all.appearance = platform.appearance;
-    return all;
+    return makeEditorServices(makePlatformServices(), defaults);
 }
 
 /// One editor on the document and what a user does with it. Each step prints its figures.

@@ -6,7 +6,6 @@
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/text/SystemFont.h"
 #include "platform/PlatformServices.h"
-#include "render/ImageRendererService.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -33,24 +32,6 @@ OpenedPicture openedPicture(const QStringList& inputs, double density,
         throw UsageError(localised("there is no picture on the clipboard; name a file to edit"));
     }
     return {Image(pasted, density), localised("Clipboard")};
-}
-
-EditorServices editorServices(const PlatformServices& platform,
-                              const std::shared_ptr<UserDefaults>& defaults) {
-    EditorServices services;
-    services.watermark = std::make_shared<WatermarkService>(defaults);
-    services.imageRenderer =
-        std::make_shared<ImageRendererService>(services.watermark, platform.pasteboard);
-    services.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
-    services.enhancement = std::make_shared<AIEnhancementService>();
-    services.userDefaults = defaults;
-    services.pasteboard = platform.pasteboard;
-    services.memoryPressure = platform.memoryPressure;
-    services.settings = std::make_shared<AppSettingsService>(defaults);
-    services.fileDialogs = platform.fileDialogs;
-    services.fileReveal = platform.fileReveal;
-    services.appearance = platform.appearance;
-    return services;
 }
 
 void addEditOptions(QCommandLineParser& parser) {
@@ -92,7 +73,7 @@ ExitStatus runEdit(const QStringList& arguments) {
     const PlatformServices platform = makePlatformServices();
     OpenedPicture picture =
         openedPicture(parser.positionalArguments(), densityOption(parser), platform);
-    EditorWindow window(editorServices(platform, std::make_shared<IniUserDefaults>(
+    EditorWindow window(makeEditorServices(platform, std::make_shared<IniUserDefaults>(
                                                      IniUserDefaults::standardPath())),
                         picture.name);
     window.open(picture.image);

@@ -2,37 +2,16 @@
 
 #include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/history/HistoryManager.h"
+#include "editor/document/EditorServices.h"
 #include "editor/document/EditorState.h"
 #include "library/color/ColorPickerViewModel.h"
-#include "platform/Appearance.h"
-#include "platform/FileDialogs.h"
-#include "platform/FileReveal.h"
-#include "render/ImageRendererService.h"
-#include "render/enhance/AIEnhancementService.h"
-#include "render/stores/EditorStylePersistenceService.h"
 #include "render/style/Theme.h"
 #include "render/watermark/WatermarkViewModel.h"
-#include "settings/AppSettingsService.h"
 
 #include <QTimer>
 #include <memory>
 
 namespace kestrio {
-
-/// What an editor works with.
-struct EditorServices {
-    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
-    std::shared_ptr<EditorStylePersistenceServiceProtocol> stylePersistence;
-    std::shared_ptr<WatermarkServiceProtocol> watermark;
-    std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
-    std::shared_ptr<UserDefaults> userDefaults;
-    std::shared_ptr<Pasteboard> pasteboard;
-    std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null
-    std::shared_ptr<AppSettingsServiceProtocol> settings;
-    std::shared_ptr<FileDialogs> fileDialogs;
-    std::shared_ptr<FileReveal> fileReveal;
-    std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
-};
 
 /// The sections of the panel beside the canvas.
 enum class RightPanelSection { backdrop, frame, mockup, colors, watermark };

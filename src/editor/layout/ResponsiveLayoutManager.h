@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/EnumTable.h"
 #include "core/Published.h"
 
 #include <QObject>
@@ -8,6 +9,15 @@ namespace kestrio {
 
 /// How much of the panel beside the canvas there is room for.
 enum class LayoutMode { full, compact, minimal };
+
+inline constexpr EnumTable<LayoutMode, 3> layoutModes = {{
+    {LayoutMode::full, "full"},
+    {LayoutMode::compact, "compact"},
+    {LayoutMode::minimal, "minimal"},
+}};
+constexpr const auto& enumTable(LayoutMode) {
+    return layoutModes;
+}
 
 /// Tells the panel's views which of them fit. Sizes are in points. Main thread.
 class ResponsiveLayoutManager : public QObject {

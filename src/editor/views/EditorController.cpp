@@ -91,6 +91,8 @@ void EditorController::connectDocument() {
             &EditorController::styleChanged);
     connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
             &EditorController::modeChanged);
+    connect(&layout_, &ResponsiveLayoutManager::currentModeChanged, this,
+            &EditorController::panelsChanged);
     const auto refreshLater = [this] { thumbnailTimer_.start(); };
     connect(this, &EditorController::styleChanged, this, refreshLater);
     connect(&themes_, &ThemePanel::themesChanged, this, refreshLater);

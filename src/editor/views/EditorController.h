@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/keyboard/AnnotationKeyboardHandler.h"
+#include "editor/layout/ResponsiveLayoutManager.h"
 #include "editor/views/AnnotationPanel.h"
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CropPanel.h"
@@ -31,6 +32,8 @@ class EditorController : public QObject {
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
     Q_PROPERTY(bool isCropMode READ isCropMode NOTIFY modeChanged)
     Q_PROPERTY(QString openPanel READ openPanel NOTIFY panelsChanged)
+    /// "full", "compact" or "minimal", by the right panel's width.
+    Q_PROPERTY(QString panelMode READ panelMode NOTIFY panelsChanged)
     Q_PROPERTY(bool isPanelShown READ isPanelShown WRITE setPanelShown NOTIFY panelsChanged)
     Q_PROPERTY(bool isShortcutOverlayVisible READ isShortcutOverlayVisible WRITE
                    setShortcutOverlayVisible NOTIFY panelsChanged)
@@ -80,6 +83,7 @@ class EditorController : public QObject {
     bool isCropMode() const { return editor_.isCropMode(); }
     /// The unfolded section of the right panel; empty where none is.
     QString openPanel() const;
+    QString panelMode() const { return rawString(layout_.currentMode()); }
     bool isPanelShown() const { return editor_.isRightPanelExpanded(); }
     void setPanelShown(bool isShown) { editor_.set_isRightPanelExpanded(isShown); }
     bool isShortcutOverlayVisible() const { return editor_.isShortcutOverlayVisible(); }
@@ -113,6 +117,8 @@ class EditorController : public QObject {
     Q_INVOKABLE void setAspect(const QString& name, double ratio);
     /// A ratio of two typed numbers; what is wrong with them, and empty where it was taken.
     Q_INVOKABLE QString setCustomAspect(const QString& width, const QString& height);
+    /// Tells the right panel's size, in points.
+    Q_INVOKABLE void updatePanel(double width, double height) { layout_.update(width, height); }
     Q_INVOKABLE void togglePanel(const QString& section);
 
     Q_INVOKABLE void toggleAnnotations() { editor_.toggleAnnotationMode(); }
@@ -167,6 +173,7 @@ class EditorController : public QObject {
     EditorServices services_;
     QString name_;
     EditorViewModel editor_;
+    ResponsiveLayoutManager layout_;
     ShortcutHintManager hints_;
     AnnotationKeyboardHandler keyboard_;
     AnnotationPanel annotation_;

@@ -4,4 +4,5 @@ Text {
     font.pixelSize: Theme.captionSize
     font.weight: Font.Medium
     color: Theme.secondaryText
+    elide: Text.ElideRight
 }

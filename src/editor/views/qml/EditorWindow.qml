@@ -5,6 +5,7 @@ import Kestrio.Editor
 Window {
     id: window
     required property EditorController controller
+    property real panelWidth: 288
 
     width: 1200
     height: 800
@@ -43,9 +44,10 @@ Window {
             }
             RightPanel {
                 Layout.fillHeight: true
-                Layout.preferredWidth: window.controller.isPanelShown ? 288 : 0
+                Layout.preferredWidth: window.controller.isPanelShown ? window.panelWidth : 0
                 visible: Layout.preferredWidth > 0
                 controller: window.controller
+                onWidened: by => window.panelWidth = Math.max(190, Math.min(420, window.panelWidth + by))
             }
         }
         ThemeStrip {

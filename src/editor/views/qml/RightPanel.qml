@@ -8,6 +8,10 @@ Rectangle {
     objectName: "rightPanel"
     required property EditorController controller
     color: Theme.surface
+    onWidthChanged: controller.updatePanel(width, height)
+    onHeightChanged: controller.updatePanel(width, height)
+    // The edge beside the canvas was dragged this far to the left, in points.
+    signal widened(real by)
 
     Rectangle {
         width: 1
@@ -60,5 +64,13 @@ Rectangle {
                 WatermarkSection { controller: panel.controller }
             }
         }
+    }
+    MouseArea {
+        property real start
+        width: 6
+        height: parent.height
+        cursorShape: Qt.SplitHCursor
+        onPressed: mouse => start = mouse.x
+        onPositionChanged: mouse => panel.widened(start - mouse.x)
     }
 }

@@ -16,10 +16,12 @@ Item {
     signal chosen(string id)
 
     property int columns: 4
+    readonly property int shownColumns: Math.max(2, columns
+        - (controller.panelMode === "full" ? 0 : controller.panelMode === "compact" ? 1 : 2))
     readonly property int spacing: 6
-    readonly property int rowCount: Math.ceil(rows.length / columns)
+    readonly property int rowCount: Math.ceil(rows.length / shownColumns)
     implicitHeight: Math.max(0, rowCount * (tileHeight + spacing) - spacing)
-    readonly property real tileWidth: (width - (columns - 1) * spacing) / columns
+    readonly property real tileWidth: (width - (shownColumns - 1) * spacing) / shownColumns
 
     Repeater {
         model: grid.rows
@@ -28,8 +30,8 @@ Item {
             required property var modelData
             required property int index
             readonly property bool isCurrent: modelData.id === grid.current
-            x: (index % grid.columns) * (grid.tileWidth + grid.spacing)
-            y: Math.floor(index / grid.columns) * (grid.tileHeight + grid.spacing)
+            x: (index % grid.shownColumns) * (grid.tileWidth + grid.spacing)
+            y: Math.floor(index / grid.shownColumns) * (grid.tileHeight + grid.spacing)
             width: grid.tileWidth
             height: grid.tileHeight
             focusPolicy: Qt.TabFocus

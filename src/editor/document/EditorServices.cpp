@@ -1,0 +1,23 @@
+#include "editor/document/EditorServices.h"
+
+namespace kestrio {
+
+EditorServices makeEditorServices(const PlatformServices& platform,
+                                  std::shared_ptr<UserDefaults> userDefaults) {
+    EditorServices services;
+    services.watermark = std::make_shared<WatermarkService>(userDefaults);
+    services.imageRenderer =
+        std::make_shared<ImageRendererService>(services.watermark, platform.pasteboard);
+    services.stylePersistence = std::make_shared<EditorStylePersistenceService>(userDefaults);
+    services.enhancement = std::make_shared<AIEnhancementService>();
+    services.settings = std::make_shared<AppSettingsService>(userDefaults);
+    services.userDefaults = std::move(userDefaults);
+    services.pasteboard = platform.pasteboard;
+    services.memoryPressure = platform.memoryPressure;
+    services.fileDialogs = platform.fileDialogs;
+    services.fileReveal = platform.fileReveal;
+    services.appearance = platform.appearance;
+    return services;
+}
+
+}  // namespace kestrio

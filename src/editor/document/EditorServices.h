@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/PlatformServices.h"
+#include "render/ImageRendererService.h"
+#include "render/enhance/AIEnhancementService.h"
+#include "render/stores/EditorStylePersistenceService.h"
+#include "settings/AppSettingsService.h"
+
+namespace kestrio {
+
+/// What an editor works with.
+struct EditorServices {
+    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
+    std::shared_ptr<EditorStylePersistenceServiceProtocol> stylePersistence;
+    std::shared_ptr<WatermarkServiceProtocol> watermark;
+    std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
+    std::shared_ptr<UserDefaults> userDefaults;
+    std::shared_ptr<Pasteboard> pasteboard;
+    std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null
+    std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<FileDialogs> fileDialogs;
+    std::shared_ptr<FileReveal> fileReveal;
+    std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
+};
+
+/// The real ones, on a desktop's services and the user's settings.
+EditorServices makeEditorServices(const PlatformServices& platform,
+                                  std::shared_ptr<UserDefaults> userDefaults);
+
+}  // namespace kestrio
