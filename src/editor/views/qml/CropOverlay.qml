@@ -30,10 +30,16 @@ Item {
             Rectangle {
                 required property int index
                 x: parent.width * (index + 1) / 3
-                width: 2
+                width: 1
                 height: parent.height
-                color: "#66ffffff"
-                border.color: "#33000000"
+                color: "#aaffffff"
+                // Seen on light pictures.
+                Rectangle {
+                    x: 1
+                    width: 1
+                    height: parent.height
+                    color: "#30000000"
+                }
             }
         }
         Repeater {
@@ -41,10 +47,15 @@ Item {
             Rectangle {
                 required property int index
                 y: parent.height * (index + 1) / 3
-                height: 2
+                height: 1
                 width: parent.width
-                color: "#66ffffff"
-                border.color: "#33000000"
+                color: "#aaffffff"
+                Rectangle {
+                    y: 1
+                    width: parent.width
+                    height: 1
+                    color: "#30000000"
+                }
             }
         }
         DragHandler {
