@@ -96,6 +96,8 @@ TEST_F(ExportSheet, AFolderThatIsGoneIsReplacedByHome) {
     ASSERT_TRUE(folder.remove());
     options->exportPicture();
     EXPECT_EQ(dialogs->saveRequests.at(0).folder, QDir::homePath());
+    dialogs->dismiss();
+    settle();
 }
 
 }  // namespace

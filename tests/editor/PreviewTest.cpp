@@ -110,8 +110,12 @@ TEST_F(PreviewTest, ABlurThatMovesIsLeftToItsPlaceholderUntilItRests) {
     EXPECT_EQ(pending.front().bounds, moving.bounds.translated(40, 10));
     expectShownIsExported("at rest, still held");
     annotations.endDrag();
-    expectShownIsExported("let go");
+    QElapsedTimer timer;
+    timer.start();
+    while (!preview.pendingBlurs().empty() && timer.elapsed() < 5000)
+        runEventsFor(20);
     EXPECT_TRUE(preview.pendingBlurs().empty());
+    expectShownIsExported("let go");
 }
 
 }  // namespace
