@@ -5,7 +5,8 @@ import QtQuick.Controls.Basic as Basic
 Basic.AbstractButton {
     id: chip
     property bool isCurrent: false
-    implicitHeight: 26
+    // Whole pixels at scale factors of 1.25 and 1.5 too, radius included: others show seams.
+    implicitHeight: 24
     implicitWidth: label.implicitWidth + 18
     focusPolicy: Qt.TabFocus
     Accessible.name: text

@@ -30,7 +30,7 @@ Grid {
             contentItem: Item {
                 Rectangle {
                     anchors.centerIn: parent
-                    width: place.isCurrent ? 12 : 6
+                    width: place.isCurrent ? 12 : 8
                     height: width
                     radius: width / 2
                     color: place.isCurrent ? Theme.accent : Theme.secondaryText

@@ -29,7 +29,7 @@ Row {
             contentItem: Item {
                 Rectangle {
                     anchors.centerIn: parent
-                    width: 5 + 3 * stroke.index
+                    width: 4 + 4 * stroke.index
                     height: width
                     radius: width / 2
                     color: Theme.text
