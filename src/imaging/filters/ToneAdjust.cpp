@@ -6,6 +6,7 @@
 
 #include "core/Simd.h"
 #include "imaging/filters/EachRow.h"
+#include "imaging/filters/LumaDistance.h"
 
 namespace kestrio {
 
@@ -31,22 +32,11 @@ KESTRIO_SIMD void mapRow(std::uint32_t* pixels, int count, float slope, float of
 
 KESTRIO_SIMD void vibrateRow(std::uint32_t* pixels, int count, float amount) {
     for (int x = 0; x < count; ++x) {
-        const std::uint32_t pixel = pixels[x];
-        const float alpha = static_cast<std::int32_t>(pixel >> 24);
-        const float red = static_cast<std::int32_t>(pixel >> 16 & 255u);
-        const float green = static_cast<std::int32_t>(pixel >> 8 & 255u);
-        const float blue = static_cast<std::int32_t>(pixel & 255u);
-        const float luma = red * 0.2125f + green * 0.7154f + blue * 0.0721f;
-        const float span =
-            std::max(std::max(red, green), blue) - std::min(std::min(red, green), blue);
-        const float factor = 1.0f + amount * (1.0f - span / std::max(alpha, 1.0f));
-        const auto adjusted = [&](float channel) {
-            const float moved = luma + (channel - luma) * factor;
-            const float inRange = std::min(std::max(moved, 0.0f), alpha);
-            return static_cast<std::uint32_t>(static_cast<std::int32_t>(inRange + 0.5f));
-        };
-        pixels[x] =
-            (pixel & 0xff000000u) | adjusted(red) << 16 | adjusted(green) << 8 | adjusted(blue);
+        const LumaPixel pixel(pixels[x]);
+        const float span = std::max(std::max(pixel.red, pixel.green), pixel.blue) -
+                           std::min(std::min(pixel.red, pixel.green), pixel.blue);
+        const float grey = 1.0f - span / std::max(pixel.alpha, 1.0f);
+        pixels[x] = pixel.stretched(1.0f + amount * grey);
     }
 }
 
