@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QImage>
-#include <QString>
+#include <QStringList>
 
 namespace kestrio {
 
@@ -18,6 +18,8 @@ class Pasteboard {
     virtual bool writeImage(const QImage& image, const QByteArray& png) = 0;
     /// The picture on it; null where there is none.
     virtual QImage readImage() const = 0;
+    /// The local files on it, by absolute path; empty where there are none.
+    virtual QStringList readFiles() const = 0;
     /// Puts a text on it as the only content; false where the desktop refuses.
     virtual bool writeText(const QString& text) = 0;
     /// The text on it; empty where there is none.

@@ -1,10 +1,19 @@
 #pragma once
 
+#include "platform/Alerts.h"
 #include "platform/Appearance.h"
+#include "platform/Displays.h"
 #include "platform/FileDialogs.h"
 #include "platform/FileReveal.h"
+#include "platform/GlobalHotkeys.h"
+#include "platform/LoginItem.h"
 #include "platform/MemoryPressure.h"
 #include "platform/Pasteboard.h"
+#include "platform/ScreenGrabber.h"
+#include "platform/ScreenPermission.h"
+#include "platform/Sounds.h"
+#include "platform/StatusItem.h"
+#include "platform/WindowList.h"
 
 #include <memory>
 
@@ -17,6 +26,15 @@ struct PlatformServices {
     std::shared_ptr<FileDialogs> fileDialogs;
     std::shared_ptr<FileReveal> fileReveal;
     std::shared_ptr<Appearance> appearance;
+    std::shared_ptr<Displays> displays;
+    std::shared_ptr<ScreenGrabber> screenGrabber;
+    std::shared_ptr<WindowList> windowList;
+    std::shared_ptr<ScreenPermission> screenPermission;
+    std::shared_ptr<GlobalHotkeys> globalHotkeys;
+    std::shared_ptr<StatusItem> statusItem;
+    std::shared_ptr<Alerts> alerts;
+    std::shared_ptr<LoginItem> loginItem;
+    std::shared_ptr<Sounds> sounds;
 };
 
 /// The services of the desktop that the program runs on. Needs a QApplication.

@@ -16,21 +16,32 @@ class MemoryPasteboard : public Pasteboard {
         ++clearCount;
         image_ = {};
         text_.clear();
+        files_.clear();
     }
 
     bool writeImage(const QImage& image, const QByteArray&) override {
         if (refusesImages || image.isNull()) return false;
         image_ = image;
         text_.clear();
+        files_.clear();
         return true;
     }
 
     QImage readImage() const override { return image_; }
 
+    /// As if another program had copied files.
+    void setFiles(const QStringList& paths) {
+        clearContents();
+        files_ = paths;
+    }
+
+    QStringList readFiles() const override { return files_; }
+
     bool writeText(const QString& text) override {
         if (refusesText) return false;
         text_ = text;
         image_ = {};
+        files_.clear();
         return true;
     }
 
@@ -39,6 +50,7 @@ class MemoryPasteboard : public Pasteboard {
   private:
     QImage image_;
     QString text_;
+    QStringList files_;
 };
 
 }  // namespace kestrio

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QUrl>
 
 namespace kestrio {
 
@@ -24,6 +25,15 @@ bool QtPasteboard::writeImage(const QImage& image, const QByteArray& png) {
 
 QImage QtPasteboard::readImage() const {
     return QGuiApplication::clipboard()->image();
+}
+
+QStringList QtPasteboard::readFiles() const {
+    QStringList paths;
+    const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+    if (!content) return paths;
+    for (const QUrl& url : content->urls())
+        if (url.isLocalFile()) paths << url.toLocalFile();
+    return paths;
 }
 
 bool QtPasteboard::writeText(const QString& text) {

@@ -10,6 +10,7 @@ class QtPasteboard : public Pasteboard {
     void clearContents() override;
     bool writeImage(const QImage& image, const QByteArray& png) override;
     QImage readImage() const override;
+    QStringList readFiles() const override;
     bool writeText(const QString& text) override;
     QString readText() const override;
 };

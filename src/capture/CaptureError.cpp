@@ -1,0 +1,40 @@
+#include "capture/CaptureError.h"
+
+#include "core/Cancelled.h"
+#include "core/Localisation.h"
+
+namespace kestrio {
+
+CaptureError CaptureError::systemError(QString reason) {
+    CaptureError error(Case::systemError);
+    error.reason_ = std::move(reason);
+    return error;
+}
+
+CaptureError CaptureError::from(const std::exception& error) {
+    if (const auto* own = dynamic_cast<const CaptureError*>(&error)) return *own;
+    if (dynamic_cast<const Cancelled*>(&error)) return CaptureError(Case::cancelled);
+    return systemError(describeFailure(error));
+}
+
+QString CaptureError::errorDescription() const {
+    switch (which_) {
+        case Case::systemError:
+            return localised("System error: ") + reason_;
+        case Case::permissionDenied:
+            return localised(
+                "Screen recording permission denied. Please allow Kestrio in System Settings > "
+                "Privacy & Security > Screen Recording.");
+        case Case::captureTimeout:
+            return localised("Capture timed out. Please try again.");
+        case Case::invalidRegion:
+            return localised("Invalid region selected");
+        case Case::windowNotFound:
+            return localised("Target window not found");
+        case Case::cancelled:
+            return localised("Capture cancelled");
+    }
+    return {};
+}
+
+}  // namespace kestrio

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "annotation/editing/AnnotationTool.h"
+#include "annotation/model/AnyAnnotation.h"
+#include "capture/CaptureAction.h"
+#include "core/Task.h"
+#include "imaging/CapturedImage.h"
+
+#include <optional>
+#include <vector>
+
+namespace kestrio {
+
+/// What a region capture yields.
+struct RegionCaptureOutcome {
+    CapturedImage capturedImage;
+    std::vector<AnyAnnotation> annotations;
+    CaptureAction action = CaptureAction::edit;
+    std::optional<AnnotationTool> initialTool;
+};
+
+/// Lets the user choose what to capture and captures it. Main thread only. Both throw CaptureError;
+/// a stop ends the choice with CaptureError::cancelled.
+class ScreenCaptureServiceProtocol {
+  public:
+    virtual ~ScreenCaptureServiceProtocol() = default;
+
+    virtual Task<RegionCaptureOutcome> startRegionCapture(std::stop_token stop = {}) = 0;
+    virtual Task<CapturedImage> startWindowCapture(std::stop_token stop = {}) = 0;
+    /// The whole display under the pointer, without asking.
+    virtual Task<CapturedImage> captureDisplay(std::stop_token stop = {}) = 0;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <Qt>
+#include <optional>
+
+class QKeyEvent;
+
+namespace kestrio {
+
+/// A key with modifiers as settings files hold it on every platform: a virtual key code of the Mac
+/// keyboard (0 is A) and the mask of its modifiers.
+struct KeyCombination {
+    static constexpr int command = 0x100;
+    static constexpr int shift = 0x200;
+    static constexpr int option = 0x800;
+    static constexpr int control = 0x1000;
+
+    int keyCode = 0;
+    int modifiers = 0;
+
+    bool operator==(const KeyCombination&) const = default;
+};
+
+/// The key that a virtual key code stands for on the US keyboard, unshifted; none for codes that are
+/// not in the table.
+std::optional<Qt::Key> qtKey(int virtualKeyCode);
+/// The reverse.
+std::optional<int> virtualKeyCode(Qt::Key key);
+
+/// ⌃ is Control, ⌥ Alt, ⇧ Shift and ⌘ Super here.
+Qt::KeyboardModifiers qtModifiers(int modifiers);
+int modifierMask(Qt::KeyboardModifiers modifiers);
+
+/// What a press of a key would be as a hotkey: the key as it is without modifiers, so that shifted
+/// digits and keys of other layouts keep their code. None for keys without a virtual key code, such
+/// as the modifiers themselves.
+std::optional<KeyCombination> combinationOf(const QKeyEvent& event);
+
+}  // namespace kestrio
