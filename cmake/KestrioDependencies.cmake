@@ -10,6 +10,8 @@ pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET zlib)
 pkg_check_modules(DEFLATE REQUIRED IMPORTED_TARGET libdeflate)
 pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp libwebpdemux)
 pkg_check_modules(JPEG REQUIRED IMPORTED_TARGET libjpeg)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-composite xcb-damage xcb-randr xcb-shape xcb-shm)
+pkg_check_modules(CANBERRA REQUIRED IMPORTED_TARGET libcanberra)
 
 if(NOT KESTRIO_FUZZ)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Qml Quick)

@@ -2,18 +2,23 @@
 #include "platform/linux/DBusFileReveal.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PsiMemoryPressure.h"
+#include "platform/linux/QtDisplays.h"
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
+#include "platform/linux/x11/X11ScreenGrabber.h"
 
 namespace kestrio {
 
 PlatformServices makePlatformServices() {
+    const auto xServer = std::make_shared<XcbConnection>();  // opened by the first that asks it
     PlatformServices services;
     services.pasteboard = makePasteboard();
     services.memoryPressure = std::make_shared<PsiMemoryPressure>();
     services.fileDialogs = std::make_shared<QtFileDialogs>();
     services.fileReveal = std::make_shared<DBusFileReveal>();
     services.appearance = std::make_shared<PortalAppearance>();
+    services.displays = std::make_shared<QtDisplays>(xServer);
+    services.screenGrabber = std::make_shared<X11ScreenGrabber>();
     return services;
 }
 
