@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Qt>
+#include <functional>
 #include <optional>
 
 class QKeyEvent;
@@ -21,8 +22,8 @@ struct KeyCombination {
     bool operator==(const KeyCombination&) const = default;
 };
 
-/// The key that a virtual key code stands for on the US keyboard, unshifted; none for codes that are
-/// not in the table.
+/// The key that a virtual key code stands for on the US keyboard, unshifted; none for codes that
+/// are not in the table.
 std::optional<Qt::Key> qtKey(int virtualKeyCode);
 /// The reverse.
 std::optional<int> virtualKeyCode(Qt::Key key);
@@ -35,5 +36,10 @@ int modifierMask(Qt::KeyboardModifiers modifiers);
 /// digits and keys of other layouts keep their code. None for keys without a virtual key code, such
 /// as the modifiers themselves.
 std::optional<KeyCombination> combinationOf(const QKeyEvent& event);
+
+/// How a platform tells the key of an event without modifiers; none for keys that it does not know.
+/// Without a lookup, or where it has no answer, the event's own key counts as one of a US keyboard.
+using UnshiftedKeyLookup = std::function<std::optional<Qt::Key>(const QKeyEvent&)>;
+void setUnshiftedKeyLookup(UnshiftedKeyLookup lookup);
 
 }  // namespace kestrio
