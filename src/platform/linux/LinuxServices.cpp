@@ -2,10 +2,17 @@
 #include "platform/linux/DBusFileReveal.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PsiMemoryPressure.h"
+#include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtDisplays.h"
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
+#include "platform/linux/QtStatusItem.h"
+#include "platform/linux/ThemeSounds.h"
+#include "platform/linux/XdgLoginItem.h"
+#include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
+#include "platform/linux/x11/X11ScreenPermission.h"
+#include "platform/linux/x11/X11WindowList.h"
 
 namespace kestrio {
 
@@ -19,6 +26,14 @@ PlatformServices makePlatformServices() {
     services.appearance = std::make_shared<PortalAppearance>();
     services.displays = std::make_shared<QtDisplays>(xServer);
     services.screenGrabber = std::make_shared<X11ScreenGrabber>();
+    services.windowList = std::make_shared<X11WindowList>(xServer, services.displays);
+    services.screenPermission = std::make_shared<X11ScreenPermission>(xServer);
+    services.globalHotkeys = std::make_shared<X11GlobalHotkeys>();
+    services.statusItem = std::make_shared<QtStatusItem>();
+    services.alerts = std::make_shared<QtAlerts>();
+    services.loginItem = std::make_shared<XdgLoginItem>();
+    services.sounds = std::make_shared<ThemeSounds>();
+    installX11KeyLookup();
     return services;
 }
 

@@ -1,0 +1,78 @@
+#include "platform/linux/QtAlerts.h"
+
+#include "core/Localisation.h"
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QScopeGuard>
+
+namespace kestrio {
+
+namespace {
+
+QMessageBox::Icon iconOf(AlertStyle style) {
+    switch (style) {
+        case AlertStyle::informational:
+            return QMessageBox::Information;
+        case AlertStyle::warning:
+            return QMessageBox::Warning;
+        case AlertStyle::critical:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox* makeBox(const AlertRequest& request) {
+    auto* box = new QMessageBox;
+    box->setWindowTitle(QStringLiteral("Kestrio"));
+    box->setIcon(iconOf(request.style));
+    box->setTextFormat(Qt::RichText);
+    box->setText(QStringLiteral("<b>") + request.title.toHtmlEscaped() + QStringLiteral("</b>"));
+    box->setInformativeText(request.text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
+    box->setWindowModality(Qt::ApplicationModal);
+    return box;
+}
+
+/// The request's buttons in their order, whatever order the desktop shows them in.
+QList<QAbstractButton*> addButtons(QMessageBox* box, const AlertRequest& request) {
+    const QStringList titles =
+        request.buttons.isEmpty() ? QStringList(localised("OK")) : request.buttons;
+    QList<QAbstractButton*> buttons;
+    for (const QString& title : titles) {
+        const auto role = buttons.isEmpty()                     ? QMessageBox::AcceptRole
+                          : buttons.size() + 1 == titles.size() ? QMessageBox::RejectRole
+                                                                : QMessageBox::DestructiveRole;
+        QPushButton* button = box->addButton(title, role);
+        if (buttons.isEmpty()) box->setDefaultButton(button);
+        box->setEscapeButton(button);
+        buttons << button;
+    }
+    return buttons;
+}
+
+}  // namespace
+
+Task<int> QtAlerts::show(AlertRequest request, std::stop_token stop) {
+    const QPointer box(makeBox(request));
+    const auto cleanup = qScopeGuard([box] {
+        if (!box) return;
+        box->hide();
+        box->deleteLater();
+    });
+    const QList<QAbstractButton*> buttons = addButtons(box, request);
+    const int lastButton = static_cast<int>(buttons.size()) - 1;
+    const Completion<int> done(std::move(stop));
+    QObject::connect(box, &QMessageBox::finished, box, [box, buttons, done, lastButton] {
+        const auto index = buttons.indexOf(box->clickedButton());
+        done.succeed(index < 0 ? lastButton : static_cast<int>(index));
+    });
+    QObject::connect(box, &QObject::destroyed, [done, lastButton] { done.succeed(lastButton); });
+    QObject::connect(&lifetime_, &QObject::destroyed, box, &QDialog::reject);
+    box->show();
+    box->raise();
+    box->activateWindow();
+    co_return co_await done;
+}
+
+}  // namespace kestrio

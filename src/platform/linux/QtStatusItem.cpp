@@ -1,0 +1,88 @@
+#include "platform/linux/QtStatusItem.h"
+
+#include <QCursor>
+#include <QKeySequence>
+#include <QTimer>
+
+namespace kestrio {
+
+namespace {
+
+// A compositing manager may still show the menu in the frame after the one in which it was closed.
+constexpr std::chrono::milliseconds leavingTime{80};
+
+/// The keys as menus show them, in the column of shortcuts.
+QString shortcutText(const KeyCombination& shortcut) {
+    const auto key = qtKey(shortcut.keyCode);
+    if (!key) return {};
+    return QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
+        .toString(QKeySequence::NativeText);
+}
+
+void addEntry(QMenu& menu, const StatusMenuEntry& entry) {
+    if (entry.isSeparator()) {
+        menu.addSeparator();
+        return;
+    }
+    if (!entry.entries.empty()) {
+        QMenu* below = menu.addMenu(entry.title);
+        below->setEnabled(entry.isEnabled);
+        fillMenu(*below, entry.entries);
+        return;
+    }
+    QString text = entry.title;
+    // Text after a tab stands where shortcuts do, without being one.
+    if (entry.shortcut) text += u'\t' + shortcutText(*entry.shortcut);
+    QAction* action = menu.addAction(text);
+    action->setToolTip(entry.toolTip);
+    action->setEnabled(entry.isEnabled);
+    if (!entry.action) return;
+    // In the application's name: the menu's actions are gone if it is built anew meanwhile.
+    QObject::connect(action, &QAction::triggered, qApp,
+                     [run = entry.action] { QTimer::singleShot(leavingTime, qApp, run); });
+}
+
+}  // namespace
+
+void fillMenu(QMenu& menu, const StatusMenu& entries) {
+    menu.setToolTipsVisible(true);
+    for (const StatusMenuEntry& entry : entries)
+        addEntry(menu, entry);
+}
+
+bool QtStatusItem::isAvailable() const {
+    return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+void QtStatusItem::show(const QIcon& icon, const QString& toolTip,
+                        std::function<StatusMenu()> menu) {
+    entries_ = std::move(menu);
+    if (!icon_) {
+        menu_ = std::make_unique<QMenu>();
+        icon_ = std::make_unique<QSystemTrayIcon>();
+        QObject::connect(menu_.get(), &QMenu::aboutToShow, menu_.get(), [this] { rebuild(); });
+        QObject::connect(icon_.get(), &QSystemTrayIcon::activated, menu_.get(),
+                         [this](QSystemTrayIcon::ActivationReason reason) {
+                             if (reason == QSystemTrayIcon::Trigger) menu_->popup(QCursor::pos());
+                         });
+        icon_->setContextMenu(menu_.get());
+    }
+    rebuild();  // a host asks for the entries before it tells that it opens the menu
+    setIcon(icon, toolTip);
+    icon_->show();
+}
+
+void QtStatusItem::setIcon(const QIcon& icon, const QString& toolTip) {
+    if (!icon_) return;
+    icon_->setIcon(icon);
+    icon_->setToolTip(toolTip);
+}
+
+void QtStatusItem::rebuild() {
+    // Submenus belong to the menu and do not go with its actions.
+    qDeleteAll(menu_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    menu_->clear();
+    if (entries_) fillMenu(*menu_, entries_());
+}
+
+}  // namespace kestrio
