@@ -1,6 +1,11 @@
 #include "platform/PlatformServices.h"
 #include "support/MemoryPasteboard.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QUrl>
+
 #include <gtest/gtest.h>
 
 namespace kestrio {
@@ -44,6 +49,24 @@ TEST_P(PasteboardContract, TextsAndPicturesTakeEachOthersPlace) {
     EXPECT_TRUE(pasteboard->readImage().isNull());
     pasteboard->clearContents();
     EXPECT_EQ(pasteboard->readText(), QString());
+}
+
+TEST_P(PasteboardContract, TellsOfLocalFilesOnly) {
+    const auto pasteboard = GetParam().make();
+    const QStringList paths{QStringLiteral("/tmp/a b.png"), QStringLiteral("/tmp/50% \u6f22.png")};
+    if (auto* memory = dynamic_cast<MemoryPasteboard*>(pasteboard.get())) {
+        memory->setFiles(paths);
+    } else {
+        auto* content = new QMimeData;
+        QList<QUrl> urls{QUrl(QStringLiteral("https://example.org/shot.png"))};
+        for (const QString& path : paths)
+            urls << QUrl::fromLocalFile(path);
+        content->setUrls(urls);
+        QGuiApplication::clipboard()->setMimeData(content);
+    }
+    EXPECT_EQ(pasteboard->readFiles(), paths);
+    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("/tmp/a b.png")));
+    EXPECT_EQ(pasteboard->readFiles(), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QProcess>
 #include <QRasterWindow>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 #include <xcb/shape.h>

@@ -51,7 +51,7 @@ ThemeSounds::ThemeSounds() : player_(std::make_unique<Player>()) {}
 ThemeSounds::~ThemeSounds() = default;
 
 void ThemeSounds::play(const QString& name) {
-    // Names of the sound naming specification that every theme has.
+    // Event names that every sound theme has.
     const char* event = name == u"Tink" ? "message" : name == u"Glass" ? "complete" : nullptr;
     if (event) queue_.async([this, event] { player_->play(event); });
 }

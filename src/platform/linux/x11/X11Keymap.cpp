@@ -110,7 +110,7 @@ std::vector<xcb_keycode_t> X11Keymap::keycodesWith(xcb_keysym_t symbol, int firs
 std::vector<xcb_keycode_t> X11Keymap::keycodesOf(Qt::Key key) const {
     const xcb_keysym_t symbol = symbolOf(key);
     // Columns are the two levels of the first group, then of the second, then the rest.
-    for (const auto [first, last] :
+    for (const auto& [first, last] :
          {std::pair(0, 0), std::pair(2, 2), std::pair(0, columns_ - 1)}) {
         auto found = keycodesWith(symbol, first, last);
         if (!found.empty()) return found;

@@ -1,0 +1,155 @@
+#include "core/Cancelled.h"
+#include "platform/Waiting.h"
+#include "platform/linux/QtAlerts.h"
+#include "support/ScriptedAlerts.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace kestrio {
+namespace {
+
+QMessageBox* shownBox() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) return box;
+    return nullptr;
+}
+
+/// A service beside the user who answers.
+struct Desk {
+    virtual ~Desk() = default;
+    virtual std::unique_ptr<Alerts>& alerts() = 0;
+    virtual bool isPending() const = 0;
+    virtual void choose(int button) = 0;
+    virtual void escape() = 0;
+};
+
+struct ScriptedDesk : Desk {
+    ScriptedAlerts* scripted = new ScriptedAlerts;
+    std::unique_ptr<Alerts> service{scripted};
+    std::unique_ptr<Alerts>& alerts() override { return service; }
+    bool isPending() const override { return service && scripted->isPending(); }
+    void choose(int button) override { scripted->answer(button); }
+    void escape() override { scripted->dismiss(); }
+};
+
+struct QtDesk : Desk {
+    std::unique_ptr<Alerts> service = std::make_unique<QtAlerts>();
+    std::unique_ptr<Alerts>& alerts() override { return service; }
+    bool isPending() const override { return shownBox() != nullptr; }
+    void choose(int button) override {
+        const char* titles[] = {"Keep", "Burn", "Cancel"};
+        for (QAbstractButton* each : shownBox()->buttons())
+            if (each->text() == QLatin1StringView(titles[button])) return each->click();
+        if (button == 0) shownBox()->buttons().at(0)->click();
+    }
+    void escape() override { shownBox()->close(); }
+};
+
+struct Candidate {
+    const char* name;
+    std::unique_ptr<Desk> (*make)();
+};
+
+const Candidate candidates[] = {
+    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
+    {"desktop", []() -> std::unique_ptr<Desk> { return std::make_unique<QtDesk>(); }},
+};
+
+struct Outcome {
+    std::optional<int> button;
+    bool isCancelled = false;
+};
+
+Task<> await(Task<int> task, Outcome* outcome) {
+    try {
+        outcome->button = co_await task;
+    } catch (const Cancelled&) {
+        outcome->isCancelled = true;
+    }
+}
+
+class AlertsContract : public testing::TestWithParam<Candidate> {
+  protected:
+    void ask(QStringList buttons, std::stop_token stop = {}) {
+        outcome_ = {};
+        await(desk_->alerts()->show({AlertStyle::critical, QStringLiteral("Burn <it>?"),
+                                     QStringLiteral("There is\nno way back."), std::move(buttons)},
+                                    std::move(stop)),
+              &outcome_);
+        EXPECT_TRUE(waitUntil([this] { return desk_->isPending(); }));
+    }
+
+    std::optional<int> answer() {
+        EXPECT_TRUE(waitUntil([this] { return outcome_.button || outcome_.isCancelled; }));
+        EXPECT_TRUE(waitUntil([] { return !shownBox(); }));
+        return outcome_.button;
+    }
+
+    const QStringList three_{QStringLiteral("Keep"), QStringLiteral("Burn"),
+                             QStringLiteral("Cancel")};
+    std::unique_ptr<Desk> desk_ = GetParam().make();
+    Outcome outcome_;
+};
+
+TEST_P(AlertsContract, TellWhichButtonWasPressed) {
+    for (const int button : {0, 1, 2}) {
+        ask(three_);
+        desk_->choose(button);
+        EXPECT_EQ(answer(), button);
+    }
+    ask(three_);
+    desk_->escape();
+    EXPECT_EQ(answer(), 2);
+    ask({});
+    desk_->choose(0);
+    EXPECT_EQ(answer(), 0);
+    ask({});
+    desk_->escape();
+    EXPECT_EQ(answer(), 0);
+}
+
+TEST_P(AlertsContract, CloseOnAStop) {
+    std::stop_source stop;
+    ask(three_, stop.get_token());
+    stop.request_stop();
+    EXPECT_EQ(answer(), std::nullopt);
+    EXPECT_TRUE(outcome_.isCancelled);
+    EXPECT_FALSE(desk_->isPending());
+}
+
+TEST_P(AlertsContract, GoWithTheService) {
+    ask(three_);
+    desk_->alerts().reset();
+    EXPECT_EQ(answer(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AlertsContract, testing::ValuesIn(candidates),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+TEST(QtAlerts, SayWhatTheyAreAsked) {
+    QtAlerts alerts;
+    Outcome outcome;
+    await(alerts.show({AlertStyle::warning,
+                       QStringLiteral("A < B"),
+                       QStringLiteral("Why & how"),
+                       {QStringLiteral("Yes"), QStringLiteral("No")}},
+                      {}),
+          &outcome);
+    ASSERT_TRUE(waitUntil([] { return shownBox() && shownBox()->isActiveWindow(); }));
+    const QMessageBox* box = shownBox();
+    EXPECT_EQ(box->windowTitle(), QStringLiteral("Kestrio"));
+    EXPECT_EQ(box->text(), QStringLiteral("<b>A &lt; B</b>"));
+    EXPECT_EQ(box->informativeText(), QStringLiteral("Why &amp; how"));
+    EXPECT_EQ(box->icon(), QMessageBox::Warning);
+    EXPECT_EQ(box->windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(box->defaultButton()->text(), QStringLiteral("Yes"));
+    box->defaultButton()->click();
+    EXPECT_TRUE(waitUntil([&] { return outcome.button == 0; }));
+}
+
+}  // namespace
+}  // namespace kestrio
