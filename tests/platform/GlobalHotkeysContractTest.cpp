@@ -90,7 +90,7 @@ const Candidate candidates[] = {
 
 /// Runs the loop so long that what is not to come would have come.
 void runLoopAWhile(int milliseconds = 100) {
-    QTimer::singleShot(milliseconds, &QCoreApplication::quit);
+    QTimer::singleShot(milliseconds, [] { QCoreApplication::exit(); });
     QCoreApplication::exec();
 }
 

@@ -12,9 +12,10 @@ bool waitUntil(Condition holds) {
     const QDeadlineTimer limit(std::chrono::seconds(5));
     bool isMet = holds();
     QTimer poll;
+    // Not quit(), which closes all windows first.
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
         isMet = holds();
-        if (isMet || limit.hasExpired()) QCoreApplication::quit();
+        if (isMet || limit.hasExpired()) QCoreApplication::exit();
     });
     poll.start(std::chrono::milliseconds(2));
     // Not a nested loop: Qt tells of palettes only while the application itself runs.
