@@ -37,22 +37,23 @@ TEST(StatusMenu, ShowsEntriesAndRunsActionsOnceItHasGone) {
     StatusMenu entries(4);
     entries[0] = {QStringLiteral("Shoot"),
                   [&] { isRun = true, wasOpen = shownMenu() != nullptr; },
-                  KeyCombination{0, KeyCombination::control | KeyCombination::shift},
+                  KeyCombination{0, KeyCombination::command | KeyCombination::shift},
                   QStringLiteral("tip"),
                   true,
                   {}};
     entries[2].title = QStringLiteral("More");
     entries[2].entries.resize(1);
     entries[2].entries[0].title = QStringLiteral("Inner");
-    entries[3].title = QStringLiteral("Off");
+    entries[3].title = QStringLiteral("On & off");
     entries[3].isEnabled = false;
     fillMenu(menu, entries);
     const auto actions = menu.actions();
     ASSERT_EQ(actions.size(), 4);
-    EXPECT_EQ(actions[0]->text(), QStringLiteral("Shoot\tCtrl+Shift+A"));
+    EXPECT_EQ(actions[0]->text(), QStringLiteral("Shoot\tSuper+Shift+A"));
     EXPECT_EQ(actions[0]->toolTip(), QStringLiteral("tip"));
     EXPECT_TRUE(actions[1]->isSeparator());
     EXPECT_EQ(actions[2]->menu()->actions().at(0)->text(), QStringLiteral("Inner"));
+    EXPECT_EQ(actions[3]->text(), QStringLiteral("On && off"));
     EXPECT_FALSE(actions[3]->isEnabled());
     menu.popup({10, 10});
     ASSERT_TRUE(waitUntil([] { return shownMenu() != nullptr; }));

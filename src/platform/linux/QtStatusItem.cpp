@@ -15,8 +15,14 @@ constexpr std::chrono::milliseconds leavingTime{80};
 QString shortcutText(const KeyCombination& shortcut) {
     const auto key = qtKey(shortcut.keyCode);
     if (!key) return {};
-    return QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
-        .toString(QKeySequence::NativeText);
+    QString text = QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
+                       .toString(QKeySequence::NativeText);
+    return text.replace(QStringLiteral("Meta"), QStringLiteral("Super"));  // as keyboards call it
+}
+
+/// Menus take an ampersand for the mark of a letter to choose by.
+QString menuText(QString title) {
+    return title.replace(u'&', QStringLiteral("&&"));
 }
 
 void addEntry(QMenu& menu, const StatusMenuEntry& entry) {
@@ -25,12 +31,12 @@ void addEntry(QMenu& menu, const StatusMenuEntry& entry) {
         return;
     }
     if (!entry.entries.empty()) {
-        QMenu* below = menu.addMenu(entry.title);
+        QMenu* below = menu.addMenu(menuText(entry.title));
         below->setEnabled(entry.isEnabled);
         fillMenu(*below, entry.entries);
         return;
     }
-    QString text = entry.title;
+    QString text = menuText(entry.title);
     // Text after a tab stands where shortcuts do, without being one.
     if (entry.shortcut) text += u'\t' + shortcutText(*entry.shortcut);
     QAction* action = menu.addAction(text);
