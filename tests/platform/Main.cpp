@@ -24,6 +24,9 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir configuration;
     qputenv("XDG_CONFIG_HOME", configuration.path().toLocal8Bit());
+    // Tests that need a bus bring their own. What the user's has, such as a tray, is not to be
+    // touched.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     if (QApplication::arguments().contains(QStringLiteral("--tell-displays")))
