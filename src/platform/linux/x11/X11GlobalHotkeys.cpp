@@ -11,7 +11,7 @@ namespace kestrio {
 
 namespace {
 
-constexpr std::chrono::milliseconds releaseInterval{15};
+constexpr std::chrono::milliseconds releaseInterval{10};
 constexpr std::chrono::milliseconds keymapPause{50};
 
 xcb_connection_t* qtConnection() {
@@ -147,6 +147,7 @@ void X11GlobalHotkeys::onPress(const xcb_key_press_event_t& event) {
     xcb_flush(connection_);
     if (event.detail == heldKey_) return;
     heldKey_ = event.detail;
+    isReleased_ = false;
     heldTimer_.start();
     constexpr std::uint16_t allModifiers = 0xff;
     const std::uint16_t modifiers = event.state & allModifiers & ~lockMask_;
@@ -166,7 +167,9 @@ void X11GlobalHotkeys::lookForRelease() {
     constexpr int bitsPerByte = 8;
     const bool isDown =
         reply && (reply->keys[heldKey_ / bitsPerByte] >> (heldKey_ % bitsPerByte) & 1) != 0;
-    if (isDown) return;
+    // The answer may have overtaken repeats that Qt has read and not told yet, so that the key
+    // counts as held until the next look.
+    if (!std::exchange(isReleased_, !isDown) || isDown) return;
     heldKey_ = 0;
     heldTimer_.stop();
 }

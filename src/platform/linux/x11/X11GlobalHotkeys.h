@@ -48,6 +48,7 @@ class X11GlobalHotkeys : public GlobalHotkeys, private QAbstractNativeEventFilte
     std::uint16_t lockMask_ = 0;
     std::map<int, Hotkey> hotkeys_;
     xcb_keycode_t heldKey_ = 0;
+    bool isReleased_ = false;  // it was up when last looked
     QTimer heldTimer_;
     QTimer keymapTimer_;  // a new layout comes as a burst of events
 };
