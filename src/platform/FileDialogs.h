@@ -39,6 +39,10 @@ class FileDialogs {
     /// panel and throws Cancelled.
     virtual Task<std::optional<QString>> chooseOpen(OpenPanelRequest request,
                                                     std::stop_token stop = {}) = 0;
+    /// The absolute path of an existing folder, which the user may make in the panel; else the same.
+    /// Types do not count.
+    virtual Task<std::optional<QString>> chooseFolder(OpenPanelRequest request,
+                                                      std::stop_token stop = {}) = 0;
     /// The absolute path of a file to write, with a suffix of one of the types. The user has agreed
     /// to replace a file that exists.
     virtual Task<std::optional<QString>> chooseSave(SavePanelRequest request,

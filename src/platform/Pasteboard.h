@@ -24,6 +24,8 @@ class Pasteboard {
     virtual bool writeText(const QString& text) = 0;
     /// The text on it; empty where there is none.
     virtual QString readText() const = 0;
+    /// Whether what is on it was put there by this program.
+    virtual bool ownsContents() const = 0;
 };
 
 }  // namespace kestrio

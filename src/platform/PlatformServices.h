@@ -5,6 +5,7 @@
 #include "platform/Displays.h"
 #include "platform/FileDialogs.h"
 #include "platform/FileReveal.h"
+#include "platform/FloatingWindows.h"
 #include "platform/GlobalHotkeys.h"
 #include "platform/LoginItem.h"
 #include "platform/MemoryPressure.h"
@@ -31,6 +32,7 @@ struct PlatformServices {
     std::shared_ptr<WindowList> windowList;
     std::shared_ptr<ScreenPermission> screenPermission;
     std::shared_ptr<GlobalHotkeys> globalHotkeys;
+    std::shared_ptr<FloatingWindows> floatingWindows;
     std::shared_ptr<StatusItem> statusItem;
     std::shared_ptr<Alerts> alerts;
     std::shared_ptr<LoginItem> loginItem;

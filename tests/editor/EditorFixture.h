@@ -1,56 +1,16 @@
 #pragma once
 
 #include "editor/document/EditorViewModel.h"
-#include "imaging/ExportError.h"
 
 #include "support/MemoryPasteboard.h"
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedRenderer.h"
 
 #include <gtest/gtest.h>
 
 namespace kestrio {
-
-/// A renderer that keeps what it is asked for, gives the bare screenshot back, and waits or fails
-/// when told to.
-class ScriptedRenderer : public ImageRendererServiceProtocol {
-  public:
-    std::vector<CompositeRequest> requests;
-    std::optional<ExportError> renderFailure, saveFailure, copyFailure;
-    /// Rendering waits for it where there is one.
-    std::optional<Completion<>> gate;
-    QStringList savedPaths;
-
-    Task<Image> renderComposite(CompositeRequest request, std::stop_token) override {
-        requests.push_back(request);
-        if (gate) {
-            const Completion<> opened = *gate;
-            co_await opened;
-        }
-        if (renderFailure) throw *renderFailure;
-        co_return request.screenshot;
-    }
-
-    Task<SavedFile> saveImage(Image image, QString path, ExportFormat, EncodeHooks) override {
-        if (saveFailure) throw *saveFailure;
-        savedPaths << path;
-        SavedFile saved;
-        saved.byteCount = image.pixelSize().width();
-        co_return saved;
-    }
-
-    Task<> copyToClipboard(Image) override {
-        if (copyFailure) throw *copyFailure;
-        co_return;
-    }
-
-    Image renderBackdrop(const BackdropSettings&, QSize, double) override { return {}; }
-    Image applyEffects(const Image& image, const BackdropEffects&, double) override {
-        return image;
-    }
-    Image renderOverlayImage(OverlayType, QSize, double) override { return {}; }
-};
 
 /// An editor on doubles.
 struct EditorFixture : testing::Test {

@@ -46,6 +46,7 @@ class MemoryPasteboard : public Pasteboard {
     }
 
     QString readText() const override { return text_; }
+    bool ownsContents() const override { return files_.isEmpty(); }
 
   private:
     QImage image_;

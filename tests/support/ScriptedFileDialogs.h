@@ -33,6 +33,13 @@ class ScriptedFileDialogs : public FileDialogs {
         co_return co_await chosen;
     }
 
+    Task<std::optional<QString>> chooseFolder(OpenPanelRequest request,
+                                              std::stop_token stop) override {
+        openRequests.push_back(std::move(request));
+        const auto chosen = pend(std::move(stop));
+        co_return co_await chosen;
+    }
+
     Task<std::optional<QString>> chooseSave(SavePanelRequest request,
                                             std::stop_token stop) override {
         const auto types = request.types;

@@ -35,6 +35,20 @@ void EditorViewModel::leaveAnnotationMode() {
     recordSnapshot();
 }
 
+void EditorViewModel::startAnnotating(const std::vector<AnyAnnotation>& annotations,
+                                      std::optional<AnnotationTool> tool) {
+    if (!isAnnotationMode()) toggleAnnotationMode();
+    if (!isAnnotationMode()) return;
+    for (const AnyAnnotation& annotation : annotations)
+        annotationVM_.addAnnotation(annotation);
+    synchroniseAnnotations();
+    if (tool) {
+        annotationVM_.set_currentTool(*tool);
+    } else {
+        leaveAnnotationMode();
+    }
+}
+
 void EditorViewModel::toggleColorPicker() {
     if (colorPickerVM_.isColorPickingMode()) {
         colorPickerVM_.stopPicking();

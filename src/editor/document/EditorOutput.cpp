@@ -1,3 +1,4 @@
+#include "core/Localisation.h"
 #include "editor/document/EditorViewModel.h"
 #include "imaging/ExportError.h"
 
@@ -63,6 +64,17 @@ Task<> EditorViewModel::copyToClipboard() {
     const Image picture = co_await rendering;
     auto copying = renderer->copyToClipboard(picture);
     co_await copying;
+}
+
+Task<> EditorViewModel::pinToDesktop() {
+    if (screenshot().isNull() || !canPin()) co_return;
+    const QPointer<EditorViewModel> self(this);
+    const auto renderer = services_.imageRenderer;
+    const auto pins = services_.pins;
+    auto rendering = renderer->renderComposite(outputRequest());
+    const Image picture = co_await rendering;
+    pins->pin(picture);
+    if (self) set_toastMessage(localised("Screenshot pinned to desktop"));
 }
 
 Task<> EditorViewModel::enhanceImage(AIEnhancementMode mode, double strength) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
 #include "render/enhance/AIEnhancementService.h"
@@ -21,6 +22,7 @@ struct EditorServices {
     std::shared_ptr<FileDialogs> fileDialogs;
     std::shared_ptr<FileReveal> fileReveal;
     std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
+    std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;  ///< may be null: nothing is pinned
 };
 
 /// The real ones, on a desktop's services and the user's settings.

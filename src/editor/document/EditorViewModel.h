@@ -108,6 +108,9 @@ class EditorViewModel : public QObject {
 
     void toggleAnnotationMode();
     void leaveAnnotationMode();
+    /// Adds annotations that were drawn elsewhere, and goes on with a tool where one is given.
+    void startAnnotating(const std::vector<AnyAnnotation>& annotations,
+                         std::optional<AnnotationTool> tool);
     /// The annotations that count, whether annotation mode is on or not.
     const std::vector<AnyAnnotation>& liveAnnotations() const;
     /// Takes over what was drawn; called after each gesture on the canvas.
@@ -138,6 +141,9 @@ class EditorViewModel : public QObject {
     /// Throws what rendering, encoding and writing throw; the document is untouched by it.
     Task<SavedFile> exportImage(QString path, ExportFormat format, EncodeHooks hooks = {});
     Task<> copyToClipboard();
+    /// Floats the finished picture on the desktop. Does nothing without a screenshot.
+    Task<> pinToDesktop();
+    bool canPin() const { return services_.pins != nullptr; }
 
   private:
     CompositeLayout layoutAt(double pixelDensity) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/views/EditorController.h"
+#include "editor/views/EngineLease.h"
 
 class QQuickWindow;
 
@@ -22,6 +23,7 @@ class EditorWindow {
     QQuickWindow* window() const { return window_.get(); }
 
   private:
+    EngineLease lease_;
     EditorController controller_;
     std::unique_ptr<QQuickWindow> window_;
 };

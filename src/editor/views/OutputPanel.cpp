@@ -64,6 +64,23 @@ void OutputPanel::exportPicture() {
     export_.exportPicture(QGuiApplication::focusWindow());
 }
 
+void OutputPanel::pin() {
+    launch(runPin(), this);
+}
+
+Task<> OutputPanel::runPin() {
+    const QPointer<EditorViewModel> editor(&editor_);
+    QString failure;
+    try {
+        auto pinning = editor_.pinToDesktop();
+        co_await pinning;
+    } catch (const std::exception& error) {
+        failure = describeFailure(error);
+    }
+    if (!editor || failure.isEmpty()) co_return;
+    editor->set_errorMessage(localised("Failed to pin screenshot: ") + failure);
+}
+
 void OutputPanel::copy() {
     if (!isBusy()) launch(runCopy(), this);
 }

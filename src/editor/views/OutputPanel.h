@@ -25,6 +25,7 @@ class OutputPanel : public QObject {
     Q_PROPERTY(QString savedPath READ savedPath NOTIFY exportChanged)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY busyChanged)
+    Q_PROPERTY(bool canPin READ canPin CONSTANT)
     /// The finished picture's pixels, as "3840 × 2160".
     Q_PROPERTY(QString outputSize READ outputSize NOTIFY outputSizeChanged)
 
@@ -41,9 +42,11 @@ class OutputPanel : public QObject {
     QString savedPath() const { return export_.savedPath(); }
     double progress() const { return export_.progress(); }
     bool isBusy() const { return editor_.isExporting(); }
+    bool canPin() const { return editor_.canPin(); }
     QString outputSize() const;
 
     Q_INVOKABLE void copy();
+    Q_INVOKABLE void pin();
     Q_INVOKABLE void exportPicture();
     Q_INVOKABLE void cancelExport() { export_.cancel(); }
     Q_INVOKABLE void reveal() { export_.reveal(); }
@@ -61,6 +64,7 @@ class OutputPanel : public QObject {
 
   private:
     Task<> runCopy();
+    Task<> runPin();
     Task<> runDrag();
     void startDrag(const QImage& picture, const QByteArray& png);
     void endCopying(const QString& state);

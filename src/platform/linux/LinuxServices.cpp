@@ -6,6 +6,7 @@
 #include "platform/linux/QtDisplays.h"
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
+#include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/QtStatusItem.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
@@ -24,6 +25,7 @@ PlatformServices makePlatformServices() {
     services.fileDialogs = std::make_shared<QtFileDialogs>();
     services.fileReveal = std::make_shared<DBusFileReveal>();
     services.appearance = std::make_shared<PortalAppearance>();
+    services.floatingWindows = std::make_shared<X11FloatingWindows>();
     services.displays = std::make_shared<QtDisplays>(xServer);
     services.screenGrabber = std::make_shared<X11ScreenGrabber>();
     services.windowList = std::make_shared<X11WindowList>(xServer, services.displays);

@@ -26,6 +26,8 @@ QMessageBox::Icon iconOf(AlertStyle style) {
 QMessageBox* makeBox(const AlertRequest& request) {
     auto* box = new QMessageBox;
     box->setWindowTitle(QStringLiteral("Kestrio"));
+    // Pins float over everything else.
+    box->setWindowFlag(Qt::WindowStaysOnTopHint);
     box->setIcon(iconOf(request.style));
     box->setTextFormat(Qt::RichText);
     box->setText(QStringLiteral("<b>") + request.title.toHtmlEscaped() + QStringLiteral("</b>"));

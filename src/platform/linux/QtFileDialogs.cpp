@@ -54,6 +54,18 @@ Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
     co_return panel->selectedFiles().value(0);
 }
 
+Task<std::optional<QString>> QtFileDialogs::chooseFolder(OpenPanelRequest request,
+                                                         std::stop_token stop) {
+    const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
+    const auto cleanup = dropWhenDone(panel);
+    panel->setFileMode(QFileDialog::Directory);
+    panel->setOption(QFileDialog::ShowDirsOnly);
+    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const bool isAccepted = co_await closed;
+    if (!isAccepted || !panel) co_return std::nullopt;
+    co_return panel->selectedFiles().value(0);
+}
+
 Task<std::optional<QString>> QtFileDialogs::chooseSave(SavePanelRequest request,
                                                        std::stop_token stop) {
     const QPointer panel(new QtSavePanel(request));

@@ -10,6 +10,8 @@ class QtFileDialogs : public FileDialogs {
   public:
     Task<std::optional<QString>> chooseOpen(OpenPanelRequest request,
                                             std::stop_token stop) override;
+    Task<std::optional<QString>> chooseFolder(OpenPanelRequest request,
+                                              std::stop_token stop) override;
     Task<std::optional<QString>> chooseSave(SavePanelRequest request,
                                             std::stop_token stop) override;
 

@@ -46,4 +46,8 @@ QString QtPasteboard::readText() const {
     return QGuiApplication::clipboard()->text();
 }
 
+bool QtPasteboard::ownsContents() const {
+    return QGuiApplication::clipboard()->ownsClipboard();
+}
+
 }  // namespace kestrio

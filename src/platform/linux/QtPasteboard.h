@@ -13,6 +13,7 @@ class QtPasteboard : public Pasteboard {
     QStringList readFiles() const override;
     bool writeText(const QString& text) override;
     QString readText() const override;
+    bool ownsContents() const override;
 };
 
 }  // namespace kestrio

@@ -29,6 +29,11 @@ Item {
     }
     Shortcut {
         enabled: commands.enabled
+        sequence: "Ctrl+P"
+        onActivated: if (commands.controller.output.canPin) commands.controller.output.pin()
+    }
+    Shortcut {
+        enabled: commands.enabled
         sequences: [StandardKey.Paste]
         onActivated: commands.controller.paste()
     }

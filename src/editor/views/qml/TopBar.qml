@@ -105,6 +105,14 @@ Rectangle {
             onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
+        IconButton {
+            objectName: "pin"
+            visible: bar.output.canPin
+            symbol: "pin"
+            tip: qsTr("Pin to the desktop")
+            key: "Ctrl+P"
+            onClicked: bar.output.pin()
+        }
         DragOut { output: bar.output }
         IconButton {
             symbol: bar.output.copyState === "success" ? "checkmark"

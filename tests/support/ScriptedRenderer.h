@@ -1,0 +1,48 @@
+#pragma once
+
+#include "imaging/ExportError.h"
+#include "render/ImageRendererService.h"
+
+namespace kestrio {
+
+/// A renderer that keeps what it is asked for, gives the bare screenshot back, and waits or fails
+/// when told to.
+class ScriptedRenderer : public ImageRendererServiceProtocol {
+  public:
+    std::vector<CompositeRequest> requests;
+    std::optional<ExportError> renderFailure, saveFailure, copyFailure;
+    /// Rendering waits for it where there is one.
+    std::optional<Completion<>> gate;
+    QStringList savedPaths;
+
+    Task<Image> renderComposite(CompositeRequest request, std::stop_token) override {
+        requests.push_back(request);
+        if (gate) {
+            const Completion<> opened = *gate;
+            co_await opened;
+        }
+        if (renderFailure) throw *renderFailure;
+        co_return request.screenshot;
+    }
+
+    Task<SavedFile> saveImage(Image image, QString path, ExportFormat, EncodeHooks) override {
+        if (saveFailure) throw *saveFailure;
+        savedPaths << path;
+        SavedFile saved;
+        saved.byteCount = image.pixelSize().width();
+        co_return saved;
+    }
+
+    Task<> copyToClipboard(Image) override {
+        if (copyFailure) throw *copyFailure;
+        co_return;
+    }
+
+    Image renderBackdrop(const BackdropSettings&, QSize, double) override { return {}; }
+    Image applyEffects(const Image& image, const BackdropEffects&, double) override {
+        return image;
+    }
+    Image renderOverlayImage(OverlayType, QSize, double) override { return {}; }
+};
+
+}  // namespace kestrio
