@@ -1,0 +1,40 @@
+#pragma once
+
+#include "annotation/editing/AnnotationTool.h"
+#include "capture/CaptureAction.h"
+#include "core/Task.h"
+#include "imaging/Image.h"
+
+#include <optional>
+#include <vector>
+
+namespace kestrio {
+
+/// How a region is chosen.
+struct RegionSelectionOptions {
+    bool confirms = true;   ///< the user adjusts and decides before anything happens
+    bool snaps = true;      ///< a click takes the window under the pointer
+    bool magnifies = true;  ///< a magnifier follows the pointer
+};
+
+/// What the user chose. `rect` is in points of the desktop. Without a picture the screen has to be
+/// captured now.
+struct RegionCaptureResult {
+    QRectF rect;
+    Image image;
+    std::vector<AnyAnnotation> annotations;
+    CaptureAction action = CaptureAction::edit;
+    std::optional<AnnotationTool> initialTool;
+};
+
+/// Lets the user choose a part of the display under the pointer. Main thread only.
+class RegionSelector {
+  public:
+    virtual ~RegionSelector() = default;
+
+    /// Throws Cancelled where the user or a stop ends it, and CaptureError.
+    virtual Task<RegionCaptureResult> select(RegionSelectionOptions options,
+                                             std::stop_token stop) = 0;
+};
+
+}  // namespace kestrio

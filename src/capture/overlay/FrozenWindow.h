@@ -1,0 +1,55 @@
+#pragma once
+
+#include "capture/ScreenSnapshotProvider.h"
+
+#include <QBackingStore>
+#include <QRegion>
+#include <QTimer>
+#include <QWindow>
+
+class QPainter;
+
+namespace kestrio {
+
+/// A window over a whole display that shows it frozen and dimmed, with parts as they were, and takes
+/// all keys while it is shown. Written straight into the window's memory: it must appear at once and
+/// follow the pointer. Coordinates are points of the display unless said otherwise.
+class FrozenWindow : public QWindow {
+    Q_OBJECT
+
+  public:
+    /// A snapshot without a picture leaves the ground plain.
+    FrozenWindow(const Display& display, DisplaySnapshot snapshot);
+
+    void open();
+
+  protected:
+    /// The rectangles that are shown undimmed.
+    virtual QRegion undimmed() const { return {}; }
+    /// Draws what stands over the picture.
+    virtual void paintOver(QPainter& painter) = 0;
+    /// Whether the key meant something.
+    virtual bool takeKey(const QKeyEvent& event) = 0;
+
+    /// Repaints these points, now.
+    void repaint(const QRegion& points);
+    void repaintAll() { repaint(QRect(QPoint(), size())); }
+    const DisplaySnapshot& snapshot() const { return snapshot_; }
+
+    bool event(QEvent* event) override;
+    void exposeEvent(QExposeEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QRect toPixels(const QRect& points) const;
+    void paintGround(QImage& target, const QRegion& points) const;
+    void grabKeys();
+
+    DisplaySnapshot snapshot_;
+    QBackingStore store_;
+    QTimer grabbing_;
+    int grabTries_ = 0;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,100 @@
+#include "capture/region/CaptureToolbarPainter.h"
+
+#include "capture/overlay/OverlayLabel.h"
+#include "imaging/text/SystemFont.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+namespace kestrio {
+
+namespace {
+
+constexpr double cornerRadius = 10;
+constexpr double buttonRadius = 6;
+constexpr int iconSide = 20;
+constexpr double toolTipGap = 6;
+constexpr double toolTipSize = 12;
+constexpr QColor accent(0x0a, 0x7c, 0xff);
+
+struct Palette {
+    QColor surface, hairline, hover, pressed, text;
+};
+
+Palette paletteFor(bool isDark) {
+    if (isDark) return {{0x26, 0x26, 0x2b}, {0x3a, 0x3a, 0x41}, {0x36, 0x36, 0x3d}, {0x42, 0x42, 0x4a}, {0xf2, 0xf2, 0xf5}};
+    return {{0xfb, 0xfb, 0xfd}, {0xdc, 0xdd, 0xe3}, {0xec, 0xee, 0xf3}, {0xdf, 0xe2, 0xea}, {0x1d, 0x1d, 0x1f}};
+}
+
+OverlayLabel toolTipLabel(const CaptureToolbar& toolbar, const ToolbarLook& look) {
+    return {toolbar.buttons().at(static_cast<std::size_t>(look.hovered)).toolTip,
+            systemFont(toolTipSize, QFont::Normal), 8, 4, 6};
+}
+
+QImage tinted(const QString& name, QColor color, int pixels) {
+    QImageReader reader(QStringLiteral(":/kestrio/capture/%1.svg").arg(name));
+    reader.setScaledSize({pixels, pixels});
+    QImage icon = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (icon.isNull()) return icon;
+    QPainter painter(&icon);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(icon.rect(), color);
+    return icon;
+}
+
+}  // namespace
+
+const QImage& CaptureToolbarPainter::icon(const QString& name, QColor color, double scale) {
+    QImage& icon = icons_[name + color.name() + QString::number(scale)];
+    if (icon.isNull()) {
+        icon = tinted(name, color, qRound(iconSide * scale));
+        icon.setDevicePixelRatio(scale);
+    }
+    return icon;
+}
+
+QRectF CaptureToolbarPainter::toolTipPlace(const CaptureToolbar& toolbar, const ToolbarLook& look) {
+    const QRectF button = toolbar.buttons()
+                              .at(static_cast<std::size_t>(look.hovered))
+                              .place.translated(look.origin);
+    QRectF place(QPointF(), toolTipLabel(toolbar, look).size());
+    place.moveCenter({button.center().x(), 0});
+    place.moveTop(look.origin.y() + toolbar.size().height() + toolTipGap);
+    if (place.bottom() > look.view.height()) place.moveBottom(look.origin.y() - toolTipGap);
+    if (place.left() < 4) place.moveLeft(4);
+    if (place.right() > look.view.width() - 4) place.moveRight(look.view.width() - 4);
+    return place;
+}
+
+void CaptureToolbarPainter::paint(QPainter& painter, const CaptureToolbar& toolbar,
+                                  const ToolbarLook& look) {
+    const Palette colors = paletteFor(look.isDark);
+    const QRectF whole(look.origin, toolbar.size());
+    painter.setPen(QPen(colors.hairline, 1));
+    painter.setBrush(colors.surface);
+    painter.drawRoundedRect(whole.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+    for (const double x : toolbar.separators())
+        painter.drawLine(QPointF(whole.x() + x, whole.y() + 12), QPointF(whole.x() + x, whole.bottom() - 12));
+    const double scale = painter.device()->devicePixelRatioF();
+    for (std::size_t i = 0; i < toolbar.buttons().size(); ++i) {
+        const ToolbarButton& button = toolbar.buttons()[i];
+        const QRectF place = button.place.translated(look.origin);
+        const int index = static_cast<int>(i);
+        const bool isPressed = look.pressed == index;
+        const bool isHovered = look.hovered == index;
+        if (button.isPrimary || isPressed || isHovered) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(button.isPrimary ? accent.darker(isPressed ? 120 : isHovered ? 108 : 100)
+                                              : isPressed ? colors.pressed : colors.hover);
+            painter.drawRoundedRect(place, buttonRadius, buttonRadius);
+        }
+        const QColor ink = button.isPrimary ? QColor(Qt::white) : colors.text;
+        painter.drawImage(place.center() - QPointF(iconSide / 2.0, iconSide / 2.0),
+                          icon(button.icon, ink, scale));
+    }
+    if (look.showsToolTip && look.hovered >= 0) {
+        toolTipLabel(toolbar, look).paint(painter, toolTipPlace(toolbar, look));
+    }
+}
+
+}  // namespace kestrio

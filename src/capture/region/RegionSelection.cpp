@@ -1,0 +1,164 @@
+#include "capture/region/RegionSelection.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrio {
+
+namespace {
+
+constexpr double dragThreshold = 5;
+constexpr double leastSide = 10;
+constexpr double handleReach = 15;
+
+constexpr SelectionHandle handles[] = {
+    SelectionHandle::topLeft,     SelectionHandle::top,    SelectionHandle::topRight,
+    SelectionHandle::right,       SelectionHandle::bottomRight, SelectionHandle::bottom,
+    SelectionHandle::bottomLeft,  SelectionHandle::left,
+};
+
+/// Which edges a handle drags: -1 the left or upper, 1 the right or lower, 0 neither.
+struct HandleEdges {
+    int x, y;
+};
+
+constexpr HandleEdges edgesOf(SelectionHandle handle) {
+    constexpr HandleEdges table[] = {{-1, -1}, {0, -1}, {1, -1}, {1, 0},
+                                     {1, 1},   {0, 1},  {-1, 1}, {-1, 0}};
+    return table[static_cast<int>(handle)];
+}
+
+bool isLargeEnough(const QRectF& rect) {
+    return rect.width() >= leastSide && rect.height() >= leastSide;
+}
+
+QPointF heldWithin(const QRectF& view, const QRectF& rect) {
+    return {std::clamp(rect.x(), 0.0, std::max(0.0, view.width() - rect.width())),
+            std::clamp(rect.y(), 0.0, std::max(0.0, view.height() - rect.height()))};
+}
+
+}  // namespace
+
+QPointF handlePosition(SelectionHandle handle, const QRectF& selection) {
+    const HandleEdges edges = edgesOf(handle);
+    const QPointF half(selection.width() / 2, selection.height() / 2);
+    return selection.center() + QPointF(edges.x * half.x(), edges.y * half.y());
+}
+
+RegionSelection::RegionSelection(QRectF bounds, std::vector<WindowInfo> windows)
+    : bounds_(bounds), view_(QPointF(), bounds.size()), windows_(std::move(windows)) {}
+
+void RegionSelection::press(QPointF point) {
+    pointer_ = point;
+    if (phase_ == SelectionPhase::adjusting) {
+        const auto handle = handleAt(point);
+        if (handle || selection_.contains(point)) {
+            grip_ = Grip{handle, selection_, point};
+            return;
+        }
+        startOver();
+        hover(point);
+    }
+    start_ = point;
+    isDragging_ = true;
+    didDrag_ = false;
+    selection_ = {};
+    pendingSnap_ = std::exchange(hovered_, nullptr);
+}
+
+void RegionSelection::move(QPointF point) {
+    pointer_ = point;
+    if (grip_) {
+        dragGrip(point);
+    } else if (isDragging_) {
+        const QPointF way = point - start_;
+        if (!didDrag_ && std::hypot(way.x(), way.y()) > dragThreshold) {
+            didDrag_ = true;
+            pendingSnap_ = nullptr;
+        }
+        selection_ = QRectF(start_, point).normalized() & view_;
+    } else if (phase_ == SelectionPhase::selecting) {
+        hover(point);
+    }
+}
+
+RegionSelection::Release RegionSelection::release(QPointF point) {
+    if (grip_) {
+        grip_.reset();
+        return Release::nothing;
+    }
+    if (!isDragging_) return Release::nothing;
+    move(point);
+    isDragging_ = false;
+    const WindowInfo* const snap = std::exchange(pendingSnap_, nullptr);
+    if (didDrag_ && isLargeEnough(selection_)) return Release::chosen;
+    selection_ = {};
+    if (snap) {
+        selection_ = snap->bounds.translated(-bounds_.topLeft()) & view_;
+        if (!selection_.isEmpty()) return Release::chosen;
+    }
+    hover(point);
+    return Release::nothing;
+}
+
+void RegionSelection::startOver() {
+    phase_ = SelectionPhase::selecting;
+    selection_ = {};
+    grip_.reset();
+    isDragging_ = false;
+    hover(pointer_);
+}
+
+void RegionSelection::dragGrip(QPointF point) {
+    QRectF moved = grip_->start;
+    if (!grip_->handle) {
+        moved.translate(point - grip_->from);
+        selection_.moveTopLeft(heldWithin(view_, moved));
+        return;
+    }
+    // From the rectangle that the drag began with, so that the far edges stay where they are when
+    // the handle passes them.
+    const HandleEdges edges = edgesOf(*grip_->handle);
+    if (edges.x < 0) moved.setLeft(point.x());
+    if (edges.x > 0) moved.setRight(point.x());
+    if (edges.y < 0) moved.setTop(point.y());
+    if (edges.y > 0) moved.setBottom(point.y());
+    moved = moved.normalized() & view_;
+    if (isLargeEnough(moved)) selection_ = moved;
+}
+
+void RegionSelection::moveBy(QPointF delta) {
+    selection_.moveTopLeft(heldWithin(view_, selection_.translated(delta)));
+}
+
+void RegionSelection::growBy(QPointF delta) {
+    QRectF grown = selection_;
+    grown.setBottomRight(grown.bottomRight() + delta);
+    grown &= view_;
+    if (isLargeEnough(grown)) selection_ = grown;
+}
+
+void RegionSelection::hover(QPointF point) {
+    hovered_ = windowAt(point + bounds_.topLeft(), windows_);
+}
+
+QRectF RegionSelection::snapRect() const {
+    return hovered_ ? hovered_->bounds.translated(-bounds_.topLeft()) & view_ : QRectF();
+}
+
+std::optional<SelectionHandle> RegionSelection::handleAt(QPointF point) const {
+    for (const SelectionHandle handle : handles) {
+        const QPointF away = handlePosition(handle, selection_) - point;
+        if (std::abs(away.x()) <= handleReach && std::abs(away.y()) <= handleReach) return handle;
+    }
+    return std::nullopt;
+}
+
+Qt::CursorShape RegionSelection::cursor() const {
+    if (phase_ == SelectionPhase::selecting) return Qt::CrossCursor;
+    if (grip_ && !grip_->handle) return Qt::ClosedHandCursor;
+    if (grip_ || handleAt(pointer_)) return Qt::CrossCursor;
+    return selection_.contains(pointer_) ? Qt::OpenHandCursor : Qt::ArrowCursor;
+}
+
+}  // namespace kestrio
