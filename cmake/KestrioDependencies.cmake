@@ -1,7 +1,7 @@
 # Every library the program links, found once.
 
 find_package(Threads REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui DBus Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui DBus Network Widgets)
 find_package(nlohmann_json 3.11 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(SIMDJSON REQUIRED IMPORTED_TARGET simdjson)

@@ -1,12 +1,14 @@
-# kestrio_room(<name> [LINKS <target>...] [COROUTINES <file>...]): the library kestrio_<name> from
+# kestrio_room(<name> [LINKS <target>...] [EXCLUDE <pattern>...] [COROUTINES <file>...]): the library kestrio_<name> from
 # every source below the current folder. Naming the rooms it may include in LINKS is what puts them
 # on its include path. COROUTINES names the sources that need the coroutine library; the fuzzers'
 # Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them, and only rooms that a
 # fuzzer links are built. A folder views/ has a target of its own, kestrio_views().
 function(kestrio_room name)
-  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS;COROUTINES")
+  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "LINKS;PRIVATE_LINKS;EXCLUDE;COROUTINES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
-  list(FILTER sources EXCLUDE REGEX "/views/")
+  foreach(pattern IN ITEMS "/views/" LISTS ROOM_EXCLUDE)
+    list(FILTER sources EXCLUDE REGEX "${pattern}")
+  endforeach()
   if(KESTRIO_FUZZ)
     list(TRANSFORM ROOM_COROUTINES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
     list(REMOVE_ITEM sources ${ROOM_COROUTINES})

@@ -1,7 +1,10 @@
 #include "app/cli/CommandLine.h"
 
+#include "app/cli/CaptureCommand.h"
 #include "app/cli/EditCommand.h"
+#include "app/cli/HoldClipboardCommand.h"
 #include "app/cli/RenderCommand.h"
+#include "app/cli/ResidentProgram.h"
 #include "core/Error.h"
 #include "core/Localisation.h"
 
@@ -13,27 +16,42 @@ namespace kestrio {
 namespace {
 
 constexpr CliVerb verbs[] = {
-    {"edit", "open the editor on a picture", runEdit, true},
+    {"", nullptr, runResident, DisplayNeed::windows, activateInstance},
+    {"capture", "capture a region, a window or a display", runCapture, DisplayNeed::windows,
+     handOverCapture},
+    {"edit", "open the editor on a picture", runEdit, DisplayNeed::windows, handOverEdit},
     {"render", "set pictures on a backdrop and write them as files", runRender},
+    {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},
 };
 
 void printVerbs() {
-    std::printf("Kestrio, a screenshot beautifier\n\nusage: kestrio VERB [ARGUMENTS]\n\n");
+    std::printf(
+        "Kestrio, a screenshot beautifier\n\n"
+        "usage: kestrio                    start in the tray, or bring the running one to notice\n"
+        "       kestrio VERB [ARGUMENTS]\n\n");
     for (const CliVerb& verb : verbs)
-        std::printf("  %-10s %s\n", verb.name, verb.summary);
+        if (verb.summary) std::printf("  %-10s %s\n", verb.name, verb.summary);
     std::printf("\n\"kestrio VERB --help\" tells the options of a verb.\n");
 }
 
 QString verbNames() {
     QStringList names;
     for (const CliVerb& verb : verbs)
-        names << QString::fromLatin1(verb.name);
+        if (verb.summary) names << QString::fromLatin1(verb.name);
     return names.join(QStringLiteral(", "));
 }
 
-ExitStatus runVerb(const CliVerb& verb, const QStringList& arguments) {
+const CliVerb* verbOf(const QStringList& arguments) {
+    for (const CliVerb& verb : verbs)
+        if (arguments.value(0) == QLatin1String(verb.name)) return &verb;
+    return nullptr;
+}
+
+// The status that a failure of `work` comes to, which it tells.
+template <typename Work>
+auto guarded(Work work) -> decltype(work()) {
     try {
-        return verb.run(arguments);
+        return work();
     } catch (const UsageError& error) {
         printError(error.errorDescription());
         return ExitStatus::wrongUsage;
@@ -45,10 +63,15 @@ ExitStatus runVerb(const CliVerb& verb, const QStringList& arguments) {
 
 }  // namespace
 
-bool needsDisplay(const QStringList& arguments) {
-    return std::any_of(std::begin(verbs), std::end(verbs), [&](const CliVerb& verb) {
-        return verb.opensWindows && arguments.value(0) == QLatin1String(verb.name);
-    });
+DisplayNeed displayNeed(const QStringList& arguments) {
+    const CliVerb* verb = verbOf(arguments);
+    return verb ? verb->display : DisplayNeed::none;
+}
+
+std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments) {
+    const CliVerb* verb = verbOf(arguments);
+    if (!verb || !verb->handOver) return std::nullopt;
+    return guarded([&] { return verb->handOver(arguments.mid(1)); });
 }
 
 bool printDocument(const QByteArray& text) {
@@ -64,7 +87,7 @@ void printError(const QString& message) {
 
 ExitStatus runCommandLine(const QStringList& arguments) {
     const QString first = arguments.value(0);
-    if (first.isEmpty() || first == u"--help" || first == u"-h" || first == u"help") {
+    if (first == u"--help" || first == u"-h" || first == u"help") {
         printVerbs();
         return ExitStatus::done;
     }
@@ -72,8 +95,8 @@ ExitStatus runCommandLine(const QStringList& arguments) {
         std::printf("kestrio %s\n", qUtf8Printable(QCoreApplication::applicationVersion()));
         return ExitStatus::done;
     }
-    for (const CliVerb& verb : verbs) {
-        if (first == QLatin1String(verb.name)) return runVerb(verb, arguments.mid(1));
+    if (const CliVerb* verb = verbOf(arguments)) {
+        return guarded([&] { return verb->run(arguments.mid(1)); });
     }
     printError(localised("unknown verb \"%1\"; known are %2").arg(first, verbNames()));
     return ExitStatus::wrongUsage;

@@ -3,6 +3,7 @@
 #include "core/Error.h"
 
 #include <QStringList>
+#include <optional>
 
 namespace kestrio {
 
@@ -19,20 +20,35 @@ class UsageError : public Error {
     QString message_;
 };
 
+/// What of the desktop a verb works with.
+enum class DisplayNeed {
+    none,     ///< works without a display
+    gui,      ///< a display, for what is no window
+    windows,  ///< windows and panels
+};
+
 /// A verb of the command line, as in "kestrio render".
 struct CliVerb {
     const char* name;
-    const char* summary;
-    /// `arguments` follow the verb. Needs a GUI application; may run its event loop.
+    const char* summary;  ///< null for verbs that users do not need
+    /// `arguments` follow the verb. Needs the application that `display` says; may run its event
+    /// loop.
     ExitStatus (*run)(const QStringList& arguments);
-    bool opensWindows = false;
+    DisplayNeed display = DisplayNeed::none;
+    /// Tried first, with an application that has no display: lets the running program do it, and
+    /// returns nothing where none runs. May be null.
+    std::optional<ExitStatus> (*handOver)(const QStringList& arguments) = nullptr;
 };
 
-/// Whether these arguments name a verb that opens windows.
-bool needsDisplay(const QStringList& arguments);
+/// What of the desktop the verb in these arguments works with.
+DisplayNeed displayNeed(const QStringList& arguments);
 
-/// Runs the verb that the first argument names. Without arguments, and for "--help", tells the
-/// verbs; "--version" tells the version.
+/// Lets the running program do what the arguments ask for; nothing where this process has to. Needs
+/// an application.
+std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments);
+
+/// Runs the verb that the first argument names, without arguments the resident program. "--help"
+/// tells the verbs, "--version" the version.
 ExitStatus runCommandLine(const QStringList& arguments);
 
 /// Writes to standard output; false where that cannot be written to.

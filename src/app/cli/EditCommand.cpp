@@ -1,38 +1,15 @@
 #include "app/cli/EditCommand.h"
 
+#include "app/cli/InstanceHandover.h"
+#include "app/cli/LoneProgram.h"
 #include "core/Localisation.h"
-#include "core/UserDefaults.h"
-#include "editor/views/EditorWindow.h"
-#include "imaging/codecs/ImageDecoder.h"
-#include "imaging/text/SystemFont.h"
-#include "platform/PlatformServices.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QGuiApplication>
 
 namespace kestrio {
 
 namespace {
-
-struct OpenedPicture {
-    Image image;
-    QString name;
-};
-
-OpenedPicture openedPicture(const QStringList& inputs, double density,
-                            const PlatformServices& platform) {
-    if (inputs.size() > 1) throw UsageError(localised("the editor opens one picture at a time"));
-    if (!inputs.isEmpty()) {
-        return {Image(loadImageFile(inputs.front()), density),
-                QFileInfo(inputs.front()).completeBaseName()};
-    }
-    const QImage pasted = platform.pasteboard->readImage();
-    if (pasted.isNull()) {
-        throw UsageError(localised("there is no picture on the clipboard; name a file to edit"));
-    }
-    return {Image(pasted, density), localised("Clipboard")};
-}
 
 void addEditOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(localised("Opens the editor on a picture."));
@@ -56,9 +33,8 @@ double densityOption(const QCommandLineParser& parser) {
     return density;
 }
 
-}  // namespace
-
-ExitStatus runEdit(const QStringList& arguments) {
+// Nothing where help was asked for, which has been printed.
+std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
     QCommandLineParser parser;
     addEditOptions(parser);
     if (!parser.parse(QStringList(QStringLiteral("kestrio edit")) + arguments)) {
@@ -66,19 +42,29 @@ ExitStatus runEdit(const QStringList& arguments) {
     }
     if (parser.isSet(QStringLiteral("help"))) {
         printDocument(parser.helpText().toUtf8());
-        return ExitStatus::done;
+        return std::nullopt;
     }
-    constexpr double bodySize = 13;
-    QGuiApplication::setFont(systemFont(bodySize, QFont::Normal));
-    const PlatformServices platform = makePlatformServices();
-    OpenedPicture picture =
-        openedPicture(parser.positionalArguments(), densityOption(parser), platform);
-    EditorWindow window(makeEditorServices(platform, std::make_shared<IniUserDefaults>(
-                                                     IniUserDefaults::standardPath())),
-                        picture.name);
-    window.open(picture.image);
-    picture = {};
-    return QGuiApplication::exec() == 0 ? ExitStatus::done : ExitStatus::failed;
+    const QStringList inputs = parser.positionalArguments();
+    if (inputs.size() > 1) throw UsageError(localised("the editor opens one picture at a time"));
+    InstanceRequest request;
+    request.verb = InstanceVerb::edit;
+    request.density = densityOption(parser);
+    if (!inputs.isEmpty()) request.file = QFileInfo(inputs.front()).absoluteFilePath();
+    return request;
+}
+
+}  // namespace
+
+std::optional<ExitStatus> handOverEdit(const QStringList& arguments) {
+    const auto request = editRequestFrom(arguments);
+    if (!request) return ExitStatus::done;
+    return handOverToInstance(*request);
+}
+
+ExitStatus runEdit(const QStringList& arguments) {
+    const auto request = editRequestFrom(arguments);
+    if (!request) return ExitStatus::done;
+    return runAlone(*request);
 }
 
 }  // namespace kestrio

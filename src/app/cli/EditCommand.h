@@ -4,8 +4,10 @@
 
 namespace kestrio {
 
-/// "kestrio edit [FILE]": opens the editor window on a picture, or on the clipboard's, and runs
-/// until it is closed. Needs a display.
+/// "kestrio edit [FILE]" on a picture, or on the clipboard's, handed to the running program; nothing
+/// where none runs.
+std::optional<ExitStatus> handOverEdit(const QStringList& arguments);
+/// The same by this process, which lives until the editor is closed. Needs a display.
 ExitStatus runEdit(const QStringList& arguments);
 
 }  // namespace kestrio

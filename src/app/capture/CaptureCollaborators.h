@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/shell/EditorOpener.h"
+#include "app/shell/PermissionManager.h"
+#include "app/shell/Toasts.h"
+#include "capture/ScreenCaptureServiceProtocol.h"
+#include "library/pins/PinnedScreenshotCoordinator.h"
+#include "platform/Alerts.h"
+#include "render/ImageRendererService.h"
+#include "settings/AppSettingsService.h"
+
+namespace kestrio {
+
+/// What the captures of the program work with.
+struct CaptureCollaborators {
+    std::shared_ptr<ScreenCaptureServiceProtocol> screenCapture;
+    std::shared_ptr<EditorOpener> editors;
+    std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;
+    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
+    std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<PermissionManager> permissions;
+    std::shared_ptr<Alerts> alerts;
+    std::shared_ptr<Toasts> toasts;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,251 @@
+#include "app/capture/CaptureCoordinator.h"
+
+#include "core/Localisation.h"
+#include "core/Log.h"
+#include "imaging/ExportError.h"
+#include "library/FileNaming.h"
+#include "library/QuickSave.h"
+
+#include <QFileInfo>
+#include <QPointer>
+
+namespace kestrio {
+
+namespace {
+
+constexpr std::chrono::milliseconds toastTime(2000);
+
+CaptureError goneError() {
+    return CaptureError(CaptureError::Case::cancelled);
+}
+
+}  // namespace
+
+CaptureCoordinator::CaptureCoordinator(CaptureCollaborators collaborators, QObject* parent)
+    : QObject(parent), collaborators_(std::move(collaborators)) {}
+
+CaptureCoordinator::~CaptureCoordinator() {
+    stop_.request_stop();
+}
+
+void CaptureCoordinator::startRegionCapture() {
+    begin(CaptureKind::region);
+}
+
+void CaptureCoordinator::startWindowCapture() {
+    begin(CaptureKind::window);
+}
+
+void CaptureCoordinator::begin(CaptureKind kind) {
+    if (isCapturing()) return;
+    launch(runAndTell(kind), this);
+}
+
+Task<> CaptureCoordinator::runAndTell(CaptureKind kind) {
+    const QPointer<CaptureCoordinator> self(this);
+    std::optional<CaptureError> failure;
+    try {
+        auto running = capture({kind}, stop_.get_token());
+        co_await running;
+    } catch (const ExportError&) {
+        // A toast has told of it.
+    } catch (const std::exception& error) {
+        failure = CaptureError::from(error);
+    }
+    if (self && failure) tell(*failure);
+}
+
+void CaptureCoordinator::startDelayedCapture(int seconds, CaptureKind kind) {
+    if (isCapturing() || isCountingDown()) return;
+    launch(countDownAndBegin(seconds, kind), this);
+}
+
+Task<> CaptureCoordinator::countDownAndBegin(int seconds, CaptureKind kind) {
+    const QPointer<CaptureCoordinator> self(this);
+    auto counting = countDown(seconds, stop_.get_token());
+    const bool isDone = co_await counting;
+    if (self && isDone) begin(kind);
+}
+
+Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
+    const QPointer<CaptureCoordinator> self(this);
+    set_isCountingDown(true);
+    bool isDone = true;
+    for (int remaining = seconds; remaining > 0 && isDone; --remaining) {
+        set_countdownRemaining(remaining);
+        try {
+            const auto second = sleepFor(std::chrono::seconds(1), stop);
+            co_await second;
+        } catch (const Cancelled&) {
+            isDone = false;
+        }
+        if (!self) co_return false;
+    }
+    set_isCountingDown(false);
+    set_countdownRemaining(0);
+    co_return isDone;
+}
+
+Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::stop_token stop) {
+    const QPointer<CaptureCoordinator> self(this);
+    if (isCapturing() || (request.delay > 0 && isCountingDown())) {
+        throw CaptureError::systemError(localised("another capture is under way"));
+    }
+    // The caller's stop and the program's end both stop it.
+    std::stop_source either;
+    const std::stop_callback caller(stop, [either]() mutable { either.request_stop(); });
+    const std::stop_callback end(stop_.get_token(), [either]() mutable { either.request_stop(); });
+    if (request.delay > 0) {
+        auto counting = countDown(request.delay, either.get_token());
+        const bool isDone = co_await counting;
+        if (!self || !isDone) throw goneError();
+        if (isCapturing()) {
+            throw CaptureError::systemError(localised("another capture is under way"));
+        }
+    }
+    set_isCapturing(true);
+    set_lastError(std::nullopt);
+    try {
+        auto acquiring = acquire(request.kind, either.get_token());
+        RegionCaptureOutcome outcome = co_await acquiring;
+        if (!self) throw goneError();
+        if (request.action && outcome.action == CaptureAction::edit) {
+            outcome.action = *request.action;
+        }
+        auto carrying = carryOut(std::move(outcome), request.output);
+        CaptureReport report = co_await carrying;
+        if (self) set_isCapturing(false);
+        co_return report;
+    } catch (...) {
+        if (self) set_isCapturing(false);
+        throw;
+    }
+}
+
+Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {
+    const auto service = collaborators_.screenCapture;
+    if (kind == CaptureKind::region) {
+        auto selecting = service->startRegionCapture(stop);
+        co_return co_await selecting;
+    }
+    auto taking = kind == CaptureKind::window ? service->startWindowCapture(stop)
+                                              : service->captureDisplay(stop);
+    CapturedImage taken = co_await taking;
+    RegionCaptureOutcome outcome;
+    outcome.capturedImage = std::move(taken);
+    co_return outcome;
+}
+
+Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output) {
+    const QPointer<CaptureCoordinator> self(this);
+    const Image image = outcome.capturedImage.image;
+    CaptureReport report;
+    report.action = outcome.action;
+    if (!output.isEmpty()) {
+        const ExportFormat format =
+            formatNamed(QFileInfo(output).suffix()).value_or(ExportFormat::png);
+        auto saving = collaborators_.imageRenderer->saveImage(image, output, format, {});
+        co_await saving;
+        report.savedPath = output;
+        if (!self || outcome.action == CaptureAction::edit) co_return report;
+    }
+    switch (outcome.action) {
+        case CaptureAction::copy: {
+            auto copying = copy(image);
+            co_await copying;
+            break;
+        }
+        case CaptureAction::save: {
+            auto saving = quickSave(image);
+            const CaptureReport saved = co_await saving;
+            if (report.savedPath.isEmpty()) report.savedPath = saved.savedPath;
+            break;
+        }
+        case CaptureAction::pin:
+            collaborators_.pins->pin(image);
+            break;
+        case CaptureAction::edit:
+        case CaptureAction::ocr:
+            openEditor(outcome);
+            break;
+    }
+    co_return report;
+}
+
+Task<CaptureReport> CaptureCoordinator::copy(Image image) {
+    const auto toasts = collaborators_.toasts;
+    try {
+        auto copying = collaborators_.imageRenderer->copyToClipboard(std::move(image));
+        co_await copying;
+    } catch (const std::exception& error) {
+        // Told as done all the same: the clipboard of some desktops reports failures that are none.
+        logLine("CaptureCoordinator", QStringLiteral("copying: ") + describeFailure(error));
+    }
+    toasts->show(localised("Copied to clipboard"), toastTime);
+    co_return {CaptureAction::copy, {}};
+}
+
+Task<CaptureReport> CaptureCoordinator::quickSave(Image image) {
+    const auto toasts = collaborators_.toasts;
+    const AppSettings settings = collaborators_.settings->load();
+    const QString path =
+        quickSavePath(settings, QDateTime::currentDateTime(), settings.defaultExportFormat);
+    try {
+        auto saving = collaborators_.imageRenderer->saveImage(std::move(image), path,
+                                                              settings.defaultExportFormat, {});
+        co_await saving;
+    } catch (const std::exception& error) {
+        logLine("CaptureCoordinator", QStringLiteral("saving: ") + describeFailure(error));
+        toasts->show(localised("Save failed"), toastTime);
+        throw;
+    }
+    toasts->show(localised("Saved to ") + QFileInfo(path).fileName(), toastTime);
+    co_return {CaptureAction::save, path};
+}
+
+void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const QString& name) {
+    // Afterwards: an editor that is closed for it takes the picture before with it.
+    collaborators_.editors->open(outcome.capturedImage, name);
+    set_lastCapturedImage(outcome.capturedImage);
+    if (outcome.annotations.empty() && !outcome.initialTool) return;
+    // Once the window is up.
+    QMetaObject::invokeMethod(
+        this,
+        [editors = collaborators_.editors, annotations = outcome.annotations,
+         tool = outcome.initialTool] {
+            if (EditorViewModel* editor = editors->currentEditorViewModel()) {
+                editor->startAnnotating(annotations, tool);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void CaptureCoordinator::openImage(Image image, QString name) {
+    const QSizeF size = image.pointSize();
+    RegionCaptureOutcome outcome;
+    outcome.capturedImage = {std::move(image), QRectF(QPointF(), size),
+                             QDateTime::currentDateTime()};
+    openEditor(outcome, name);
+}
+
+void CaptureCoordinator::tell(const CaptureError& error) {
+    if (error.which() == CaptureError::Case::cancelled) return;
+    set_lastError(error);
+    if (error.which() == CaptureError::Case::permissionDenied) {
+        launch(collaborators_.permissions->showPermissionAlert(), this);
+    } else {
+        launch(showAlert(error.errorDescription()), this);
+    }
+}
+
+Task<> CaptureCoordinator::showAlert(QString text) {
+    const auto alerts = collaborators_.alerts;
+    AlertRequest request;
+    request.title = localised("Capture Error");
+    request.text = std::move(text);
+    request.buttons = {localised("OK")};
+    auto shown = alerts->show(std::move(request), stop_.get_token());
+    co_await shown;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/capture/CaptureCollaborators.h"
+#include "app/capture/CaptureRequest.h"
+#include "capture/CaptureError.h"
+#include "core/Published.h"
+
+namespace kestrio {
+
+/// Every capture goes through here: it lets one happen at a time, asks the service for a picture,
+/// does with it what was decided, and tells of failures. One for the life of the program; main
+/// thread. Its end stops what is under way.
+class CaptureCoordinator : public QObject {
+    Q_OBJECT
+    PUBLISHED(bool, isCapturing, false)
+    /// The last picture that reached the editor, until that is closed.
+    PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
+    /// The last failure that was told; cancelling is none.
+    PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
+    /// Seconds left of a timed capture.
+    PUBLISHED(int, countdownRemaining, 0)
+    PUBLISHED(bool, isCountingDown, false)
+
+  public:
+    explicit CaptureCoordinator(CaptureCollaborators collaborators, QObject* parent = nullptr);
+    ~CaptureCoordinator() override;
+
+    // As menus and hotkeys ask for them: nothing happens while a capture is under way, and failures
+    // are told by alerts.
+
+    void startRegionCapture();
+    void startWindowCapture();
+    /// Nothing happens while another one counts down. Captures that start meanwhile win.
+    void startDelayedCapture(int seconds, CaptureKind kind);
+
+    /// Opens a picture that exists already, under its own name where it has one. Captures under way
+    /// do not hinder it. Throws Error where the editor cannot be opened.
+    void openImage(Image image, QString name = {});
+
+    /// Lets go of lastCapturedImage, whose editor has been closed.
+    void forgetLastCapture() { set_lastCapturedImage(std::nullopt); }
+
+    /// A capture as another program asks for it. Throws CaptureError, also while another capture is
+    /// under way, and ExportError where the picture cannot be written. A stop cancels it.
+    Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
+
+    /// Tells of a failure as the own flows do; cancelling stays silent.
+    void tell(const CaptureError& error);
+
+  private:
+    void begin(CaptureKind kind);
+    Task<> runAndTell(CaptureKind kind);
+    Task<> countDownAndBegin(int seconds, CaptureKind kind);
+    /// False where the count was called off.
+    Task<bool> countDown(int seconds, std::stop_token stop);
+    Task<RegionCaptureOutcome> acquire(CaptureKind kind, std::stop_token stop);
+    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output);
+    Task<CaptureReport> copy(Image image);
+    Task<CaptureReport> quickSave(Image image);
+    void openEditor(const RegionCaptureOutcome& outcome, const QString& name = {});
+    Task<> showAlert(QString text);
+
+    CaptureCollaborators collaborators_;
+    std::stop_source stop_;
+};
+
+}  // namespace kestrio

@@ -1,0 +1,106 @@
+#include "app/cli/CaptureOptions.h"
+
+#include "app/cli/CommandLine.h"
+#include "core/Localisation.h"
+#include "library/FileNaming.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <unistd.h>
+
+namespace kestrio {
+
+namespace {
+
+constexpr int longestDelay = 3600;
+
+void addCaptureOptions(QCommandLineParser& parser) {
+    parser.setApplicationDescription(localised(
+        "Captures the screen: a region or a window of the user's choice, or the display under the "
+        "pointer. Without an option for what becomes of the picture, the user decides, or the "
+        "editor opens."));
+    parser.addPositionalArgument(QStringLiteral("WHAT"), localised("region, window or display"));
+    parser.addOption({QStringLiteral("delay"), localised("wait so many seconds first"),
+                      QStringLiteral("S")});
+    parser.addOption({QStringLiteral("edit"), localised("open the picture in the editor")});
+    parser.addOption({QStringLiteral("copy"), localised("put it on the clipboard")});
+    parser.addOption({QStringLiteral("pin"), localised("pin it to the desktop")});
+    parser.addOption({QStringLiteral("save"),
+                      localised("write it to the save folder of the settings and print its path")});
+    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                      localised("write it to this file, as PNG, JPEG or WebP by its ending"),
+                      QStringLiteral("FILE")});
+    parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
+}
+
+QByteArray helpText(const QCommandLineParser& parser) {
+    const QString text = parser.helpText();
+    return "usage: kestrio capture [options] region|window|display" +
+           text.mid(text.indexOf(u'\n')).toUtf8();
+}
+
+CaptureKind kindFrom(const QStringList& positional) {
+    if (positional.size() == 1) {
+        const auto kind = fromRawString<CaptureKind>(positional.front().toStdString());
+        if (kind) return *kind;
+    }
+    throw UsageError(localised("say what to capture: region, window or display"));
+}
+
+int delayFrom(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("delay"))) return 0;
+    bool isNumber = false;
+    const int delay = parser.value(QStringLiteral("delay")).toInt(&isNumber);
+    if (!isNumber || delay < 0 || delay > longestDelay) {
+        throw UsageError(localised("--delay takes whole seconds from 0 to %1").arg(longestDelay));
+    }
+    return delay;
+}
+
+std::optional<CaptureAction> actionFrom(const QCommandLineParser& parser) {
+    std::optional<CaptureAction> action;
+    for (const auto& row : requestableActions) {
+        if (!parser.isSet(QString::fromLatin1(row.raw))) continue;
+        if (action) throw UsageError(localised("choose one of --edit, --copy, --pin and --save"));
+        action = row.value;
+    }
+    return action;
+}
+
+QString outputFrom(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("output"))) return {};
+    const QFileInfo file(parser.value(QStringLiteral("output")));
+    if (!formatNamed(file.suffix())) {
+        throw UsageError(localised("--output takes a file that ends in .png, .jpg or .webp"));
+    }
+    const QFileInfo folder(file.absolutePath());
+    if (file.isDir() || !folder.isDir() || !folder.isWritable()) {
+        throw UsageError(localised("\"%1\" cannot be written").arg(file.filePath()));
+    }
+    return file.absoluteFilePath();
+}
+
+}  // namespace
+
+std::optional<InstanceRequest> captureRequestFrom(const QStringList& arguments) {
+    QCommandLineParser parser;
+    addCaptureOptions(parser);
+    if (!parser.parse(QStringList(QStringLiteral("kestrio capture")) + arguments)) {
+        throw UsageError(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        printDocument(helpText(parser));
+        return std::nullopt;
+    }
+    InstanceRequest request;
+    request.verb = InstanceVerb::capture;
+    request.kind = kindFrom(parser.positionalArguments());
+    request.delay = delayFrom(parser);
+    request.action = actionFrom(parser);
+    request.output = outputFrom(parser);
+    request.isUnattended = ::isatty(STDERR_FILENO) == 0;
+    return request;
+}
+
+}  // namespace kestrio

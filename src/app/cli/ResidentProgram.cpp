@@ -1,0 +1,55 @@
+#include "app/cli/ResidentProgram.h"
+
+#include "app/cli/InstanceHandover.h"
+#include "app/cli/StopSignals.h"
+#include "app/clipboard/ClipboardKeeper.h"
+#include "app/instance/InstanceAddress.h"
+#include "app/shell/AppDelegate.h"
+#include "app/views/SettingsWindowCoordinator.h"
+
+#include <QGuiApplication>
+
+namespace kestrio {
+
+namespace {
+
+// Held for the life of the process.
+std::unique_ptr<InstanceLock>& lock() {
+    static std::unique_ptr<InstanceLock> held;
+    return held;
+}
+
+SettingsServices settingsServices(const ProgramParts& parts,
+                                  const std::shared_ptr<HotkeyManager>& hotkeys) {
+    return {parts.settings,
+            parts.userDefaults,
+            std::make_shared<ThemeStorageService>(parts.userDefaults),
+            hotkeys,
+            parts.platform.loginItem,
+            parts.platform.fileDialogs};
+}
+
+}  // namespace
+
+std::optional<ExitStatus> activateInstance(const QStringList&) {
+    lock() = takeInstanceLock();
+    if (lock()) return std::nullopt;
+    return handOverToInstance(InstanceRequest());
+}
+
+ExitStatus runResident(const QStringList&) {
+    const StopSignals signals;
+    const ProgramParts parts = ProgramParts::make(makePlatformServices());
+    const auto hotkeys =
+        std::make_shared<HotkeyManager>(parts.platform.globalHotkeys, parts.settings);
+    AppDelegate delegate(parts, hotkeys,
+                         std::make_shared<SettingsWindowCoordinator>(
+                             settingsServices(parts, hotkeys), parts));
+    const std::stop_callback end(signals.token(), [] { QCoreApplication::quit(); });
+    delegate.applicationDidFinishLaunching(InstanceAddress::standard().socket);
+    const int code = QGuiApplication::exec();
+    handOverClipboard(*parts.platform.pasteboard);
+    return code == 0 ? ExitStatus::done : ExitStatus::failed;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "settings/AppSettings.h"
+
+#include <array>
+
+namespace kestrio {
+
+/// What a global hotkey does; the number is what the desktop knows it by.
+enum class HotkeyAction { region = 1, window = 2, scrolling = 3, history = 4, recording = 5 };
+
+/// A hotkey: its label for users and where the settings keep it.
+struct HotkeyRow {
+    HotkeyAction action;
+    const char* label;  ///< English
+    HotkeyConfig AppSettings::* config;
+};
+
+inline constexpr std::array<HotkeyRow, 5> hotkeyRows = {{
+    {HotkeyAction::region, "Region Capture", &AppSettings::regionCaptureHotkey},
+    {HotkeyAction::window, "Window Capture", &AppSettings::windowCaptureHotkey},
+    {HotkeyAction::scrolling, "Scrolling Capture", &AppSettings::scrollingCaptureHotkey},
+    {HotkeyAction::history, "History", &AppSettings::historyHotkey},
+    {HotkeyAction::recording, "Recording", &AppSettings::recordingHotkey},
+}};
+
+const HotkeyRow& hotkeyRow(HotkeyAction action);
+
+/// What stands against giving a hotkey this combination, for users; empty where nothing does. Only
+/// the program's own hotkeys are looked at.
+QString hotkeyConflict(const AppSettings& settings, HotkeyAction target,
+                       const HotkeyConfig& candidate);
+
+}  // namespace kestrio

@@ -1,0 +1,132 @@
+#include "app/instance/InstanceBus.h"
+
+#include "core/Localisation.h"
+
+#include <QDBusServiceWatcher>
+#include <QDir>
+#include <QTemporaryFile>
+
+namespace kestrio {
+
+namespace {
+
+constexpr int longestDelay = 3600;
+
+const QString& interfaceName() {
+    static const QString name = QStringLiteral("org.kestrio.Kestrio1");
+    return name;
+}
+
+QString errorName(int status) {
+    const char* const kind =
+        status == static_cast<int>(InstanceStatus::cancelled)    ? "Cancelled"
+        : status == static_cast<int>(InstanceStatus::wrongUsage) ? "WrongUsage"
+                                                                 : "Failed";
+    return interfaceName() + QStringLiteral(".Error.") + QLatin1String(kind);
+}
+
+QString errorText(const InstanceReply& reply) {
+    return reply.message.isEmpty() ? localised("cancelled by the user") : reply.message;
+}
+
+// Empty where no such file can be made.
+QString newTemporaryFile() {
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/kestrio-XXXXXX.png"));
+    file.setAutoRemove(false);
+    return file.open() ? file.fileName() : QString();
+}
+
+// What is wrong with the options; empty where they have become part of the request.
+QString readOptions(const QVariantMap& options, InstanceRequest& request) {
+    for (auto option = options.begin(); option != options.end(); ++option) {
+        const QString& key = option.key();
+        const QString value = option->toString();
+        if (key == u"delay") {
+            bool isNumber = false;
+            request.delay = option->toInt(&isNumber);
+            if (isNumber && request.delay >= 0 && request.delay <= longestDelay) continue;
+        } else if (key == u"action") {
+            request.action = fromRawString<CaptureAction>(value.toStdString());
+            if (request.action) continue;
+        } else if (key == u"output") {
+            request.output = value;
+            if (QDir::isAbsolutePath(value)) continue;
+        }
+        return localised("the option \"%1\" cannot be \"%2\"").arg(key, value);
+    }
+    return {};
+}
+
+}  // namespace
+
+InstanceBus::InstanceBus(InstanceHandler handler, QObject* parent)
+    : QObject(parent), handler_(std::move(handler)) {}
+
+InstanceBus::~InstanceBus() {
+    stop_.request_stop();
+}
+
+bool InstanceBus::publish() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected() &&
+           bus.registerObject(QStringLiteral("/org/kestrio/Kestrio"), this,
+                              QDBusConnection::ExportScriptableSlots) &&
+           bus.registerService(QStringLiteral("org.kestrio.Kestrio"));
+}
+
+void InstanceBus::Activate(const QDBusMessage& message) {
+    message.setDelayedReply(true);
+    launch(answer(InstanceRequest(), message), this);
+}
+
+void InstanceBus::Edit(const QString& file, const QDBusMessage& message) {
+    message.setDelayedReply(true);
+    InstanceRequest request;
+    request.verb = InstanceVerb::edit;
+    request.file = file;
+    launch(answer(std::move(request), message), this);
+}
+
+QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
+                             const QDBusMessage& message) {
+    message.setDelayedReply(true);
+    InstanceRequest request;
+    request.verb = InstanceVerb::capture;
+    const auto known = fromRawString<CaptureKind>(kind.toStdString());
+    if (!known) {
+        refuse(message, localised("there is no capture \"%1\"").arg(kind));
+        return {};
+    }
+    request.kind = *known;
+    if (const QString fault = readOptions(options, request); !fault.isEmpty()) {
+        refuse(message, fault);
+        return {};
+    }
+    if (!request.action && request.output.isEmpty()) request.output = newTemporaryFile();
+    launch(answer(std::move(request), message), this);
+    return {};
+}
+
+void InstanceBus::refuse(const QDBusMessage& message, const QString& reason) {
+    QDBusConnection::sessionBus().send(message.createErrorReply(
+        errorName(static_cast<int>(InstanceStatus::wrongUsage)), reason));
+}
+
+Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message) {
+    std::stop_source stop;
+    const std::stop_callback end(stop_.get_token(), [stop]() mutable { stop.request_stop(); });
+    QDBusServiceWatcher caller(message.service(), QDBusConnection::sessionBus(),
+                               QDBusServiceWatcher::WatchForUnregistration);
+    connect(&caller, &QDBusServiceWatcher::serviceUnregistered, this,
+            [stop]() mutable { stop.request_stop(); });
+    const bool returnsPath = request.verb == InstanceVerb::capture;
+    auto handling = handler_(std::move(request), stop.get_token());
+    const InstanceReply reply = co_await handling;
+    QDBusMessage answered =
+        reply.status == 0 ? message.createReply()
+                          : message.createErrorReply(errorName(reply.status), errorText(reply));
+    if (reply.status == 0 && returnsPath) answered << reply.path;
+    QDBusConnection::sessionBus().send(answered);
+}
+
+}  // namespace kestrio

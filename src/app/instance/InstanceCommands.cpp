@@ -1,0 +1,103 @@
+#include "app/instance/InstanceCommands.h"
+
+#include "core/Localisation.h"
+#include "imaging/codecs/ImageDecoder.h"
+
+#include <QFileInfo>
+#include <QPointer>
+
+namespace kestrio {
+
+namespace {
+
+/// A picture to edit and the name that heads its window.
+struct NamedPicture {
+    Image image;
+    QString name;
+};
+
+class NothingToEdit : public Error {
+  public:
+    QString errorDescription() const override {
+        return localised("there is no picture on the clipboard; name a file to edit");
+    }
+};
+
+Task<NamedPicture> pictureFor(InstanceRequest request, std::shared_ptr<Pasteboard> pasteboard) {
+    if (request.file.isEmpty()) {
+        const QImage pasted = pasteboard->readImage();
+        if (pasted.isNull()) throw NothingToEdit();
+        co_return NamedPicture{Image(pasted, request.density), localised("Clipboard")};
+    }
+    const auto loading =
+        runInBackground([path = request.file] { return loadImageFile(path); });
+    const QImage loaded = co_await loading;
+    co_return NamedPicture{Image(loaded, request.density),
+                           QFileInfo(request.file).completeBaseName()};
+}
+
+InstanceReply replyFor(const std::exception& error) {
+    const CaptureError failure = CaptureError::from(error);
+    if (failure.which() == CaptureError::Case::cancelled) return InstanceReply::cancelled();
+    return InstanceReply::failed(describeFailure(error));
+}
+
+}  // namespace
+
+InstanceCommands::InstanceCommands(CaptureCoordinator& captures,
+                                   std::shared_ptr<Pasteboard> pasteboard,
+                                   std::function<void()> activate, QObject* parent)
+    : QObject(parent),
+      captures_(captures),
+      pasteboard_(std::move(pasteboard)),
+      activate_(std::move(activate)) {}
+
+Task<InstanceReply> InstanceCommands::run(InstanceRequest request, std::stop_token stop) {
+    switch (request.verb) {
+        case InstanceVerb::activate:
+            activate_();
+            co_return InstanceReply::done();
+        case InstanceVerb::edit: {
+            auto editing = edit(std::move(request));
+            co_return co_await editing;
+        }
+        case InstanceVerb::capture: {
+            auto capturing = capture(std::move(request), std::move(stop));
+            co_return co_await capturing;
+        }
+    }
+    co_return InstanceReply();
+}
+
+Task<InstanceReply> InstanceCommands::capture(InstanceRequest request, std::stop_token stop) {
+    const QPointer<CaptureCoordinator> captures(&captures_);
+    InstanceReply reply;
+    try {
+        auto capturing = captures_.capture(request.captureRequest(), std::move(stop));
+        const CaptureReport report = co_await capturing;
+        reply = InstanceReply::done(report.savedPath);
+    } catch (const CaptureError& error) {
+        reply = replyFor(error);
+        if (captures && request.isUnattended) captures->tell(error);
+    } catch (const std::exception& error) {
+        reply = replyFor(error);
+        if (captures && request.isUnattended) captures->tell(CaptureError::from(error));
+    }
+    co_return reply;
+}
+
+Task<InstanceReply> InstanceCommands::edit(InstanceRequest request) {
+    const QPointer<CaptureCoordinator> captures(&captures_);
+    InstanceReply reply;
+    try {
+        auto finding = pictureFor(std::move(request), pasteboard_);
+        const NamedPicture picture = co_await finding;
+        if (!captures) co_return InstanceReply::cancelled();
+        captures->openImage(picture.image, picture.name);
+    } catch (const std::exception& error) {
+        reply = replyFor(error);
+    }
+    co_return reply;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,75 @@
+#include "app/settings/ShortcutRecorder.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace kestrio {
+
+namespace {
+
+constexpr int deciding = KeyCombination::command | KeyCombination::option | KeyCombination::control;
+
+}  // namespace
+
+ShortcutRecorder::ShortcutRecorder(std::shared_ptr<HotkeyManager> hotkeys, Validate validate,
+                                   QObject* parent)
+    : QObject(parent), hotkeys_(std::move(hotkeys)), validate_(std::move(validate)) {}
+
+ShortcutRecorder::~ShortcutRecorder() {
+    stop();
+}
+
+void ShortcutRecorder::toggle() {
+    if (isRecording()) {
+        stop();
+    } else {
+        start();
+    }
+}
+
+void ShortcutRecorder::start() {
+    set_conflictMessage({});
+    hotkeys_->suspend();
+    QCoreApplication::instance()->installEventFilter(this);
+    set_isRecording(true);
+}
+
+void ShortcutRecorder::stop() {
+    if (!isRecording()) return;
+    QCoreApplication::instance()->removeEventFilter(this);
+    set_isRecording(false);
+    hotkeys_->registerHotkeys();
+}
+
+bool ShortcutRecorder::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            // Shortcuts of the window must not see the key; as a key press it comes again.
+            event->accept();
+            return true;
+        case QEvent::KeyPress:
+            take(static_cast<const QKeyEvent&>(*event));
+            return true;
+        case QEvent::KeyRelease:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void ShortcutRecorder::take(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Escape) {
+        stop();
+        return;
+    }
+    const auto combination = combinationOf(event);
+    if (!combination || (combination->modifiers & deciding) == 0) return;
+    const HotkeyConfig candidate{combination->keyCode, combination->modifiers};
+    const QString conflict = validate_(candidate);
+    set_conflictMessage(conflict);
+    if (!conflict.isEmpty()) return;
+    Q_EMIT recorded(candidate);
+    stop();
+}
+
+}  // namespace kestrio

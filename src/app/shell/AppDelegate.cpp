@@ -1,0 +1,158 @@
+#include "app/shell/AppDelegate.h"
+
+#include "core/Localisation.h"
+#include "core/Log.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <malloc.h>
+
+namespace kestrio {
+
+namespace {
+
+// A desktop that starts programs at login may start its tray after them.
+constexpr std::chrono::seconds trayPatience(5);
+constexpr std::chrono::milliseconds noticeTime(3500);
+constexpr std::chrono::seconds idleTime(3);
+
+QIcon idleStatusBarIcon() {
+    // On a tile of its own: trays are dark or light, and do not tell which.
+    return QIcon(QStringLiteral(":/kestrio/app/viewfinder.svg"));
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotkeys,
+                         std::shared_ptr<SettingsOpener> settingsWindow, QObject* parent)
+    : QObject(parent),
+      parts_(std::move(parts)),
+      hotkeys_(std::move(hotkeys)),
+      intake_(*parts_.captures, parts_.platform.pasteboard, parts_.platform.fileDialogs,
+              parts_.platform.alerts),
+      settingsWindow_(std::move(settingsWindow)),
+      commands_(*parts_.captures, parts_.platform.pasteboard, [this] { activate(); }),
+      server_([this](InstanceRequest request, std::stop_token stop) {
+          return commands_.run(std::move(request), std::move(stop));
+      }),
+      bus_([this](InstanceRequest request, std::stop_token stop) {
+          return commands_.run(std::move(request), std::move(stop));
+      }) {
+    connect(qGuiApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::applicationWillTerminate);
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching(const QString& socket) {
+    showStatusItem();
+    giveBackMemoryWhenIdle();
+    bindHotkeys();
+    bindShortcuts();
+    hotkeys_->registerHotkeys();
+    if (!server_.listen(socket)) {
+        logLine("AppDelegate", QStringLiteral("no socket at ") + socket);
+    }
+    // What can wait lets the icon show first.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            bus_.publish();
+            parts_.permissions->checkAtLaunch();
+            watchForTray();
+        },
+        Qt::QueuedConnection);
+}
+
+// Freed pictures stay with the allocator, where the next capture finds them at once; a program that
+// waits in the tray must not keep a hundred megabytes for that.
+void AppDelegate::giveBackMemoryWhenIdle() {
+    idle_.setSingleShot(true);
+    idle_.setInterval(idleTime);
+    connect(&idle_, &QTimer::timeout, this, [this] {
+        if (!parts_.captures->isCapturing()) malloc_trim(0);
+    });
+    connect(parts_.captures.get(), &CaptureCoordinator::isCapturingChanged, &idle_,
+            qOverload<>(&QTimer::start));
+    connect(parts_.editors.get(), &EditorWindowCoordinator::isEditorOpenChanged, this, [this] {
+        if (!parts_.editors->isEditorOpen()) parts_.captures->forgetLastCapture();
+        idle_.start();
+    });
+}
+
+void AppDelegate::showStatusItem() {
+    parts_.platform.statusItem->show(
+        idleStatusBarIcon(), QStringLiteral("Kestrio"),
+        [settings = parts_.settings, actions = menuActions()] {
+            return captureMenu(settings->load(), actions);
+        });
+}
+
+StatusMenuActions AppDelegate::menuActions() {
+    const auto& captures = parts_.captures;
+    StatusMenuActions actions;
+    actions.captureRegion = [captures] { captures->startRegionCapture(); };
+    actions.captureWindow = [captures] { captures->startWindowCapture(); };
+    actions.captureLater = [captures](int seconds, CaptureKind kind) {
+        captures->startDelayedCapture(seconds, kind);
+    };
+    actions.pasteFromClipboard = [this] { intake_.pasteFromClipboard(); };
+    actions.importImage = [this] { intake_.importImage(); };
+    actions.openSettings = [this] { settingsWindow_->open(SettingsTab::general); };
+    actions.quit = [] { QCoreApplication::quit(); };
+    return actions;
+}
+
+void AppDelegate::bindHotkeys() {
+    const auto& captures = parts_.captures;
+    hotkeys_->setHandler(HotkeyAction::region, [captures] { captures->startRegionCapture(); });
+    hotkeys_->setHandler(HotkeyAction::window, [captures] { captures->startWindowCapture(); });
+}
+
+void AppDelegate::bindShortcuts() {
+    const StatusMenuActions actions = menuActions();
+    shortcuts_.add(Qt::CTRL | Qt::Key_4, actions.captureRegion);
+    shortcuts_.add(Qt::CTRL | Qt::Key_5, actions.captureWindow);
+    shortcuts_.add(Qt::CTRL | Qt::SHIFT | Qt::Key_V, actions.pasteFromClipboard);
+    shortcuts_.add(Qt::CTRL | Qt::Key_O, actions.importImage);
+    shortcuts_.add(Qt::CTRL | Qt::Key_Comma, actions.openSettings);
+}
+
+void AppDelegate::watchForTray() {
+    QTimer::singleShot(trayPatience, this, [this] {
+        if (!parts_.platform.statusItem->isAvailable()) launch(tellHowToReach(), this);
+    });
+}
+
+Task<> AppDelegate::tellHowToReach() {
+    const QPointer<AppDelegate> self(this);
+    AlertRequest request;
+    request.style = AlertStyle::informational;
+    request.title = localised("Kestrio Runs Without an Icon");
+    request.text =
+        localised("This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a "
+                  "region, or start Kestrio again to open its preferences.")
+            .arg(parts_.settings->load().regionCaptureHotkey.displayString());
+    request.buttons = {localised("Open Preferences"), localised("OK")};
+    auto shown = parts_.platform.alerts->show(std::move(request));
+    const int button = co_await shown;
+    if (self && button == 0) settingsWindow_->open(SettingsTab::general);
+}
+
+void AppDelegate::activate() {
+    if (parts_.editors->bringToFront() || settingsWindow_->bringToFront()) return;
+    if (!parts_.platform.statusItem->isAvailable()) {
+        settingsWindow_->open(SettingsTab::general);
+        return;
+    }
+    parts_.toasts->show(localised("Kestrio is running. Press %1 to capture a region.")
+                            .arg(parts_.settings->load().regionCaptureHotkey.displayString()),
+                        noticeTime);
+}
+
+void AppDelegate::applicationWillTerminate() {
+    hotkeys_->unregisterHotkeys();
+    parts_.editors->saveFrame(*parts_.userDefaults);
+    parts_.userDefaults->synchronise();
+}
+
+}  // namespace kestrio

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/hotkeys/HotkeyManager.h"
+#include "app/instance/InstanceBus.h"
+#include "app/instance/InstanceCommands.h"
+#include "app/shell/AppShortcuts.h"
+#include "app/shell/ImageIntake.h"
+#include "app/shell/ProgramParts.h"
+#include "app/shell/SettingsOpener.h"
+#include "app/shell/StatusMenus.h"
+
+namespace kestrio {
+
+/// The resident program: an icon in the tray, hotkeys, and the ear for other starts. Main thread.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+  public:
+    AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotkeys,
+                std::shared_ptr<SettingsOpener> settingsWindow, QObject* parent = nullptr);
+    ~AppDelegate() override;
+
+    /// Shows the icon and takes up work. `socket` is where other starts ask.
+    void applicationDidFinishLaunching(const QString& socket);
+
+  private:
+    void bindHotkeys();
+    void bindShortcuts();
+    void showStatusItem();
+    void watchForTray();
+    Task<> tellHowToReach();
+    void giveBackMemoryWhenIdle();
+    void activate();
+    void applicationWillTerminate();
+    StatusMenuActions menuActions();
+
+    ProgramParts parts_;
+    std::shared_ptr<HotkeyManager> hotkeys_;
+    ImageIntake intake_;
+    AppShortcuts shortcuts_;
+    std::shared_ptr<SettingsOpener> settingsWindow_;
+    InstanceCommands commands_;
+    InstanceServer server_;
+    InstanceBus bus_;
+    QTimer idle_;
+};
+
+}  // namespace kestrio

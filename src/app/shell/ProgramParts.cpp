@@ -1,0 +1,77 @@
+#include "app/shell/ProgramParts.h"
+
+#include "app/shell/ToastPresenter.h"
+#include "capture/ScreenCaptureService.h"
+#include "capture/picker/OverlayWindowPicker.h"
+#include "capture/region/OverlayRegionSelector.h"
+#include "imaging/text/SystemFont.h"
+#include "render/watermark/WatermarkService.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLocale>
+
+namespace kestrio {
+
+namespace {
+
+constexpr double bodySize = 13;
+
+// A language that the user chose counts from the next start on.
+void applyLanguage(const UserDefaults& defaults) {
+    const auto languages = defaults.stringArray(QStringLiteral("AppleLanguages"));
+    if (languages && !languages->isEmpty()) QLocale::setDefault(QLocale(languages->front()));
+}
+
+CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
+    CaptureCollaborators made;
+    const auto& platform = parts.platform;
+    const auto snapshots =
+        std::make_shared<ScreenSnapshotProvider>(platform.screenGrabber, platform.displays);
+    const OverlayServices overlay{platform.displays, snapshots, platform.windowList};
+    made.screenCapture = std::make_shared<ScreenCaptureService>(ScreenCaptureDependencies{
+        platform.screenPermission, platform.displays, snapshots, parts.settings,
+        std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),
+        std::make_shared<OverlayWindowPicker>(overlay)});
+    made.editors = parts.editors;
+    made.pins = parts.pins;
+    made.imageRenderer = std::make_shared<ImageRendererService>(
+        std::make_shared<WatermarkService>(parts.userDefaults), parts.platform.pasteboard);
+    made.settings = parts.settings;
+    made.permissions = parts.permissions;
+    made.alerts = parts.platform.alerts;
+    made.toasts = parts.toasts;
+    return made;
+}
+
+}  // namespace
+
+ProgramParts ProgramParts::make(const PlatformServices& platform) {
+    QGuiApplication::setFont(systemFont(bodySize, QFont::Normal));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/kestrio/app/kestrio.svg")));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    ProgramParts parts;
+    parts.platform = platform;
+    parts.userDefaults = std::make_shared<IniUserDefaults>(IniUserDefaults::standardPath());
+    applyLanguage(*parts.userDefaults);
+    parts.settings = std::make_shared<AppSettingsService>(parts.userDefaults);
+    parts.activation = std::make_shared<ActivationState>();
+    parts.permissions =
+        std::make_shared<PermissionManager>(platform.screenPermission, platform.alerts);
+    parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
+        platform.displays, platform.floatingWindows, platform.pasteboard);
+    parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
+    const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
+                               pins = parts.pins] {
+        EditorServices services = makeEditorServices(platform, defaults);
+        // The one that caches, so that a change in the settings window reaches the editor.
+        services.settings = settings;
+        services.pins = pins;
+        return services;
+    };
+    parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);
+    parts.captures = std::make_shared<CaptureCoordinator>(collaboratorsOf(parts));
+    return parts;
+}
+
+}  // namespace kestrio

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/capture/CaptureCoordinator.h"
+#include "app/shell/EditorWindowCoordinator.h"
+#include "platform/PlatformServices.h"
+
+namespace kestrio {
+
+/// One of everything that captures and opens pictures, wired up; the resident program and single
+/// commands share it. Members are made on first use where they cost memory. Main thread.
+struct ProgramParts {
+    PlatformServices platform;
+    std::shared_ptr<UserDefaults> userDefaults;
+    std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<ActivationState> activation;
+    std::shared_ptr<PermissionManager> permissions;
+    std::shared_ptr<PinnedScreenshotCoordinator> pins;
+    std::shared_ptr<Toasts> toasts;
+    std::shared_ptr<EditorWindowCoordinator> editors;
+    std::shared_ptr<CaptureCoordinator> captures;
+
+    static ProgramParts make(const PlatformServices& platform);
+};
+
+}  // namespace kestrio

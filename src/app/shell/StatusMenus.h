@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/capture/CaptureRequest.h"
+#include "platform/StatusItem.h"
+#include "settings/AppSettings.h"
+
+namespace kestrio {
+
+/// What the entries of the status item's menu do.
+struct StatusMenuActions {
+    std::function<void()> captureRegion;
+    std::function<void()> captureWindow;
+    std::function<void(int seconds, CaptureKind kind)> captureLater;
+    std::function<void()> pasteFromClipboard;
+    std::function<void()> importImage;
+    std::function<void()> openSettings;
+    std::function<void()> quit;
+};
+
+/// The menu as long as nothing is recorded, with the hotkeys that the settings have now.
+StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& actions);
+
+}  // namespace kestrio

@@ -1,0 +1,13 @@
+#pragma once
+
+class QWindow;
+
+namespace kestrio {
+
+/// Puts a window in the middle of its display's free area.
+void centre(QWindow& window);
+
+/// Shows a window before all others and gives it the focus.
+void bringToFront(QWindow& window);
+
+}  // namespace kestrio

@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+Item {
+    id: tab
+    required property SettingsController controller
+
+    ColumnLayout {
+        anchors.centerIn: parent
+        spacing: Theme.small
+        Image {
+            Layout.alignment: Qt.AlignHCenter
+            source: "qrc:/kestrio/app/kestrio.svg"
+            sourceSize: Qt.size(112, 112)
+        }
+        Text {
+            Layout.alignment: Qt.AlignHCenter
+            text: "Kestrio"
+            font.pixelSize: 20
+            font.weight: Font.DemiBold
+            color: Theme.text
+        }
+        Text {
+            Layout.alignment: Qt.AlignHCenter
+            text: qsTr("Version %1").arg(tab.controller.version)
+            font.pixelSize: Theme.bodySize
+            color: Theme.secondaryText
+        }
+        Text {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: Theme.small
+            text: qsTr("Screenshots worth showing.")
+            font.pixelSize: Theme.bodySize
+            color: Theme.text
+        }
+    }
+}

@@ -1,0 +1,49 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+// The pattern of file names, with the name that it makes now.
+ColumnLayout {
+    id: row
+    required property SettingsController controller
+    Layout.fillWidth: true
+    spacing: Theme.tiny
+
+    RowLayout {
+        Layout.fillWidth: true
+        Text {
+            Layout.fillWidth: true
+            text: qsTr("File names")
+            font.pixelSize: Theme.bodySize
+            color: Theme.text
+        }
+        TextBox {
+            objectName: "fileNamingPattern"
+            Layout.preferredWidth: 260
+            text: row.controller.values.fileNamingPattern
+            Accessible.name: qsTr("File names")
+            onEdited: text => row.controller.set("fileNamingPattern", text)
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: 6
+        Repeater {
+            model: ["{date}", "{time}", "{sequence}"]
+            Chip {
+                required property string modelData
+                text: modelData
+                onClicked: row.controller.set("fileNamingPattern", row.controller.values.fileNamingPattern + modelData)
+            }
+        }
+        Text {
+            Layout.fillWidth: true
+            text: row.controller.exampleName
+            font.pixelSize: Theme.captionSize
+            color: Theme.secondaryText
+            horizontalAlignment: Text.AlignRight
+            elide: Text.ElideMiddle
+        }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+SettingsPage {
+    id: tab
+    required property SettingsController controller
+
+    SettingsCard {
+        title: qsTr("Screen recording")
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 32
+            spacing: Theme.small
+            Symbol {
+                name: tab.controller.isScreenReadable ? "checkmark" : "xmark"
+                color: tab.controller.isScreenReadable ? Theme.success : Theme.danger
+            }
+            Text {
+                Layout.fillWidth: true
+                text: tab.controller.isScreenReadable ? qsTr("Kestrio can capture the screen.")
+                    : qsTr("Kestrio cannot capture the screen.")
+                font.pixelSize: Theme.bodySize
+                color: Theme.text
+            }
+            Chip {
+                text: qsTr("Check Again")
+                onClicked: tab.controller.refreshPermission()
+            }
+            Chip {
+                visible: !tab.controller.isScreenReadable
+                text: qsTr("Open System Settings")
+                onClicked: tab.controller.openScreenSettings()
+            }
+        }
+    }
+    SettingsCard {
+        title: qsTr("Your pictures")
+        Text {
+            Layout.fillWidth: true
+            Layout.topMargin: Theme.tiny
+            Layout.bottomMargin: Theme.tiny
+            text: qsTr("Everything is captured, edited and saved on this computer. Kestrio sends no pictures anywhere.")
+            font.pixelSize: Theme.bodySize
+            color: Theme.text
+            wrapMode: Text.Wrap
+        }
+    }
+}

@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+// The folder of quick saves.
+RowLayout {
+    id: row
+    required property SettingsController controller
+    Layout.fillWidth: true
+    spacing: Theme.medium
+
+    Text {
+        text: qsTr("Save to")
+        font.pixelSize: Theme.bodySize
+        color: Theme.text
+    }
+    Text {
+        Layout.fillWidth: true
+        text: row.controller.values.defaultSavePath
+        font.pixelSize: Theme.bodySize
+        color: Theme.secondaryText
+        horizontalAlignment: Text.AlignRight
+        elide: Text.ElideMiddle
+    }
+    Chip {
+        objectName: "chooseSavePath"
+        text: qsTr("Choose…")
+        onClicked: row.controller.chooseSavePath()
+    }
+}

@@ -1,0 +1,35 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+// A switch for one field of the settings, with a line below that says more.
+ColumnLayout {
+    id: row
+    required property SettingsController controller
+    required property string field
+    property string label
+    property string explanation
+    Layout.fillWidth: true
+    spacing: 0
+
+    Toggle {
+        Layout.fillWidth: true
+        objectName: row.field
+        text: row.label
+        checked: row.controller.values[row.field]
+        onToggled: {
+            row.controller.set(row.field, checked)
+            checked = Qt.binding(() => row.controller.values[row.field])
+        }
+    }
+    Text {
+        Layout.fillWidth: true
+        Layout.rightMargin: 56
+        visible: row.explanation !== ""
+        text: row.explanation
+        font.pixelSize: Theme.captionSize
+        color: Theme.secondaryText
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import QtQuick.Layouts
+import Kestrio.Editor
+import Kestrio.App
+
+SettingsPage {
+    id: tab
+    required property SettingsController controller
+    Component.onDestruction: controller.stopRecording()
+
+    Text {
+        Layout.fillWidth: true
+        text: qsTr("Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥.")
+        font.pixelSize: Theme.bodySize
+        color: Theme.secondaryText
+        wrapMode: Text.Wrap
+    }
+    SettingsCard {
+        title: qsTr("Global Shortcuts")
+        Repeater {
+            // Counted, so that a row stays while its values change.
+            model: tab.controller.hotkeys.length
+            ShortcutRow {
+                required property int index
+                controller: tab.controller
+                row: tab.controller.hotkeys[index]
+            }
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        Text {
+            Layout.fillWidth: true
+            text: qsTr("⌃ Control   ⌥ Alt   ⇧ Shift   ⌘ Super")
+            font.pixelSize: Theme.captionSize
+            color: Theme.secondaryText
+        }
+        Chip {
+            objectName: "restoreDefaults"
+            text: qsTr("Restore Defaults")
+            onClicked: tab.controller.restoreDefaultHotkeys()
+        }
+    }
+}

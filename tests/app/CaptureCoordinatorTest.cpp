@@ -1,0 +1,215 @@
+#include "app/CaptureFixture.h"
+
+#include <QFileInfo>
+
+namespace kestrio {
+namespace {
+
+using CaptureCoordinatorTest = CaptureFixture;
+using ErrorCase = CaptureError::Case;
+
+TEST_F(CaptureCoordinatorTest, EachDecisionAboutARegionGoesItsWay) {
+    struct Case {
+        CaptureAction action;
+        std::size_t editors, pins;
+        QString toast;
+    };
+    const Case cases[] = {
+        {CaptureAction::edit, 1, 0, {}},
+        {CaptureAction::copy, 0, 0, QStringLiteral("Copied to clipboard")},
+        {CaptureAction::save, 0, 0, QStringLiteral("Saved to ")},
+        {CaptureAction::pin, 0, 1, {}},
+    };
+    for (const Case& each : cases) {
+        editors->opened.clear();
+        pins->pinned.clear();
+        toasts->texts.clear();
+        captures->startRegionCapture();
+        EXPECT_TRUE(captures->isCapturing());
+        service->finish(outcome(each.action));
+        ASSERT_TRUE(waitForEnd());
+        EXPECT_EQ(editors->opened.size(), each.editors);
+        EXPECT_EQ(pins->pinned.size(), each.pins);
+        EXPECT_EQ(toasts->texts.isEmpty(), each.toast.isEmpty());
+        if (!each.toast.isEmpty()) {
+            EXPECT_TRUE(toasts->texts.value(0).startsWith(each.toast));
+        }
+    }
+    ASSERT_EQ(renderer->savedPaths.size(), 1);
+    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), folder.path());
+    EXPECT_TRUE(alerts->requests.empty());
+}
+
+TEST_F(CaptureCoordinatorTest, ASecondCaptureMeanwhileDoesNothing) {
+    captures->startRegionCapture();
+    captures->startRegionCapture();
+    captures->startWindowCapture();
+    EXPECT_EQ(service->regionCount, 1);
+    EXPECT_EQ(service->windowCount, 0);
+    service->finish(outcome(CaptureAction::edit));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(editors->opened.size(), 1U);
+}
+
+TEST_F(CaptureCoordinatorTest, FailuresAreToldByTheirKind) {
+    struct Case {
+        ErrorCase which;
+        QString title;
+    };
+    const Case cases[] = {
+        {ErrorCase::cancelled, {}},
+        {ErrorCase::captureTimeout, QStringLiteral("Capture Error")},
+        {ErrorCase::windowNotFound, QStringLiteral("Capture Error")},
+        {ErrorCase::permissionDenied, QStringLiteral("Screen Recording Permission Required")},
+    };
+    for (const Case& each : cases) {
+        alerts->requests.clear();
+        captures->startWindowCapture();
+        service->fail(each.which);
+        ASSERT_TRUE(waitForEnd());
+        if (each.title.isEmpty()) {
+            EXPECT_TRUE(alerts->requests.empty());
+            EXPECT_FALSE(captures->lastError());
+            continue;
+        }
+        ASSERT_TRUE(waitFor([&] { return !alerts->requests.empty(); }));
+        EXPECT_EQ(alerts->requests.front().title, each.title);
+        EXPECT_EQ(captures->lastError(), CaptureError(each.which));
+        alerts->dismiss();
+    }
+}
+
+TEST_F(CaptureCoordinatorTest, AStrangeFailureIsWrapped) {
+    captures->startRegionCapture();
+    service->fail(std::make_exception_ptr(std::runtime_error("out of luck")));
+    ASSERT_TRUE(waitFor([&] { return !alerts->requests.empty(); }));
+    EXPECT_TRUE(alerts->requests.front().text.startsWith(QStringLiteral("System error: ")));
+    EXPECT_TRUE(alerts->requests.front().text.contains(QStringLiteral("out of luck")));
+    EXPECT_FALSE(captures->isCapturing());
+}
+
+TEST_F(CaptureCoordinatorTest, TheSettingsPlaceIsOpenedByTheFirstButtonOnly) {
+    for (const int button : {0, 1}) {
+        captures->startRegionCapture();
+        service->fail(ErrorCase::permissionDenied);
+        ASSERT_TRUE(waitFor([&] { return alerts->isPending(); }));
+        alerts->answer(button);
+        ASSERT_TRUE(waitFor([&] { return permission->settingsCount == 1; }));
+    }
+}
+
+TEST_F(CaptureCoordinatorTest, ASaveThatFailsIsToldByAToast) {
+    renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
+    captures->startRegionCapture();
+    service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(toasts->texts, QStringList(QStringLiteral("Save failed")));
+    EXPECT_TRUE(alerts->requests.empty());
+    EXPECT_TRUE(editors->opened.empty());
+}
+
+TEST_F(CaptureCoordinatorTest, AClipboardThatRefusesIsNotToldOf) {
+    renderer->copyFailure = ExportError::clipboardFailed();
+    captures->startRegionCapture();
+    service->finish(outcome(CaptureAction::copy));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(toasts->texts, QStringList(QStringLiteral("Copied to clipboard")));
+}
+
+TEST_F(CaptureCoordinatorTest, ATimedCaptureCountsDownAndStandsBackForOthers) {
+    captures->startDelayedCapture(1, CaptureKind::window);
+    EXPECT_TRUE(captures->isCountingDown());
+    EXPECT_EQ(captures->countdownRemaining(), 1);
+    captures->startDelayedCapture(10, CaptureKind::region);
+    EXPECT_EQ(captures->countdownRemaining(), 1);
+    ASSERT_TRUE(waitFor([&] { return service->windowCount == 1; }));
+    EXPECT_FALSE(captures->isCountingDown());
+    service->finish(outcome(CaptureAction::edit));
+    ASSERT_TRUE(waitForEnd());
+
+    captures->startDelayedCapture(1, CaptureKind::window);
+    captures->startRegionCapture();
+    ASSERT_TRUE(waitFor([&] { return !captures->isCountingDown(); }));
+    EXPECT_EQ(service->windowCount, 1);
+    service->fail(ErrorCase::cancelled);
+    ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(CaptureCoordinatorTest, AnImageOpensEvenDuringACapture) {
+    captures->startRegionCapture();
+    captures->openImage(outcome(CaptureAction::edit).capturedImage.image, QStringLiteral("pasted"));
+    ASSERT_EQ(editors->opened.size(), 1U);
+    EXPECT_EQ(editors->opened.front().captureRect, QRectF(0, 0, 20, 15));
+    EXPECT_EQ(editors->names.front(), u"pasted");
+    EXPECT_TRUE(captures->isCapturing());
+    service->fail(ErrorCase::cancelled);
+    ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(CaptureCoordinatorTest, ARequestHasItsOwnWayUnlessTheUserDecidesOtherwise) {
+    struct Case {
+        std::optional<CaptureAction> asked;
+        CaptureAction decided;
+        bool hasOutput;
+        std::size_t editors, pins;
+        qsizetype saved;
+    };
+    using enum CaptureAction;
+    const Case cases[] = {
+        {std::nullopt, edit, false, 1, 0, 0}, {pin, edit, false, 0, 1, 0},
+        {pin, copy, false, 0, 0, 0},          {std::nullopt, edit, true, 0, 0, 1},
+        {pin, edit, true, 0, 1, 1},           {std::nullopt, pin, true, 0, 1, 1},
+    };
+    const QString file = folder.filePath(QStringLiteral("out.png"));
+    for (const Case& each : cases) {
+        editors->opened.clear();
+        pins->pinned.clear();
+        renderer->savedPaths.clear();
+        auto capturing = captures->capture(
+            {CaptureKind::region, 0, each.asked, each.hasOutput ? file : QString()});
+        service->finish(outcome(each.decided));
+        const CaptureReport report = runUntilDone(std::move(capturing));
+        EXPECT_EQ(report.savedPath, each.hasOutput ? file : QString());
+        EXPECT_EQ(editors->opened.size(), each.editors);
+        EXPECT_EQ(pins->pinned.size(), each.pins);
+        EXPECT_EQ(renderer->savedPaths.size(), each.saved);
+    }
+}
+
+TEST_F(CaptureCoordinatorTest, ARequestIsRefusedWhileAnotherCaptureRuns) {
+    captures->startRegionCapture();
+    EXPECT_THROW(runUntilDone(captures->capture({CaptureKind::display})), CaptureError);
+    EXPECT_TRUE(captures->isCapturing());
+    service->fail(ErrorCase::cancelled);
+    ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(CaptureCoordinatorTest, AStopEndsARequestWhereverItIs) {
+    for (const int delay : {0, 30}) {
+        std::stop_source stop;
+        auto capturing = captures->capture({CaptureKind::region, delay}, stop.get_token());
+        stop.request_stop();
+        try {
+            runUntilDone(std::move(capturing));
+            FAIL() << "delay " << delay;
+        } catch (const std::exception& error) {
+            EXPECT_EQ(CaptureError::from(error).which(), ErrorCase::cancelled);
+        }
+        EXPECT_FALSE(captures->isCapturing());
+        EXPECT_FALSE(captures->isCountingDown());
+    }
+}
+
+TEST_F(CaptureCoordinatorTest, ItsEndStopsWhatIsUnderWay) {
+    captures->startRegionCapture();
+    captures->startDelayedCapture(5, CaptureKind::region);
+    captures.reset();
+    // The flows wake up, find nobody, and touch nothing.
+    for (int turn = 0; turn < 20; ++turn)
+        QCoreApplication::processEvents();
+    EXPECT_TRUE(editors->opened.empty());
+    EXPECT_TRUE(alerts->requests.empty());
+}
+
+}  // namespace
+}  // namespace kestrio
