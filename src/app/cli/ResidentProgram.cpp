@@ -32,9 +32,12 @@ SettingsServices settingsServices(const ProgramParts& parts,
 }  // namespace
 
 std::optional<ExitStatus> activateInstance(const QStringList&) {
-    lock() = takeInstanceLock();
-    if (lock()) return std::nullopt;
-    return handOverToInstance(InstanceRequest());
+    for (;;) {
+        lock() = takeInstanceLock();
+        if (lock()) return std::nullopt;
+        // Nothing where the lock was only looked at by a command, or let go of just now.
+        if (const auto status = handOverToInstance(InstanceRequest())) return status;
+    }
 }
 
 ExitStatus runResident(const QStringList&) {
