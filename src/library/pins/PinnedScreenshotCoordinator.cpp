@@ -1,5 +1,6 @@
 #include "library/pins/PinnedScreenshotCoordinator.h"
 
+#include "imaging/codecs/ImageEncoder.h"
 #include "library/pins/PinGeometry.h"
 #include "library/pins/PinnedScreenshotWindow.h"
 
@@ -45,12 +46,20 @@ QUuid PinnedScreenshotCoordinator::pin(Image image) {
     connect(window, &PinnedScreenshotWindow::closeRequested, this,
             [this, id = model.id] { close(id); });
     connect(window, &PinnedScreenshotWindow::copyRequested, this,
-            [this, image = model.image] { pasteboard_->writeImage(image.bitmap(), {}); });
+            [this, image = model.image] { launch(copy(image), this); });
     pinnedWindows_.emplace(model.id, window);
     windowModels_.emplace(model.id, model);
     window->open();
     Q_EMIT pinnedWindowsChanged();
     return model.id;
+}
+
+Task<> PinnedScreenshotCoordinator::copy(Image image) {
+    const auto pasteboard = pasteboard_;
+    const auto encoding = runInBackground(
+        [bitmap = image.bitmap()] { return encodeImage(bitmap, ExportFormat::png); });
+    const QByteArray png = co_await encoding;
+    pasteboard->writeImage(image.bitmap(), png);
 }
 
 void PinnedScreenshotCoordinator::close(const QUuid& id) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Task.h"
 #include "library/pins/PinnedScreenshotModel.h"
 #include "platform/Displays.h"
 #include "platform/FloatingWindows.h"
@@ -47,6 +48,8 @@ class PinnedScreenshotCoordinator : public QObject, public PinnedScreenshotCoord
 
   private:
     PinnedScreenshotModel makeModel(Image image) const;
+    /// Encodes off the main loop; done when asked for, it would stall this and the asking program.
+    Task<> copy(Image image);
 
     std::shared_ptr<Displays> displays_;
     std::shared_ptr<FloatingWindows> floating_;
