@@ -53,6 +53,7 @@ Task<> InstanceServer::answer(QLocalSocket* connection, QByteArray line) {
     const std::stop_callback end(stop_.get_token(), [stop]() mutable { stop.request_stop(); });
     const auto gone = connect(connection, &QLocalSocket::disconnected, this,
                               [stop]() mutable { stop.request_stop(); });
+    if (connection->state() != QLocalSocket::ConnectedState) stop.request_stop();
     auto replying = reply(std::move(line), stop.get_token());
     const InstanceReply made = co_await replying;
     QObject::disconnect(gone);
