@@ -25,6 +25,7 @@ struct RegionCaptureResult {
     std::vector<AnyAnnotation> annotations;
     CaptureAction action = CaptureAction::edit;
     std::optional<AnnotationTool> initialTool;
+    std::optional<CodableColor> toolColor;  ///< that the tools start with, where one was chosen
 };
 
 /// Lets the user choose a part of the display under the pointer. Main thread only.

@@ -17,6 +17,7 @@ struct RegionCaptureOutcome {
     std::vector<AnyAnnotation> annotations;
     CaptureAction action = CaptureAction::edit;
     std::optional<AnnotationTool> initialTool;
+    std::optional<CodableColor> toolColor;  ///< that the tools start with, where one was chosen
 };
 
 /// Lets the user choose what to capture and captures it. Main thread only. Both throw CaptureError;

@@ -207,14 +207,14 @@ void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const Q
     // Afterwards: an editor that is closed for it takes the picture before with it.
     collaborators_.editors->open(outcome.capturedImage, name);
     set_lastCapturedImage(outcome.capturedImage);
-    if (outcome.annotations.empty() && !outcome.initialTool) return;
+    if (outcome.annotations.empty() && !outcome.initialTool && !outcome.toolColor) return;
     // Once the window is up.
     QMetaObject::invokeMethod(
         this,
         [editors = collaborators_.editors, annotations = outcome.annotations,
-         tool = outcome.initialTool] {
+         tool = outcome.initialTool, color = outcome.toolColor] {
             if (EditorViewModel* editor = editors->currentEditorViewModel()) {
-                editor->startAnnotating(annotations, tool);
+                editor->startAnnotating(annotations, tool, color);
             }
         },
         Qt::QueuedConnection);

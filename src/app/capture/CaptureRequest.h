@@ -16,10 +16,10 @@ struct CaptureRequest {
     int delay = 0;
     /// What becomes of the picture; the user decides where absent, and where it is `edit`, what the
     /// user decides otherwise counts.
-    std::optional<CaptureAction> action;
+    std::optional<CaptureAction> action = std::nullopt;
     /// The file that the picture is written to as it was captured; empty for none. It wins over
     /// opening the editor.
-    QString output;
+    QString output = {};
 };
 
 /// What became of it.

@@ -2,49 +2,122 @@
 
 #include "core/Localisation.h"
 
+#include <algorithm>
+
 namespace kestrio {
 
 namespace {
 
 constexpr double padding = 6;
 constexpr double buttonSide = 32;
+constexpr double swatchWidth = 24;
 constexpr double buttonGap = 2;
-constexpr double groupGap = 6;
+constexpr double groupGap = 8;
+constexpr double separatorInset = 6;
+
+struct NamedColor {
+    const char* name;
+    const CodableColor& color;
+};
+
+constexpr NamedColor swatches[] = {
+    {"Red", quickColors[0]},  {"Orange", quickColors[1]}, {"Yellow", quickColors[2]},
+    {"Green", quickColors[3]}, {"Blue", quickColors[4]},  {"Black", quickColors[9]},
+    {"White", quickColors[7]},
+};
+
+QString withKey(const QString& text, const QString& key) {
+    return text + QStringLiteral("   ") + key;
+}
+
+ToolbarButton button(ToolbarCommand command, const QString& icon, QString toolTip) {
+    return {command, icon, std::move(toolTip), QRectF(0, 0, buttonSide, buttonSide)};
+}
+
+std::vector<ToolbarButton> toolButtons() {
+    std::vector<ToolbarButton> group;
+    for (const AnnotationToolInfo& tool : annotationTools()) {
+        if (tool.tool == AnnotationTool::select) continue;
+        const QString key = QChar::fromLatin1(tool.key).toUpper();
+        group.push_back(button(tool.tool, QString::fromLatin1(tool.name).toLower(),
+                               withKey(displayName(tool.tool), key)));
+    }
+    return group;
+}
+
+std::vector<ToolbarButton> colorButtons() {
+    std::vector<ToolbarButton> group;
+    for (const NamedColor& swatch : swatches) {
+        const QString key = QString::number(group.size() + 1);
+        group.push_back({swatch.color, {}, withKey(localised(swatch.name), key),
+                         QRectF(0, 0, swatchWidth, buttonSide)});
+    }
+    return group;
+}
+
+std::vector<ToolbarButton> actionButtons() {
+    return {
+        button(CaptureAction::pin, QStringLiteral("pin"),
+               withKey(localised("Pin to the desktop"), QStringLiteral("Ctrl+P"))),
+        button(CaptureAction::copy, QStringLiteral("doc.on.doc"),
+               withKey(localised("Copy"), QStringLiteral("Ctrl+C"))),
+        button(CaptureAction::save, QStringLiteral("square.and.arrow.down"),
+               withKey(localised("Save"), QStringLiteral("Ctrl+S"))),
+    };
+}
+
+std::vector<ToolbarButton> endingButtons() {
+    std::vector<ToolbarButton> group = {
+        button(CancelCapture(), QStringLiteral("xmark"),
+               withKey(localised("Cancel"), QStringLiteral("Esc"))),
+        button(CaptureAction::edit, QStringLiteral("checkmark"),
+               withKey(localised("Done"), QStringLiteral("Return"))),
+    };
+    group.back().isPrimary = true;
+    return group;
+}
 
 }  // namespace
 
-CaptureToolbar::CaptureToolbar() : next_(padding) {
-    for (const AnnotationToolInfo& tool : annotationTools()) {
-        if (tool.tool == AnnotationTool::select) continue;
-        add(tool.tool, QByteArray(tool.name).toLower().constData(),
-            displayName(tool.tool) + QStringLiteral("   ") + QChar::fromLatin1(tool.key).toUpper());
+CaptureToolbar::CaptureToolbar(double widest) : next_(padding, padding) {
+    place(toolButtons(), widest);
+    place(colorButtons(), widest);
+    place(actionButtons(), widest);
+    place(endingButtons(), widest);
+}
+
+void CaptureToolbar::place(std::vector<ToolbarButton> group, double widest) {
+    double width = 0;
+    for (const ToolbarButton& button : group)
+        width += button.place.width() + buttonGap;
+    const bool isFirst = next_.x() <= padding;
+    if (!isFirst && next_.x() + groupGap + width - buttonGap + padding > widest) {
+        next_ = {padding, next_.y() + buttonSide + buttonGap};
+    } else if (!isFirst) {
+        const double x = next_.x() + (groupGap - buttonGap) / 2;
+        separators_.emplace_back(x, next_.y() + separatorInset, x,
+                                 next_.y() + buttonSide - separatorInset);
+        next_.rx() += groupGap;
     }
-    separate();
-    add(CaptureAction::pin, "pin", localised("Pin to the desktop") + QStringLiteral("   Ctrl+P"));
-    add(CaptureAction::copy, "doc.on.doc", localised("Copy") + QStringLiteral("   Ctrl+C"));
-    add(CaptureAction::save, "square.and.arrow.down", localised("Save") + QStringLiteral("   Ctrl+S"));
-    separate();
-    add(CancelCapture(), "xmark", localised("Cancel") + QStringLiteral("   Esc"));
-    add(CaptureAction::edit, "checkmark", localised("Done") + QStringLiteral("   Return"));
-    buttons_.back().isPrimary = true;
-    size_ = {next_ - buttonGap + padding, buttonSide + 2 * padding};
-}
-
-void CaptureToolbar::add(ToolbarCommand command, const char* icon, QString toolTip) {
-    buttons_.push_back({command, QString::fromLatin1(icon), std::move(toolTip),
-                        QRectF(next_, padding, buttonSide, buttonSide)});
-    next_ += buttonSide + buttonGap;
-}
-
-void CaptureToolbar::separate() {
-    separators_.push_back(next_ + groupGap / 2);
-    next_ += groupGap + buttonGap;
+    for (ToolbarButton& button : group) {
+        button.place.moveTopLeft(next_);
+        next_.rx() += button.place.width() + buttonGap;
+        buttons_.push_back(std::move(button));
+    }
+    size_ = {std::max(size_.width(), next_.x() - buttonGap + padding),
+             next_.y() + buttonSide + padding};
 }
 
 int CaptureToolbar::buttonAt(QPointF point) const {
     for (std::size_t i = 0; i < buttons_.size(); ++i)
         if (buttons_[i].place.contains(point)) return static_cast<int>(i);
     return -1;
+}
+
+std::optional<CodableColor> CaptureToolbar::colorOfKey(QChar key) const {
+    const int index = key.digitValue() - 1;
+    if (index < 0 || index >= static_cast<int>(std::size(swatches))) return std::nullopt;
+    return swatches[index].color;
 }
 
 }  // namespace kestrio

@@ -13,17 +13,23 @@ namespace {
 constexpr double cornerRadius = 10;
 constexpr double buttonRadius = 6;
 constexpr int iconSide = 20;
+constexpr double swatchRadius = 8;
+constexpr double ringRadius = 10.5;
 constexpr double toolTipGap = 6;
 constexpr double toolTipSize = 12;
 constexpr QColor accent(0x0a, 0x7c, 0xff);
 
 struct Palette {
-    QColor surface, hairline, hover, pressed, text;
+    QColor surface, hairline, hover, pressed, text, edge;
 };
 
 Palette paletteFor(bool isDark) {
-    if (isDark) return {{0x26, 0x26, 0x2b}, {0x3a, 0x3a, 0x41}, {0x36, 0x36, 0x3d}, {0x42, 0x42, 0x4a}, {0xf2, 0xf2, 0xf5}};
-    return {{0xfb, 0xfb, 0xfd}, {0xdc, 0xdd, 0xe3}, {0xec, 0xee, 0xf3}, {0xdf, 0xe2, 0xea}, {0x1d, 0x1d, 0x1f}};
+    if (isDark) {
+        return {{0x26, 0x26, 0x2b}, {0x3a, 0x3a, 0x41}, {0x36, 0x36, 0x3d},
+                {0x42, 0x42, 0x4a}, {0xf2, 0xf2, 0xf5}, {255, 255, 255, 70}};
+    }
+    return {{0xfb, 0xfb, 0xfd}, {0xdc, 0xdd, 0xe3}, {0xec, 0xee, 0xf3},
+            {0xdf, 0xe2, 0xea}, {0x1d, 0x1d, 0x1f}, {0, 0, 0, 50}};
 }
 
 OverlayLabel toolTipLabel(const CaptureToolbar& toolbar, const ToolbarLook& look) {
@@ -42,6 +48,18 @@ QImage tinted(const QString& name, QColor color, int pixels) {
     return icon;
 }
 
+void paintSwatch(QPainter& painter, QPointF center, const CodableColor& color, bool isChosen,
+                 bool isHovered, const Palette& colors) {
+    if (isChosen || isHovered) {
+        painter.setPen(QPen(isChosen ? accent : colors.pressed, 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(center, ringRadius, ringRadius);
+    }
+    painter.setPen(QPen(colors.edge, 1));
+    painter.setBrush(color.toQColor());
+    painter.drawEllipse(center, swatchRadius, swatchRadius);
+}
+
 }  // namespace
 
 const QImage& CaptureToolbarPainter::icon(const QString& name, QColor color, double scale) {
@@ -51,6 +69,12 @@ const QImage& CaptureToolbarPainter::icon(const QString& name, QColor color, dou
         icon.setDevicePixelRatio(scale);
     }
     return icon;
+}
+
+void CaptureToolbarPainter::paintIcon(QPainter& painter, const ToolbarButton& button, QPointF center,
+                                      QColor ink) {
+    const double scale = painter.device()->devicePixelRatioF();
+    painter.drawImage(center - QPointF(iconSide / 2.0, iconSide / 2.0), icon(button.icon, ink, scale));
 }
 
 QRectF CaptureToolbarPainter::toolTipPlace(const CaptureToolbar& toolbar, const ToolbarLook& look) {
@@ -73,24 +97,25 @@ void CaptureToolbarPainter::paint(QPainter& painter, const CaptureToolbar& toolb
     painter.setPen(QPen(colors.hairline, 1));
     painter.setBrush(colors.surface);
     painter.drawRoundedRect(whole.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
-    for (const double x : toolbar.separators())
-        painter.drawLine(QPointF(whole.x() + x, whole.y() + 12), QPointF(whole.x() + x, whole.bottom() - 12));
-    const double scale = painter.device()->devicePixelRatioF();
+    for (const QLineF& separator : toolbar.separators())
+        painter.drawLine(separator.translated(look.origin));
     for (std::size_t i = 0; i < toolbar.buttons().size(); ++i) {
         const ToolbarButton& button = toolbar.buttons()[i];
         const QRectF place = button.place.translated(look.origin);
         const int index = static_cast<int>(i);
         const bool isPressed = look.pressed == index;
         const bool isHovered = look.hovered == index;
+        if (const auto* color = std::get_if<CodableColor>(&button.command)) {
+            paintSwatch(painter, place.center(), *color, *color == look.color, isHovered, colors);
+            continue;
+        }
         if (button.isPrimary || isPressed || isHovered) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(button.isPrimary ? accent.darker(isPressed ? 120 : isHovered ? 108 : 100)
                                               : isPressed ? colors.pressed : colors.hover);
             painter.drawRoundedRect(place, buttonRadius, buttonRadius);
         }
-        const QColor ink = button.isPrimary ? QColor(Qt::white) : colors.text;
-        painter.drawImage(place.center() - QPointF(iconSide / 2.0, iconSide / 2.0),
-                          icon(button.icon, ink, scale));
+        paintIcon(painter, button, place.center(), button.isPrimary ? QColor(Qt::white) : colors.text);
     }
     if (look.showsToolTip && look.hovered >= 0) {
         toolTipLabel(toolbar, look).paint(painter, toolTipPlace(toolbar, look));

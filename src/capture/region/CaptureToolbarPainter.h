@@ -15,6 +15,7 @@ struct ToolbarLook {
     int hovered = -1;  ///< index of a button
     int pressed = -1;
     bool showsToolTip = false;
+    CodableColor color;  ///< that tools start with
     bool isDark = false;
     QSizeF view;       ///< what the tool tip must stay in
 };
@@ -27,6 +28,7 @@ class CaptureToolbarPainter {
     static QRectF toolTipPlace(const CaptureToolbar& toolbar, const ToolbarLook& look);
 
   private:
+    void paintIcon(QPainter& painter, const ToolbarButton& button, QPointF center, QColor ink);
     const QImage& icon(const QString& name, QColor color, double scale);
 
     std::map<QString, QImage> icons_;

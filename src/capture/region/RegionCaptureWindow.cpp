@@ -20,12 +20,8 @@ constexpr int toolTipMilliseconds = 450;
 constexpr QColor snapColor(0x0a, 0x7c, 0xff);
 // How far borders and handles reach beyond the selection.
 constexpr int borderReach = 8;
-
-constexpr SelectionHandle allHandles[] = {
-    SelectionHandle::topLeft,    SelectionHandle::top,         SelectionHandle::topRight,
-    SelectionHandle::right,      SelectionHandle::bottomRight, SelectionHandle::bottom,
-    SelectionHandle::bottomLeft, SelectionHandle::left,
-};
+// Of the display, on either side of the toolbar.
+constexpr double toolbarMargin = 4;
 
 OverlayLabel labelOf(const QString& text) {
     return {text, systemFont(labelSize, QFont::Medium)};
@@ -45,7 +41,7 @@ QRect roomy(const QRectF& rect) {
 void paintHandles(QPainter& painter, const QRectF& selection) {
     painter.setPen(QPen(snapColor, 1.5));
     painter.setBrush(Qt::white);
-    for (const SelectionHandle handle : allHandles) {
+    for (const SelectionHandle handle : selectionHandles) {
         QRectF square(0, 0, handleSize, handleSize);
         square.moveCenter(handlePosition(handle, selection));
         painter.drawRect(square);
@@ -63,7 +59,8 @@ RegionCaptureWindow::RegionCaptureWindow(const Display& display, DisplaySnapshot
       options_(options),
       bounds_(display.bounds),
       isDark_(isDark),
-      ending_(std::move(ending)) {
+      ending_(std::move(ending)),
+      toolbar_(display.bounds.width() - 2 * toolbarMargin) {
     setTitle(QStringLiteral("Kestrio Region Capture"));
     setCursor(Qt::CrossCursor);
     selection_.move(QCursor::pos() - display.bounds.topLeft());
@@ -101,7 +98,15 @@ QRectF RegionCaptureWindow::labelRect() const {
 }
 
 ToolbarLook RegionCaptureWindow::toolbarLook() const {
-    return {toolbarRect().topLeft(), hoveredButton_, pressedButton_, showsToolTip_, isDark_, size()};
+    ToolbarLook look;
+    look.origin = toolbarRect().topLeft();
+    look.hovered = hoveredButton_;
+    look.pressed = pressedButton_;
+    look.showsToolTip = showsToolTip_;
+    look.color = toolColor_.value_or(ToolSettings().color);
+    look.isDark = isDark_;
+    look.view = size();
+    return look;
 }
 
 QRegion RegionCaptureWindow::decorations() const {
@@ -264,6 +269,10 @@ bool RegionCaptureWindow::takeAdjustingKey(const QKeyEvent& event) {
         default: break;
     }
     if (isControl || event.text().size() != 1) return false;
+    if (const auto color = toolbar_.colorOfKey(event.text().front())) {
+        run(*color);
+        return true;
+    }
     const auto tool = annotationToolOfKey(event.text().front());
     if (!tool || *tool == AnnotationTool::select) return false;
     run(*tool);
@@ -285,6 +294,8 @@ void RegionCaptureWindow::run(const ToolbarCommand& command) {
         end(*action, std::nullopt);
     } else if (const auto* tool = std::get_if<AnnotationTool>(&command)) {
         end(CaptureAction::edit, *tool);
+    } else if (const auto* color = std::get_if<CodableColor>(&command)) {
+        change([&] { toolColor_ = *color; });
     } else {
         cancel();
     }
@@ -310,6 +321,7 @@ void RegionCaptureWindow::end(CaptureAction action, std::optional<AnnotationTool
     result.image = crop();
     result.action = action;
     result.initialTool = tool;
+    result.toolColor = toolColor_;
     ending(std::move(result));
 }
 

@@ -60,6 +60,7 @@ class RegionCaptureWindow : public FrozenWindow {
     bool isDark_;
     Ending ending_;
     CaptureToolbar toolbar_;
+    std::optional<CodableColor> toolColor_;
     CaptureToolbarPainter toolbarPainter_;
     int hoveredButton_ = -1;
     int pressedButton_ = -1;

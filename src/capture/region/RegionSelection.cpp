@@ -11,12 +11,6 @@ constexpr double dragThreshold = 5;
 constexpr double leastSide = 10;
 constexpr double handleReach = 15;
 
-constexpr SelectionHandle handles[] = {
-    SelectionHandle::topLeft,     SelectionHandle::top,    SelectionHandle::topRight,
-    SelectionHandle::right,       SelectionHandle::bottomRight, SelectionHandle::bottom,
-    SelectionHandle::bottomLeft,  SelectionHandle::left,
-};
-
 /// Which edges a handle drags: -1 the left or upper, 1 the right or lower, 0 neither.
 struct HandleEdges {
     int x, y;
@@ -63,7 +57,7 @@ void RegionSelection::press(QPointF point) {
     isDragging_ = true;
     didDrag_ = false;
     selection_ = {};
-    pendingSnap_ = std::exchange(hovered_, nullptr);
+    pendingSnap_ = std::exchange(snapRect_, {});
 }
 
 void RegionSelection::move(QPointF point) {
@@ -74,7 +68,7 @@ void RegionSelection::move(QPointF point) {
         const QPointF way = point - start_;
         if (!didDrag_ && std::hypot(way.x(), way.y()) > dragThreshold) {
             didDrag_ = true;
-            pendingSnap_ = nullptr;
+            pendingSnap_ = {};
         }
         selection_ = QRectF(start_, point).normalized() & view_;
     } else if (phase_ == SelectionPhase::selecting) {
@@ -90,13 +84,10 @@ RegionSelection::Release RegionSelection::release(QPointF point) {
     if (!isDragging_) return Release::nothing;
     move(point);
     isDragging_ = false;
-    const WindowInfo* const snap = std::exchange(pendingSnap_, nullptr);
+    const QRectF snap = std::exchange(pendingSnap_, {});
     if (didDrag_ && isLargeEnough(selection_)) return Release::chosen;
-    selection_ = {};
-    if (snap) {
-        selection_ = snap->bounds.translated(-bounds_.topLeft()) & view_;
-        if (!selection_.isEmpty()) return Release::chosen;
-    }
+    selection_ = snap;
+    if (!selection_.isEmpty()) return Release::chosen;
     hover(point);
     return Release::nothing;
 }
@@ -139,15 +130,12 @@ void RegionSelection::growBy(QPointF delta) {
 }
 
 void RegionSelection::hover(QPointF point) {
-    hovered_ = windowAt(point + bounds_.topLeft(), windows_);
-}
-
-QRectF RegionSelection::snapRect() const {
-    return hovered_ ? hovered_->bounds.translated(-bounds_.topLeft()) & view_ : QRectF();
+    const WindowInfo* const window = windowAt(point + bounds_.topLeft(), windows_);
+    snapRect_ = window ? window->bounds.translated(-bounds_.topLeft()) & view_ : QRectF();
 }
 
 std::optional<SelectionHandle> RegionSelection::handleAt(QPointF point) const {
-    for (const SelectionHandle handle : handles) {
+    for (const SelectionHandle handle : selectionHandles) {
         const QPointF away = handlePosition(handle, selection_) - point;
         if (std::abs(away.x()) <= handleReach && std::abs(away.y()) <= handleReach) return handle;
     }

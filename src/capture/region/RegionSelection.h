@@ -14,6 +14,12 @@ enum class SelectionPhase { selecting, adjusting };
 /// In the order in which they are tried.
 enum class SelectionHandle { topLeft, top, topRight, right, bottomRight, bottom, bottomLeft, left };
 
+inline constexpr SelectionHandle selectionHandles[] = {
+    SelectionHandle::topLeft,    SelectionHandle::top,         SelectionHandle::topRight,
+    SelectionHandle::right,      SelectionHandle::bottomRight, SelectionHandle::bottom,
+    SelectionHandle::bottomLeft, SelectionHandle::left,
+};
+
 /// Where a handle sits on a rectangle.
 QPointF handlePosition(SelectionHandle handle, const QRectF& selection);
 
@@ -46,10 +52,10 @@ class RegionSelection {
     /// Empty where there is none.
     const QRectF& selection() const { return selection_; }
     /// The part of the window that a click would take; empty where there is none.
-    QRectF snapRect() const;
+    const QRectF& snapRect() const { return snapRect_; }
     /// What is shown undimmed: the selection, else the window to snap to.
-    QRectF cutOut() const { return selection_.isEmpty() ? snapRect() : selection_; }
-    bool isSnapping() const { return selection_.isEmpty() && hovered_; }
+    QRectF cutOut() const { return selection_.isEmpty() ? snapRect_ : selection_; }
+    bool isSnapping() const { return selection_.isEmpty() && !snapRect_.isEmpty(); }
     Qt::CursorShape cursor() const;
 
   private:
@@ -71,8 +77,9 @@ class RegionSelection {
     QPointF pointer_;
     QPointF start_;
     QRectF selection_;
-    const WindowInfo* hovered_ = nullptr;
-    const WindowInfo* pendingSnap_ = nullptr;
+    // Of the window that a click would take, and of the one that this press began on.
+    QRectF snapRect_;
+    QRectF pendingSnap_;
     bool isDragging_ = false;
     bool didDrag_ = false;
     std::optional<Grip> grip_;

@@ -36,9 +36,11 @@ void EditorViewModel::leaveAnnotationMode() {
 }
 
 void EditorViewModel::startAnnotating(const std::vector<AnyAnnotation>& annotations,
-                                      std::optional<AnnotationTool> tool) {
+                                      std::optional<AnnotationTool> tool,
+                                      std::optional<CodableColor> color) {
     if (!isAnnotationMode()) toggleAnnotationMode();
     if (!isAnnotationMode()) return;
+    if (color) annotationVM_.setColor(*color);
     for (const AnyAnnotation& annotation : annotations)
         annotationVM_.addAnnotation(annotation);
     synchroniseAnnotations();

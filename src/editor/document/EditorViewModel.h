@@ -108,9 +108,10 @@ class EditorViewModel : public QObject {
 
     void toggleAnnotationMode();
     void leaveAnnotationMode();
-    /// Adds annotations that were drawn elsewhere, and goes on with a tool where one is given.
+    /// Adds annotations that were drawn elsewhere, and goes on with a tool and a colour where they
+    /// are given.
     void startAnnotating(const std::vector<AnyAnnotation>& annotations,
-                         std::optional<AnnotationTool> tool);
+                         std::optional<AnnotationTool> tool, std::optional<CodableColor> color);
     /// The annotations that count, whether annotation mode is on or not.
     const std::vector<AnyAnnotation>& liveAnnotations() const;
     /// Takes over what was drawn; called after each gesture on the canvas.
