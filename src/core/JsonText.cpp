@@ -53,6 +53,7 @@ JsonValue valueOf(const simdjson::dom::element& element) {
 }  // namespace
 
 std::optional<JsonValue> parseJsonQuickly(QByteArrayView text) {
+    if (text.isEmpty()) return std::nullopt;
     simdjson::dom::parser parser;
     simdjson::dom::element document;
     if (parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(document)) {

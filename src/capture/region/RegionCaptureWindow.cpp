@@ -184,7 +184,10 @@ void RegionCaptureWindow::mousePressEvent(QMouseEvent* event) {
         }
     } else if (event->button() == Qt::LeftButton) {
         if (toolbarRect().contains(at)) {
-            change([this] { pressedButton_ = hoveredButton_; });
+            change([&] {
+                hoverToolbar(at);
+                pressedButton_ = hoveredButton_;
+            });
         } else {
             change([&] { selection_.press(at); });
         }

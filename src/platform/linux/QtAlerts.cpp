@@ -32,7 +32,8 @@ QMessageBox* makeBox(const AlertRequest& request) {
     box->setTextFormat(Qt::RichText);
     box->setText(QStringLiteral("<b>") + request.title.toHtmlEscaped() + QStringLiteral("</b>"));
     box->setInformativeText(request.text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
-    box->setWindowModality(Qt::ApplicationModal);
+    // An overlay that is open meanwhile has to go on taking the pointer.
+    box->setWindowModality(Qt::NonModal);
     return box;
 }
 
