@@ -6,6 +6,7 @@
 #include "library/FileNaming.h"
 #include "library/QuickSave.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -190,6 +191,8 @@ Task<CaptureReport> CaptureCoordinator::quickSave(Image image) {
     const AppSettings settings = collaborators_.settings->load();
     const QString path =
         quickSavePath(settings, QDateTime::currentDateTime(), settings.defaultExportFormat);
+    // On a fresh account it may be missing, and nobody has chosen it.
+    QDir().mkpath(settings.defaultSavePath);
     try {
         auto saving = collaborators_.imageRenderer->saveImage(std::move(image), path,
                                                               settings.defaultExportFormat, {});
