@@ -80,6 +80,7 @@ class Desktop:
         self.folder = Path(tempfile.mkdtemp(prefix="kestrio-desktop-"))
         self.environment = {**self._private_environment(), **(environment or {})}
         self._processes = []
+        self._named = {}
         self._frame = self.folder / "frame" / "Xvfb_screen0"
 
     def __enter__(self):
@@ -157,7 +158,17 @@ class Desktop:
 
     def run(self, command, name="program"):
         """Starts a program on the desktop; what it writes is kept in log(name)."""
-        return self._launch(command, name)
+        self._named[name] = self._launch(command, name)
+        return self._named[name]
+
+    def process(self, name="program"):
+        """A program that run() started."""
+        return self._named[name]
+
+    def end(self, name):
+        """Kills a program that run() started."""
+        self.process(name).kill()
+        self.process(name).wait()
 
     def log(self, name="program"):
         file = self.folder / f"{name}.log"

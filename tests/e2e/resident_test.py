@@ -1,86 +1,23 @@
 #!/usr/bin/python3
-"""Drives the resident program as a user does: hotkeys, overlays, pins, commands, the bus, with a window
-manager and a second program. What is delivered is compared with the screen bit for bit.
+"""Captures as a user does it with the resident program: hotkeys, overlays, pins, commands, the bus, with a
+window manager and a second program. What is delivered is compared with the screen bit for bit.
 
 usage: resident_test.py PROGRAM FOLDER [unittest arguments]
 
 FOLDER keeps pictures of the screen at failures.
 """
-import contextlib
 import signal
-import subprocess
-import sys
 import time
-import unittest
-from io import BytesIO
 from pathlib import Path
 
 from PIL import Image
 
+import resident
 from desktop import Desktop, wait_until
-
-PROGRAM = Path()
-KEEP = Path()
-OVERLAY = "Kestrio Region Capture"
-PICKER = "Kestrio Window Picker"
-PIN = "Pinned Screenshot"
-EDITOR = "Kestrio Editor"
-REGION = ((300, 220), (700, 520))  # of the screen, two corners in pixels
+from resident import ALERT, EDITOR, OVERLAY, PICKER, PIN, REGION
 
 
-class ResidentTest(unittest.TestCase):
-    @contextlib.contextmanager
-    def resident(self, environment=None, size=(1280, 800)):
-        with Desktop(*size, environment=environment) as desktop:
-            desktop.run(["xterm", "-geometry", "60x16+420+260", "-title", "second program"], "xterm")
-            desktop.wait_for_window("second program")
-            process = desktop.run([PROGRAM], "kestrio")
-            socket = Path(desktop.environment["XDG_RUNTIME_DIR"]) / "kestrio"
-            wait_until(lambda: list(socket.glob("*.socket")), "the running program's socket")
-            try:
-                yield desktop
-                process.send_signal(signal.SIGTERM)
-                self.assertEqual(process.wait(10), 0)
-            except BaseException:
-                desktop.screenshot().save(KEEP / f"failure-{self.id()}.png")
-                print(desktop.log("kestrio"), flush=True)
-                raise
-
-    def command(self, desktop, *arguments):
-        """A command to its end: exit status, what it wrote, and its complaint."""
-        done = subprocess.run([PROGRAM, *map(str, arguments)], env=desktop.environment, timeout=20,
-                              stdin=subprocess.DEVNULL, capture_output=True, check=False,
-                              cwd=desktop.environment["HOME"])
-        return done.returncode, done.stdout.decode().strip(), done.stderr.decode().strip()
-
-    def start_command(self, desktop, *arguments):
-        return subprocess.Popen([PROGRAM, *map(str, arguments)], env=desktop.environment,
-                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-
-    def open_overlay(self, desktop, keys="ctrl+alt+a", title=OVERLAY):
-        desktop.key(keys)
-        wait_until(lambda: desktop.windows(title), f"the overlay {title!r}")
-        desktop.wait_for_stillness()
-
-    def assert_gone(self, desktop, title):
-        wait_until(lambda: not desktop.windows(title), f"no {title!r}")
-
-    def select(self, desktop):
-        desktop.drag(*REGION)
-        desktop.wait_for_stillness()
-
-    def copied(self, desktop):
-        wait_until(lambda: "image/png" in desktop.clipboard_targets(), "a picture on the clipboard")
-        return Image.open(BytesIO(desktop.clipboard("image/png"))).convert("RGB")
-
-    def assert_same(self, picture, expected):
-        self.assertEqual(picture.size, expected.size)
-        self.assertEqual(picture.tobytes(), expected.tobytes())
-
-    def expected(self, desktop):
-        (left, top), (right, bottom) = REGION
-        return desktop.screenshot((left, top, right, bottom))
-
+class CaptureTest(resident.ResidentTestCase):
     def test_what_was_frozen_is_copied_bit_for_bit(self):
         for scale in ("1", "2"):
             with self.subTest(scale=scale), self.resident({"QT_SCALE_FACTOR": scale}) as desktop:
@@ -107,7 +44,7 @@ class ResidentTest(unittest.TestCase):
             self.open_overlay(desktop, "ctrl+alt+w", PICKER)
             desktop.key("Escape")
             self.assert_gone(desktop, PICKER)
-            self.assertFalse(desktop.windows("^Kestrio$"), "no alert")
+            self.assertFalse(desktop.windows(ALERT), "no alert")
 
     def test_a_click_snaps_to_a_window_and_a_tool_opens_the_editor(self):
         with self.resident() as desktop:
@@ -154,6 +91,76 @@ class ResidentTest(unittest.TestCase):
             width, height = picture.size
             self.assertEqual(picture.getpixel((width - 40, height - 40)), (255, 255, 255))
 
+    def test_handles_adjust_and_the_magnifier_shows(self):
+        with self.resident() as desktop:
+            self.open_overlay(desktop)
+            in_window, beside = (600, 350), (60, 700)
+            desktop.move(in_window)
+            desktop.wait_for_stillness()
+            center = in_window[0] + 24 + 65, in_window[1] - 24 - 150 + 50
+            desktop.move(beside)
+            dark = desktop.wait_for_stillness().getpixel((center[0] + 12, center[1] + 12))
+            desktop.move(in_window)
+            shown = desktop.wait_for_stillness().getpixel((center[0] + 12, center[1] + 12))
+            self.assertNotEqual(shown, dark)
+            self.assertEqual(shown, (255, 255, 255), "the second program's white, not dimmed")
+            self.select(desktop)
+            corner = REGION[1]
+            desktop.drag(corner, (corner[0] + 60, corner[1] + 40))
+            desktop.drag((REGION[0][0], 400), (REGION[0][0] - 30, 420))
+            desktop.wait_for_stillness()
+            desktop.key("ctrl+c")
+            self.assertEqual(self.copied(desktop).size, (490, 340))
+
+    def test_each_button_of_the_toolbar_ends_its_way(self):
+        # Points from the toolbar's middle, and what has to come of a click there.
+        endings = {
+            "pin": (197, lambda desktop: desktop.windows(PIN)),
+            "copy": (231, lambda desktop: "image/png" in desktop.clipboard_targets()),
+            "save": (265, lambda desktop: list(desktop.save_folder.glob("Kestrio_*.webp"))),
+            "cancel": (307, lambda desktop: not desktop.windows(OVERLAY)),
+            "done": (341, lambda desktop: desktop.windows(EDITOR)),
+        }
+        with self.resident() as desktop:
+            desktop.save_folder = Path(desktop.environment["HOME"]) / "Desktop"
+            for name, (place, has_ended) in endings.items():
+                with self.subTest(button=name):
+                    self.open_overlay(desktop)
+                    self.select(desktop)
+                    self.assertTrue(name == "cancel" or not has_ended(desktop))
+                    desktop.click((sum(x for x, _ in REGION) // 2 + place, REGION[1][1] + 32))
+                    wait_until(lambda: has_ended(desktop), f"what {name!r} is for")
+                    self.assert_gone(desktop, OVERLAY)
+            file, = desktop.save_folder.iterdir()
+            self.assertEqual(Image.open(file).size, (400, 300))
+
+    def test_a_save_folder_that_takes_no_files_loses_nothing_else(self):
+        def occupy(desktop):
+            (Path(desktop.environment["HOME"]) / "Desktop").write_text("not a folder")
+        with self.resident(prepare=occupy) as desktop:
+            self.open_overlay(desktop)
+            self.select(desktop)
+            desktop.key("ctrl+s")
+            self.assert_gone(desktop, OVERLAY)
+            wait_until(lambda: "saving: " in desktop.log("kestrio"), "the reason in the log")
+            self.open_overlay(desktop)
+            self.select(desktop)
+            desktop.key("ctrl+c")
+            self.assertEqual(self.copied(desktop).size, (400, 300))
+
+    def test_a_window_that_closes_before_it_is_picked_is_reported(self):
+        with self.resident() as desktop:
+            process = self.start_command(desktop, "capture", "window", "--output", desktop.folder / "x.png")
+            wait_until(lambda: desktop.windows(PICKER), "the picker")
+            desktop.wait_for_stillness()
+            desktop.end("xterm")
+            desktop.wait_for_no_window("second program")
+            desktop.click((460, 300))
+            _, complaint = process.communicate(timeout=10)
+            self.assertEqual(process.returncode, 1)
+            self.assertIn("Target window not found", complaint.decode())
+            self.assertFalse((desktop.folder / "x.png").exists())
+
     def test_commands_report_how_it_went(self):
         with self.resident() as desktop:
             file = desktop.folder / "display.png"
@@ -194,6 +201,4 @@ class ResidentTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM, KEEP = (Path(argument).resolve() for argument in sys.argv[1:3])
-    KEEP.mkdir(parents=True, exist_ok=True)
-    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)
+    resident.main()
