@@ -98,7 +98,7 @@ std::optional<QPoint> findRed() {
 
 TEST(QtStatusItem, GetsIntoATrayThatComesLaterAndOpensOnEitherButton) {
     const WindowManager manager;
-    QtStatusItem item;
+    QtStatusItem item(std::make_shared<XcbConnection>());
     int built = 0;
     bool isRun = false;
     item.show(redIcon(), QStringLiteral("Kestrio"), [&] {

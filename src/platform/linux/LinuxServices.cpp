@@ -31,7 +31,7 @@ PlatformServices makePlatformServices() {
     services.windowList = std::make_shared<X11WindowList>(xServer, services.displays);
     services.screenPermission = std::make_shared<X11ScreenPermission>(xServer);
     services.globalHotkeys = std::make_shared<X11GlobalHotkeys>();
-    services.statusItem = std::make_shared<QtStatusItem>();
+    services.statusItem = std::make_shared<QtStatusItem>(xServer);
     services.alerts = std::make_shared<QtAlerts>();
     services.loginItem = std::make_shared<XdgLoginItem>();
     services.sounds = std::make_shared<ThemeSounds>();

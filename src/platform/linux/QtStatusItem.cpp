@@ -1,8 +1,9 @@
 #include "platform/linux/QtStatusItem.h"
 
 #include <QCursor>
+#include <QDBusConnection>
+#include <QDBusReply>
 #include <QKeySequence>
-#include <QTimer>
 
 namespace kestrio {
 
@@ -10,6 +11,24 @@ namespace {
 
 // A compositing manager may still show the menu in the frame after the one in which it was closed.
 constexpr std::chrono::milliseconds leavingTime{80};
+
+// Between looks for a tray; each wait is twice the one before.
+constexpr std::chrono::milliseconds firstWait{250};
+constexpr std::chrono::milliseconds longestWait{8000};
+constexpr int answerMilliseconds = 300;
+
+/// Whether a panel shows the icons that programs offer on the session bus.
+bool hasNotifierHost() {
+    QDBusMessage ask = QDBusMessage::createMethodCall(
+        QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    ask << QStringLiteral("org.kde.StatusNotifierWatcher")
+        << QStringLiteral("IsStatusNotifierHostRegistered");
+    ask.setAutoStartService(false);
+    const QDBusReply<QVariant> answer =
+        QDBusConnection::sessionBus().call(ask, QDBus::Block, answerMilliseconds);
+    return answer.isValid() && answer.value().toBool();
+}
 
 /// The keys as menus show them, in the column of shortcuts.
 QString shortcutText(const KeyCombination& shortcut) {
@@ -56,29 +75,53 @@ void fillMenu(QMenu& menu, const StatusMenu& entries) {
         addEntry(menu, entry);
 }
 
+QtStatusItem::QtStatusItem(std::shared_ptr<XcbConnection> xServer)
+    : xServer_(std::move(xServer)), nextWait_(firstWait) {
+    waiting_.setSingleShot(true);
+    QObject::connect(&waiting_, &QTimer::timeout, &waiting_, [this] { tryToShow(); });
+}
+
+bool QtStatusItem::hasTray() const {
+    return hasNotifierHost() || (xServer_->open() && xServer_->isOwned(XAtom::systemTray));
+}
+
 bool QtStatusItem::isAvailable() const {
-    return QSystemTrayIcon::isSystemTrayAvailable();
+    return icon_ ? QSystemTrayIcon::isSystemTrayAvailable() : hasTray();
 }
 
 void QtStatusItem::show(const QIcon& icon, const QString& toolTip,
                         std::function<StatusMenu()> menu) {
     entries_ = std::move(menu);
-    if (!icon_) {
-        menu_ = std::make_unique<QMenu>();
-        icon_ = std::make_unique<QSystemTrayIcon>();
-        QObject::connect(menu_.get(), &QMenu::aboutToShow, menu_.get(), [this] { rebuild(); });
-        QObject::connect(icon_.get(), &QSystemTrayIcon::activated, menu_.get(),
-                         [this](QSystemTrayIcon::ActivationReason reason) {
-                             if (reason == QSystemTrayIcon::Trigger) menu_->popup(QCursor::pos());
-                         });
-        icon_->setContextMenu(menu_.get());
-    }
-    rebuild();  // a host asks for the entries before it tells that it opens the menu
     setIcon(icon, toolTip);
+    tryToShow();
+}
+
+void QtStatusItem::tryToShow() {
+    if (!icon_ && !hasTray()) {
+        waiting_.start(nextWait_);
+        nextWait_ = std::min(nextWait_ * 2, longestWait);
+        return;
+    }
+    if (!icon_) make();
+    rebuild();  // a host asks for the entries before it tells that it opens the menu
     icon_->show();
 }
 
+void QtStatusItem::make() {
+    menu_ = std::make_unique<QMenu>();
+    icon_ = std::make_unique<QSystemTrayIcon>();
+    QObject::connect(menu_.get(), &QMenu::aboutToShow, menu_.get(), [this] { rebuild(); });
+    QObject::connect(icon_.get(), &QSystemTrayIcon::activated, menu_.get(),
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger) menu_->popup(QCursor::pos());
+                     });
+    icon_->setContextMenu(menu_.get());
+    setIcon(picture_, toolTip_);
+}
+
 void QtStatusItem::setIcon(const QIcon& icon, const QString& toolTip) {
+    picture_ = icon;
+    toolTip_ = toolTip;
     if (!icon_) return;
     icon_->setIcon(icon);
     icon_->setToolTip(toolTip);

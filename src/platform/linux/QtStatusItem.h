@@ -1,26 +1,41 @@
 #pragma once
 
 #include "platform/StatusItem.h"
+#include "platform/linux/x11/XcbConnection.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <memory>
 
 namespace kestrio {
 
 /// The tray through QSystemTrayIcon: StatusNotifierItem where the desktop has a host for it, XEmbed
 /// otherwise. Needs a QApplication.
+///
+/// Qt decides between the two once, with the first icon; so none is made before the desktop has a
+/// tray, which at login may come later than this program.
 class QtStatusItem : public StatusItem {
   public:
+    explicit QtStatusItem(std::shared_ptr<XcbConnection> xServer);
+
     bool isAvailable() const override;
     void show(const QIcon& icon, const QString& toolTip, std::function<StatusMenu()> menu) override;
     void setIcon(const QIcon& icon, const QString& toolTip) override;
 
   private:
+    bool hasTray() const;
+    void tryToShow();
+    void make();
     void rebuild();
 
+    std::shared_ptr<XcbConnection> xServer_;
     std::function<StatusMenu()> entries_;
-    std::unique_ptr<QMenu> menu_;  // made, like the icon, when it is shown
+    QIcon picture_;
+    QString toolTip_;
+    QTimer waiting_;
+    std::chrono::milliseconds nextWait_;
+    std::unique_ptr<QMenu> menu_;  // made, like the icon, once there is a tray
     std::unique_ptr<QSystemTrayIcon> icon_;
 };
 

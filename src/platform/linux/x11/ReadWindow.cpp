@@ -33,14 +33,6 @@ constexpr milliseconds stopInterval{20};
     throw ScreenGrabError(ScreenGrabError::Case::unreadable);
 }
 
-bool hasCompositingManager(XcbConnection& connection) {
-    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        connection.handle(),
-        xcb_get_selection_owner(connection.handle(), connection.atom(XAtom::compositingManager)),
-        nullptr));
-    return owner && owner->owner != XCB_WINDOW_NONE;
-}
-
 /// Reports of drawing in a window and in what it holds.
 class DamageWatch {
   public:
@@ -136,7 +128,7 @@ QImage readWindow(xcb_window_t client, const std::stop_token& stop) {
     const xcb_screen_t& screen = connection.screen();
     const QRect desktop(0, 0, screen.width_in_pixels, screen.height_in_pixels);
     constexpr int depthWithAlpha = 32;
-    const bool isComposed = hasCompositingManager(connection);
+    const bool isComposed = connection.isOwned(XAtom::compositingManager);
     const bool isOnTop = !isComposed && frame->depth != depthWithAlpha &&
                          desktop.contains(frame->visible) && !isCovered(connection, *frame);
     const QImage image =

@@ -23,7 +23,9 @@ constexpr std::array<const char*, static_cast<std::size_t>(XAtom::count)> atomNa
     "_NET_WM_WINDOW_TYPE_SPLASH",
     "_NET_WM_WINDOW_TYPE_TOOLTIP",
     "_GTK_FRAME_EXTENTS",
-    "_NET_WM_CM_S",  // the number of the screen follows
+    // The number of the screen follows.
+    "_NET_WM_CM_S",
+    "_NET_SYSTEM_TRAY_S",
 };
 
 }  // namespace
@@ -70,7 +72,7 @@ void XcbConnection::internAtoms() {
     std::array<xcb_intern_atom_cookie_t, atomNames.size()> cookies;
     for (std::size_t i = 0; i < atomNames.size(); ++i) {
         QByteArray name = atomNames[i];
-        if (i == static_cast<std::size_t>(XAtom::compositingManager))
+        if (i >= static_cast<std::size_t>(XAtom::compositingManager))
             name += QByteArray::number(number);
         cookies[i] = xcb_intern_atom(handle_, false, static_cast<std::uint16_t>(name.size()),
                                      name.constData());
@@ -104,6 +106,12 @@ QByteArray XcbConnection::text(xcb_get_property_cookie_t cookie) const {
     if (!reply || reply->format != byteBits) return {};
     return {static_cast<const char*>(xcb_get_property_value(reply.get())),
             static_cast<qsizetype>(reply->value_len)};
+}
+
+bool XcbConnection::isOwned(XAtom selection) {
+    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        handle_, xcb_get_selection_owner(handle_, atom(selection)), nullptr));
+    return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
 void XcbConnection::dropEvents() const {

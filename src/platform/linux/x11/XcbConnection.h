@@ -39,7 +39,9 @@ enum class XAtom {
     netWmWindowTypeSplash,
     netWmWindowTypeTooltip,
     gtkFrameExtents,
-    compositingManager,  ///< the selection of whoever composes the screen that this connects to
+    // Selections that concern the screen that this connects to.
+    compositingManager,
+    systemTray,
     count,
 };
 
@@ -67,6 +69,8 @@ class XcbConnection {
     xcb_get_property_cookie_t ask(xcb_window_t window, XAtom property) {
         return ask(window, atom(property));
     }
+    /// Whether somebody has taken on what the selection stands for.
+    bool isOwned(XAtom selection);
     /// The units of a property that holds 32-bit values; empty where it is missing or another kind.
     std::vector<std::uint32_t> values(xcb_get_property_cookie_t cookie) const;
     /// The bytes of a property that holds text; empty where it is missing or another kind.
