@@ -20,6 +20,21 @@ SETTINGS = "Kestrio Settings"
 ALERT = "^Kestrio$"
 REGION = ((300, 220), (700, 520))  # of the screen, two corners in pixels
 
+PANEL_HEIGHT = 40
+PANEL = f"""panel_items = S
+panel_size = 100% {PANEL_HEIGHT}
+panel_position = bottom center horizontal
+panel_background_id = 0
+systray_background_id = 0
+"""
+
+
+def with_tray(desktop):
+    config = desktop.folder / "tint2rc"
+    config.write_text(PANEL)
+    desktop.run(["tint2", "-c", config], "tint2")
+    wait_until(lambda: desktop.windows("tint2"), "the panel")
+
 
 class ResidentTestCase(unittest.TestCase):
     program = Path()

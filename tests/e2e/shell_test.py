@@ -14,27 +14,14 @@ from PIL import Image
 
 import resident
 from desktop import wait_until
-from resident import ALERT, EDITOR, OVERLAY, PICKER, SETTINGS
+from resident import ALERT, EDITOR, OVERLAY, PANEL_HEIGHT, PICKER, SETTINGS, with_tray
 
-PANEL = """panel_items = S
-panel_size = 100% 40
-panel_position = bottom center horizontal
-panel_background_id = 0
-systray_background_id = 0
-"""
 HELD_KEYS = """<?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard>
 <keybind key="C-A-a"><action name="Execute"><command>touch held</command></action></keybind>
 </keyboard></openbox_config>
 """
 SECOND_DISPLAY = (640, 0, 1280, 800)
-
-
-def with_tray(desktop):
-    config = desktop.folder / "tint2rc"
-    config.write_text(PANEL)
-    desktop.run(["tint2", "-c", config], "tint2")
-    wait_until(lambda: desktop.windows("tint2"), "the panel")
 
 
 def with_two_displays(desktop):
@@ -48,7 +35,7 @@ def with_two_displays(desktop):
 class ShellTest(resident.ResidentTestCase):
     def open_menu(self, desktop):
         width, height = desktop.size
-        panel = (0, height - 40, width, height)
+        panel = (0, height - PANEL_HEIGHT, width, height)
         icon = wait_until(lambda: desktop.screenshot(panel).getbbox(), "an icon in the tray")
         desktop.wait_for_stillness(panel)
         before = desktop.screenshot().tobytes()
