@@ -3,7 +3,7 @@
 #include "core/Cancelled.h"
 #include "imaging/filters/Opacity.h"
 #include "platform/ScreenGrabber.h"
-#include "platform/linux/x11/ReadPixels.h"
+#include "platform/linux/x11/PixelReader.h"
 #include "platform/linux/x11/WindowFrame.h"
 
 #include <poll.h>
@@ -100,7 +100,8 @@ QImage readRedirected(const XcbConnection& connection, const WindowFrame& frame,
     if (!size) return {};
     const QRect part =
         frame.visible.translated(-frame.outer.topLeft()) & QRect(0, 0, size->width, size->height);
-    return readPixels(connection, pixmap, part, layoutOf(connection, frame.depth, frame.visual));
+    return PixelReader(connection)
+        .read(pixmap, part, layoutOf(connection, frame.depth, frame.visual));
 }
 
 /// What lies outside of the shape becomes clear.
@@ -132,8 +133,9 @@ QImage readWindow(xcb_window_t client, const std::stop_token& stop) {
     const bool isOnTop = !isComposed && frame->depth != depthWithAlpha &&
                          desktop.contains(frame->visible) && !isCovered(connection, *frame);
     const QImage image =
-        isOnTop ? readPixels(connection, screen.root, frame->visible,
-                             layoutOf(connection, screen.root_depth, screen.root_visual))
+        isOnTop ? PixelReader(connection)
+                      .read(screen.root, frame->visible,
+                            layoutOf(connection, screen.root_depth, screen.root_visual))
                 : readRedirected(connection, *frame, isComposed, stop);
     throwIfStopped(stop);
     if (image.isNull() && !findFrame(connection, client)) throwGone();

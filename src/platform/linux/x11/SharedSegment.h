@@ -8,7 +8,8 @@
 
 namespace kestrio {
 
-/// Memory that the X server writes into. It goes with this object, even where the program dies.
+/// Memory that the X server writes into. It goes with this object, even where the program dies. Of
+/// no use once the connection, which outlives it, was opened anew.
 class SharedSegment {
   public:
     SharedSegment(const XcbConnection& connection, std::size_t bytes);
@@ -23,7 +24,7 @@ class SharedSegment {
     const std::byte* bytes() const { return memory_; }
 
   private:
-    xcb_connection_t* connection_;
+    const XcbConnection& connection_;
     std::byte* memory_ = nullptr;
     xcb_shm_seg_t id_ = 0;
     bool isAttached_ = false;

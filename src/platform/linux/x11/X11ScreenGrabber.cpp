@@ -1,14 +1,13 @@
 #include "platform/linux/x11/X11ScreenGrabber.h"
 
 #include "core/Cancelled.h"
-#include "platform/linux/x11/ReadPixels.h"
 #include "platform/linux/x11/ReadWindow.h"
 
 namespace kestrio {
 
 namespace {
 
-QImage readScreen(XcbConnection& connection, QRect pixels) {
+QImage readScreen(XcbConnection& connection, PixelReader& reader, QRect pixels) {
     QImage image;
     if (connection.open()) {
         const xcb_screen_t& screen = connection.screen();
@@ -16,8 +15,8 @@ QImage readScreen(XcbConnection& connection, QRect pixels) {
         const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(
             connection.handle(), xcb_get_geometry(connection.handle(), screen.root), nullptr));
         const QRect desktop = size ? QRect(0, 0, size->width, size->height) : QRect();
-        image = readPixels(connection, screen.root, pixels & desktop,
-                           layoutOf(connection, screen.root_depth, screen.root_visual));
+        image = reader.read(screen.root, pixels & desktop,
+                            layoutOf(connection, screen.root_depth, screen.root_visual));
     }
     if (image.isNull()) throw ScreenGrabError(ScreenGrabError::Case::unreadable);
     return image;
@@ -27,7 +26,8 @@ QImage readScreen(XcbConnection& connection, QRect pixels) {
 
 Task<QImage> X11ScreenGrabber::grabRectangle(QRect pixels, std::stop_token stop) {
     throwIfStopped(stop);
-    const auto read = runOn(queue_, [this, pixels] { return readScreen(connection_, pixels); });
+    const auto read =
+        runOn(queue_, [this, pixels] { return readScreen(connection_, reader_, pixels); });
     QImage image = co_await read;
     throwIfStopped(stop);
     co_return image;

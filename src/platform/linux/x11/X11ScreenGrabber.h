@@ -2,7 +2,7 @@
 
 #include "core/SerialQueue.h"
 #include "platform/ScreenGrabber.h"
-#include "platform/linux/x11/XcbConnection.h"
+#include "platform/linux/x11/PixelReader.h"
 
 namespace kestrio {
 
@@ -13,7 +13,9 @@ class X11ScreenGrabber : public ScreenGrabber {
     Task<QImage> grabWindow(quint64 windowID, std::stop_token stop) override;
 
   private:
-    XcbConnection connection_;  // used on the queue only, and outlives what is queued
+    // Used on the queue only, and outlive what is queued.
+    XcbConnection connection_;
+    PixelReader reader_{connection_};
     SerialQueue queue_{QStringLiteral("com.kestrio.screengrabber")};
 };
 
