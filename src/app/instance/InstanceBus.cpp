@@ -102,8 +102,12 @@ QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
         refuse(message, fault);
         return {};
     }
-    if (!request.action && request.output.isEmpty()) request.output = newTemporaryFile();
-    launch(answer(std::move(request), message), this);
+    QString reserved;
+    if (!request.action && request.output.isEmpty()) {
+        reserved = newTemporaryFile();
+        request.output = reserved;
+    }
+    launch(answer(std::move(request), message, reserved), this);
     return {};
 }
 
@@ -112,7 +116,7 @@ void InstanceBus::refuse(const QDBusMessage& message, const QString& reason) {
         errorName(static_cast<int>(InstanceStatus::wrongUsage)), reason));
 }
 
-Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message) {
+Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message, QString reserved) {
     std::stop_source stop;
     const std::stop_callback end(stop_.get_token(), [stop]() mutable { stop.request_stop(); });
     QDBusServiceWatcher caller(message.service(), QDBusConnection::sessionBus(),
@@ -127,6 +131,7 @@ Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message) {
                           : message.createErrorReply(errorName(reply.status), errorText(reply));
     if (reply.status == 0 && returnsPath) answered << reply.path;
     QDBusConnection::sessionBus().send(answered);
+    if (reply.status != 0 && !reserved.isEmpty()) QFile::remove(reserved);
 }
 
 }  // namespace kestrio

@@ -35,7 +35,8 @@ class InstanceBus : public QObject {
                                  const QDBusMessage& message);
 
   private:
-    Task<> answer(InstanceRequest request, QDBusMessage message);
+    /// `reserved` is an empty file made for the capture; it goes where none is written to it.
+    Task<> answer(InstanceRequest request, QDBusMessage message, QString reserved = {});
     void refuse(const QDBusMessage& message, const QString& reason);
 
     InstanceHandler handler_;
