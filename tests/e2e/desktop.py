@@ -154,15 +154,15 @@ class Desktop:
                                        stdin=subprocess.DEVNULL, stderr=log, cwd=self.environment["HOME"],
                                        preexec_fn=_end_with_test, **options)
         self._processes.append(process)
+        self._named[name] = process
         return process
 
     def run(self, command, name="program"):
         """Starts a program on the desktop; what it writes is kept in log(name)."""
-        self._named[name] = self._launch(command, name)
-        return self._named[name]
+        return self._launch(command, name)
 
     def process(self, name="program"):
-        """A program that run() started."""
+        """The program, or the desktop's server, that was started last under this name."""
         return self._named[name]
 
     def end(self, name):

@@ -13,7 +13,7 @@ from pathlib import Path
 from PIL import Image
 
 import resident
-from desktop import wait_until
+from desktop import Desktop, wait_until
 from resident import ALERT, EDITOR, OVERLAY, PANEL_HEIGHT, PICKER, SETTINGS, with_tray
 
 HELD_KEYS = """<?xml version="1.0"?>
@@ -136,6 +136,28 @@ class ShellTest(resident.ResidentTestCase):
             self.select(desktop)
             desktop.key("ctrl+c")
             self.assertEqual(self.copied(desktop).size, (400, 300))
+
+    def test_a_desktop_without_a_tray_is_told_of(self):
+        with self.resident() as desktop:
+            desktop.wait_for_window(ALERT)
+            desktop.key("Return")
+            desktop.wait_for_window(SETTINGS)
+
+    def test_of_two_starts_at_one_moment_one_stays(self):
+        with Desktop(800, 600) as desktop:
+            starts = [desktop.run([self.program], name) for name in ("one", "other")]
+            wait_until(lambda: any(start.poll() is not None for start in starts), "one of the two to end")
+            ended, = (start for start in starts if start.poll() is not None)
+            self.assertEqual(ended.returncode, 0)
+            self.assertEqual(self.command(desktop, "capture", "display", "--copy")[0], 0)
+
+    def test_a_lost_screen_ends_the_program_with_a_message(self):
+        with Desktop(800, 600) as desktop:
+            process = desktop.run([self.program], "kestrio")
+            self.command(desktop)
+            desktop.process("xvfb").kill()
+            self.assertEqual(process.wait(10), 1)
+            self.assertEqual(len(desktop.log("kestrio").splitlines()), 1, desktop.log("kestrio"))
 
     def test_pasting_from_an_owner_that_dies(self):
         with self.resident(prepare=with_tray) as desktop:
