@@ -1,7 +1,7 @@
 #include "platform/VirtualKeys.h"
 
 #include <QKeyEvent>
-#include <QString>
+#include <QKeySequence>
 #include <array>
 
 namespace kestrio {
@@ -90,6 +90,14 @@ int modifierMask(Qt::KeyboardModifiers modifiers) {
     for (const ModifierRow& row : modifierRows)
         if (modifiers.testFlag(row.modifier)) mask |= row.mask;
     return mask;
+}
+
+QString shortcutText(const KeyCombination& shortcut) {
+    const auto key = qtKey(shortcut.keyCode);
+    if (!key) return {};
+    QString text = QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
+                       .toString(QKeySequence::NativeText);
+    return text.replace(QStringLiteral("Meta"), QStringLiteral("Super"));  // as keyboards call it
 }
 
 std::optional<KeyCombination> combinationOf(const QKeyEvent& event) {

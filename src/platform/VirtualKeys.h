@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <Qt>
 #include <functional>
 #include <optional>
@@ -31,6 +32,10 @@ std::optional<int> virtualKeyCode(Qt::Key key);
 /// ⌃ is Control, ⌥ Alt, ⇧ Shift and ⌘ Super here.
 Qt::KeyboardModifiers qtModifiers(int modifiers);
 int modifierMask(Qt::KeyboardModifiers modifiers);
+
+/// The combination in words, as the desktop's menus show it ("Ctrl+Alt+A"); empty for a key that is
+/// not in the table.
+QString shortcutText(const KeyCombination& shortcut);
 
 /// What a press of a key would be as a hotkey: the key as it is without modifiers, so that shifted
 /// digits and keys of other layouts keep their code. None for keys without a virtual key code, such

@@ -114,7 +114,9 @@ TEST_F(ShortcutRecorderTest, TakesWhatHoldsAModifierThatCounts) {
         EXPECT_TRUE(press(each.key, each.modifiers));
         EXPECT_EQ(recorder.isRecording(), !each.expected);
         EXPECT_EQ(taken.empty(), !each.expected);
-        if (each.expected && !taken.empty()) EXPECT_EQ(taken.front(), *each.expected);
+        if (each.expected && !taken.empty()) {
+            EXPECT_EQ(taken.front(), *each.expected);
+        }
         recorder.stop();
         EXPECT_EQ(keyboard->registered.size(), 2U);
     }

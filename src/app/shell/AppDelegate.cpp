@@ -21,6 +21,11 @@ QIcon idleStatusBarIcon() {
     return QIcon(QStringLiteral(":/kestrio/app/viewfinder.svg"));
 }
 
+QString regionKeys(AppSettingsServiceProtocol& settings) {
+    const HotkeyConfig hotkey = settings.load().regionCaptureHotkey;
+    return shortcutText({hotkey.keyCode, hotkey.carbonModifiers});
+}
+
 }  // namespace
 
 AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotkeys,
@@ -131,7 +136,7 @@ Task<> AppDelegate::tellHowToReach() {
     request.text =
         localised("This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a "
                   "region, or start Kestrio again to open its preferences.")
-            .arg(parts_.settings->load().regionCaptureHotkey.displayString());
+            .arg(regionKeys(*parts_.settings));
     request.buttons = {localised("Open Preferences"), localised("OK")};
     auto shown = parts_.platform.alerts->show(std::move(request));
     const int button = co_await shown;
@@ -145,7 +150,7 @@ void AppDelegate::activate() {
         return;
     }
     parts_.toasts->show(localised("Kestrio is running. Press %1 to capture a region.")
-                            .arg(parts_.settings->load().regionCaptureHotkey.displayString()),
+                            .arg(regionKeys(*parts_.settings)),
                         noticeTime);
 }
 

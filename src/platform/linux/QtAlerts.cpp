@@ -2,6 +2,7 @@
 
 #include "core/Localisation.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -10,6 +11,10 @@
 namespace kestrio {
 
 namespace {
+
+// In points. Qt lets texts break after a few words otherwise.
+constexpr int leastTextWidth = 320;
+constexpr int iconSide = 48;
 
 QMessageBox::Icon iconOf(AlertStyle style) {
     switch (style) {
@@ -29,6 +34,11 @@ QMessageBox* makeBox(const AlertRequest& request) {
     // Pins float over everything else.
     box->setWindowFlag(Qt::WindowStaysOnTopHint);
     box->setIcon(iconOf(request.style));
+    // A mere notice is recognised by whose it is.
+    const QPixmap own = QApplication::windowIcon().pixmap(iconSide);
+    if (request.style == AlertStyle::informational && !own.isNull()) box->setIconPixmap(own);
+    box->setStyleSheet(QStringLiteral("QLabel#qt_msgbox_informativelabel { min-width: %1px; }")
+                           .arg(leastTextWidth));
     box->setTextFormat(Qt::RichText);
     box->setText(QStringLiteral("<b>") + request.title.toHtmlEscaped() + QStringLiteral("</b>"));
     box->setInformativeText(request.text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));

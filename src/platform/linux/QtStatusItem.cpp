@@ -3,7 +3,6 @@
 #include <QCursor>
 #include <QDBusConnection>
 #include <QDBusReply>
-#include <QKeySequence>
 
 namespace kestrio {
 
@@ -28,15 +27,6 @@ bool hasNotifierHost() {
     const QDBusReply<QVariant> answer =
         QDBusConnection::sessionBus().call(ask, QDBus::Block, answerMilliseconds);
     return answer.isValid() && answer.value().toBool();
-}
-
-/// The keys as menus show them, in the column of shortcuts.
-QString shortcutText(const KeyCombination& shortcut) {
-    const auto key = qtKey(shortcut.keyCode);
-    if (!key) return {};
-    QString text = QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
-                       .toString(QKeySequence::NativeText);
-    return text.replace(QStringLiteral("Meta"), QStringLiteral("Super"));  // as keyboards call it
 }
 
 /// Menus take an ampersand for the mark of a letter to choose by.
