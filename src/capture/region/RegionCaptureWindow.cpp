@@ -3,6 +3,7 @@
 #include "capture/overlay/OverlayLabel.h"
 #include "capture/region/Magnifier.h"
 #include "capture/region/OverlayLayout.h"
+#include "capture/region/SelectionPainter.h"
 #include "imaging/text/SystemFont.h"
 
 #include <QKeyEvent>
@@ -14,12 +15,8 @@ namespace kestrio {
 
 namespace {
 
-constexpr double handleSize = 10;
 constexpr double labelSize = 12;
 constexpr int toolTipMilliseconds = 450;
-constexpr QColor snapColor(0x0a, 0x7c, 0xff);
-// How far borders and handles reach beyond the selection.
-constexpr int borderReach = 8;
 // Of the display, on either side of the toolbar.
 constexpr double toolbarMargin = 4;
 
@@ -27,25 +24,8 @@ OverlayLabel labelOf(const QString& text) {
     return {text, systemFont(labelSize, QFont::Medium)};
 }
 
-QRegion ring(const QRectF& rect) {
-    if (rect.isEmpty()) return {};
-    const QRect outer = rect.toAlignedRect().adjusted(-borderReach, -borderReach, borderReach, borderReach);
-    const QRect inner = rect.toRect().adjusted(borderReach, borderReach, -borderReach, -borderReach);
-    return QRegion(outer) - (inner.isValid() ? QRegion(inner) : QRegion());
-}
-
 QRect roomy(const QRectF& rect) {
     return rect.isEmpty() ? QRect() : rect.toAlignedRect().adjusted(-3, -3, 3, 3);
-}
-
-void paintHandles(QPainter& painter, const QRectF& selection) {
-    painter.setPen(QPen(snapColor, 1.5));
-    painter.setBrush(Qt::white);
-    for (const SelectionHandle handle : selectionHandles) {
-        QRectF square(0, 0, handleSize, handleSize);
-        square.moveCenter(handlePosition(handle, selection));
-        painter.drawRect(square);
-    }
 }
 
 }  // namespace
@@ -110,7 +90,7 @@ ToolbarLook RegionCaptureWindow::toolbarLook() const {
 }
 
 QRegion RegionCaptureWindow::decorations() const {
-    QRegion all = ring(selection_.cutOut());
+    QRegion all = selectionBorder(selection_.cutOut());
     all += roomy(labelRect());
     if (isAdjusting()) {
         all += roomy(toolbarRect());
@@ -143,7 +123,7 @@ void RegionCaptureWindow::change(Change change) {
 }
 
 void RegionCaptureWindow::paintOver(QPainter& painter) {
-    paintSelection(painter);
+    paintSelection(painter, selection_);
     if (showsPointerAids()) {
         painter.fillRect(QRectF(0, std::floor(selection_.pointer().y()), width(), 1), QColor(255, 255, 255, 204));
         painter.fillRect(QRectF(std::floor(selection_.pointer().x()), 0, 1, height()), QColor(255, 255, 255, 204));
@@ -156,22 +136,6 @@ void RegionCaptureWindow::paintOver(QPainter& painter) {
         paintMagnifier(painter, magnifierPlace(selection_.pointer(), size()), snapshot().image,
                        QPoint(int(std::floor(pixel.x())), int(std::floor(pixel.y()))));
     }
-}
-
-void RegionCaptureWindow::paintSelection(QPainter& painter) const {
-    const QRectF rect = selection_.cutOut();
-    if (rect.isEmpty()) return;
-    painter.setBrush(Qt::NoBrush);
-    if (selection_.isSnapping()) {
-        painter.setPen(QPen(snapColor, 3));
-        painter.drawRect(rect);
-        return;
-    }
-    painter.setPen(QPen(Qt::white, 2));
-    painter.drawRect(rect.adjusted(-1, -1, 1, 1));
-    painter.setPen(QPen(QColor(0, 0, 0, 150), 1, Qt::DashLine));
-    painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
-    if (isAdjusting()) paintHandles(painter, rect);
 }
 
 void RegionCaptureWindow::mousePressEvent(QMouseEvent* event) {

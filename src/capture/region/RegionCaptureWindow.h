@@ -44,7 +44,6 @@ class RegionCaptureWindow : public FrozenWindow {
     template <typename Change>
     void change(Change change);
     QString sizeText() const;
-    void paintSelection(QPainter& painter) const;
     void hoverToolbar(QPointF point);
     bool takeAdjustingKey(const QKeyEvent& event);
     void moveByKey(const QKeyEvent& event, QPointF step);
