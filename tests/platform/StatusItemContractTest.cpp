@@ -1,5 +1,6 @@
 #include "platform/XDesk.h"
 #include "platform/linux/QtStatusItem.h"
+#include "platform/linux/TrayMenu.h"
 #include "support/ScriptedStatusItem.h"
 
 #include <QApplication>
@@ -55,6 +56,10 @@ TEST(StatusMenu, ShowsEntriesAndRunsActionsOnceItHasGone) {
     EXPECT_EQ(actions[2]->menu()->actions().at(0)->text(), QStringLiteral("Inner"));
     EXPECT_EQ(actions[3]->text(), QStringLiteral("On && off"));
     EXPECT_FALSE(actions[3]->isEnabled());
+    entries[0].title = QStringLiteral("Aim");
+    fillMenu(menu, entries);
+    EXPECT_EQ(menu.actions(), actions) << "panels know them by number";
+    EXPECT_EQ(actions[0]->text(), QStringLiteral("Aim\tSuper+Shift+A"));
     menu.popup({10, 10});
     ASSERT_TRUE(waitUntil([] { return shownMenu() != nullptr; }));
     menu.setActiveAction(actions[0]);

@@ -1,5 +1,7 @@
 #include "platform/linux/QtStatusItem.h"
 
+#include "platform/linux/TrayMenu.h"
+
 #include <QCursor>
 #include <QDBusConnection>
 #include <QDBusReply>
@@ -7,9 +9,6 @@
 namespace kestrio {
 
 namespace {
-
-// A compositing manager may still show the menu in the frame after the one in which it was closed.
-constexpr std::chrono::milliseconds leavingTime{80};
 
 // Between looks for a tray; each wait is twice the one before.
 constexpr std::chrono::milliseconds firstWait{250};
@@ -29,41 +28,7 @@ bool hasNotifierHost() {
     return answer.isValid() && answer.value().toBool();
 }
 
-/// Menus take an ampersand for the mark of a letter to choose by.
-QString menuText(QString title) {
-    return title.replace(u'&', QStringLiteral("&&"));
-}
-
-void addEntry(QMenu& menu, const StatusMenuEntry& entry) {
-    if (entry.isSeparator()) {
-        menu.addSeparator();
-        return;
-    }
-    if (!entry.entries.empty()) {
-        QMenu* below = menu.addMenu(menuText(entry.title));
-        below->setEnabled(entry.isEnabled);
-        fillMenu(*below, entry.entries);
-        return;
-    }
-    QString text = menuText(entry.title);
-    // Text after a tab stands where shortcuts do, without being one.
-    if (entry.shortcut) text += u'\t' + shortcutText(*entry.shortcut);
-    QAction* action = menu.addAction(text);
-    action->setToolTip(entry.toolTip);
-    action->setEnabled(entry.isEnabled);
-    if (!entry.action) return;
-    // In the application's name: the menu's actions are gone if it is built anew meanwhile.
-    QObject::connect(action, &QAction::triggered, qApp,
-                     [run = entry.action] { QTimer::singleShot(leavingTime, qApp, run); });
-}
-
 }  // namespace
-
-void fillMenu(QMenu& menu, const StatusMenu& entries) {
-    menu.setToolTipsVisible(true);
-    for (const StatusMenuEntry& entry : entries)
-        addEntry(menu, entry);
-}
 
 QtStatusItem::QtStatusItem(std::shared_ptr<XcbConnection> xServer)
     : xServer_(std::move(xServer)), nextWait_(firstWait) {
@@ -118,9 +83,6 @@ void QtStatusItem::setIcon(const QIcon& icon, const QString& toolTip) {
 }
 
 void QtStatusItem::rebuild() {
-    // Submenus belong to the menu and do not go with its actions.
-    qDeleteAll(menu_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-    menu_->clear();
     if (entries_) fillMenu(*menu_, entries_());
 }
 

@@ -39,7 +39,4 @@ class QtStatusItem : public StatusItem {
     std::unique_ptr<QSystemTrayIcon> icon_;
 };
 
-/// Puts the entries into an empty menu. Actions run from the main loop, after the menu has gone.
-void fillMenu(QMenu& menu, const StatusMenu& entries);
-
 }  // namespace kestrio
