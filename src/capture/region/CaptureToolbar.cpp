@@ -84,6 +84,15 @@ CaptureToolbar::CaptureToolbar(double widest) : next_(padding, padding) {
     place(colorButtons(), widest);
     place(actionButtons(), widest);
     place(endingButtons(), widest);
+    moveLastRowRight();
+}
+
+void CaptureToolbar::moveLastRowRight() {
+    const double slack = size_.width() - (next_.x() - buttonGap + padding);
+    for (ToolbarButton& button : buttons_)
+        if (button.place.top() >= next_.y()) button.place.translate(slack, 0);
+    for (QLineF& separator : separators_)
+        if (separator.y1() >= next_.y()) separator.translate(slack, 0);
 }
 
 void CaptureToolbar::place(std::vector<ToolbarButton> group, double widest) {

@@ -43,6 +43,8 @@ class CaptureToolbar {
 
   private:
     void place(std::vector<ToolbarButton> group, double widest);
+    /// So that what ends the choice stands at the end also of several rows.
+    void moveLastRowRight();
 
     std::vector<ToolbarButton> buttons_;
     std::vector<QLineF> separators_;
