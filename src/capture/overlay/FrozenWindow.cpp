@@ -14,7 +14,8 @@ namespace {
 // Another program may hold the keyboard for a moment, as menus do.
 constexpr std::chrono::milliseconds grabPause(25);
 constexpr int mostGrabTries = 40;
-constexpr QColor plainGround(40, 40, 44);
+constexpr QColor plainGround(58, 58, 63);
+constexpr QColor dimming(0, 0, 0, 77);  // as copyDimmed()
 
 QScreen* screenOf(const Display& display) {
     for (QScreen* screen : QGuiApplication::screens())
@@ -96,6 +97,14 @@ void FrozenWindow::paintGround(QImage& target, const QRegion& points) const {
         copyPlain(target, snapshot_.image, toPixels(rect));
 }
 
+void FrozenWindow::paintGround(QPainter& painter, const QRegion& points) const {
+    const QRect all(QPoint(), size());
+    painter.fillRect(all, plainGround);
+    if (!snapshot_.image.isNull()) painter.drawImage(all, snapshot_.image);
+    for (const QRect& rect : points - undimmed())
+        painter.fillRect(rect, dimming);
+}
+
 void FrozenWindow::repaint(const QRegion& points) {
     const QRegion region = points & QRect(QPoint(), size());
     if (!isExposed() || region.isEmpty()) return;
@@ -106,12 +115,7 @@ void FrozenWindow::repaint(const QRegion& points) {
     {
         QPainter painter(store_.paintDevice());
         painter.setClipRegion(region);
-        if (!isDirect) {
-            painter.fillRect(QRect(QPoint(), size()), plainGround);
-            if (!snapshot_.image.isNull()) {
-                painter.drawImage(QRect(QPoint(), size()), snapshot_.image);
-            }
-        }
+        if (!isDirect) paintGround(painter, region);
         painter.setRenderHint(QPainter::Antialiasing);
         paintOver(painter);
     }

@@ -44,6 +44,8 @@ class FrozenWindow : public QWindow {
   private:
     QRect toPixels(const QRect& points) const;
     void paintGround(QImage& target, const QRegion& points) const;
+    /// The same on screens whose memory cannot be written as it is, and without a picture.
+    void paintGround(QPainter& painter, const QRegion& points) const;
     void grabKeys();
 
     DisplaySnapshot snapshot_;
