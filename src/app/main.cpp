@@ -1,20 +1,27 @@
 #include "app/cli/CommandLine.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <malloc.h>
 #include <memory>
 #include <optional>
 
 namespace {
 
+// Qt would call exit(), whose handlers use the dead connection once more; Xlib then adds words of
+// its own to ours.
+[[noreturn]] void endWithoutDisplay() {
+    std::fprintf(stderr, "kestrio: the connection to the display was lost\n");
+    std::fflush(nullptr);
+    std::_Exit(static_cast<int>(kestrio::ExitStatus::failed));
+}
+
 // Standard error belongs to what a user has to read; Qt's own remarks are for developers.
-void dropQtMessages(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    // Qt ends the process after this warning.
-    if (message.startsWith(u"The X11 connection broke")) {
-        std::fprintf(stderr, "kestrio: the connection to the display was lost\n");
-    } else if (type == QtFatalMsg || type == QtCriticalMsg) {
+void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (message.startsWith(u"The X11 connection broke")) endWithoutDisplay();
+    if (type == QtFatalMsg || type == QtCriticalMsg)
         std::fprintf(stderr, "kestrio: %s\n", qUtf8Printable(message));
-    }
 }
 
 // Qt ends the process with a dump where it finds none.
@@ -46,7 +53,7 @@ int main(int argc, char** argv) {
     // Of the allocator's arenas only the first one gives memory back that lies free at its end; with
     // one for each thread, some pictures' worth stayed for good.
     mallopt(M_ARENA_MAX, 1);
-    if (qEnvironmentVariableIsEmpty("KESTRIO_VERBOSE")) qInstallMessageHandler(dropQtMessages);
+    if (qEnvironmentVariableIsEmpty("KESTRIO_VERBOSE")) qInstallMessageHandler(handleQtMessage);
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);

@@ -48,9 +48,7 @@ class ResidentTestCase(unittest.TestCase):
             prepare(desktop)
             desktop.run(["xterm", "-geometry", "60x16+420+260", "-title", "second program"], "xterm")
             desktop.wait_for_window("second program")
-            process = desktop.run([self.program], "kestrio")
-            socket = Path(desktop.environment["XDG_RUNTIME_DIR"]) / "kestrio"
-            wait_until(lambda: list(socket.glob("*.socket")), "the running program's socket")
+            process = self.start(desktop)
             try:
                 yield desktop
                 if process.poll() is None:
@@ -60,6 +58,13 @@ class ResidentTestCase(unittest.TestCase):
                 desktop.screenshot().save(self.keep / f"failure-{self.id()}.png")
                 print(desktop.log("kestrio"), flush=True)
                 raise
+
+    def start(self, desktop):
+        """The program, once it takes commands."""
+        process = desktop.run([self.program], "kestrio")
+        socket = Path(desktop.environment["XDG_RUNTIME_DIR"]) / "kestrio"
+        wait_until(lambda: list(socket.glob("*.socket")), "the running program's socket")
+        return process
 
     def command(self, desktop, *arguments):
         """A command to its end: exit status, what it wrote, and its complaint."""

@@ -153,7 +153,7 @@ class ShellTest(resident.ResidentTestCase):
 
     def test_a_lost_screen_ends_the_program_with_a_message(self):
         with Desktop(800, 600) as desktop:
-            process = desktop.run([self.program], "kestrio")
+            process = self.start(desktop)
             self.command(desktop)
             desktop.process("xvfb").kill()
             self.assertEqual(process.wait(10), 1)
