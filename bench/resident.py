@@ -192,6 +192,7 @@ def main():
     parser.add_argument("--program", type=Path, default=ROOT / "build" / "release" / "kestrio")
     parser.add_argument("--captures", type=int, default=100)
     options = parser.parse_args()
+    options.program = options.program.resolve()
     global IDLE_SECONDS
     rounds, moves, editors, captures = 7, 600, 10, options.captures
     size = (3840, 2160)
