@@ -336,6 +336,10 @@ QRectF CanvasItem::textRect() const {
     return rect;
 }
 
+double CanvasItem::textScale() const {
+    return isEditingText() ? interaction_->viewport().imageScale() : 1;
+}
+
 double CanvasItem::textRotation() const {
     const TextAnnotation* text = editedRecord();
     return text ? text->rotation + interaction_->viewport().rotation() : 0;
@@ -344,8 +348,7 @@ double CanvasItem::textRotation() const {
 QFont CanvasItem::textFont() const {
     const TextAnnotation* text = editedRecord();
     if (!text) return {};
-    return writingFont(text->fontFamily.value_or(QString()),
-                       text->fontSize * interaction_->viewport().imageScale(),
+    return writingFont(text->fontFamily.value_or(QString()), text->fontSize,
                        fontWeight(text->fontWeight));
 }
 

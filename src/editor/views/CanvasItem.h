@@ -22,6 +22,8 @@ class CanvasItem : public QQuickPaintedItem {
     /// what its editor needs to look like it.
     Q_PROPERTY(bool isEditingText READ isEditingText NOTIFY textEditingChanged)
     Q_PROPERTY(QRectF textRect READ textRect NOTIFY textEditingChanged)
+    /// Points of the item for one of the font, whose size is in the screenshot's points.
+    Q_PROPERTY(double textScale READ textScale NOTIFY textEditingChanged)
     Q_PROPERTY(double textRotation READ textRotation NOTIFY textEditingChanged)
     Q_PROPERTY(QFont textFont READ textFont NOTIFY textEditingChanged)
     Q_PROPERTY(QColor textColor READ textColor NOTIFY textEditingChanged)
@@ -40,6 +42,7 @@ class CanvasItem : public QQuickPaintedItem {
 
     bool isEditingText() const;
     QRectF textRect() const;
+    double textScale() const;
     double textRotation() const;
     QFont textFont() const;
     QColor textColor() const;
