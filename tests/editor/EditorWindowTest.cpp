@@ -70,7 +70,7 @@ struct Tour {
     }
 
     void openSheets() {
-        for (const char* name : {"enhancement", "exporting", "resetting", "naming"}) {
+        for (const char* name : {"enhancement", "exporting", "resetting", "naming", "closing"}) {
             auto* lazy = view->findChild<QQuickItem*>(QString::fromLatin1(name));
             ASSERT_NE(lazy, nullptr) << name;
             QMetaObject::invokeMethod(lazy, "open");

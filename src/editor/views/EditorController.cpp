@@ -45,6 +45,7 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
       colors_(editor_),
       crop_(editor_),
       output_(editor_, services_, name_),
+      closing_(editor_, services_),
       themes_(editor_, services_.userDefaults),
       watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),

@@ -3,6 +3,7 @@
 #include "editor/keyboard/AnnotationKeyboardHandler.h"
 #include "editor/layout/ResponsiveLayoutManager.h"
 #include "editor/views/AnnotationPanel.h"
+#include "editor/views/ClosingPanel.h"
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CropPanel.h"
 #include "editor/views/OutputPanel.h"
@@ -21,6 +22,7 @@ class EditorController : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window's owner makes it")
     Q_PROPERTY(kestrio::AnnotationPanel* annotation READ annotation CONSTANT)
+    Q_PROPERTY(kestrio::ClosingPanel* closing READ closing CONSTANT)
     Q_PROPERTY(kestrio::ColorPanel* colors READ colors CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
@@ -72,6 +74,7 @@ class EditorController : public QObject {
     void open(const Image& image);
 
     AnnotationPanel* annotation() { return &annotation_; }
+    ClosingPanel* closing() { return &closing_; }
     ColorPanel* colors() { return &colors_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
@@ -180,6 +183,7 @@ class EditorController : public QObject {
     ColorPanel colors_;
     CropPanel crop_;
     OutputPanel output_;
+    ClosingPanel closing_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;

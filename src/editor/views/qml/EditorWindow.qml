@@ -76,6 +76,11 @@ Window {
         objectName: "naming"
         sourceComponent: ThemeNaming { controller: window.controller }
     }
+    Lazy {
+        id: closing
+        objectName: "closing"
+        sourceComponent: ClosingSheet { controller: window.controller }
+    }
     ShortcutOverlay { controller: window.controller }
     Toast { id: toast }
 
@@ -86,7 +91,7 @@ Window {
     }
     onActiveFocusItemChanged: Qt.callLater(keepFocus)
     readonly property bool isSheetShown: enhancement.isShown || exporting.isShown || resetting.isShown
-        || naming.isShown || controller.isShortcutOverlayVisible
+        || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
     Connections {
@@ -100,10 +105,27 @@ Window {
         enabled: !window.isSheetShown
         onSaveRequested: exporting.open()
     }
-    Shortcut { sequences: [StandardKey.Close, StandardKey.Quit]; onActivated: window.close() }
+    Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
     onClosing: close => {
-        if (!exporting.isBusy) return
-        close.accepted = false
-        toast.show(qsTr("The picture is still being exported; cancel that first"), false)
+        // What is being typed belongs to the document.
+        stage.focusCanvas()
+        close.accepted = window.controller.closing.requestClose()
+    }
+    function askBeforeClosing() {
+        for (const sheet of [enhancement, exporting, resetting, naming])
+            if (sheet.isShown) sheet.item.close()
+        closing.open()
+        if (visibility === Window.Minimized) showNormal()
+        raise()
+        requestActivate()
+    }
+    Connections {
+        target: window.controller.closing
+        function onMayCloseNow() { window.close() }
+        function onStateChanged() {
+            const state = window.controller.closing.state
+            if (state === "asking") window.askBeforeClosing()
+            if (state === "waiting") toast.show(qsTr("The window closes as soon as the picture is written"), false)
+        }
     }
 }
