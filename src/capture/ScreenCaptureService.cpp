@@ -12,7 +12,9 @@ using Dependencies = ScreenCaptureDependencies;
 constexpr std::chrono::milliseconds overlayLeaves(100);
 
 void requirePermission(const Dependencies& with) {
-    if (!with.permission->preflight()) throw CaptureError(CaptureError::Case::permissionDenied);
+    if (!with.permission->preflight()) {
+        throw CaptureError::permissionDenied(with.permission->obstacle());
+    }
 }
 
 Task<RegionCaptureOutcome> outcomeOf(Dependencies with, RegionCaptureResult result,

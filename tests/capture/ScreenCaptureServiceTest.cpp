@@ -144,6 +144,13 @@ TEST_F(ScreenCaptureServiceTest, WithoutPermissionNothingAppears) {
     EXPECT_EQ(failureOf(service->startWindowCapture({})), ErrorCase::permissionDenied);
     EXPECT_TRUE(selector->open.empty());
     EXPECT_TRUE(picker->open.empty());
+    permission->insurmountable = QStringLiteral("not in this session");
+    try {
+        runUntilDone(service->captureDisplay({}));
+        ADD_FAILURE() << "no failure";
+    } catch (const CaptureError& error) {
+        EXPECT_EQ(error.errorDescription(), u"not in this session") << "also on the command line";
+    }
 }
 
 TEST_F(ScreenCaptureServiceTest, PickedWindowsAreCaptured) {
