@@ -98,14 +98,64 @@ TEST_F(CaptureCoordinatorTest, TheSettingsPlaceIsOpenedByTheFirstButtonOnly) {
     }
 }
 
-TEST_F(CaptureCoordinatorTest, ASaveThatFailsIsToldByAToast) {
+TEST_F(CaptureCoordinatorTest, WhatNoPermissionWouldChangeIsToldWithoutADeadButton) {
+    permission->insurmountable = QStringLiteral("not in this session");
+    captures->startRegionCapture();
+    service->fail(ErrorCase::permissionDenied);
+    ASSERT_TRUE(waitFor([&] { return alerts->isPending(); }));
+    EXPECT_EQ(alerts->requests.back().text, u"not in this session");
+    EXPECT_LE(alerts->requests.back().buttons.size(), 1);
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([&] { return !alerts->isPending(); }));
+    EXPECT_EQ(permission->settingsCount, 0);
+}
+
+TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) {
+    const QTemporaryDir other;
     renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
+    EXPECT_TRUE(toasts->texts.isEmpty()) << "no tick";
+    EXPECT_FALSE(captures->isCapturing()) << "the next capture need not wait";
+    captures->startWindowCapture();
+
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->answer(QStringLiteral("/also/nowhere"));
+    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 2; })) << "asked again";
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->dismiss();
+    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 3; })) << "still there";
+    renderer->saveFailure.reset();
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->answer(other.path());
+    ASSERT_TRUE(waitFor([this] { return !renderer->savedPaths.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), other.path());
+    EXPECT_TRUE(toasts->texts.value(0).startsWith(QStringLiteral("Saved to ")));
+    EXPECT_TRUE(captures->isCapturing()) << "the capture that began meanwhile goes on";
+    service->fail(ErrorCase::cancelled);
     ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(toasts->texts, QStringList(QStringLiteral("Save failed")));
-    EXPECT_TRUE(alerts->requests.empty());
-    EXPECT_TRUE(editors->opened.empty());
+}
+
+TEST_F(CaptureCoordinatorTest, EscapeKeepsAPictureThatCouldNotBeSaved) {
+    renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
+    auto capturing = captures->capture({CaptureKind::region});
+    service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    alerts->dismiss();
+    EXPECT_EQ(runUntilDone(std::move(capturing)).action, CaptureAction::edit);
+    EXPECT_EQ(editors->opened.size(), 1U);
+
+    auto again = captures->capture({CaptureKind::region});
+    service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    alerts->answer(1);
+    EXPECT_THROW(runUntilDone(std::move(again)), Cancelled);
+    EXPECT_EQ(editors->opened.size(), 1U);
 }
 
 TEST_F(CaptureCoordinatorTest, AClipboardThatRefusesIsNotToldOf) {

@@ -41,6 +41,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     made.permissions = parts.permissions;
     made.alerts = parts.platform.alerts;
     made.toasts = parts.toasts;
+    made.fileDialogs = parts.platform.fileDialogs;
     return made;
 }
 
