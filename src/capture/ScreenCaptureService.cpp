@@ -1,12 +1,16 @@
 #include "capture/ScreenCaptureService.h"
 
 #include "capture/CaptureError.h"
+#include "capture/IdleLimit.h"
 
 namespace kestrio {
 
 namespace {
 
 using Dependencies = ScreenCaptureDependencies;
+
+template <typename T>
+using Choosing = std::function<Task<T>(std::function<void()>, std::stop_token)>;
 
 // An overlay needs it to leave the screen, and what it covered to be painted again.
 constexpr std::chrono::milliseconds overlayLeaves(100);
@@ -43,23 +47,27 @@ Task<RegionCaptureOutcome> captureRegion(Dependencies with, std::stop_token stop
     const RegionSelectionOptions options{settings.confirmBeforeEditing,
                                          settings.snapToWindowInRegionCapture,
                                          settings.showMagnifierInRegionCapture};
-    std::function<Task<RegionCaptureResult>(std::stop_token)> select =
-        [selector = with.regionSelector, options](std::stop_token inner) {
-            return selector->select(options, std::move(inner));
-        };
-    auto selecting = withTimeLimit<RegionCaptureResult>(with.timeLimit, stop, std::move(select));
+    Choosing<RegionCaptureResult> select = [selector = with.regionSelector, options](
+                                               std::function<void()> onInput,
+                                               std::stop_token inner) {
+        RegionSelectionOptions asked = options;
+        asked.onInput = std::move(onInput);
+        return selector->select(std::move(asked), std::move(inner));
+    };
+    auto selecting = withIdleLimit<RegionCaptureResult>(with.idleLimit, stop, std::move(select));
     RegionCaptureResult result = co_await selecting;
     auto finishing = outcomeOf(with, std::move(result), stop);
     co_return co_await finishing;
 }
 
 Task<CapturedImage> captureWindow(Dependencies with, std::stop_token stop) {
-    std::function<Task<std::optional<WindowInfo>>(std::stop_token)> pick =
-        [picker = with.windowPicker](std::stop_token inner) {
-            return picker->pick(std::move(inner));
-        };
+    Choosing<std::optional<WindowInfo>> pick = [picker = with.windowPicker](
+                                                   std::function<void()> onInput,
+                                                   std::stop_token inner) {
+        return picker->pick(std::move(onInput), std::move(inner));
+    };
     auto picking =
-        withTimeLimit<std::optional<WindowInfo>>(with.timeLimit, stop, std::move(pick));
+        withIdleLimit<std::optional<WindowInfo>>(with.idleLimit, stop, std::move(pick));
     const std::optional<WindowInfo> window = co_await picking;
     if (!window) throw CaptureError(CaptureError::Case::windowNotFound);
     const auto leaving = sleepFor(overlayLeaves, stop);
@@ -91,8 +99,6 @@ Task<T> guarded(Dependencies with, std::stop_token caller, std::stop_token curre
         auto capturing = capture(std::move(with), either.get_token());
         T captured = co_await capturing;
         co_return captured;
-    } catch (const TimeLimitExceeded&) {
-        throw CaptureError(CaptureError::Case::captureTimeout);
     } catch (const ScreenGrabError& error) {
         if (error.which() == ScreenGrabError::Case::windowGone) {
             throw CaptureError(CaptureError::Case::windowNotFound);

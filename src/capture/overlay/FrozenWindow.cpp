@@ -60,6 +60,7 @@ bool FrozenWindow::eventFilter(QObject* watched, QEvent* event) {
                        event->type() == QEvent::ShortcutOverride;
     if (!isKey || !isVisible()) return QWindow::eventFilter(watched, event);
     event->accept();
+    noteInput();
     if (event->type() == QEvent::KeyPress) takeKey(static_cast<const QKeyEvent&>(*event));
     return true;
 }
@@ -69,7 +70,13 @@ bool FrozenWindow::event(QEvent* event) {
         repaintAll();
         return true;
     }
+    // Before it is handled, which may be the end of this window.
+    if (event->isPointerEvent()) noteInput();
     return QWindow::event(event);
+}
+
+void FrozenWindow::noteInput() const {
+    if (inputListener_) inputListener_();
 }
 
 void FrozenWindow::resizeEvent(QResizeEvent* event) {

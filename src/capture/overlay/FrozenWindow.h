@@ -6,6 +6,7 @@
 #include <QRegion>
 #include <QTimer>
 #include <QWindow>
+#include <functional>
 
 class QPainter;
 
@@ -22,6 +23,8 @@ class FrozenWindow : public QWindow {
     FrozenWindow(const Display& display, DisplaySnapshot snapshot);
 
     void open();
+    /// Called at each key and each event of the pointer.
+    void setInputListener(std::function<void()> listener) { inputListener_ = std::move(listener); }
 
   protected:
     /// The rectangles that are shown undimmed.
@@ -47,11 +50,13 @@ class FrozenWindow : public QWindow {
     /// The same on screens whose memory cannot be written as it is, and without a picture.
     void paintGround(QPainter& painter, const QRegion& points) const;
     void grabKeys();
+    void noteInput() const;
 
     DisplaySnapshot snapshot_;
     QBackingStore store_;
     QTimer grabbing_;
     int grabTries_ = 0;
+    std::function<void()> inputListener_;
 };
 
 }  // namespace kestrio

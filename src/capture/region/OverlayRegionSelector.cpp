@@ -29,6 +29,7 @@ Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
         QObject::disconnect(unplugged);
         dismiss(window);
     });
+    window->setInputListener(options.onInput);
     window->open();
     co_return co_await done;
 }
