@@ -1,5 +1,7 @@
 #include "app/settings/ShortcutRecorder.h"
 
+#include "platform/KeySymbols.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 
@@ -63,7 +65,9 @@ void ShortcutRecorder::take(const QKeyEvent& event) {
         return;
     }
     const auto combination = combinationOf(event);
-    if (!combination || (combination->modifiers & deciding) == 0) return;
+    if (!combination) return;
+    const bool hasModifier = (combination->modifiers & deciding) != 0;
+    if (!hasModifier && !standsAlone(combination->keyCode)) return;
     const HotkeyConfig candidate{combination->keyCode, combination->modifiers};
     const QString conflict = validate_(candidate);
     set_conflictMessage(conflict);
