@@ -1,6 +1,13 @@
 #include "app/CaptureFixture.h"
 
+#include "app/shell/CountdownPresenter.h"
+#include "support/PlainFloatingWindows.h"
+#include "support/ScriptedDisplays.h"
+#include "support/ScriptedGlobalHotkeys.h"
+
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QWindow>
 
 namespace kestrio {
 namespace {
@@ -183,6 +190,40 @@ TEST_F(CaptureCoordinatorTest, ATimedCaptureCountsDownAndStandsBackForOthers) {
     EXPECT_EQ(service->windowCount, 1);
     service->fail(ErrorCase::cancelled);
     ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(CaptureCoordinatorTest, ATimedCaptureShowsItsSecondsAndIsCalledOffByEscape) {
+    const auto hotkeys = std::make_shared<ScriptedGlobalHotkeys>();
+    const auto displays = std::make_shared<ScriptedDisplays>();
+    Display display;
+    display.bounds = display.visibleFrame = {0, 0, 800, 600};
+    displays->setDisplays({display});
+    const std::shared_ptr<CaptureCoordinator> shared(std::move(captures));
+    const CountdownPresenter presenter(shared, displays, std::make_shared<PlainFloatingWindows>(),
+                                       hotkeys);
+    const auto shownWindows = [] {
+        int count = 0;
+        for (const QWindow* each : QGuiApplication::topLevelWindows())
+            count += each->isVisible() && each->title() == u"Kestrio Countdown";
+        return count;
+    };
+    shared->startDelayedCapture(30, CaptureKind::region);
+    EXPECT_EQ(shownWindows(), 1);
+    ASSERT_EQ(hotkeys->registered.size(), 1U);
+    hotkeys->press(hotkeys->registered.begin()->first);
+    ASSERT_TRUE(waitFor([&] { return !shared->isCountingDown(); }));
+    EXPECT_EQ(shownWindows(), 0);
+    EXPECT_TRUE(hotkeys->registered.empty()) << "Escape is other programs' again";
+    EXPECT_EQ(service->regionCount, 0);
+
+    shared->startDelayedCapture(1, CaptureKind::region);
+    EXPECT_EQ(shownWindows(), 1);
+    ASSERT_TRUE(waitFor([&] { return shared->countdownRemaining() == 0; }));
+    EXPECT_EQ(shownWindows(), 0);
+    EXPECT_EQ(service->regionCount, 0) << "the number has left the screen before";
+    ASSERT_TRUE(waitFor([&] { return service->regionCount == 1; }));
+    service->fail(ErrorCase::cancelled);
+    ASSERT_TRUE(waitFor([&] { return !shared->isCapturing(); }));
 }
 
 TEST_F(CaptureCoordinatorTest, AnImageOpensEvenDuringACapture) {

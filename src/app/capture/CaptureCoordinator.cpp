@@ -13,6 +13,9 @@ namespace kestrio {
 namespace {
 
 constexpr std::chrono::milliseconds toastTime(2000);
+constexpr std::chrono::milliseconds second(1000);
+// A window needs it to leave the screen, and what it covered to be painted again.
+constexpr std::chrono::milliseconds numberLeaves(150);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
@@ -66,13 +69,19 @@ Task<> CaptureCoordinator::countDownAndBegin(int seconds, CaptureKind kind) {
 
 Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
+    countdown_ = std::stop_source();
+    const std::stop_callback relay(stop, [own = countdown_]() mutable { own.request_stop(); });
+    const std::stop_token cancelled = countdown_.get_token();
     set_isCountingDown(true);
     bool isDone = true;
-    for (int remaining = seconds; remaining > 0 && isDone; --remaining) {
+    for (int remaining = seconds; remaining >= 0 && isDone; --remaining) {
         set_countdownRemaining(remaining);
+        const auto shown = remaining == 0   ? numberLeaves
+                           : remaining == 1 ? second - numberLeaves
+                                            : second;
         try {
-            const auto second = sleepFor(std::chrono::seconds(1), stop);
-            co_await second;
+            const auto pause = sleepFor(shown, cancelled);
+            co_await pause;
         } catch (const Cancelled&) {
             isDone = false;
         }

@@ -17,7 +17,8 @@ class CaptureCoordinator : public QObject {
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
     /// The last failure that was told; cancelling is none.
     PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
-    /// Seconds left of a timed capture.
+    /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has left
+    /// the screen.
     PUBLISHED(int, countdownRemaining, 0)
     PUBLISHED(bool, isCountingDown, false)
 
@@ -32,6 +33,8 @@ class CaptureCoordinator : public QObject {
     void startWindowCapture();
     /// Nothing happens while another one counts down. Captures that start meanwhile win.
     void startDelayedCapture(int seconds, CaptureKind kind);
+    /// Calls off a capture that counts down; nothing happens where none does.
+    void cancelCountdown() { countdown_.request_stop(); }
 
     /// Opens a picture that exists already, under its own name where it has one. Captures under way
     /// do not hinder it. Throws Error where the editor cannot be opened.

@@ -1,5 +1,6 @@
 #include "app/shell/AppDelegate.h"
 
+#include "app/shell/CountdownIcon.h"
 #include "core/Localisation.h"
 #include "core/Log.h"
 
@@ -90,9 +91,21 @@ void AppDelegate::giveBackMemoryWhenIdle() {
 void AppDelegate::showStatusItem() {
     parts_.platform.statusItem->show(
         idleStatusBarIcon(), QStringLiteral("Kestrio"),
-        [settings = parts_.settings, actions = menuActions()] {
-            return captureMenu(settings->load(), actions);
+        [settings = parts_.settings, actions = menuActions(), captures = parts_.captures] {
+            return captureMenu(settings->load(), actions, captures->countdownRemaining());
         });
+    connect(parts_.captures.get(), &CaptureCoordinator::countdownRemainingChanged, this,
+            &AppDelegate::showCountdown);
+}
+
+void AppDelegate::showCountdown() {
+    const int seconds = parts_.captures->countdownRemaining();
+    if (seconds > 0) {
+        parts_.platform.statusItem->setIcon(countdownIcon(seconds),
+                                            localised("Kestrio captures in %1s").arg(seconds));
+    } else {
+        parts_.platform.statusItem->setIcon(idleStatusBarIcon(), QStringLiteral("Kestrio"));
+    }
 }
 
 StatusMenuActions AppDelegate::menuActions() {
@@ -103,6 +116,7 @@ StatusMenuActions AppDelegate::menuActions() {
     actions.captureLater = [captures](int seconds, CaptureKind kind) {
         captures->startDelayedCapture(seconds, kind);
     };
+    actions.cancelCountdown = [captures] { captures->cancelCountdown(); };
     actions.pasteFromClipboard = [this] { intake_.pasteFromClipboard(); };
     actions.importImage = [this] { intake_.importImage(); };
     actions.openSettings = [this] { settingsWindow_->open(SettingsTab::general); };

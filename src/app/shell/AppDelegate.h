@@ -28,6 +28,7 @@ class AppDelegate : public QObject {
     void bindHotkeys();
     void bindShortcuts();
     void showStatusItem();
+    void showCountdown();
     void watchForTray();
     Task<> tellHowToReach();
     void giveBackMemoryWhenIdle();

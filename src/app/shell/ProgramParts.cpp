@@ -72,6 +72,8 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     };
     parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);
     parts.captures = std::make_shared<CaptureCoordinator>(collaboratorsOf(parts));
+    parts.countdown = std::make_shared<CountdownPresenter>(
+        parts.captures, platform.displays, platform.floatingWindows, platform.globalHotkeys);
     return parts;
 }
 
