@@ -28,7 +28,8 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     const auto& platform = parts.platform;
     const auto snapshots =
         std::make_shared<ScreenSnapshotProvider>(platform.screenGrabber, platform.displays);
-    const OverlayServices overlay{platform.displays, snapshots, platform.windowList};
+    const OverlayServices overlay{platform.displays, snapshots, platform.windowList,
+                                  platform.floatingWindows};
     made.screenCapture = std::make_shared<ScreenCaptureService>(ScreenCaptureDependencies{
         platform.screenPermission, platform.displays, snapshots, parts.settings,
         std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/ScreenSnapshotProvider.h"
+#include "capture/overlay/StripedDimming.h"
 
 #include <QBackingStore>
 #include <QRegion>
@@ -12,16 +13,25 @@ class QPainter;
 
 namespace kestrio {
 
+/// How a screen is dimmed of which there is no picture.
+enum class LiveDimming {
+    translucent,  ///< by a compositor, through the window's alpha channel
+    striped,      ///< without one
+};
+
 /// A window over a whole display that shows it frozen and dimmed, with parts as they were, and takes
-/// all keys while it is shown. Written straight into the window's memory: it must appear at once and
-/// follow the pointer. Coordinates are points of the display unless said otherwise.
+/// all keys while it is shown. Without a picture the live screen below it is dimmed instead. Written
+/// straight into the window's memory: it must appear at once and follow the pointer. Coordinates are
+/// points of the display unless said otherwise.
 class FrozenWindow : public QWindow {
     Q_OBJECT
 
   public:
-    /// A snapshot without a picture leaves the ground plain.
+    /// `snapshot` may be without a picture.
     FrozenWindow(const Display& display, DisplaySnapshot snapshot);
 
+    /// What is done without a picture; counts before open().
+    void setLiveDimming(LiveDimming dimming) { dimming_ = dimming; }
     void open();
     /// Called at each key and each event of the pointer.
     void setInputListener(std::function<void()> listener) { inputListener_ = std::move(listener); }
@@ -49,6 +59,7 @@ class FrozenWindow : public QWindow {
     void paintGround(QImage& target, const QRegion& points) const;
     /// The same on screens whose memory cannot be written as it is, and without a picture.
     void paintGround(QPainter& painter, const QRegion& points) const;
+    void repaintStriped(const QRegion& points);
     void grabKeys();
     void noteInput() const;
 
@@ -56,6 +67,8 @@ class FrozenWindow : public QWindow {
     QBackingStore store_;
     QTimer grabbing_;
     int grabTries_ = 0;
+    LiveDimming dimming_ = LiveDimming::striped;
+    std::optional<StripedDimming> stripes_;
     std::function<void()> inputListener_;
 };
 

@@ -37,6 +37,7 @@ Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
         dismiss(window);
     });
     window->setInputListener(options.onInput);
+    window->setLiveDimming(liveDimming(services));
     window->open();
     co_return co_await done;
 }
