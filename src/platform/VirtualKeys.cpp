@@ -114,7 +114,12 @@ QString shortcutText(const KeyCombination& shortcut) {
 std::optional<KeyCombination> combinationOf(const QKeyEvent& event) {
     std::optional<int> code;
     if (const auto& lookup = unshiftedKeyLookup()) code = lookup(event);
-    if (!code) code = codeOnUsKeyboard(withoutShift(static_cast<Qt::Key>(event.key())));
+    const Qt::Key typed = withoutShift(static_cast<Qt::Key>(event.key()));
+    // A digit that a layout gives only with Shift is that digit, but on a number pad.
+    const bool isPad = event.modifiers().testFlag(Qt::KeypadModifier);
+    const auto known = virtualKeyCode(typed);
+    if (code && isKeySymbol(*code) && known && !isPad) code = known;
+    if (!code) code = codeOnUsKeyboard(typed);
     if (!code) return std::nullopt;
     return KeyCombination{*code, modifierMask(event.modifiers())};
 }

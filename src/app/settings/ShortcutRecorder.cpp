@@ -2,8 +2,9 @@
 
 #include "platform/KeySymbols.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QWindow>
 
 namespace kestrio {
 
@@ -33,12 +34,16 @@ void ShortcutRecorder::start() {
     set_conflictMessage({});
     hotkeys_->suspend();
     QCoreApplication::instance()->installEventFilter(this);
+    // So that keys of other programs, such as the desktop's own for screenshots, come here too.
+    window_ = QGuiApplication::focusWindow();
+    if (window_) window_->setKeyboardGrabEnabled(true);
     set_isRecording(true);
 }
 
 void ShortcutRecorder::stop() {
     if (!isRecording()) return;
     QCoreApplication::instance()->removeEventFilter(this);
+    if (window_) window_->setKeyboardGrabEnabled(false);
     set_isRecording(false);
     hotkeys_->registerHotkeys();
 }
