@@ -46,6 +46,7 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
       crop_(editor_),
       output_(editor_, services_, name_),
       closing_(editor_, services_),
+      share_(editor_, services_, name_),
       themes_(editor_, services_.userDefaults),
       watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),

@@ -7,6 +7,7 @@
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CropPanel.h"
 #include "editor/views/OutputPanel.h"
+#include "editor/views/SharePanel.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -26,6 +27,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::ColorPanel* colors READ colors CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
+    Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
@@ -78,6 +80,7 @@ class EditorController : public QObject {
     ColorPanel* colors() { return &colors_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
+    SharePanel* share() { return &share_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     QVariantMap style() const;
@@ -184,6 +187,7 @@ class EditorController : public QObject {
     CropPanel crop_;
     OutputPanel output_;
     ClosingPanel closing_;
+    SharePanel share_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;

@@ -26,6 +26,7 @@ Window {
             event.modifiers, event.text)
 
         TopBar {
+            id: bar
             Layout.fillWidth: true
             controller: window.controller
             onSaveRequested: exporting.open()
@@ -104,6 +105,7 @@ Window {
         controller: window.controller
         enabled: !window.isSheetShown
         onSaveRequested: exporting.open()
+        onShareRequested: bar.openShareMenu()
     }
     Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
     onClosing: close => {
