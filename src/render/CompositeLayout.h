@@ -14,6 +14,7 @@ struct CompositeLayout {
     QSizeF canvasSize;   ///< points
     QSizeF outputSize;   ///< pixels, before rounding
     QSizeF imageSize;    ///< the screenshot, points
+    double pixelDensity = 1;  ///< the screenshot's own pixels a point
     double padding = 0;  ///< points, 0 to 100
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;  ///< below 0 acts as 0

@@ -22,8 +22,7 @@ struct CompositeRequest {
     /// canvas on the screen shows the picture smaller than it is exported, patterns and all.
     std::optional<double> outputScale;
     std::optional<WatermarkSettings> watermark;
-    /// From the lowest to the topmost. Blurs in points of the screenshot, all others in points of
-    /// the canvas.
+    /// From the lowest to the topmost, in points of the screenshot.
     std::vector<AnyAnnotation> annotations;
 
     /// Replaces backdrop, mockup and frame.

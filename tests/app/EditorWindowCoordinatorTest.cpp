@@ -13,9 +13,24 @@
 namespace kestrio {
 namespace {
 
+/// A renderer whose files take as long as the test wants; the windows' previews do not wait.
+struct SlowSaver : ScriptedRenderer {
+    std::optional<Completion<>> saveGate;
+
+    Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+                              EncodeHooks hooks) override {
+        if (saveGate) {
+            const Completion<> opened = *saveGate;
+            co_await opened;
+        }
+        auto saving = ScriptedRenderer::saveImage(std::move(image), path, format, hooks);
+        co_return co_await saving;
+    }
+};
+
 struct EditorWindowCoordinatorTest : testing::Test {
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
-    std::shared_ptr<ScriptedRenderer> renderer = std::make_shared<ScriptedRenderer>();
+    std::shared_ptr<SlowSaver> renderer = std::make_shared<SlowSaver>();
     std::shared_ptr<AppSettingsService> settings = std::make_shared<AppSettingsService>(defaults);
     std::shared_ptr<ActivationState> activation = std::make_shared<ActivationState>();
     std::shared_ptr<ScriptedAlerts> alerts = std::make_shared<ScriptedAlerts>();
@@ -36,6 +51,7 @@ struct EditorWindowCoordinatorTest : testing::Test {
         EditorServices all;
         all.imageRenderer = renderer;
         all.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
+        all.themes = std::make_shared<ThemeStorageService>(defaults);
         all.watermark = std::make_shared<WatermarkService>(defaults);
         all.enhancement = std::make_shared<AIEnhancementService>();
         all.userDefaults = defaults;
@@ -153,14 +169,14 @@ TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
 TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EditorViewModel& document = open("one");
     document.rotateClockwise();
-    renderer->gate.emplace();
+    renderer->saveGate.emplace();
     auto exporting = document.exportImage(folder.filePath(QStringLiteral("x.png")),
                                           ExportFormat::png);
     quitting.request();
     runEvents();
     EXPECT_EQ(endings, 0);
     EXPECT_TRUE(alerts->requests.empty());
-    renderer->gate->succeed();
+    renderer->saveGate->succeed();
     runUntilDone(std::move(exporting));
     EXPECT_TRUE(CaptureFixture::waitFor([this] { return endings == 1; }));
     EXPECT_EQ(renderer->savedPaths.size(), 1);

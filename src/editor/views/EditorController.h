@@ -35,6 +35,8 @@ class EditorController : public QObject {
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
     Q_PROPERTY(bool isCropMode READ isCropMode NOTIFY modeChanged)
+    /// The tool palette is to be seen: not while a colour is picked.
+    Q_PROPERTY(bool isPaletteShown READ isPaletteShown NOTIFY modeChanged)
     Q_PROPERTY(QString openPanel READ openPanel NOTIFY panelsChanged)
     /// "full", "compact" or "minimal", by the right panel's width.
     Q_PROPERTY(QString panelMode READ panelMode NOTIFY panelsChanged)
@@ -87,6 +89,9 @@ class EditorController : public QObject {
     QVariantMap choices() const;
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
+    bool isPaletteShown() const {
+        return editor_.isAnnotationMode() && !editor_.isAnnotationPanelPresentationDeferred();
+    }
     /// The unfolded section of the right panel; empty where none is.
     QString openPanel() const;
     QString panelMode() const { return rawString(layout_.currentMode()); }
@@ -129,8 +134,9 @@ class EditorController : public QObject {
 
     Q_INVOKABLE void toggleAnnotations() { editor_.toggleAnnotationMode(); }
     Q_INVOKABLE void enterCrop() { editor_.enterCropMode(); }
-    /// A key that no text field took; true where it was a command.
-    Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text);
+    /// A key that nothing with the focus took; true where it was a command. A text field that has
+    /// the focus keeps the keys that mean something to it, Return and Escape among them.
+    Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text, bool isTextFocused);
     Q_INVOKABLE void autoBeautify();
     Q_INVOKABLE void enhance(const QString& mode, double strength);
     Q_INVOKABLE void restoreOriginal();
@@ -151,6 +157,8 @@ class EditorController : public QObject {
     /// The same of a drop's bytes.
     Q_INVOKABLE void openData(const QByteArray& data);
     Q_INVOKABLE void paste();
+    /// Tells what saved themes and presets could not be read, once the window can show it.
+    Q_INVOKABLE void reportLoadProblems();
     /// Tells that a drop held no picture.
     Q_INVOKABLE void refuseDrop();
 
@@ -173,6 +181,7 @@ class EditorController : public QObject {
     Task<> shrinkPicture();
     Task<> askForPicture(QString title, void (EditorController::*use)(const QUrl&));
     void setWatermarkImage(const QUrl& file) { watermark_.setPicture(file); }
+    Task<> decodeDrop(QByteArray data);
     Task<> runEnhance(AIEnhancementMode mode, double strength);
     void hint(const QString& action);
 

@@ -60,12 +60,33 @@ QString OutputPanel::outputSize() const {
     return QStringLiteral("%1 × %2").arg(pixels.width()).arg(pixels.height());
 }
 
+void OutputPanel::unlessRedactionsAreHidden(Output output) {
+    if (editor_.hidesRedactions()) {
+        pending_ = output;
+        Q_EMIT redactionsHidden();
+    } else {
+        (this->*output)();
+    }
+}
+
+void OutputPanel::goOn(bool showsAnnotations) {
+    const Output output = std::exchange(pending_, nullptr);
+    if (!output) return;
+    AnnotationViewModel& annotations = editor_.annotationVM();
+    if (showsAnnotations && !annotations.annotationsVisible()) annotations.toggleVisibility();
+    (this->*output)();
+}
+
 void OutputPanel::exportPicture() {
+    unlessRedactionsAreHidden(&OutputPanel::startExport);
+}
+
+void OutputPanel::startExport() {
     export_.exportPicture(QGuiApplication::focusWindow());
 }
 
 void OutputPanel::pin() {
-    launch(runPin(), this);
+    unlessRedactionsAreHidden(&OutputPanel::startPin);
 }
 
 Task<> OutputPanel::runPin() {
@@ -82,7 +103,11 @@ Task<> OutputPanel::runPin() {
 }
 
 void OutputPanel::copy() {
-    if (!isBusy()) launch(runCopy(), this);
+    if (!isBusy()) unlessRedactionsAreHidden(&OutputPanel::startCopy);
+}
+
+void OutputPanel::startCopy() {
+    launch(runCopy(), this);
 }
 
 Task<> OutputPanel::runCopy() {
@@ -112,6 +137,12 @@ void OutputPanel::endCopying(const QString& state) {
 }
 
 void OutputPanel::beginDrag() {
+    // A drag under way cannot ask.
+    if (editor_.hidesRedactions()) {
+        editor_.set_errorMessage(
+            localised("Blurred areas are hidden; show the annotations before you drag the picture"));
+        return;
+    }
     wantsDrag_ = true;
     if (!isBusy()) launch(runDrag(), this);
 }

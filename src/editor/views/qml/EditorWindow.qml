@@ -21,9 +21,16 @@ Window {
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
-        // What no field or button with the focus has taken.
-        Keys.onPressed: event => event.accepted = window.controller.handleKey(event.key,
-            event.modifiers, event.text)
+        // What no field or button with the focus has taken. Escape leaves a field.
+        Keys.onPressed: event => {
+            if (window.isTyping && event.key === Qt.Key_Escape) {
+                stage.focusCanvas()
+                event.accepted = true
+                return
+            }
+            event.accepted = window.controller.handleKey(event.key, event.modifiers, event.text,
+                                                         window.isTyping)
+        }
 
         TopBar {
             id: bar
@@ -54,7 +61,8 @@ Window {
         ThemeStrip {
             Layout.fillWidth: true
             controller: window.controller
-            onSaveRequested: naming.open()
+            onSaveRequested: window.nameTheme("", "")
+            onRenameRequested: (id, name) => window.nameTheme(id, name)
         }
     }
     Lazy {
@@ -78,6 +86,11 @@ Window {
         sourceComponent: ThemeNaming { controller: window.controller }
     }
     Lazy {
+        id: redaction
+        objectName: "redaction"
+        sourceComponent: HiddenRedactionSheet { output: window.controller.output }
+    }
+    Lazy {
         id: closing
         objectName: "closing"
         sourceComponent: ClosingSheet { controller: window.controller }
@@ -85,13 +98,22 @@ Window {
     ShortcutOverlay { controller: window.controller }
     Toast { id: toast }
 
+    function nameTheme(id, name) {
+        naming.active = true
+        naming.item.themeId = id
+        naming.item.oldName = name
+        naming.open()
+    }
+
     // Where a field gives its focus up, keys are the canvas' again.
     // Later, since focus that moves on passes through the window too.
     function keepFocus() {
         if (!isSheetShown && (activeFocusItem === null || activeFocusItem === contentItem)) stage.focusCanvas()
     }
     onActiveFocusItemChanged: Qt.callLater(keepFocus)
-    readonly property bool isSheetShown: enhancement.isShown || exporting.isShown || resetting.isShown
+    // Text fields and nothing else have a cursor.
+    readonly property bool isTyping: activeFocusItem !== null && activeFocusItem.cursorRectangle !== undefined
+    readonly property bool isSheetShown: redaction.isShown || enhancement.isShown || exporting.isShown || resetting.isShown
         || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
@@ -101,6 +123,11 @@ Window {
         function onFailed(text) { toast.show(text, true) }
         function onModeChanged() { stage.focusCanvas() }
     }
+    Connections {
+        target: window.controller.output
+        function onRedactionsHidden() { redaction.open() }
+    }
+    Component.onCompleted: controller.reportLoadProblems()
     EditorShortcuts {
         controller: window.controller
         enabled: !window.isSheetShown
@@ -114,7 +141,7 @@ Window {
         close.accepted = window.controller.closing.requestClose()
     }
     function askBeforeClosing() {
-        for (const sheet of [enhancement, exporting, resetting, naming])
+        for (const sheet of [redaction, enhancement, exporting, resetting, naming])
             if (sheet.isShown) sheet.item.close()
         closing.open()
         if (visibility === Window.Minimized) showNormal()

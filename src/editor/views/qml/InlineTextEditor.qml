@@ -1,7 +1,8 @@
 import QtQuick
 import Kestrio.Editor
 
-// Edits a text annotation where it stands. Escape and a click elsewhere keep what was typed.
+// Edits a text annotation where it stands. The annotation has what is typed at once; Escape, a click
+// elsewhere and every other command end the typing.
 Item {
     id: editor
     required property CanvasItem canvas
@@ -37,14 +38,15 @@ Item {
         wrapMode: TextEdit.Wrap
         selectByMouse: true
         Accessible.name: qsTr("Text")
-        Keys.onEscapePressed: editor.canvas.commitText(text)
+        onTextChanged: if (editor.visible) editor.canvas.setEditedText(text)
+        Keys.onEscapePressed: editor.canvas.endTextEditing()
         Keys.onPressed: event => {
             if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
                     && (event.modifiers & Qt.ControlModifier)) {
-                editor.canvas.commitText(text)
+                editor.canvas.endTextEditing()
                 event.accepted = true
             }
         }
-        onActiveFocusChanged: if (!activeFocus && editor.visible) editor.canvas.commitText(text)
+        onActiveFocusChanged: if (!activeFocus && editor.visible) editor.canvas.endTextEditing()
     }
 }

@@ -96,6 +96,15 @@ Rectangle {
             onClicked: bar.enhanceRequested()
         }
         Item { Layout.fillWidth: true }
+        IconButton {
+            objectName: "marksHidden"
+            visible: bar.controller.annotation.tool.areMarksHidden
+            symbol: "eye.slash"
+            symbolColor: Theme.danger
+            text: bar.isNarrow ? "" : qsTr("Marks hidden")
+            tip: qsTr("Annotations are hidden; click to show them")
+            onClicked: bar.controller.annotation.toggleVisibility()
+        }
         Text {
             text: bar.controller.pictureSize
             font.pixelSize: Theme.captionSize
