@@ -119,6 +119,17 @@ TEST_F(ClosingTest, SavingClosesOnlyWhereItSucceeds) {
     EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), other.path());
 }
 
+TEST_F(ClosingTest, HiddenBlursAreShownInWhatIsSavedByItself) {
+    draw(AnnotationTool::blur, {10, 10}, {80, 60});
+    editor->annotationVM().toggleVisibility();
+    EXPECT_FALSE(closing->requestClose());
+    closing->save();
+    runEvents();
+    EXPECT_EQ(closable, 1);
+    ASSERT_FALSE(renderer->requests.empty());
+    EXPECT_EQ(renderer->requests.back().annotations.size(), 1U);
+}
+
 TEST_F(ClosingTest, AnExportUnderWayIsWaitedFor) {
     for (const bool succeeds : {true, false}) {
         editor->rotateClockwise();

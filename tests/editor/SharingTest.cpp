@@ -69,6 +69,15 @@ TEST_F(SharingTest, OneAtATimeAndFailuresAreTold) {
     EXPECT_FALSE(sharing->isSharing());
 }
 
+TEST_F(SharingTest, NothingIsSharedWhileBlursAreHidden) {
+    draw(AnnotationTool::blur, {10, 10}, {80, 60});
+    editor->annotationVM().toggleVisibility();
+    sharing->copyFile();
+    runEvents();
+    EXPECT_TRUE(editor->errorMessage());
+    EXPECT_TRUE(renderer->savedPaths.isEmpty());
+}
+
 TEST_F(SharingTest, FilesAreNeverReplacedAndGoAfterAWeek) {
     const auto write = [](const QString& path, int daysAgo) {
         QFile file(path);

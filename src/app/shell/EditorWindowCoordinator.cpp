@@ -94,6 +94,7 @@ std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
     std::vector<OpenDocument> found;
     for (const auto& each : editors_) {
         EditorViewModel& document = each->controller().editor();
+        document.finishEditing();
         if (document.hasUnexportedChanges()) {
             found.push_back({QPointer(&document), each->controller().name()});
         }

@@ -25,6 +25,7 @@ bool DocumentClosing::requestClose() {
         set_state(ClosingState::waiting);
         return false;
     }
+    editor_.finishEditing();
     if (editor_.hasUnexportedChanges()) {
         set_errorMessage({});
         set_state(ClosingState::asking);

@@ -43,6 +43,11 @@ void DocumentSharing::begin(Way way, QString programId) {
         editor_.set_toastMessage(localised("The picture is still being made"));
         return;
     }
+    if (editor_.hidesRedactions()) {
+        editor_.set_errorMessage(
+            localised("Share failed: blurred areas are hidden with the annotations; show them first"));
+        return;
+    }
     launch(run(way, std::move(programId)), this);
 }
 

@@ -7,6 +7,8 @@
 namespace kestrio {
 
 Task<SavedFile> quickExport(EditorViewModel& editor, AppSettings settings, const QString& folder) {
+    // Nobody is there to ask; what is to be unreadable must not leave by itself.
+    if (editor.hidesRedactions()) editor.annotationVM().toggleVisibility();
     if (!folder.isEmpty()) settings.defaultSavePath = folder;
     // On a fresh account it may be missing, and nobody has chosen it.
     QDir().mkpath(settings.defaultSavePath);
