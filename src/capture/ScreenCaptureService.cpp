@@ -61,13 +61,11 @@ Task<RegionCaptureOutcome> captureRegion(Dependencies with, std::stop_token stop
 }
 
 Task<CapturedImage> captureWindow(Dependencies with, std::stop_token stop) {
-    Choosing<std::optional<WindowInfo>> pick = [picker = with.windowPicker](
-                                                   std::function<void()> onInput,
-                                                   std::stop_token inner) {
-        return picker->pick(std::move(onInput), std::move(inner));
-    };
-    auto picking =
-        withIdleLimit<std::optional<WindowInfo>>(with.idleLimit, stop, std::move(pick));
+    Choosing<std::optional<WindowInfo>> pick =
+        [picker = with.windowPicker](std::function<void()> onInput, std::stop_token inner) {
+            return picker->pick(std::move(onInput), std::move(inner));
+        };
+    auto picking = withIdleLimit<std::optional<WindowInfo>>(with.idleLimit, stop, std::move(pick));
     const std::optional<WindowInfo> window = co_await picking;
     if (!window) throw CaptureError(CaptureError::Case::windowNotFound);
     const auto leaving = sleepFor(overlayLeaves, stop);

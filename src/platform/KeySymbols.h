@@ -29,8 +29,8 @@ bool isModifierSymbol(quint32 symbol);
 /// As menus show it ("Print"); a key without a name is told by its number.
 QString keySymbolName(quint32 symbol);
 
-/// Whether the key types and edits nothing, such as Print Screen, so that it can be a hotkey without
-/// any modifier.
+/// Whether the key types and edits nothing, such as Print Screen, so that it can be a hotkey
+/// without any modifier.
 bool standsAlone(int keyCode);
 
 }  // namespace kestrio

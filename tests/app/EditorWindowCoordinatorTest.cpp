@@ -158,8 +158,7 @@ TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
     alerts->answer(0);
     runEvents();
     ASSERT_EQ(alerts->requests.size(), 2U);
-    EXPECT_TRUE(alerts->requests.back().text.contains(
-        renderer->saveFailure->errorDescription()));
+    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
     alerts->answer(0);
     runEvents();
     EXPECT_EQ(endings, 0);
@@ -170,8 +169,8 @@ TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EditorViewModel& document = open("one");
     document.rotateClockwise();
     renderer->saveGate.emplace();
-    auto exporting = document.exportImage(folder.filePath(QStringLiteral("x.png")),
-                                          ExportFormat::png);
+    auto exporting =
+        document.exportImage(folder.filePath(QStringLiteral("x.png")), ExportFormat::png);
     quitting.request();
     runEvents();
     EXPECT_EQ(endings, 0);

@@ -83,9 +83,9 @@ TEST(HotkeyText, NamesEveryKey) {
 
 struct ShortcutRecorderTest : HotkeyTest {
     ShortcutRecorder recorder{manager, [this](const HotkeyConfig& candidate) {
-                                  return hotkeyConflict(
-                                      settings->load(), HotkeyAction::region, candidate,
-                                      [](HotkeyAction) { return true; });
+                                  return hotkeyConflict(settings->load(), HotkeyAction::region,
+                                                        candidate,
+                                                        [](HotkeyAction) { return true; });
                               }};
     std::vector<HotkeyConfig> taken;
     QObject focus;

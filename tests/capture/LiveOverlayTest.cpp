@@ -93,8 +93,10 @@ TEST_F(LiveOverlay, ThePickersHintMakesRoomForANameAtTheTop) {
     picker.open();
     waitForExposure(picker);
     const auto shown = [&] {
-        return picker.screen()->grabWindow(picker.winId()).toImage().convertToFormat(
-            QImage::Format_RGB32);
+        return picker.screen()
+            ->grabWindow(picker.winId())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
     };
     const auto darkAt = [&](double y) {
         const QImage now = shown();

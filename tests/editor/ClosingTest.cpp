@@ -38,13 +38,19 @@ TEST_F(ClosingTest, OnlyWhatTheUserChangedCounts) {
         {"style", [this] { editor->applyPresetTheme(PresetTheme::all().back()); }},
         {"frame scale", [this] { editor->set_frameScale(1.7); }},
         {"canvas", [this] { editor->setAspectRatio(AspectRatio::custom(3, 1)); }},
-        {"mark", [this] { draw(AnnotationTool::rectangle, {10, 10}, {80, 60}); }},
+        {"mark",
+         [this] {
+             draw(AnnotationTool::rectangle, {10, 10}, {80, 60});
+         }},
         {"hidden mark",
          [this] {
              draw(AnnotationTool::rectangle, {20, 10}, {80, 60});
              editor->annotationVM().toggleVisibility();
          }},
-        {"picture", [this] { editor->replaceScreenshot(picture({70, 70})); }},
+        {"picture",
+         [this] {
+             editor->replaceScreenshot(picture({70, 70}));
+         }},
     };
     for (const auto& [name, change] : changes) {
         change();

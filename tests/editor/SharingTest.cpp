@@ -45,7 +45,8 @@ TEST_F(SharingTest, EachWayGetsAFileOfTheDocumentsName) {
     EXPECT_FALSE(editor->hasUnexportedChanges()) << "the picture is elsewhere now";
     sharing->email();
     runEvents();
-    EXPECT_EQ(programs->mailed, QStringList(QStringLiteral("my / shot ") + renderer->savedPaths.value(1)));
+    EXPECT_EQ(programs->mailed,
+              QStringList(QStringLiteral("my / shot ") + renderer->savedPaths.value(1)));
     sharing->copyFile();
     runEvents();
     EXPECT_EQ(pasteboard->readFiles(), QStringList(renderer->savedPaths.value(2)));

@@ -259,12 +259,15 @@ TEST(X11KeyLookup, TellsTheUnshiftedKeyOfAnyLayout) {
         std::optional<int> code;
     };
     const Case cases[] = {
-        {"us", 10, Qt::Key_Exclam, 18}, {"de", 20, Qt::Key_Question, keyCodeOfSymbol(0xdf)},
+        {"us", 10, Qt::Key_Exclam, 18},
+        {"de", 20, Qt::Key_Question, keyCodeOfSymbol(0xdf)},
         {"us", 107, Qt::Key_Print, keyCodeOfSymbol(0xff61)},
         {"us", 64, Qt::Key_Alt, std::nullopt},
         {"de", 108, Qt::Key_AltGr, std::nullopt},
-        {"de", 29, Qt::Key_Z, 6},       {"fr", 13, Qt::Key_4, 21},
-        {"ru", 24, 0x419, 12},          {"us", 37, Qt::Key_Control, std::nullopt},
+        {"de", 29, Qt::Key_Z, 6},
+        {"fr", 13, Qt::Key_4, 21},
+        {"ru", 24, 0x419, 12},
+        {"us", 37, Qt::Key_Control, std::nullopt},
     };
     for (const Case& each : cases) {
         setLayout(each.layout);

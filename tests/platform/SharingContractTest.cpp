@@ -1,6 +1,6 @@
+#include "platform/Waiting.h"
 #include "platform/linux/share/ExecLine.h"
 #include "platform/linux/share/XdgSharing.h"
-#include "platform/Waiting.h"
 #include "support/ScriptedSharing.h"
 
 #include <QDir>
@@ -34,9 +34,8 @@ struct ScriptedDesk : Desk {
         service.installed.insert(service.installed.begin(), made);
     }
     void uninstall(const char* id) override {
-        std::erase_if(service.installed, [id](const auto& each) {
-            return each.program.id == QLatin1StringView(id);
-        });
+        std::erase_if(service.installed,
+                      [id](const auto& each) { return each.program.id == QLatin1StringView(id); });
     }
     void setMail(bool isThere) override { service.hasMail = isThere; }
     QString received() override {
@@ -63,7 +62,8 @@ struct XdgDesk : Desk {
         setMail(true);
     }
     ~XdgDesk() override {
-        for (const char* name : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+        for (const char* name :
+             {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
             qunsetenv(name);
         qputenv("PATH", path);
     }
@@ -148,8 +148,7 @@ TEST_P(SharingContract, OffersProgramsOfAKindAndOpensFilesWithThem) {
         << desk->received().toStdString();
     desk->uninstall("viewer.desktop");
     EXPECT_EQ(desk->sharing().programsFor(png).size(), 1U);
-    EXPECT_THROW(desk->sharing().openWith(QStringLiteral("viewer.desktop"), picture),
-                 SharingError);
+    EXPECT_THROW(desk->sharing().openWith(QStringLiteral("viewer.desktop"), picture), SharingError);
 }
 
 TEST_P(SharingContract, MailsFilesWhereThereIsAMailProgram) {

@@ -62,8 +62,8 @@ TEST(VirtualKeys, ThePlatformKnowsBetter) {
 
 TEST(KeySymbols, HaveNamesForUsers) {
     const std::pair<quint32, const char*> names[] = {
-        {0xff61, "Print"}, {0xffff, "Del"},        {0xe4, "Ä"},       {',', ","},
-        {0xffb7, "Num 7"}, {0xff95, "Num 7"},      {0xffab, "Num +"}, {0x01000416, "Ж"},
+        {0xff61, "Print"}, {0xffff, "Del"},           {0xe4, "Ä"},         {',', ","},
+        {0xffb7, "Num 7"}, {0xff95, "Num 7"},         {0xffab, "Num +"},   {0x01000416, "Ж"},
         {0xffca, "F13"},   {0x1008ff13, "Volume Up"}, {0x6ea, "Key 06ea"},
     };
     for (const auto& [symbol, name] : names)

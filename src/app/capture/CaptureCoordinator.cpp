@@ -117,8 +117,7 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         if (request.action && outcome.action == CaptureAction::edit) {
             outcome.action = *request.action;
         }
-        auto carrying =
-            carryOut(std::move(outcome), request.output, turn, either.get_token());
+        auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
         CaptureReport report = co_await carrying;
         if (self) endTurn(turn);
         co_return report;

@@ -17,8 +17,8 @@ class CaptureCoordinator : public QObject {
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
     /// The last failure that was told; cancelling is none.
     PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
-    /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has left
-    /// the screen.
+    /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has
+    /// left the screen.
     PUBLISHED(int, countdownRemaining, 0)
     PUBLISHED(bool, isCountingDown, false)
 

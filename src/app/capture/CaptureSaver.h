@@ -6,7 +6,7 @@ namespace kestrio {
 
 /// How the saving of a capture ended, where it did not fail for good.
 struct CaptureSaving {
-    QString path;                 ///< of the file; empty where the editor is to have the picture
+    QString path;  ///< of the file; empty where the editor is to have the picture
     bool opensEditor = false;
 };
 
@@ -16,8 +16,8 @@ class CaptureSaver {
   public:
     explicit CaptureSaver(CaptureCollaborators collaborators) : with_(std::move(collaborators)) {}
 
-    /// `onFailure` is called before the user is asked, who may take long. Throws Cancelled where the
-    /// user gives the picture up, and after a stop.
+    /// `onFailure` is called before the user is asked, who may take long. Throws Cancelled where
+    /// the user gives the picture up, and after a stop.
     Task<CaptureSaving> save(Image image, std::function<void()> onFailure, std::stop_token stop);
 
   private:

@@ -53,8 +53,8 @@ std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments);
 /// tells the verbs, "--version" the version; both have a short form.
 ExitStatus runCommandLine(const QStringList& arguments);
 
-/// Tells the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its own
-/// help with the path of the program, which knows nothing of verbs. False where standard output
+/// Tells the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its
+/// own help with the path of the program, which knows nothing of verbs. False where standard output
 /// cannot be written to.
 bool printHelp(const QCommandLineParser& parser, const char* usage);
 

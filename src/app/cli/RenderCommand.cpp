@@ -231,7 +231,8 @@ ExitStatus runRender(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return printHelp(parser, "render [options] INPUT...") ? ExitStatus::done : ExitStatus::failed;
+        return printHelp(parser, "render [options] INPUT...") ? ExitStatus::done
+                                                              : ExitStatus::failed;
     }
     const RenderOptions options = parsedOptions(parser);
     // The save folder is Kestrio's own choice on a fresh account, so it makes it.

@@ -59,8 +59,8 @@ void CountdownWindow::paintEvent(QPaintEvent*) {
                      QString::number(seconds_));
     painter.setPen(hintColor);
     painter.setFont(systemFont(hintSize, QFont::Normal));
-    painter.drawText(whole.adjusted(0, whole.height() * hintTop, 0, 0), Qt::AlignHCenter | Qt::AlignTop,
-                     localised("Esc cancels"));
+    painter.drawText(whole.adjusted(0, whole.height() * hintTop, 0, 0),
+                     Qt::AlignHCenter | Qt::AlignTop, localised("Esc cancels"));
 }
 
 }  // namespace kestrio

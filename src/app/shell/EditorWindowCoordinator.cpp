@@ -74,7 +74,8 @@ void EditorWindowCoordinator::show(EditorWindow& editor) {
 
 void EditorWindowCoordinator::removeClosed() {
     const auto isClosed = [](const auto& each) { return !each->window()->isVisible(); };
-    const auto closed = std::stable_partition(editors_.begin(), editors_.end(), std::not_fn(isClosed));
+    const auto closed =
+        std::stable_partition(editors_.begin(), editors_.end(), std::not_fn(isClosed));
     if (closed == editors_.end()) return;
     for (auto each = closed; each != editors_.end(); ++each)
         (*each)->controller().editor().cleanUp();
@@ -103,9 +104,8 @@ std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
 }
 
 bool EditorWindowCoordinator::isExporting() const {
-    return std::any_of(editors_.begin(), editors_.end(), [](const auto& each) {
-        return each->controller().editor().isExporting();
-    });
+    return std::any_of(editors_.begin(), editors_.end(),
+                       [](const auto& each) { return each->controller().editor().isExporting(); });
 }
 
 bool EditorWindowCoordinator::bringToFront() {

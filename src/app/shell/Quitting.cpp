@@ -25,9 +25,9 @@ AlertRequest question(const std::vector<OpenDocument>& documents) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     const bool isOne = documents.size() == 1;
-    request.title = isOne ? localised("Save the changes before quitting?")
-                          : localised("Save the changes to %1 pictures before quitting?")
-                                .arg(documents.size());
+    request.title =
+        isOne ? localised("Save the changes before quitting?")
+              : localised("Save the changes to %1 pictures before quitting?").arg(documents.size());
     request.text = localised("Changed since it last left the editor:") + u'\n' + namesOf(documents);
     request.buttons = {isOne ? localised("Save") : localised("Save All"), localised("Discard"),
                        localised("Cancel")};
@@ -80,7 +80,8 @@ Task<bool> Quitting::settleDocuments() {
 Task<> Quitting::waitForExports() {
     const auto editors = with_.editors;
     if (editors->isExporting()) {
-        with_.toasts->show(localised("Kestrio quits as soon as the picture is written"), noticeTime);
+        with_.toasts->show(localised("Kestrio quits as soon as the picture is written"),
+                           noticeTime);
     }
     while (editors->isExporting()) {
         const auto pause = sleepFor(exportPoll, stop_.get_token());
@@ -119,7 +120,8 @@ Task<> Quitting::tellFailure(OpenDocument document, QString reason) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     request.title = localised("“%1” Was Not Saved").arg(document.name);
-    request.text = reason + u'\n' + localised("Kestrio goes on, so that you can save it elsewhere.");
+    request.text =
+        reason + u'\n' + localised("Kestrio goes on, so that you can save it elsewhere.");
     request.buttons = {localised("OK")};
     auto shown = with_.alerts->show(std::move(request), stop_.get_token());
     co_await shown;

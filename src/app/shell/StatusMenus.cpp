@@ -61,8 +61,8 @@ StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& act
         keyEntry("Quit Kestrio", AppShortcuts::quit, actions.quit),
     };
     if (countdown > 0) {
-        StatusMenuEntry cancel = keyEntry("Cancel Capture", QKeyCombination(Qt::Key_Escape),
-                                          actions.cancelCountdown);
+        StatusMenuEntry cancel =
+            keyEntry("Cancel Capture", QKeyCombination(Qt::Key_Escape), actions.cancelCountdown);
         cancel.title = localised("Cancel Capture in %1s").arg(countdown);
         menu.insert(menu.begin(), {cancel, StatusMenuEntry()});
     }

@@ -18,8 +18,8 @@ struct StatusMenuActions {
     std::function<void()> quit;
 };
 
-/// The menu as long as nothing is recorded, with the hotkeys that the settings have now. While a timed
-/// capture counts down, which has `countdown` seconds left, it can be called off.
+/// The menu as long as nothing is recorded, with the hotkeys that the settings have now. While a
+/// timed capture counts down, which has `countdown` seconds left, it can be called off.
 StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& actions,
                        int countdown = 0);
 

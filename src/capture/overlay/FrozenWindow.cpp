@@ -54,8 +54,7 @@ void FrozenWindow::open() {
 void FrozenWindow::grabKeys() {
     ++grabTries_;
     // The gaps between stripes would let the pointer through to what lies below.
-    const bool isGrabbed =
-        setKeyboardGrabEnabled(true) && (!stripes_ || setMouseGrabEnabled(true));
+    const bool isGrabbed = setKeyboardGrabEnabled(true) && (!stripes_ || setMouseGrabEnabled(true));
     if (!isGrabbed && grabTries_ < mostGrabTries) {
         grabbing_.start();
         return;

@@ -19,10 +19,10 @@ enum class LiveDimming {
     striped,      ///< without one
 };
 
-/// A window over a whole display that shows it frozen and dimmed, with parts as they were, and takes
-/// all keys while it is shown. Without a picture the live screen below it is dimmed instead. Written
-/// straight into the window's memory: it must appear at once and follow the pointer. Coordinates are
-/// points of the display unless said otherwise.
+/// A window over a whole display that shows it frozen and dimmed, with parts as they were, and
+/// takes all keys while it is shown. Without a picture the live screen below it is dimmed instead.
+/// Written straight into the window's memory: it must appear at once and follow the pointer.
+/// Coordinates are points of the display unless said otherwise.
 class FrozenWindow : public QWindow {
     Q_OBJECT
 

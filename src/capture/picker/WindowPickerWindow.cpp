@@ -87,8 +87,9 @@ void WindowPickerWindow::hover(const WindowInfo* window) {
         QRegion region(hintBox().toAlignedRect());
         // A long name may reach beyond a narrow window.
         if (hovered_) {
-            region += (inView(*hovered_) | nameBox(*hovered_)).toAlignedRect().adjusted(
-                -borderReach, -borderReach, borderReach, borderReach);
+            region += (inView(*hovered_) | nameBox(*hovered_))
+                          .toAlignedRect()
+                          .adjusted(-borderReach, -borderReach, borderReach, borderReach);
         }
         return region;
     };

@@ -23,8 +23,7 @@ Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
     auto* window = new RegionCaptureWindow(
         ground.display, std::move(ground.snapshot),
         options.snaps ? windowsToSnapTo(std::move(ground.windows)) : std::vector<WindowInfo>(),
-        options, isDark,
-        [done](std::optional<RegionCaptureResult> result) {
+        options, isDark, [done](std::optional<RegionCaptureResult> result) {
             if (result) {
                 done.succeed(std::move(*result));
             } else {

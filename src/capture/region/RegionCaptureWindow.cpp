@@ -32,8 +32,7 @@ QRect roomy(const QRectF& rect) {
 
 RegionCaptureWindow::RegionCaptureWindow(const Display& display, DisplaySnapshot snapshot,
                                          std::vector<WindowInfo> windows,
-                                         RegionSelectionOptions options, bool isDark,
-                                         Ending ending)
+                                         RegionSelectionOptions options, bool isDark, Ending ending)
     : FrozenWindow(display, std::move(snapshot)),
       selection_(display.bounds, std::move(windows), 1 / display.scale),
       options_(options),

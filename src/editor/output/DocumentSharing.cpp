@@ -44,8 +44,8 @@ void DocumentSharing::begin(Way way, QString programId) {
         return;
     }
     if (editor_.hidesRedactions()) {
-        editor_.set_errorMessage(
-            localised("Share failed: blurred areas are hidden with the annotations; show them first"));
+        editor_.set_errorMessage(localised(
+            "Share failed: blurred areas are hidden with the annotations; show them first"));
         return;
     }
     launch(run(way, std::move(programId)), this);

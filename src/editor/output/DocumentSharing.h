@@ -4,8 +4,8 @@
 
 namespace kestrio {
 
-/// Hands the finished picture to other programs, as a PNG file of the document's name that stays for
-/// a week. One at a time; failures go to the document's errorMessage. Main thread.
+/// Hands the finished picture to other programs, as a PNG file of the document's name that stays
+/// for a week. One at a time; failures go to the document's errorMessage. Main thread.
 class DocumentSharing : public QObject {
     Q_OBJECT
     PUBLISHED(bool, isSharing, false)

@@ -13,7 +13,8 @@ Task<SavedFile> quickExport(EditorViewModel& editor, AppSettings settings, const
     // On a fresh account it may be missing, and nobody has chosen it.
     QDir().mkpath(settings.defaultSavePath);
     const ExportFormat format = settings.defaultExportFormat;
-    return editor.exportImage(quickSavePath(settings, QDateTime::currentDateTime(), format), format);
+    return editor.exportImage(quickSavePath(settings, QDateTime::currentDateTime(), format),
+                              format);
 }
 
 }  // namespace kestrio

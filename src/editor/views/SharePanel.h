@@ -20,8 +20,8 @@ class SharePanel : public QObject {
 
     bool isBusy() const { return sharing_.isSharing(); }
 
-    /// Programs that open pictures, each {id, name, icon}; the icon is a URL and may be empty. Asked
-    /// anew each time the menu opens.
+    /// Programs that open pictures, each {id, name, icon}; the icon is a URL and may be empty.
+    /// Asked anew each time the menu opens.
     Q_INVOKABLE QVariantList programs() const;
     Q_INVOKABLE bool canEmail() const { return sharing_.canEmail(); }
     Q_INVOKABLE void email() { sharing_.email(); }

@@ -9,7 +9,7 @@ Basic.Menu {
     required property EditorController controller
     readonly property SharePanel panel: controller.share
     property var programs: []
-    width: 240
+    width: 280
     padding: 4
     background: Rectangle {
         radius: Theme.largeRadius

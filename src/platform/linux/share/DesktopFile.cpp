@@ -17,13 +17,24 @@ QString unescaped(const QString& text) {
             continue;
         }
         switch (text[++i].unicode()) {
-            case u's': plain += u' '; break;
-            case u'n': plain += u'\n'; break;
-            case u't': plain += u'\t'; break;
-            case u'r': plain += u'\r'; break;
-            case u'\\': plain += u'\\'; break;
+            case u's':
+                plain += u' ';
+                break;
+            case u'n':
+                plain += u'\n';
+                break;
+            case u't':
+                plain += u'\t';
+                break;
+            case u'r':
+                plain += u'\r';
+                break;
+            case u'\\':
+                plain += u'\\';
+                break;
             // Lists and commands have escapes of their own, which are undone with these.
-            default: (plain += u'\\') += text[i];
+            default:
+                (plain += u'\\') += text[i];
         }
     }
     return plain;

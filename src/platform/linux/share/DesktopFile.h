@@ -6,8 +6,8 @@
 
 namespace kestrio {
 
-/// A file of groups of keys, as freedesktop.org has them for desktop entries and for associations of
-/// MIME types.
+/// A file of groups of keys, as freedesktop.org has them for desktop entries and for associations
+/// of MIME types.
 class DesktopFile {
   public:
     /// Empty where there is no such file.

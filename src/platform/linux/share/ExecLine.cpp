@@ -42,8 +42,12 @@ QString filled(const QString& word, const QString& file, const QString& name, bo
             continue;
         }
         switch (word[++i].unicode()) {
-            case u'%': made += u'%'; break;
-            case u'c': made += name; break;
+            case u'%':
+                made += u'%';
+                break;
+            case u'c':
+                made += name;
+                break;
             case u'f':
             case u'F':
                 made += file;
@@ -54,7 +58,8 @@ QString filled(const QString& word, const QString& file, const QString& name, bo
                 made += QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded());
                 takesFile = true;
                 break;
-            default: break;
+            default:
+                break;
         }
     }
     return made;

@@ -15,7 +15,8 @@ QStringList folders(const char* own, const QString& ownDefault, const char* shar
         const QString value = qEnvironmentVariable(name);
         return value.isEmpty() ? otherwise : value;
     };
-    return QStringList(read(own, ownDefault)) + read(shared, sharedDefault).split(u':', Qt::SkipEmptyParts);
+    return QStringList(read(own, ownDefault)) +
+           read(shared, sharedDefault).split(u':', Qt::SkipEmptyParts);
 }
 
 QStringList dataFolders() {
@@ -54,7 +55,8 @@ QStringList declaredIn(const QString& folder, const QString& mimeType) {
     QStringList found;
     for (const QString& name : QDir(folder).entryList({QStringLiteral("*.desktop")}, QDir::Files)) {
         const DesktopFile entry = DesktopFile::read(folder + u'/' + name);
-        if (entry.list(QStringLiteral("Desktop Entry"), QStringLiteral("MimeType")).contains(mimeType))
+        if (entry.list(QStringLiteral("Desktop Entry"), QStringLiteral("MimeType"))
+                .contains(mimeType))
             found << name;
     }
     return found;

@@ -21,7 +21,8 @@ const QString group = QStringLiteral("Desktop Entry");
 /// Whether it is a program with a window that can be started now.
 bool isUsable(const DesktopFile& entry) {
     if (entry.value(group, QStringLiteral("Type")) != u"Application") return false;
-    if (entry.flag(group, QStringLiteral("Hidden")) || entry.flag(group, QStringLiteral("Terminal")))
+    if (entry.flag(group, QStringLiteral("Hidden")) ||
+        entry.flag(group, QStringLiteral("Terminal")))
         return false;
     const QString needed = entry.value(group, QStringLiteral("TryExec"));
     if (!needed.isEmpty() && QStandardPaths::findExecutable(needed).isEmpty()) return false;

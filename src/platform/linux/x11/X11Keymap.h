@@ -15,9 +15,9 @@ class X11Keymap {
     /// Asks the server and waits for it.
     explicit X11Keymap(xcb_connection_t* connection);
 
-    /// The keys that give what a KeyCombination's code stands for without modifiers, else in another
-    /// group or level; where a layout has no such letter at all, the key in its place on a US
-    /// keyboard.
+    /// The keys that give what a KeyCombination's code stands for without modifiers, else in
+    /// another group or level; where a layout has no such letter at all, the key in its place on a
+    /// US keyboard.
     std::vector<xcb_keycode_t> keycodesOf(int keyCode) const;
     /// The reverse; none for modifiers and for keys without a symbol.
     std::optional<int> codeOf(xcb_keycode_t keycode) const;

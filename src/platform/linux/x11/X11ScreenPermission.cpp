@@ -24,9 +24,11 @@ bool X11ScreenPermission::preflight() const {
 
 QString X11ScreenPermission::obstacle() const {
     return localised(
-        "This version of Kestrio captures the screen of X11 sessions, and this is a Wayland session. "
+        "This version of Kestrio captures the screen of X11 sessions, and this is a Wayland "
+        "session. "
         "To capture, choose an X11 session when you log in.\n\n"
-        "Everything else works here too: take a screenshot with the desktop's own tool, then open it "
+        "Everything else works here too: take a screenshot with the desktop's own tool, then open "
+        "it "
         "with “Paste from Clipboard” or “Import Image”, or with “kestrio edit” and "
         "“kestrio render” on the command line.");
 }
