@@ -68,6 +68,12 @@ TEST_F(SharingTest, OneAtATimeAndFailuresAreTold) {
     runEvents();
     EXPECT_TRUE(editor->errorMessage()->startsWith(QStringLiteral("Share failed: ")));
     EXPECT_FALSE(sharing->isSharing());
+    editor->set_errorMessage(std::nullopt);
+    const auto saved = renderer->savedPaths;
+    programs->hasMail = false;
+    sharing->email();
+    EXPECT_TRUE(editor->errorMessage()->contains(QStringLiteral("mail program")));
+    EXPECT_EQ(renderer->savedPaths, saved) << "nothing is made in vain";
 }
 
 TEST_F(SharingTest, NothingIsSharedWhileBlursAreHidden) {

@@ -27,7 +27,11 @@ std::vector<SharingProgram> DocumentSharing::programs() const {
 }
 
 void DocumentSharing::email() {
-    begin(Way::email);
+    if (services_.sharing && services_.sharing->canEmail()) {
+        begin(Way::email);
+    } else {
+        fail(SharingError(SharingError::Case::noMailProgram).errorDescription());
+    }
 }
 
 void DocumentSharing::openWith(const QString& programId) {
@@ -38,14 +42,17 @@ void DocumentSharing::copyFile() {
     begin(Way::copyFile);
 }
 
+void DocumentSharing::fail(const QString& reason) {
+    editor_.set_errorMessage(localised("Share failed: ") + reason);
+}
+
 void DocumentSharing::begin(Way way, QString programId) {
     if (isSharing() || editor_.isExporting()) {
         editor_.set_toastMessage(localised("The picture is still being made"));
         return;
     }
     if (editor_.hidesRedactions()) {
-        editor_.set_errorMessage(localised(
-            "Share failed: blurred areas are hidden with the annotations; show them first"));
+        fail(localised("blurred areas are hidden with the annotations; show them first"));
         return;
     }
     launch(run(way, std::move(programId)), this);
@@ -63,7 +70,7 @@ Task<> DocumentSharing::run(Way way, QString programId) {
     }
     if (!self) co_return;
     set_isSharing(false);
-    if (!failure.isEmpty()) editor_.set_errorMessage(localised("Share failed: ") + failure);
+    if (!failure.isEmpty()) fail(failure);
 }
 
 Task<> DocumentSharing::share(Way way, QString programId) {

@@ -16,8 +16,8 @@ class DocumentSharing : public QObject {
                     QObject* parent = nullptr);
 
     std::vector<SharingProgram> programs() const;
-    bool canEmail() const { return services_.sharing && services_.sharing->canEmail(); }
 
+    /// Tells why where there is no mail program.
     void email();
     void openWith(const QString& programId);
     /// Puts the file itself on the clipboard.
@@ -26,6 +26,7 @@ class DocumentSharing : public QObject {
   private:
     enum class Way { email, openWith, copyFile };
 
+    void fail(const QString& reason);
     void begin(Way way, QString programId = {});
     Task<> run(Way way, QString programId);
     Task<> share(Way way, QString programId);

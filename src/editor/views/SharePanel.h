@@ -23,7 +23,6 @@ class SharePanel : public QObject {
     /// Programs that open pictures, each {id, name, icon}; the icon is a URL and may be empty.
     /// Asked anew each time the menu opens.
     Q_INVOKABLE QVariantList programs() const;
-    Q_INVOKABLE bool canEmail() const { return sharing_.canEmail(); }
     Q_INVOKABLE void email() { sharing_.email(); }
     Q_INVOKABLE void openWith(const QString& program) { sharing_.openWith(program); }
     Q_INVOKABLE void copyFile() { sharing_.copyFile(); }

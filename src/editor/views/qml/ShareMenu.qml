@@ -20,8 +20,6 @@ Basic.Menu {
 
     MenuRow {
         text: qsTr("E-mail…")
-        enabled: menu.panel.canEmail()
-        opacity: enabled ? 1 : 0.38
         onTriggered: menu.panel.email()
     }
     MenuRow {
