@@ -1,5 +1,6 @@
 #include "editor/WindowFixture.h"
 #include "editor/views/CanvasItem.h"
+#include "support/ScriptedSharing.h"
 
 #include <QDir>
 #include <QQmlContext>
@@ -78,7 +79,7 @@ struct Tour {
     }
 
     void openSheets() {
-        for (const char* name : {"enhancement", "exporting", "resetting", "naming", "redaction"}) {
+        for (const char* name : {"enhancement", "exporting", "resetting", "naming", "redaction", "closing"}) {
             auto* lazy = view->findChild<QQuickItem*>(QString::fromLatin1(name));
             ASSERT_NE(lazy, nullptr) << name;
             QMetaObject::invokeMethod(lazy, "open");
@@ -86,6 +87,18 @@ struct Tour {
             QMetaObject::invokeMethod(lazy->property("item").value<QObject*>(), "close");
             EXPECT_FALSE(lazy->property("isShown").toBool()) << name;
         }
+    }
+
+    void openShareMenu() {
+        auto* const button = view->findChild<QObject*>(QStringLiteral("editor.share"));
+        ASSERT_NE(button, nullptr);
+        QMetaObject::invokeMethod(button, "clicked");
+        look();
+        for (QObject* each : view->findChildren<QObject*>())
+            if (QByteArrayView(each->metaObject()->className()).startsWith("ShareMenu_")) {
+                QMetaObject::invokeMethod(each, "close");
+            }
+        look();
     }
 
     void openColourPopovers() {
@@ -218,7 +231,14 @@ struct Tour {
 
 TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     Warnings warnings;
-    EditorWindow window(services(), QStringLiteral("shot"));
+    const auto programs = std::make_shared<ScriptedSharing>();
+    QPixmap blue(16, 16);
+    blue.fill(Qt::blue);
+    programs->installed = {{{QStringLiteral("viewer"), QStringLiteral("Viewer"), QIcon(blue)},
+                            {QStringLiteral("image/png")}}};
+    EditorServices all = services();
+    all.sharing = programs;
+    EditorWindow window(all, QStringLiteral("shot"));
     window.open(picture({640, 400}));
     ASSERT_NE(window.window(), nullptr);
     Tour tour{window};
@@ -229,6 +249,7 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     tour.walkThemes();
     appearance->set_isDark(true);
     tour.openSheets();
+    tour.openShareMenu();
     tour.annotate();
     tour.crop();
     tour.pickColour();

@@ -110,7 +110,9 @@ void SettingsViewModel::restoreDefaultHotkeys() {
 }
 
 QString SettingsViewModel::conflict(HotkeyAction target, const HotkeyConfig& candidate) const {
-    return hotkeyConflict(settings(), target, candidate);
+    return hotkeyConflict(settings(), target, candidate, [this](HotkeyAction action) {
+        return services_.hotkeys->hasHandler(action);
+    });
 }
 
 }  // namespace kestrio

@@ -28,7 +28,8 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     const auto& platform = parts.platform;
     const auto snapshots =
         std::make_shared<ScreenSnapshotProvider>(platform.screenGrabber, platform.displays);
-    const OverlayServices overlay{platform.displays, snapshots, platform.windowList};
+    const OverlayServices overlay{platform.displays, snapshots, platform.windowList,
+                                  platform.floatingWindows};
     made.screenCapture = std::make_shared<ScreenCaptureService>(ScreenCaptureDependencies{
         platform.screenPermission, platform.displays, snapshots, parts.settings,
         std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),
@@ -41,6 +42,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     made.permissions = parts.permissions;
     made.alerts = parts.platform.alerts;
     made.toasts = parts.toasts;
+    made.fileDialogs = parts.platform.fileDialogs;
     return made;
 }
 
@@ -71,6 +73,8 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     };
     parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);
     parts.captures = std::make_shared<CaptureCoordinator>(collaboratorsOf(parts));
+    parts.countdown = std::make_shared<CountdownPresenter>(
+        parts.captures, platform.displays, platform.floatingWindows, platform.globalHotkeys);
     return parts;
 }
 

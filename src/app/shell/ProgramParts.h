@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/capture/CaptureCoordinator.h"
+#include "app/shell/CountdownPresenter.h"
 #include "app/shell/EditorWindowCoordinator.h"
 #include "platform/PlatformServices.h"
 
@@ -18,6 +19,7 @@ struct ProgramParts {
     std::shared_ptr<Toasts> toasts;
     std::shared_ptr<EditorWindowCoordinator> editors;
     std::shared_ptr<CaptureCoordinator> captures;
+    std::shared_ptr<CountdownPresenter> countdown;
 
     static ProgramParts make(const PlatformServices& platform);
 };

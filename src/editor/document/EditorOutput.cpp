@@ -49,14 +49,25 @@ CompositeRequest EditorViewModel::outputRequest() {
     if (screenshot().isNull()) throw ExportError::renderingFailed();
     if (isAnnotationMode()) annotationVM_.finishDrawing();
     finishEditing();
+    return presentPicture();
+}
+
+CompositeRequest EditorViewModel::presentPicture() const {
     CompositeRequest request;
     request.screenshot = screenshot();
     request.setStyle(style());
     request.frameScale = frameScale();
     request.canvasState = canvasState();
     if (watermarkVM_.isEnabled()) request.watermark = watermarkVM_.settings();
-    if (annotationVM_.annotationsVisible()) request.annotations = annotations_;
+    if (annotationVM_.annotationsVisible()) request.annotations = liveAnnotations();
     return request;
+}
+
+bool EditorViewModel::hasUnexportedChanges() const {
+    CompositeRequest present = presentPicture();
+    // Hidden marks are work too.
+    present.annotations = liveAnnotations();
+    return unexported_.wouldLose(present);
 }
 
 Task<Image> EditorViewModel::prepareRenderedImage() {
@@ -68,20 +79,27 @@ Task<Image> EditorViewModel::prepareRenderedImage() {
 
 Task<SavedFile> EditorViewModel::exportImage(QString path, ExportFormat format, EncodeHooks hooks) {
     const OutputUnderWay exporting(this);
+    const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
-    auto rendering = renderer->renderComposite(outputRequest(), hooks.stop);
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request, hooks.stop);
     Image picture = co_await rendering;
     auto saving = renderer->saveImage(std::move(picture), path, format, hooks);
-    co_return co_await saving;
+    const SavedFile saved = co_await saving;
+    if (self) self->markExported(request);
+    co_return saved;
 }
 
 Task<> EditorViewModel::copyToClipboard() {
     const OutputUnderWay exporting(this);
+    const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
-    auto rendering = renderer->renderComposite(outputRequest());
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request);
     const Image picture = co_await rendering;
     auto copying = renderer->copyToClipboard(picture);
     co_await copying;
+    if (self) self->markExported(request);
 }
 
 Task<> EditorViewModel::pinToDesktop() {
@@ -89,10 +107,13 @@ Task<> EditorViewModel::pinToDesktop() {
     const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
     const auto pins = services_.pins;
-    auto rendering = renderer->renderComposite(outputRequest());
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request);
     const Image picture = co_await rendering;
     pins->pin(picture);
-    if (self) set_toastMessage(localised("Screenshot pinned to desktop"));
+    if (!self) co_return;
+    markExported(request);
+    set_toastMessage(localised("Screenshot pinned to desktop"));
 }
 
 Task<bool> EditorViewModel::enhanceImage(AIEnhancementMode mode, double strength) {

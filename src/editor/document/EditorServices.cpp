@@ -17,6 +17,7 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.memoryPressure = platform.memoryPressure;
     services.fileDialogs = platform.fileDialogs;
     services.fileReveal = platform.fileReveal;
+    services.sharing = platform.sharing;
     services.appearance = platform.appearance;
     return services;
 }

@@ -68,6 +68,7 @@ void EditorViewModel::loadCapture(const Image& image) {
     historyManager_.clear();
     loadPersistedStyle();
     recordSnapshot();
+    markExported(presentPicture());
 }
 
 void EditorViewModel::replaceScreenshot(const Image& image) {

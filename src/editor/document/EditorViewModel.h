@@ -5,6 +5,7 @@
 #include "editor/document/EditorServices.h"
 #include "editor/document/EditorState.h"
 #include "editor/document/ToolMemory.h"
+#include "editor/document/UnexportedChanges.h"
 #include "library/color/ColorPickerViewModel.h"
 #include "render/style/Theme.h"
 #include "render/watermark/WatermarkViewModel.h"
@@ -153,6 +154,12 @@ class EditorViewModel : public QObject {
     // the main thread. All throw ExportError::renderingFailed without a screenshot.
 
     CompositeRequest outputRequest();
+    /// What outputRequest() would be now, without finishing a drawing. Any picture, also none.
+    CompositeRequest presentPicture() const;
+    /// Tells that the picture of this request has left the editor. Output tells it by itself.
+    void markExported(const CompositeRequest& picture) { unexported_.settle(picture); }
+    /// Whether the user changed something since the picture was opened or last left the editor.
+    bool hasUnexportedChanges() const;
     Task<Image> prepareRenderedImage();
     /// Throws what rendering, encoding and writing throw; the document is untouched by it.
     Task<SavedFile> exportImage(QString path, ExportFormat format, EncodeHooks hooks = {});
@@ -194,6 +201,7 @@ class EditorViewModel : public QObject {
     HistoryManager<EditorSnapshot> historyManager_;
     std::optional<Image> screenshotBeforeEnhancement_;
     int outputsUnderWay_ = 0;
+    UnexportedChanges unexported_;
     QTimer stylePersistence_;
     bool isCleanedUp_ = false;
 };

@@ -45,6 +45,8 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
       colors_(editor_),
       crop_(editor_),
       output_(editor_, services_, name_),
+      closing_(editor_, services_),
+      share_(editor_, services_, name_),
       themes_(editor_, services_.themes),
       watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),

@@ -3,9 +3,11 @@
 #include "editor/keyboard/AnnotationKeyboardHandler.h"
 #include "editor/layout/ResponsiveLayoutManager.h"
 #include "editor/views/AnnotationPanel.h"
+#include "editor/views/ClosingPanel.h"
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CropPanel.h"
 #include "editor/views/OutputPanel.h"
+#include "editor/views/SharePanel.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -21,9 +23,11 @@ class EditorController : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window's owner makes it")
     Q_PROPERTY(kestrio::AnnotationPanel* annotation READ annotation CONSTANT)
+    Q_PROPERTY(kestrio::ClosingPanel* closing READ closing CONSTANT)
     Q_PROPERTY(kestrio::ColorPanel* colors READ colors CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
+    Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
@@ -74,9 +78,11 @@ class EditorController : public QObject {
     void open(const Image& image);
 
     AnnotationPanel* annotation() { return &annotation_; }
+    ClosingPanel* closing() { return &closing_; }
     ColorPanel* colors() { return &colors_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
+    SharePanel* share() { return &share_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     QVariantMap style() const;
@@ -189,6 +195,8 @@ class EditorController : public QObject {
     ColorPanel colors_;
     CropPanel crop_;
     OutputPanel output_;
+    ClosingPanel closing_;
+    SharePanel share_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     std::shared_ptr<class ThumbnailSource> thumbnails_;

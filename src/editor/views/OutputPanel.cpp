@@ -152,20 +152,22 @@ Task<> OutputPanel::runDrag() {
     QString failure;
     try {
         auto rendering = editor_.prepareRenderedImage();
+        const CompositeRequest taken = editor_.presentPicture();
         const Image picture = co_await rendering;
         auto work = [bitmap = picture.bitmap()] {
             return encodeImage(bitmap, ExportFormat::png, {});
         };
         const auto encoding = runInBackground(std::move(work));
         const QByteArray png = co_await encoding;
-        if (self && wantsDrag_) startDrag(picture.bitmap(), png);
+        const bool isTaken = self && wantsDrag_ && startDrag(picture.bitmap(), png);
+        if (self && isTaken) editor_.markExported(taken);
     } catch (const std::exception& error) {
         failure = describeFailure(error);
     }
     if (self && !failure.isEmpty()) editor_.set_errorMessage(failure);
 }
 
-void OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
+bool OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
     wantsDrag_ = false;
     auto* content = new QMimeData;
     content->setData(ownDragFormat, "1");
@@ -179,7 +181,7 @@ void OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
     drag->setMimeData(content);
     drag->setPixmap(QPixmap::fromImage(picture.scaledToWidth(
         std::min(dragPictureWidth, picture.width()), Qt::SmoothTransformation)));
-    drag->exec(Qt::CopyAction);
+    return drag->exec(Qt::CopyAction) != Qt::IgnoreAction;
 }
 
 }  // namespace kestrio

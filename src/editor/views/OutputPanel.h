@@ -76,7 +76,8 @@ class OutputPanel : public QObject {
     Task<> runCopy();
     Task<> runPin();
     Task<> runDrag();
-    void startDrag(const QImage& picture, const QByteArray& png);
+    /// Whether somebody took what was dragged.
+    bool startDrag(const QImage& picture, const QByteArray& png);
     void endCopying(const QString& state);
 
     EditorViewModel& editor_;

@@ -33,6 +33,7 @@ Window {
         }
 
         TopBar {
+            id: bar
             Layout.fillWidth: true
             controller: window.controller
             onSaveRequested: exporting.open()
@@ -89,6 +90,11 @@ Window {
         objectName: "redaction"
         sourceComponent: HiddenRedactionSheet { output: window.controller.output }
     }
+    Lazy {
+        id: closing
+        objectName: "closing"
+        sourceComponent: ClosingSheet { controller: window.controller }
+    }
     ShortcutOverlay { controller: window.controller }
     Toast { id: toast }
 
@@ -108,7 +114,7 @@ Window {
     // Text fields and nothing else have a cursor.
     readonly property bool isTyping: activeFocusItem !== null && activeFocusItem.cursorRectangle !== undefined
     readonly property bool isSheetShown: redaction.isShown || enhancement.isShown || exporting.isShown || resetting.isShown
-        || naming.isShown || controller.isShortcutOverlayVisible
+        || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
     Connections {
@@ -126,11 +132,29 @@ Window {
         controller: window.controller
         enabled: !window.isSheetShown
         onSaveRequested: exporting.open()
+        onShareRequested: bar.openShareMenu()
     }
-    Shortcut { sequences: [StandardKey.Close, StandardKey.Quit]; onActivated: window.close() }
+    Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
     onClosing: close => {
-        if (!exporting.isBusy) return
-        close.accepted = false
-        toast.show(qsTr("The picture is still being exported; cancel that first"), false)
+        // What is being typed belongs to the document.
+        stage.focusCanvas()
+        close.accepted = window.controller.closing.requestClose()
+    }
+    function askBeforeClosing() {
+        for (const sheet of [redaction, enhancement, exporting, resetting, naming])
+            if (sheet.isShown) sheet.item.close()
+        closing.open()
+        if (visibility === Window.Minimized) showNormal()
+        raise()
+        requestActivate()
+    }
+    Connections {
+        target: window.controller.closing
+        function onMayCloseNow() { window.close() }
+        function onStateChanged() {
+            const state = window.controller.closing.state
+            if (state === "asking") window.askBeforeClosing()
+            if (state === "waiting") toast.show(qsTr("The window closes as soon as the picture is written"), false)
+        }
     }
 }
