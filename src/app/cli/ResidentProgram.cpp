@@ -23,7 +23,7 @@ SettingsServices settingsServices(const ProgramParts& parts,
                                   const std::shared_ptr<HotkeyManager>& hotkeys) {
     return {parts.settings,
             parts.userDefaults,
-            std::make_shared<ThemeStorageService>(parts.userDefaults),
+            parts.themes,
             hotkeys,
             parts.platform.loginItem,
             parts.platform.fileDialogs};

@@ -18,6 +18,8 @@ SettingsViewModel::SettingsViewModel(SettingsServices services, QObject* parent)
     writing_.setSingleShot(true);
     writing_.setInterval(writingDelay);
     connect(&writing_, &QTimer::timeout, this, &SettingsViewModel::write);
+    connect(services_.themeStorage.get(), &ThemeStorageServiceProtocol::themesChanged, this,
+            &SettingsViewModel::reloadThemes);
     reloadThemes();
 }
 

@@ -63,11 +63,15 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
         platform.displays, platform.floatingWindows, platform.pasteboard);
     parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
+    parts.themes = std::make_shared<ThemeStorageService>(parts.userDefaults);
+    const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);
     const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
-                               pins = parts.pins] {
+                               pins = parts.pins, themes = parts.themes, styles] {
         EditorServices services = makeEditorServices(platform, defaults);
-        // The one that caches, so that a change in the settings window reaches the editor.
+        // One for all windows, so that a change in one reaches the others.
         services.settings = settings;
+        services.themes = themes;
+        services.stylePersistence = styles;
         services.pins = pins;
         return services;
     };

@@ -13,6 +13,7 @@ struct ProgramParts {
     PlatformServices platform;
     std::shared_ptr<UserDefaults> userDefaults;
     std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<ActivationState> activation;
     std::shared_ptr<PermissionManager> permissions;
     std::shared_ptr<PinnedScreenshotCoordinator> pins;
