@@ -226,6 +226,11 @@ class EditorTest(unittest.TestCase):
             self.wait_for_width(editor, padded / 2, "at half its size")
             editor.desktop.key("ctrl+0")
             self.wait_for_width(editor, padded, "fitted again")
+            # Return and Escape belong to the field: a crop that was applied would fit the picture again.
+            editor.desktop.key("c")
+            self.type_into(editor, editor.zoom_field, "60")
+            editor.desktop.key("Escape")
+            self.wait_for_width(editor, 0.6 * padded, "at the typed zoom after a cancelled crop")
 
     def wait_for_stage(self, editor, expected, what):
         wait_until(lambda: pictures.difference(editor.desktop.screenshot(editor.stage), expected) < 0.02, what)
