@@ -108,7 +108,8 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
 
     const double scale = layout.backdropScale();
     throwIfStopped(stop);
-    QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale);
+    QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale,
+                                             request.backdropDetail);
     if (output.isNull()) throw ExportError::renderingFailed();
     throwIfStopped(stop);
     backdropRenderer_.applyEffects(output, request.backdrop.effects, scale);

@@ -232,6 +232,8 @@ ExitStatus runRender(const QStringList& arguments) {
     if (parser.isSet(QStringLiteral("help"))) {
         return printDocument(helpText(parser)) ? ExitStatus::done : ExitStatus::failed;
     }
+    // A backdrop picture is decoded once for all inputs.
+    const auto pictures = DecodedPictures::shared();
     const RenderOptions options = parsedOptions(parser);
     // The save folder is Kestrio's own choice on a fresh account, so it makes it.
     if (options.isQuickSave) QDir().mkpath(QFileInfo(options.jobs.front().output).path());

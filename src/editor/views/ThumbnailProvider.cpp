@@ -93,6 +93,7 @@ CompositeRequest requestOf(const ThumbnailSource::Values& values, const Thumbnai
         request.mockup.shadowEnabled = false;
         request.frameStyle = FrameStyle::none;
     }
+    request.backdropDetail = PictureDetail::small;
     request.backdrop.padding = std::min(request.backdrop.padding, 24.0);
     request.canvasState.canvasSize = thumbnailCanvas;
     request.outputScale = scale;
