@@ -202,6 +202,10 @@ void applyCanvas(CommandLineStyle& style, const QString& option, const QString& 
     style.aspect = std::nullopt;
 }
 
+void applyKeepPixels(CommandLineStyle& style, const QString&, const QString&) {
+    style.keepPixels = true;
+}
+
 void applyRotation(CommandLineStyle& style, const QString& option, const QString& value) {
     style.rotation = numberOption(option, value);
 }
@@ -222,7 +226,7 @@ void applyDensity(CommandLineStyle& style, const QString& option, const QString&
 
 struct StyleOption {
     const char* name;
-    const char* valueName;
+    const char* valueName;  ///< null for a switch
     const char* help;
     void (*apply)(CommandLineStyle&, const QString& option, const QString& value);
 };
@@ -246,6 +250,8 @@ constexpr StyleOption styleOptions[] = {
     {"effect", "ID", "backdrop effects, such as dreamy or film", applyEffect},
     {"aspect", "W:H", "shape of the canvas around the picture", applyAspect},
     {"canvas", "WxH", "size of the canvas in points", applyCanvas},
+    {"keep-pixels", nullptr, "let the canvas grow so that the picture is not resampled",
+     applyKeepPixels},
     {"rotate", "DEGREES", "turn the finished picture clockwise", applyRotation},
     {"watermark", "TEXT", "burn a text into the picture", applyWatermark},
     {"annotations", "FILE", "draw the annotations of a JSON list", applyAnnotations},
@@ -258,6 +264,7 @@ CompositeRequest CommandLineStyle::requestFor(const QImage& bitmap) const {
     CompositeRequest request;
     request.screenshot = Image(bitmap, pixelsPerPoint);
     request.setStyle(style);
+    if (keepPixels) request.backdrop.keepPixels = true;
     request.frameScale = frameScale;
     request.watermark = watermark;
     request.annotations = annotations;

@@ -30,6 +30,9 @@ class PreviewRenderer : public QObject {
   private:
     void requestScreenshot();
     void requestPreview();
+    void requestStyle();
+    /// What the screenshot covers of the preview.
+    QSize shownPixels() const;
     void watchBlurs();
     void refreshBlurs();
     Task<> shrinkScreenshot(std::stop_token stop);
@@ -50,6 +53,7 @@ class PreviewRenderer : public QObject {
     QTimer blurRest_, scaleRest_;
     double wantedScale_ = 0;
     QSizeF composedCanvas_;
+    QSize shrunkFor_;
     bool isShrinking_ = false, isShrinkStale_ = false;
     bool isRendering_ = false, isRenderStale_ = false;
     std::stop_source stop_;

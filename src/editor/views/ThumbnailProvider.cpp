@@ -94,6 +94,8 @@ CompositeRequest requestOf(const ThumbnailSource::Values& values, const Thumbnai
         request.frameStyle = FrameStyle::none;
     }
     request.backdropDetail = PictureDetail::small;
+    // Thumbnails show how it looks on a canvas of their own.
+    request.backdrop.keepPixels = std::nullopt;
     request.backdrop.padding = std::min(request.backdrop.padding, 24.0);
     request.canvasState.canvasSize = thumbnailCanvas;
     request.outputScale = scale;
