@@ -13,7 +13,7 @@
 namespace {
 
 // Small pictures reach the same code as large ones, many times as often.
-constexpr kestrio::DecodeLimits limits{.pixels = qint64(1) << 16, .side = 1 << 12};
+constexpr kestrio::DecodeLimits limits{.memory = qint64(1) << 19, .side = 1 << 12};
 
 void decode(const QByteArray& bytes) {
     try {

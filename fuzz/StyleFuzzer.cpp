@@ -16,7 +16,7 @@ namespace {
 using namespace kestrio;
 
 // Larger ones are left to the decoder's own fuzzer.
-constexpr DecodeLimits embeddedPictures{.pixels = qint64(1) << 16, .side = 1 << 12};
+constexpr DecodeLimits embeddedPictures{.memory = qint64(1) << 19, .side = 1 << 12};
 
 // Pictures between these sizes are possible, but drawing them takes too long here.
 constexpr qint64 smallPicture = 1 << 14;

@@ -19,6 +19,20 @@ double perPoint(double pixels, double points) {
     return points > 1 ? pixels / points : pixels;
 }
 
+// The screenshot in its own size, in the middle of `room` at `origin`, in output pixels.
+QRectF ownSizeRect(const CompositeLayout& layout, QPointF origin, QSizeF room) {
+    QSizeF size(
+        layout.imageSize.width() * layout.outputSize.width() / layout.canvasSize.width(),
+        layout.imageSize.height() * layout.outputSize.height() / layout.canvasSize.height());
+    QPointF corner(origin.x() + (room.width() - size.width()) * 0.5,
+                   origin.y() + (room.height() - size.height()) * 0.5);
+    if (layout.isOnWholePixels) {
+        size = {std::round(size.width()), std::round(size.height())};
+        corner = {std::round(corner.x()), std::round(corner.y())};
+    }
+    return {corner, size};
+}
+
 int wholePixels(double length) {
     constexpr double most = 1 << 30;
     return std::max(1, static_cast<int>(std::lround(std::min(length, most))));
@@ -67,6 +81,10 @@ QRectF contentRect(const CompositeLayout& layout) {
     const double availableHeight = layout.outputSize.height() - 2 * padding.y() - titleBar;
     if (!(availableWidth > 0 && availableHeight > 0)) return {};
 
+    if (layout.keepsPixels) {
+        return ownSizeRect(layout, {padding.x(), padding.y() + titleBar},
+                           {availableWidth, availableHeight});
+    }
     const double aspect = layout.imageSize.width() / layout.imageSize.height();
     double width = availableWidth;
     double height = availableHeight;

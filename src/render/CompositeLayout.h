@@ -19,6 +19,10 @@ struct CompositeLayout {
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;  ///< below 0 acts as 0
     double leastBackdropScale = 1;
+    /// The screenshot stands in its own size, whatever room there is.
+    bool keepsPixels = false;
+    /// With keepsPixels: an output pixel is one of the screenshot, which stands on whole ones.
+    bool isOnWholePixels = false;
 
     /// True when all three sizes are finite and above 0 on both axes.
     bool isValid() const;
@@ -42,7 +46,8 @@ struct CompositeLayout {
 double backdropScale(QSizeF canvasSize, QSizeF pixels, double least = 1);
 
 /// Where the screenshot stands, in output pixels: as large as padding and title bar allow, in its
-/// own aspect ratio, the pair of title bar and screenshot centred. Empty at the origin where
+/// own aspect ratio, or in its own size where the layout keeps pixels; the pair of title bar and
+/// screenshot centred. Empty at the origin where
 /// nothing is left or the layout is not valid.
 QRectF contentRect(const CompositeLayout& layout);
 

@@ -2,6 +2,7 @@
 
 #include "annotation/model/AnyAnnotation.h"
 #include "imaging/Image.h"
+#include "imaging/codecs/DecodedPictures.h"
 #include "render/CompositeLayout.h"
 #include "render/style/CanvasState.h"
 #include "render/style/EditorStyleSettings.h"
@@ -21,6 +22,8 @@ struct CompositeRequest {
     /// Output pixels a point of the canvas, above 0; the screenshot's own density unless given. A
     /// canvas on the screen shows the picture smaller than it is exported, patterns and all.
     std::optional<double> outputScale;
+    /// Of a picture as backdrop: thumbnails are drawn from a small copy.
+    PictureDetail backdropDetail = PictureDetail::whole;
     std::optional<WatermarkSettings> watermark;
     /// From the lowest to the topmost, in points of the screenshot.
     std::vector<AnyAnnotation> annotations;

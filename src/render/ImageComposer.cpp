@@ -69,18 +69,39 @@ void requirePossible(const CompositeLayout& layout, double rotation) {
     requirePossible(filledBy(layout.outputPixels(), turnOf(rotation)));
 }
 
+double ownDensity(const Image& image) {
+    return image.pixelSize().width() / image.pointSize().width();
+}
+
+// The canvas that was asked for, grown until padding, frame and the whole screenshot fit, in its
+// own aspect ratio where it has one.
+QSizeF canvasKeepingPixels(const CompositeLayout& layout, const AspectRatio& aspectRatio) {
+    const QSizeF needed(layout.imageSize.width() + 2 * layout.padding,
+                        layout.imageSize.height() + 2 * layout.padding + layout.titleBarHeight());
+    return canvasHolding(needed.expandedTo(layout.canvasSize), aspectRatio);
+}
+
 }  // namespace
 
 CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDensity) {
     CompositeLayout layout;
     layout.canvasSize = request.canvasState.canvasSize;
-    layout.outputSize = layout.canvasSize * request.outputScale.value_or(pixelDensity);
     if (request.outputScale) layout.leastBackdropScale = 0;
     layout.imageSize = request.screenshot.pointSize();
     layout.pixelDensity = request.screenshot.pixelDensity();
     layout.padding = clampedOr(request.backdrop.padding, 0, 100);
     layout.frameStyle = request.frameStyle;
     layout.frameScale = clampedOr(request.frameScale, 0, std::numeric_limits<double>::max());
+    double scale = request.outputScale.value_or(pixelDensity);
+    if (request.backdrop.keepPixels.value_or(false) && !request.screenshot.isNull()) {
+        layout.keepsPixels = true;
+        layout.canvasSize = canvasKeepingPixels(layout, request.canvasState.aspectRatio);
+        const double own = ownDensity(request.screenshot);
+        // A density below 1 counts as 1 elsewhere, which would enlarge the picture.
+        if (!request.outputScale) scale = std::min(scale, own);
+        layout.isOnWholePixels = scale == own && !request.outputScale;
+    }
+    layout.outputSize = layout.canvasSize * scale;
     return layout;
 }
 
@@ -114,7 +135,8 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
 
     const double scale = layout.backdropScale();
     throwIfStopped(stop);
-    QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale);
+    QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale,
+                                             request.backdropDetail);
     if (output.isNull()) throw ExportError::renderingFailed();
     throwIfStopped(stop);
     backdropRenderer_.applyEffects(output, request.backdrop.effects, scale);

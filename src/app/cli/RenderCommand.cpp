@@ -234,6 +234,8 @@ ExitStatus runRender(const QStringList& arguments) {
         return printHelp(parser, "render [options] INPUT...") ? ExitStatus::done
                                                               : ExitStatus::failed;
     }
+    // A backdrop picture is decoded once for all inputs.
+    const auto pictures = DecodedPictures::shared();
     const RenderOptions options = parsedOptions(parser);
     // The save folder is Kestrio's own choice on a fresh account, so it makes it.
     if (options.isQuickSave) QDir().mkpath(QFileInfo(options.jobs.front().output).path());

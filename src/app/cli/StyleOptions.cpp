@@ -93,7 +93,8 @@ void applyImage(BackdropSettings& backdrop, const QString& path) {
     ImageBackdropSettings settings;
     settings.imageData = readImageFile(path);
     settings.imagePath = path;
-    decodeImage(*settings.imageData);  // a picture that cannot be read is told now, not drawn grey
+    // A picture that cannot be read is told now, not drawn grey.
+    DecodedPictures::shared()->whole(*settings.imageData);
     backdrop.imageSettings = settings;
 }
 
@@ -201,6 +202,10 @@ void applyCanvas(CommandLineStyle& style, const QString& option, const QString& 
     style.aspect = std::nullopt;
 }
 
+void applyKeepPixels(CommandLineStyle& style, const QString&, const QString&) {
+    style.keepPixels = true;
+}
+
 void applyRotation(CommandLineStyle& style, const QString& option, const QString& value) {
     style.rotation = numberOption(option, value);
 }
@@ -221,7 +226,7 @@ void applyDensity(CommandLineStyle& style, const QString& option, const QString&
 
 struct StyleOption {
     const char* name;
-    const char* valueName;
+    const char* valueName;  ///< null for a switch
     const char* help;
     void (*apply)(CommandLineStyle&, const QString& option, const QString& value);
 };
@@ -245,6 +250,8 @@ constexpr StyleOption styleOptions[] = {
     {"effect", "ID", "backdrop effects, such as dreamy or film", applyEffect},
     {"aspect", "W:H", "shape of the canvas around the picture", applyAspect},
     {"canvas", "WxH", "size of the canvas in points", applyCanvas},
+    {"keep-pixels", nullptr, "let the canvas grow so that the picture is not resampled",
+     applyKeepPixels},
     {"rotate", "DEGREES", "turn the finished picture clockwise", applyRotation},
     {"watermark", "TEXT", "burn a text into the picture", applyWatermark},
     {"annotations", "FILE", "draw the annotations of a JSON list", applyAnnotations},
@@ -257,6 +264,7 @@ CompositeRequest CommandLineStyle::requestFor(const QImage& bitmap) const {
     CompositeRequest request;
     request.screenshot = Image(bitmap, pixelsPerPoint);
     request.setStyle(style);
+    if (keepPixels) request.backdrop.keepPixels = true;
     request.frameScale = frameScale;
     request.watermark = watermark;
     request.annotations = annotations;

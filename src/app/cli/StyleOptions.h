@@ -17,6 +17,7 @@ struct CommandLineStyle {
     double pixelsPerPoint = 1;          ///< of the input
     std::optional<AspectRatio> aspect;  ///< shapes the canvas around the picture
     std::optional<QSizeF> canvasSize;   ///< points; wins over the picture's own size
+    bool keepPixels = false;            ///< whatever the style says
     std::optional<WatermarkSettings> watermark;
     std::vector<AnyAnnotation> annotations;
 

@@ -32,7 +32,7 @@ PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
                                &EditorViewModel::frameStyleChanged,
                                &EditorViewModel::frameScaleChanged};
     for (const auto signal : styleSignals)
-        connect(&editor, signal, this, &PreviewRenderer::requestPreview);
+        connect(&editor, signal, this, &PreviewRenderer::requestStyle);
     connect(&editor, &EditorViewModel::canvasStateChanged, this, [this] {
         // Panning, zooming and turning show the same picture elsewhere.
         if (composedCanvas_ != editor_.canvasState().canvasSize) requestPreview();
@@ -126,6 +126,21 @@ std::vector<BlurAnnotation> PreviewRenderer::pendingBlurs() const {
     return pending;
 }
 
+QSize PreviewRenderer::shownPixels() const {
+    CompositeLayout layout = editor_.layout();
+    layout.outputSize = layout.canvasSize * wantedScale_;
+    const QSizeF shown = contentRect(layout).size();
+    return {std::max(1, static_cast<int>(std::lround(shown.width()))),
+            std::max(1, static_cast<int>(std::lround(shown.height())))};
+}
+
+// What was shrunk for a smaller place would be enlarged again.
+void PreviewRenderer::requestStyle() {
+    const int most = editor_.screenshot().pixelSize().width();
+    if (std::min(shownPixels().width(), most) > shrunkFor_.width()) requestScreenshot();
+    requestPreview();
+}
+
 void PreviewRenderer::requestScreenshot() {
     isShrinkStale_ = true;
     if (!isShrinking_ && wantedScale_ > 0) launch(shrinkScreenshot(stop_.get_token()), this);
@@ -136,11 +151,7 @@ Task<> PreviewRenderer::shrinkScreenshot(std::stop_token stop) {
     isShrinking_ = true;
     while (std::exchange(isShrinkStale_, false)) {
         const Image full = editor_.screenshot();
-        CompositeLayout layout = editor_.layout();
-        layout.outputSize = layout.canvasSize * wantedScale_;
-        const QSizeF shown = contentRect(layout).size();
-        const QSize pixels(std::max(1, static_cast<int>(std::lround(shown.width()))),
-                           std::max(1, static_cast<int>(std::lround(shown.height()))));
+        const QSize pixels = shrunkFor_ = shownPixels();
         auto work = [full, pixels] {
             if (full.isNull() || pixels.width() >= full.pixelSize().width()) return full;
             return Image(scaledTo(full.bitmap(), pixels), full.pointSize());

@@ -34,6 +34,9 @@ class PreviewRenderer : public QObject {
   private:
     void requestScreenshot();
     void requestPreview();
+    void requestStyle();
+    /// What the screenshot covers of the preview.
+    QSize shownPixels() const;
     void watchBlurs();
     void refreshBlurs();
     Task<> shrinkScreenshot(std::stop_token stop);
@@ -56,6 +59,7 @@ class PreviewRenderer : public QObject {
     QSizeF composedCanvas_;
     /// The geometry of `preview`, in points of the canvas.
     CompositeLayout shownLayout_;
+    QSize shrunkFor_;
     bool isShrinking_ = false, isShrinkStale_ = false;
     bool isRendering_ = false, isRenderStale_ = false;
     std::stop_source stop_;

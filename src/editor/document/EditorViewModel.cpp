@@ -92,6 +92,7 @@ void EditorViewModel::loadPersistedStyle() {
     if (auto style = services_.stylePersistence->load()) {
         style->mockup.cornerRadius = clampedOr(style->mockup.cornerRadius, 0, largestCornerRadius);
         setStyle(*style);
+        style->backdrop.keepPixels = std::nullopt;
         for (const PresetTheme& preset : PresetTheme::all())
             if (preset.style() == *style) set_currentPresetThemeId(preset.id);
         return;
@@ -105,6 +106,11 @@ void EditorViewModel::setStyle(const EditorStyleSettings& style) {
     set_backdrop(style.backdrop);
     set_mockup(style.mockup);
     set_frameStyle(style.frameStyle);
+}
+
+void EditorViewModel::setLook(EditorStyleSettings style) {
+    style.backdrop.keepPixels = backdrop().keepPixels;
+    setStyle(style);
 }
 
 void EditorViewModel::persistStyle() {
@@ -209,7 +215,7 @@ void EditorViewModel::cleanUp() {
 }
 
 void EditorViewModel::applyPresetTheme(const PresetTheme& preset) {
-    setStyle(preset.style());
+    setLook(preset.style());
     set_currentTheme(std::nullopt);
     set_currentPresetThemeId(preset.id);
     recordSnapshot();
@@ -224,7 +230,7 @@ void EditorViewModel::applyTheme(const Theme& theme) {
 
 void EditorViewModel::autoBeautify() {
     if (screenshot().isNull()) return;
-    setStyle(autoBeautified(screenshot()));
+    setLook(autoBeautified(screenshot()));
     set_currentTheme(std::nullopt);
     set_currentPresetThemeId(std::nullopt);
     recordSnapshot();

@@ -174,6 +174,8 @@ class EditorViewModel : public QObject {
     void turnBy(double degrees);
     void loadPersistedStyle();
     void setStyle(const EditorStyleSettings& style);
+    /// A style that was made for any picture, with what this document does about pixels.
+    void setLook(EditorStyleSettings style);
     void apply(const EditorSnapshot& snapshot);
     void recomputeUndoFlags();
     void leaveCropMode();

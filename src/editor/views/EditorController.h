@@ -199,6 +199,8 @@ class EditorController : public QObject {
     SharePanel share_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
+    /// Kept from one composition to the next while an editor is open.
+    std::shared_ptr<DecodedPictures> decodedPictures_ = DecodedPictures::shared();
     std::shared_ptr<class ThumbnailSource> thumbnails_;
     QString thumbnailProvider_;
     Image smallPicture_;

@@ -144,8 +144,8 @@ constexpr StyleField fields[] = {
              b.customGradientColors = colors;
          });
      }},
-    {"hasImage",
-     [](const Editor& e) -> Value { return imageOf(e).imageData.has_value(); }, nullptr},
+    {"hasImage", [](const Editor& e) -> Value { return imageOf(e).imageData.has_value(); },
+     nullptr},
     {"imageBlur", [](const Editor& e) -> Value { return imageOf(e).blur; },
      [](Editor& e, const Value& v) {
          changeImage(e, [&](auto& i) { i.blur = clampedOr(v.toDouble(), 0, 10); });
@@ -165,6 +165,11 @@ constexpr StyleField fields[] = {
     {"padding", [](const Editor& e) -> Value { return e.backdrop().padding; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.padding = clampedOr(v.toDouble(), 0, 100); });
+     }},
+    {"keepPixels", [](const Editor& e) -> Value { return e.backdrop().keepPixels.value_or(false); },
+     [](Editor& e, const Value& v) {
+         changeBackdrop(
+             e, [&](auto& b) { b.keepPixels = v.toBool() ? std::optional(true) : std::nullopt; });
      }},
     {"blur", [](const Editor& e) -> Value { return e.backdrop().effects.blur; },
      [](Editor& e, const Value& v) {
@@ -228,7 +233,8 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
      }},
-    {"shadowIntensity", [](const Editor& e) -> Value { return rawName(e.mockup().shadowIntensity); },
+    {"shadowIntensity",
+     [](const Editor& e) -> Value { return rawName(e.mockup().shadowIntensity); },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
      }},

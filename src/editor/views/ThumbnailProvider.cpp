@@ -93,6 +93,9 @@ CompositeRequest requestOf(const ThumbnailSource::Values& values, const Thumbnai
         request.mockup.shadowEnabled = false;
         request.frameStyle = FrameStyle::none;
     }
+    request.backdropDetail = PictureDetail::small;
+    // Thumbnails show how it looks on a canvas of their own.
+    request.backdrop.keepPixels = std::nullopt;
     request.backdrop.padding = std::min(request.backdrop.padding, 24.0);
     request.canvasState.canvasSize = thumbnailCanvas;
     request.outputScale = scale;

@@ -35,12 +35,16 @@ QImage premultiplied(QImage bitmap) {
 
 }  // namespace
 
-void checkClaimedSize(QSize claimed, const DecodeLimits& limits) {
+qint64 bitmapBytes(QSize size) {
+    return qint64(size.width()) * size.height() * 4;
+}
+
+void checkClaimedSize(QSize claimed, const DecodeLimits& limits, qint64 workingMemory) {
     if (claimed.width() < 1 || claimed.height() < 1) {
         throw ImageLoadError::damaged(localised("its width or height is not positive"));
     }
     if (claimed.width() > limits.side || claimed.height() > limits.side ||
-        qint64(claimed.width()) * claimed.height() > limits.pixels) {
+        workingMemory > limits.memory - bitmapBytes(claimed)) {
         throw ImageLoadError::tooLarge(claimed);
     }
 }

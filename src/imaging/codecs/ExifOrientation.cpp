@@ -44,6 +44,11 @@ int exifOrientation(QByteArrayView tiff) {
     return 1;
 }
 
+qint64 turnedBytes(QSize size, int orientation) {
+    const bool isInPlace = orientation < 3 || orientation == 4;
+    return isInPlace ? 0 : qint64(size.width()) * size.height() * 4;
+}
+
 QImage uprightBitmap(QImage bitmap, int orientation) {
     if (orientation == 2 || orientation == 5 || orientation == 7) bitmap.mirror(true, false);
     if (orientation == 4) bitmap.mirror(false, true);

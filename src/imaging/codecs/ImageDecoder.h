@@ -12,8 +12,9 @@ namespace kestrio {
 
 /// What a picture may claim before any of its pixels are allocated.
 struct DecodeLimits {
-    /// 256 mebipixels: a bitmap of one gibibyte.
-    qint64 pixels = qint64(1) << 28;
+    /// Bytes that decoding may hold at once beside the file's own: the bitmap, 4 a pixel, and what
+    /// its decoder needs meanwhile.
+    qint64 memory = 1'000'000'000;
     /// The longer side, in pixels.
     int side = 131072;
 };
@@ -32,7 +33,7 @@ QImage decodeImageOrNull(const std::optional<QByteArray>& bytes);
 QStringList readableSuffixes();
 
 /// The bytes of a file that should hold a picture. Throws ImageLoadError::unreadable, also for
-/// folders and for more than a gibibyte.
+/// folders, pipes and devices and for more than 512 MiB, before anything is read.
 QByteArray readImageFile(const QString& path);
 
 /// The picture in a file, as decodeImage(). Throws ImageLoadError.

@@ -17,6 +17,12 @@ ImageLoadError ImageLoadError::damaged(QString reason) {
     return error;
 }
 
+ImageLoadError ImageLoadError::unsupportedKind(QString kind) {
+    ImageLoadError error(Case::unsupportedFormat);
+    error.reason_ = std::move(kind);
+    return error;
+}
+
 ImageLoadError ImageLoadError::tooLarge(QSize claimed) {
     ImageLoadError error(Case::tooLarge);
     error.claimed_ = claimed;
@@ -30,6 +36,12 @@ QString ImageLoadError::errorDescription() const {
         case Case::empty:
             return localised("The picture is empty: it holds no data at all.");
         case Case::unsupportedFormat:
+            if (!reason_.isEmpty()) {
+                return localised(
+                           "The picture is %1, which is not supported; please save it as PNG "
+                           "first.")
+                    .arg(reason_);
+            }
             return localised(
                 "This is not a picture in a supported format; please choose a PNG, JPEG, WebP, "
                 "BMP, GIF, ICO, PPM or TIFF file.");

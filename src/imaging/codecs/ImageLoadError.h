@@ -21,6 +21,9 @@ class ImageLoadError : public Error {
     static ImageLoadError unreadable(QString path, QString reason);
     static ImageLoadError empty() { return ImageLoadError(Case::empty); }
     static ImageLoadError unsupportedFormat() { return ImageLoadError(Case::unsupportedFormat); }
+    /// A sound picture of a supported format in a kind that is not: `kind` is a noun with its
+    /// article.
+    static ImageLoadError unsupportedKind(QString kind);
     /// `reason` is the decoder's text.
     static ImageLoadError damaged(QString reason);
     /// `claimed` is the size in pixels that the picture's header states.
@@ -29,7 +32,8 @@ class ImageLoadError : public Error {
     Case errorCase() const { return case_; }
     /// The file that could not be read; empty in the other cases.
     const QString& path() const { return path_; }
-    /// Why, for unreadable and damaged; empty in the other cases.
+    /// Why, for unreadable and damaged, and the kind of unsupportedKind(); empty in the other
+    /// cases.
     const QString& reason() const { return reason_; }
     /// In pixels, for tooLarge; invalid in the other cases.
     QSize claimedSize() const { return claimed_; }

@@ -1,5 +1,6 @@
 #include "imaging/codecs/JpegDecoder.h"
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
@@ -51,9 +52,9 @@ class JpegReader {
             jpeg_read_header(&jpeg_, TRUE);
         });
         const QSize size(static_cast<int>(jpeg_.image_width), static_cast<int>(jpeg_.image_height));
-        checkClaimedSize(size, limits);
         const QColorSpace profile = colorSpace();
         const int orientation = noted();
+        checkClaimedSize(size, limits, std::max(turnedBytes(size, orientation), scanMemory()));
         QImage bitmap = allocateBitmap(size, QImage::Format_RGB32);
         readPixels(bitmap);
         return uprightBitmap(finishedBitmap(std::move(bitmap), profile), orientation);
@@ -106,6 +107,18 @@ class JpegReader {
             }
         }
         return 1;
+    }
+
+    // Pictures of several scans are held whole as coefficients until the last one has come.
+    qint64 scanMemory() {
+        if (!jpeg_has_multiple_scans(&jpeg_)) return 0;
+        qint64 coefficients = 0;
+        for (int index = 0; index < jpeg_.num_components; ++index) {
+            const jpeg_component_info& component = jpeg_.comp_info[index];
+            coefficients +=
+                qint64(component.width_in_blocks) * component.height_in_blocks * DCTSIZE2;
+        }
+        return coefficients * qint64(sizeof(JCOEF));
     }
 
     void readPixels(QImage& bitmap) {

@@ -53,7 +53,9 @@ class PngReader {
                               png_get_valid(png_, info_, PNG_INFO_tRNS);
         QImage bitmap =
             allocateBitmap(size, hasAlpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-        if (!isPlain() || !readPixelData(bytes_, position_ - chunkHeader, bitmap)) {
+        // The fast way holds all rows inflated.
+        const bool isFast = isPlain() && bitmapBytes(size) * 2 <= limits.memory;
+        if (!isFast || !readPixelData(bytes_, position_ - chunkHeader, bitmap)) {
             readPixels(bitmap);
         }
         return finishedBitmap(std::move(bitmap), profile);

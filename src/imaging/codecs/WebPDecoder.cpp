@@ -21,6 +21,15 @@ QByteArray iccProfile(const WebPDemuxer* demuxer) {
     return profile;
 }
 
+// Lossless frames are decoded into words of their own first; lossy ones need a few rows.
+qint64 frameMemory(const WebPIterator& frame) {
+    constexpr int lossless = 2;
+    WebPBitstreamFeatures features;
+    const bool isKnown =
+        WebPGetFeatures(frame.fragment.bytes, frame.fragment.size, &features) == VP8_STATUS_OK;
+    return isKnown && features.format == lossless ? bitmapBytes({frame.width, frame.height}) : 0;
+}
+
 // An animation's frame may cover a part of the canvas; the rest stays transparent.
 QImage decodeFrame(const WebPIterator& frame, QSize canvas) {
     const bool covers = QSize(frame.width, frame.height) == canvas;
@@ -68,6 +77,7 @@ QImage decodeWebP(const QByteArray& bytes, const DecodeLimits& limits) {
     }
     const std::unique_ptr<WebPIterator, decltype(&WebPDemuxReleaseIterator)> release(
         &frame, WebPDemuxReleaseIterator);
+    checkClaimedSize(canvas, limits, frameMemory(frame));
     return finishedBitmap(decodeFrame(frame, canvas), colorSpaceOf(iccProfile(demuxer.get())));
 }
 

@@ -1,7 +1,6 @@
 #include "render/backdrop/BackdropRenderer.h"
 
 #include "core/Clamp.h"
-#include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/ColorAdjust.h"
 #include "imaging/filters/GaussianBlur.h"
 #include "imaging/filters/Resample.h"
@@ -55,11 +54,11 @@ QRectF placedImage(QSizeF image, const QRectF& area, ImageScaleFit fit) {
             size};
 }
 
-QImage BackdropRenderer::render(const BackdropSettings& backdrop, QSize pixels,
-                                double scale) const {
+QImage BackdropRenderer::render(const BackdropSettings& backdrop, QSize pixels, double scale,
+                                PictureDetail detail) const {
     QImage bitmap(pixels, QImage::Format_ARGB32_Premultiplied);
     if (bitmap.isNull()) return bitmap;
-    fill(bitmap, backdrop, scale);
+    fill(bitmap, backdrop, scale, detail);
     if (backdrop.pattern && backdrop.pattern->type != PatternType::none) {
         drawPattern(bitmap, *backdrop.pattern, scale);
     }
@@ -69,7 +68,8 @@ QImage BackdropRenderer::render(const BackdropSettings& backdrop, QSize pixels,
     return bitmap;
 }
 
-void BackdropRenderer::fill(QImage& bitmap, const BackdropSettings& backdrop, double scale) const {
+void BackdropRenderer::fill(QImage& bitmap, const BackdropSettings& backdrop, double scale,
+                            PictureDetail detail) const {
     const double opacity = clampedOpacity(backdrop);
     switch (backdrop.type) {
         case BackdropType::none:
@@ -89,15 +89,15 @@ void BackdropRenderer::fill(QImage& bitmap, const BackdropSettings& backdrop, do
             }
             break;
         case BackdropType::image:
-            fillWithImage(bitmap, backdrop, scale);
+            fillWithImage(bitmap, backdrop, scale, detail);
             break;
     }
 }
 
-void BackdropRenderer::fillWithImage(QImage& bitmap, const BackdropSettings& backdrop,
-                                     double scale) const {
+void BackdropRenderer::fillWithImage(QImage& bitmap, const BackdropSettings& backdrop, double scale,
+                                     PictureDetail detail) const {
     const ImageBackdropSettings settings = backdrop.imageSettings.value_or(ImageBackdropSettings());
-    const QImage image = decodeImageOrNull(settings.imageData);
+    const QImage image = stylePicture(settings.imageData, detail);
     if (image.isNull()) {
         fillSolid(bitmap, missingFill);
         return;

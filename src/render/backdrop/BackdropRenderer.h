@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/SerialQueue.h"
+#include "imaging/codecs/DecodedPictures.h"
 #include "render/style/BackdropSettings.h"
 
 #include <QImage>
@@ -14,16 +15,20 @@ class BackdropRenderer {
     explicit BackdropRenderer(SerialQueue& filterQueue) : filterQueue_(filterQueue) {}
 
     /// Fill, pattern and underlay, without the effects, on a new bitmap. `scale` is pixels a point.
-    /// Null where the bitmap cannot be had.
-    QImage render(const BackdropSettings& backdrop, QSize pixels, double scale) const;
+    /// A picture is drawn from a small copy of it where `detail` asks for no more. Null where the
+    /// bitmap cannot be had.
+    QImage render(const BackdropSettings& backdrop, QSize pixels, double scale,
+                  PictureDetail detail = PictureDetail::whole) const;
 
     /// Blur and saturation together, then noise, in place. Settings are clamped here; neutral ones
     /// leave the bitmap untouched. `scale` is pixels a point.
     void applyEffects(QImage& bitmap, const BackdropEffects& effects, double scale) const;
 
   private:
-    void fill(QImage& bitmap, const BackdropSettings& backdrop, double scale) const;
-    void fillWithImage(QImage& bitmap, const BackdropSettings& backdrop, double scale) const;
+    void fill(QImage& bitmap, const BackdropSettings& backdrop, double scale,
+              PictureDetail detail) const;
+    void fillWithImage(QImage& bitmap, const BackdropSettings& backdrop, double scale,
+                       PictureDetail detail) const;
 
     SerialQueue& filterQueue_;
 };

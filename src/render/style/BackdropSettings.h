@@ -37,6 +37,8 @@ struct BackdropSettings {
     std::optional<OverlaySettings> overlay;
     std::optional<ImageBackdropSettings> imageSettings;
     std::optional<PortraitSettings> portrait;
+    /// The canvas grows by padding and frame, so that the screenshot is not resampled. None is off.
+    std::optional<bool> keepPixels;
 
     bool operator==(const BackdropSettings&) const = default;
 
@@ -52,7 +54,8 @@ struct BackdropSettings {
             jsonField("pattern", &BackdropSettings::pattern),
             jsonField("overlay", &BackdropSettings::overlay),
             jsonField("imageSettings", &BackdropSettings::imageSettings),
-            jsonField("portrait", &BackdropSettings::portrait));
+            jsonField("portrait", &BackdropSettings::portrait),
+            jsonField("keepPixels", &BackdropSettings::keepPixels));
     }
 };
 

@@ -1,7 +1,7 @@
 #include "render/watermark/WatermarkPainter.h"
 
 #include "core/Clamp.h"
-#include "imaging/codecs/ImageDecoder.h"
+#include "imaging/codecs/DecodedPictures.h"
 #include "imaging/filters/Resample.h"
 #include "imaging/text/SystemFont.h"
 
@@ -53,7 +53,7 @@ Image paintText(Image image, const WatermarkSettings& settings, double opacity) 
 }
 
 Image paintImage(Image image, const WatermarkSettings& settings, double opacity) {
-    const QImage picture = decodeImageOrNull(settings.imageData);
+    const QImage picture = stylePicture(settings.imageData);
     const double width = boxWidth(image.pointSize().width(), settings);
     if (picture.isNull() || width <= 0) return image;
     const QSizeF mark(width, width * picture.height() / picture.width());

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 #include <zlib.h>
 
@@ -61,7 +63,7 @@ TEST(ImageDecoder, RefusesWhatIsNoPicture) {
         {"PNG of 60000 x 60000", pngHeader(60000, 60000), Case::tooLarge},
         {"PNG with a long side", pngHeader(131073, 1), Case::tooLarge},
         {"PNG of no width", pngHeader(0, 5), Case::damaged},
-        {"PNG of 16000 x 16000 without pixels", pngHeader(16000, 16000), Case::damaged},
+        {"PNG of 15000 x 15000 without pixels", pngHeader(15000, 15000), Case::damaged},
         {"JPEG marker alone", "\xff\xd8\xff", Case::damaged},
         {"RIFF of another kind", "RIFF\x10\0\0\0WAVEfmt ", Case::unsupportedFormat},
         {"WebP without chunks", QByteArray("RIFF\x04\0\0\0WEBP", 12), Case::damaged},
@@ -128,7 +130,12 @@ TEST(ImageDecoder, FilesThatCannotBeReadSayWhy) {
     file.close();
     EXPECT_EQ(loadImageFile(picture), bitmap);
 
-    for (const QString& path : {folder.path(), folder.filePath(QStringLiteral("missing.png"))}) {
+    const QString pipe = folder.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString sparse = folder.filePath(QStringLiteral("sparse.png"));
+    ASSERT_TRUE(QFile(sparse).open(QIODevice::WriteOnly) && QFile::resize(sparse, qint64(3) << 30));
+    for (const QString& path : {folder.path(), folder.filePath(QStringLiteral("missing.png")), pipe,
+                                sparse, QStringLiteral("/dev/zero")}) {
         try {
             loadImageFile(path);
             ADD_FAILURE() << path.toStdString();
@@ -136,6 +143,33 @@ TEST(ImageDecoder, FilesThatCannotBeReadSayWhy) {
             EXPECT_EQ(error.errorCase(), ImageLoadError::Case::unreadable);
             EXPECT_EQ(error.path(), path);
             EXPECT_FALSE(error.reason().isEmpty());
+        }
+    }
+}
+
+TEST(ImageDecoder, CountsWhatDecodersHoldBesideTheBitmap) {
+    const QImage bitmap = testPicture(64, 40, QImage::Format_RGB32);
+    const qint64 bytes = bitmap.sizeInBytes();
+    struct Row {
+        const char* what;
+        QByteArray file;
+        qint64 needed;
+    };
+    const Row rows[] = {
+        {"PNG", encodeImage(bitmap, ExportFormat::png), bytes},
+        {"JPEG", encodeImage(bitmap, ExportFormat::jpeg), bytes},
+        {"lossless WebP", encodeImage(bitmap, ExportFormat::webp), 2 * bytes},
+        {"PPM", savedByQt(bitmap, "PPM"), bytes},
+        {"grey BMP", savedByQt(bitmap.convertToFormat(QImage::Format_Indexed8), "BMP"),
+         bytes + bytes / 4},
+    };
+    for (const Row& row : rows) {
+        EXPECT_NO_THROW(decodeImage(row.file, {.memory = row.needed})) << row.what;
+        try {
+            decodeImage(row.file, {.memory = row.needed - 1});
+            ADD_FAILURE() << row.what;
+        } catch (const ImageLoadError& error) {
+            EXPECT_EQ(error.errorCase(), ImageLoadError::Case::tooLarge) << row.what;
         }
     }
 }

@@ -47,6 +47,17 @@ ColumnLayout {
         Layout.fillWidth: true
         controller: section.controller
     }
+    Toggle {
+        id: keepPixels
+        Layout.fillWidth: true
+        text: qsTr("Keep screenshot pixels")
+        checked: section.style.keepPixels
+        onToggled: section.controller.choose("keepPixels", checked)
+        Hint {
+            isWanted: keepPixels.hovered
+            words: qsTr("The canvas grows by padding and frame, and the screenshot stays sharp")
+        }
+    }
     PatternControls {
         Layout.fillWidth: true
         controller: section.controller
