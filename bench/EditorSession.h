@@ -184,47 +184,23 @@ class Session {
 
     static void startLog() { application().log.start(); }
 
-    QPointF toScene(const QPointF& canvasPoint) const {
-        CompositeLayout layout = window_->controller().editor().layout();
-        layout.outputSize = layout.canvasSize;
-        const QRectF content = contentRect(layout);
+    QPointF toScene(const QPointF& imagePoint) const {
         const QRectF shown = canvas_->property("imageRect").toRectF();
-        return canvas_->mapToScene(shown.topLeft() + (canvasPoint - content.topLeft()) *
-                                                         (shown.width() / content.width()));
+        const QSizeF image = window_->controller().editor().screenshot().pointSize();
+        return canvas_->mapToScene(shown.topLeft() +
+                                   imagePoint * (shown.width() / image.width()));
     }
 
-    /// From the points that a record counts in, a blur's of the screenshot, to the canvas' points.
-    QPointF toCanvas(const AnyAnnotation& record, const QPointF& point) const {
-        if (!record.as<BlurAnnotation>()) return point;
-        const EditorViewModel& editor = window_->controller().editor();
-        CompositeLayout layout = editor.layout();
-        layout.outputSize = layout.canvasSize;
-        const QRectF content = contentRect(layout);
-        return content.topLeft() +
-               point * (content.width() / editor.screenshot().pointSize().width());
-    }
-
-    /// A place that a press selects a record at, in canvas points; nothing where others lie over
-    /// it.
+    /// A place that a press selects a record at, in points of the screenshot; nothing where others
+    /// lie over it.
     std::optional<QPointF> gripOf(const AnyAnnotation& record) const {
         QPointF grip = record.bounds().center();
         if (const auto* stroke = record.as<BrushAnnotation>()) {
             grip = stroke->points[stroke->points.size() / 2];
         }
         if (record.as<RectangleAnnotation>()) grip = record.bounds().topLeft() + QPointF(60, 0);
-        const QPointF place = toCanvas(record, grip);
-        const AnnotationViewModel& model = window_->controller().editor().annotationVM();
-        const bool isBlur = record.as<BlurAnnotation>() != nullptr;
-        std::vector<AnyAnnotation> hits = model.annotationsAt(place);
-        if (isBlur) {
-            std::erase_if(hits, [](const auto& hit) { return hit.template as<BlurAnnotation>(); });
-            const bool isCovered = !hits.empty();
-            hits = model.annotationsAt(grip);
-            std::erase_if(hits, [](const auto& hit) { return !hit.template as<BlurAnnotation>(); });
-            if (isCovered) return std::nullopt;
-        }
-        const bool isTopmost = !hits.empty() && hits.front().id() == record.id();
-        return isTopmost ? std::optional(place) : std::nullopt;
+        const auto hit = window_->controller().editor().annotationVM().annotationAt(grip);
+        return hit && hit->id() == record.id() ? std::optional(grip) : std::nullopt;
     }
 
     void dragMark(TypeKey kind) {

@@ -48,7 +48,7 @@ endfunction()
 
 # kestrio_test(<room> [ON_X_SERVER] LINKS <target>...): one GoogleTest program from tests/<room>/. Each
 # case is a ctest case on Qt's offscreen platform; with ON_X_SERVER all are one ctest case that runs
-# on an X server of its own.
+# on an X server of its own. Cases named Repetition.* have the machine to themselves and more time.
 function(kestrio_test room)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "ON_X_SERVER" "" "LINKS")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
@@ -61,7 +61,12 @@ function(kestrio_test room)
     add_test(NAME ${room} COMMAND xvfb-run --auto-servernum $<TARGET_FILE:test_${room}>)
     set_tests_properties(${room} PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=xcb")
   else()
-    gtest_discover_tests(test_${room} TEST_PREFIX "${room}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-                         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    set(discovery TEST_PREFIX "${room}." NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60)
+    set(environment ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    gtest_discover_tests(test_${room} ${discovery} TEST_LIST ${room}_tests
+                         TEST_FILTER "-Repetition.*" PROPERTIES TIMEOUT 120 ${environment})
+    gtest_discover_tests(test_${room} ${discovery} TEST_LIST ${room}_repetitions
+                         TEST_FILTER "Repetition.*"
+                         PROPERTIES TIMEOUT 600 RUN_SERIAL TRUE ${environment})
   endif()
 endfunction()

@@ -11,6 +11,12 @@ CaptureError CaptureError::systemError(QString reason) {
     return error;
 }
 
+CaptureError CaptureError::permissionDenied(QString obstacle) {
+    CaptureError error(Case::permissionDenied);
+    error.reason_ = std::move(obstacle);
+    return error;
+}
+
 CaptureError CaptureError::from(const std::exception& error) {
     if (const auto* own = dynamic_cast<const CaptureError*>(&error)) return *own;
     if (dynamic_cast<const Cancelled*>(&error)) return CaptureError(Case::cancelled);
@@ -22,6 +28,7 @@ QString CaptureError::errorDescription() const {
         case Case::systemError:
             return localised("System error: ") + reason_;
         case Case::permissionDenied:
+            if (!reason_.isEmpty()) return reason_;
             return localised(
                 "Screen recording permission denied. Please allow Kestrio in System Settings > "
                 "Privacy & Security > Screen Recording.");

@@ -19,6 +19,8 @@ class CaptureError : public Error {
     explicit CaptureError(Case which) : which_(which) {}
     /// `reason` is a sentence for the user.
     static CaptureError systemError(QString reason);
+    /// `obstacle` is what no permission would change, for users; empty where it can be granted.
+    static CaptureError permissionDenied(QString obstacle);
     /// A CaptureError as it is, a Cancelled as `cancelled`, everything else wrapped as systemError.
     static CaptureError from(const std::exception& error);
 
@@ -31,7 +33,7 @@ class CaptureError : public Error {
 
   private:
     Case which_;
-    QString reason_;  ///< of a systemError
+    QString reason_;  ///< of a systemError, and of a permission that nobody can grant
 };
 
 }  // namespace kestrio

@@ -5,6 +5,7 @@
 #include "core/Task.h"
 #include "imaging/Image.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct RegionSelectionOptions {
     bool confirms = true;   ///< the user adjusts and decides before anything happens
     bool snaps = true;      ///< a click takes the window under the pointer
     bool magnifies = true;  ///< a magnifier follows the pointer
+    /// Told of each input, where it is set; a choice without any is taken for hung.
+    std::function<void()> onInput = nullptr;
 };
 
 /// What the user chose. `rect` is in points of the desktop. Without a picture the screen has to be

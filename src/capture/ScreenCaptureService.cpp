@@ -1,6 +1,7 @@
 #include "capture/ScreenCaptureService.h"
 
 #include "capture/CaptureError.h"
+#include "capture/IdleLimit.h"
 
 namespace kestrio {
 
@@ -8,11 +9,16 @@ namespace {
 
 using Dependencies = ScreenCaptureDependencies;
 
+template <typename T>
+using Choosing = std::function<Task<T>(std::function<void()>, std::stop_token)>;
+
 // An overlay needs it to leave the screen, and what it covered to be painted again.
 constexpr std::chrono::milliseconds overlayLeaves(100);
 
 void requirePermission(const Dependencies& with) {
-    if (!with.permission->preflight()) throw CaptureError(CaptureError::Case::permissionDenied);
+    if (!with.permission->preflight()) {
+        throw CaptureError::permissionDenied(with.permission->obstacle());
+    }
 }
 
 Task<RegionCaptureOutcome> outcomeOf(Dependencies with, RegionCaptureResult result,
@@ -41,23 +47,25 @@ Task<RegionCaptureOutcome> captureRegion(Dependencies with, std::stop_token stop
     const RegionSelectionOptions options{settings.confirmBeforeEditing,
                                          settings.snapToWindowInRegionCapture,
                                          settings.showMagnifierInRegionCapture};
-    std::function<Task<RegionCaptureResult>(std::stop_token)> select =
-        [selector = with.regionSelector, options](std::stop_token inner) {
-            return selector->select(options, std::move(inner));
-        };
-    auto selecting = withTimeLimit<RegionCaptureResult>(with.timeLimit, stop, std::move(select));
+    Choosing<RegionCaptureResult> select = [selector = with.regionSelector, options](
+                                               std::function<void()> onInput,
+                                               std::stop_token inner) {
+        RegionSelectionOptions asked = options;
+        asked.onInput = std::move(onInput);
+        return selector->select(std::move(asked), std::move(inner));
+    };
+    auto selecting = withIdleLimit<RegionCaptureResult>(with.idleLimit, stop, std::move(select));
     RegionCaptureResult result = co_await selecting;
     auto finishing = outcomeOf(with, std::move(result), stop);
     co_return co_await finishing;
 }
 
 Task<CapturedImage> captureWindow(Dependencies with, std::stop_token stop) {
-    std::function<Task<std::optional<WindowInfo>>(std::stop_token)> pick =
-        [picker = with.windowPicker](std::stop_token inner) {
-            return picker->pick(std::move(inner));
+    Choosing<std::optional<WindowInfo>> pick =
+        [picker = with.windowPicker](std::function<void()> onInput, std::stop_token inner) {
+            return picker->pick(std::move(onInput), std::move(inner));
         };
-    auto picking =
-        withTimeLimit<std::optional<WindowInfo>>(with.timeLimit, stop, std::move(pick));
+    auto picking = withIdleLimit<std::optional<WindowInfo>>(with.idleLimit, stop, std::move(pick));
     const std::optional<WindowInfo> window = co_await picking;
     if (!window) throw CaptureError(CaptureError::Case::windowNotFound);
     const auto leaving = sleepFor(overlayLeaves, stop);
@@ -89,8 +97,6 @@ Task<T> guarded(Dependencies with, std::stop_token caller, std::stop_token curre
         auto capturing = capture(std::move(with), either.get_token());
         T captured = co_await capturing;
         co_return captured;
-    } catch (const TimeLimitExceeded&) {
-        throw CaptureError(CaptureError::Case::captureTimeout);
     } catch (const ScreenGrabError& error) {
         if (error.which() == ScreenGrabError::Case::windowGone) {
             throw CaptureError(CaptureError::Case::windowNotFound);

@@ -18,8 +18,8 @@ struct ScreenCaptureDependencies {
     std::shared_ptr<AppSettingsServiceProtocol> settings;
     std::shared_ptr<RegionSelector> regionSelector;
     std::shared_ptr<WindowPicker> windowPicker;
-    /// How long the user may take.
-    std::chrono::milliseconds timeLimit = std::chrono::seconds(30);
+    /// How long a choice may go without any input before it is taken for hung.
+    std::chrono::milliseconds idleLimit = std::chrono::seconds(30);
 };
 
 /// Captures what the user chooses on the screen. A start while another one waits replaces it. Its

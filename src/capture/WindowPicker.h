@@ -3,6 +3,7 @@
 #include "core/Task.h"
 #include "platform/WindowList.h"
 
+#include <functional>
 #include <optional>
 
 namespace kestrio {
@@ -13,8 +14,10 @@ class WindowPicker {
     virtual ~WindowPicker() = default;
 
     /// Nothing where the user clicked beside all windows. Throws Cancelled where the user or a stop
-    /// ends it, and CaptureError.
-    virtual Task<std::optional<WindowInfo>> pick(std::stop_token stop) = 0;
+    /// ends it, and CaptureError. `onInput` is told of each input; a choice without any is taken
+    /// for hung.
+    virtual Task<std::optional<WindowInfo>> pick(std::function<void()> onInput,
+                                                 std::stop_token stop) = 0;
 };
 
 /// The frontmost window that holds a point of the desktop; null where none does.

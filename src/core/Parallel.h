@@ -8,6 +8,13 @@ namespace kestrio {
 /// thread and idle threads of the shared pool, and returns when all are done. Bands are at least
 /// `minimumBand` long. What the bands compute must not depend on where they are cut: then results
 /// are the same with any number of threads. The first exception of a band is rethrown.
+///
+/// Bands may capture plain numbers, pointers to pixels that they alone write, and containers that
+/// nobody changes. They must not share Qt's drawing types (QPainterPath, QFont, QTextLayout, QPen,
+/// QBrush, QRegion, a painter or what it paints on), not even as constants and not as copies, which
+/// share their data: these fill caches inside const calls. Each band gets a deep copy made before,
+/// or makes its own from plain values. QImage::bits() and scanLine() detach, so they are called
+/// before the bands too.
 void parallelBands(int count, int minimumBand,
                    const std::function<void(int first, int last)>& work);
 

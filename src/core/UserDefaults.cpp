@@ -39,7 +39,71 @@ std::optional<bool> UserDefaults::boolean(const QString& key) const {
     return std::nullopt;
 }
 
-IniUserDefaults::IniUserDefaults(const QString& path) : settings_(path, QSettings::IniFormat) {}
+namespace {
+
+QMap<QString, QVariant> valuesOf(const QSettings& settings) {
+    QMap<QString, QVariant> values;
+    for (const QString& key : settings.allKeys())
+        values.insert(key, settings.value(key));
+    return values;
+}
+
+}  // namespace
+
+IniUserDefaults::IniUserDefaults(const QString& path)
+    : settings_(path, QSettings::IniFormat), queue_(QStringLiteral("com.kestrio.userdefaults")) {
+    values_ = valuesOf(settings_);
+}
+
+IniUserDefaults::~IniUserDefaults() = default;
+
+QVariant IniUserDefaults::read(const QString& key) const {
+    const std::lock_guard lock(mutex_);
+    return values_.value(key);
+}
+
+void IniUserDefaults::write(const QString& key, const QVariant& value) {
+    const std::lock_guard lock(mutex_);
+    if (value.isValid()) {
+        values_.insert(key, value);
+    } else {
+        values_.remove(key);
+    }
+    const bool isFirst = changes_.isEmpty();
+    changes_.insert(key, value);
+    // Later changes go with the same writing.
+    if (isFirst) queue_.async([this] { writeChanges(); });
+}
+
+void IniUserDefaults::synchronise() {
+    queue_.sync([this] { writeChanges(); });
+}
+
+void IniUserDefaults::writeChanges() {
+    QMap<QString, QVariant> changes;
+    {
+        const std::lock_guard lock(mutex_);
+        changes = std::exchange(changes_, {});
+    }
+    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
+        if (change->isValid()) {
+            settings_.setValue(change.key(), *change);
+        } else {
+            settings_.remove(change.key());
+        }
+    }
+    settings_.sync();
+    QMap<QString, QVariant> written = valuesOf(settings_);
+    const std::lock_guard lock(mutex_);
+    for (auto change = changes_.cbegin(); change != changes_.cend(); ++change) {
+        if (change->isValid()) {
+            written.insert(change.key(), *change);
+        } else {
+            written.remove(change.key());
+        }
+    }
+    values_ = std::move(written);
+}
 
 QString IniUserDefaults::standardPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +

@@ -20,6 +20,9 @@ class Pasteboard {
     virtual QImage readImage() const = 0;
     /// The local files on it, by absolute path; empty where there are none.
     virtual QStringList readFiles() const = 0;
+    /// Puts local files, by absolute path, on it as the only content; false where the desktop
+    /// refuses.
+    virtual bool writeFiles(const QStringList& paths) = 0;
     /// Puts a text on it as the only content; false where the desktop refuses.
     virtual bool writeText(const QString& text) = 0;
     /// The text on it; empty where there is none.

@@ -12,6 +12,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/ScreenGrabber.h"
 #include "platform/ScreenPermission.h"
+#include "platform/Sharing.h"
 #include "platform/Sounds.h"
 #include "platform/StatusItem.h"
 #include "platform/WindowList.h"
@@ -37,6 +38,7 @@ struct PlatformServices {
     std::shared_ptr<Alerts> alerts;
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<Sounds> sounds;
+    std::shared_ptr<Sharing> sharing;
 };
 
 /// The services of the desktop that the program runs on. Needs a QApplication.

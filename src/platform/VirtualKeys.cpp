@@ -1,5 +1,7 @@
 #include "platform/VirtualKeys.h"
 
+#include "platform/KeySymbols.h"
+
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <array>
@@ -59,6 +61,12 @@ Qt::Key withoutShift(Qt::Key key) {
     return key;
 }
 
+std::optional<int> codeOnUsKeyboard(Qt::Key key) {
+    if (const auto code = virtualKeyCode(key)) return code;
+    const auto symbol = keySymbol(key);
+    return symbol ? std::optional(keyCodeOfSymbol(*symbol)) : std::nullopt;
+}
+
 UnshiftedKeyLookup& unshiftedKeyLookup() {
     static UnshiftedKeyLookup lookup;
     return lookup;
@@ -93,20 +101,33 @@ int modifierMask(Qt::KeyboardModifiers modifiers) {
 }
 
 QString shortcutText(const KeyCombination& shortcut) {
-    const auto key = qtKey(shortcut.keyCode);
+    const bool isSymbol = isKeySymbol(shortcut.keyCode);
+    const auto key = isSymbol ? std::optional(Qt::Key_A) : qtKey(shortcut.keyCode);
     if (!key) return {};
     QString text = QKeySequence(QKeyCombination(qtModifiers(shortcut.modifiers), *key))
                        .toString(QKeySequence::NativeText);
+    // The letter stood for the symbol.
+    if (isSymbol) text = text.chopped(1) + keySymbolName(symbolOfKeyCode(shortcut.keyCode));
     return text.replace(QStringLiteral("Meta"), QStringLiteral("Super"));  // as keyboards call it
 }
 
 std::optional<KeyCombination> combinationOf(const QKeyEvent& event) {
     std::optional<int> code;
-    if (const auto& lookup = unshiftedKeyLookup())
-        if (const auto key = lookup(event)) code = virtualKeyCode(*key);
-    if (!code) code = virtualKeyCode(withoutShift(static_cast<Qt::Key>(event.key())));
+    if (const auto& lookup = unshiftedKeyLookup()) code = lookup(event);
+    const Qt::Key typed = withoutShift(static_cast<Qt::Key>(event.key()));
+    // A digit that a layout gives only with Shift is that digit, but on a number pad.
+    const bool isPad = event.modifiers().testFlag(Qt::KeypadModifier);
+    const auto known = virtualKeyCode(typed);
+    if (code && isKeySymbol(*code) && known && !isPad) code = known;
+    if (!code) code = codeOnUsKeyboard(typed);
     if (!code) return std::nullopt;
     return KeyCombination{*code, modifierMask(event.modifiers())};
+}
+
+std::optional<KeyCombination> combinationOf(QKeyCombination keys) {
+    const auto code = codeOnUsKeyboard(keys.key());
+    if (!code) return std::nullopt;
+    return KeyCombination{*code, modifierMask(keys.keyboardModifiers())};
 }
 
 void setUnshiftedKeyLookup(UnshiftedKeyLookup lookup) {

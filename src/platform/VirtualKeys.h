@@ -10,7 +10,8 @@ class QKeyEvent;
 namespace kestrio {
 
 /// A key with modifiers as settings files hold it on every platform: a virtual key code of the Mac
-/// keyboard (0 is A) and the mask of its modifiers.
+/// keyboard (0 is A), or the code of a key symbol for keys without one, and the mask of its
+/// modifiers.
 struct KeyCombination {
     static constexpr int command = 0x100;
     static constexpr int shift = 0x200;
@@ -33,18 +34,22 @@ std::optional<int> virtualKeyCode(Qt::Key key);
 Qt::KeyboardModifiers qtModifiers(int modifiers);
 int modifierMask(Qt::KeyboardModifiers modifiers);
 
-/// The combination in words, as the desktop's menus show it ("Ctrl+Alt+A"); empty for a key that is
-/// not in the table.
+/// The combination in words, as the desktop's menus show it ("Ctrl+Alt+A"); empty for a code that
+/// stands for no key.
 QString shortcutText(const KeyCombination& shortcut);
 
 /// What a press of a key would be as a hotkey: the key as it is without modifiers, so that shifted
-/// digits and keys of other layouts keep their code. None for keys without a virtual key code, such
-/// as the modifiers themselves.
+/// digits and keys of other layouts keep their code. None for modifiers and for keys that nobody
+/// knows.
 std::optional<KeyCombination> combinationOf(const QKeyEvent& event);
 
-/// How a platform tells the key of an event without modifiers; none for keys that it does not know.
-/// Without a lookup, or where it has no answer, the event's own key counts as one of a US keyboard.
-using UnshiftedKeyLookup = std::function<std::optional<Qt::Key>(const QKeyEvent&)>;
+/// The same of keys as Qt names them on a US keyboard.
+std::optional<KeyCombination> combinationOf(QKeyCombination keys);
+
+/// How a platform tells the code of an event's key without modifiers; none for keys that it does
+/// not know. Without a lookup, or where it has no answer, the event's own key counts as one of a US
+/// keyboard.
+using UnshiftedKeyLookup = std::function<std::optional<int>(const QKeyEvent&)>;
 void setUnshiftedKeyLookup(UnshiftedKeyLookup lookup);
 
 }  // namespace kestrio

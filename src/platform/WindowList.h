@@ -13,6 +13,7 @@ struct WindowInfo {
     QString windowName;  ///< the title; may be empty
     QRectF bounds;       ///< points of the desktop; with title bar, without shadow
     bool isOnScreen = false;
+    bool isAlwaysOnTop = false;  ///< it floats over the others, as pins do
 
     bool operator==(const WindowInfo&) const = default;
 };

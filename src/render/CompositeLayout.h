@@ -14,6 +14,7 @@ struct CompositeLayout {
     QSizeF canvasSize;   ///< points
     QSizeF outputSize;   ///< pixels, before rounding
     QSizeF imageSize;    ///< the screenshot, points
+    double pixelDensity = 1;  ///< the screenshot's own pixels a point
     double padding = 0;  ///< points, 0 to 100
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;  ///< below 0 acts as 0
@@ -46,8 +47,7 @@ double backdropScale(QSizeF canvasSize, QSizeF pixels, double least = 1);
 
 /// Where the screenshot stands, in output pixels: as large as padding and title bar allow, in its
 /// own aspect ratio, or in its own size where the layout keeps pixels; the pair of title bar and
-/// screenshot centred. Empty at the origin where
-/// nothing is left or the layout is not valid.
+/// screenshot centred. Empty at the origin where nothing is left or the layout is not valid.
 QRectF contentRect(const CompositeLayout& layout);
 
 /// The padding in output pixels along x and y; in points where the layout is not valid.

@@ -25,8 +25,7 @@ struct CompositeRequest {
     /// Of a picture as backdrop: thumbnails are drawn from a small copy.
     PictureDetail backdropDetail = PictureDetail::whole;
     std::optional<WatermarkSettings> watermark;
-    /// From the lowest to the topmost. Blurs in points of the screenshot, all others in points of
-    /// the canvas.
+    /// From the lowest to the topmost, in points of the screenshot.
     std::vector<AnyAnnotation> annotations;
 
     /// Replaces backdrop, mockup and frame.

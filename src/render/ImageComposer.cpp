@@ -40,7 +40,7 @@ double radiansOf(double degrees) {
 }
 
 // What a picture of this size turned by turnOf() degrees fills.
-QSize turnedSize(QSize size, double turn) {
+QSize filledBy(QSize size, double turn) {
     const double cosine = std::abs(std::cos(radiansOf(turn)));
     const double sine = std::abs(std::sin(radiansOf(turn)));
     return {pixelsHolding(size.width() * cosine + size.height() * sine),
@@ -66,7 +66,7 @@ void requirePossible(QSize pixels) {
 void requirePossible(const CompositeLayout& layout, double rotation) {
     if (!layout.isValid()) throw ExportError::renderingFailed(localised("the canvas has no size"));
     requirePossible(layout.outputPixels());
-    requirePossible(turnedSize(layout.outputPixels(), turnOf(rotation)));
+    requirePossible(filledBy(layout.outputPixels(), turnOf(rotation)));
 }
 
 double ownDensity(const Image& image) {
@@ -88,6 +88,7 @@ CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDen
     layout.canvasSize = request.canvasState.canvasSize;
     if (request.outputScale) layout.leastBackdropScale = 0;
     layout.imageSize = request.screenshot.pointSize();
+    layout.pixelDensity = request.screenshot.pixelDensity();
     layout.padding = clampedOr(request.backdrop.padding, 0, 100);
     layout.frameStyle = request.frameStyle;
     layout.frameScale = clampedOr(request.frameScale, 0, std::numeric_limits<double>::max());
@@ -111,7 +112,12 @@ QImage turned(const QImage& picture, double degrees) {
     if (std::abs(turn - quarters * 90) <= negligibleTurn) {
         return rotatedQuarterTurns(picture, static_cast<int>(quarters));
     }
-    return rotated(picture, turn, turnedSize(picture.size(), turn));
+    return rotated(picture, turn, filledBy(picture.size(), turn));
+}
+
+QSize turnedSize(QSize size, double degrees) {
+    const double turn = turnOf(degrees);
+    return std::abs(turn) <= negligibleTurn ? size : filledBy(size, turn);
 }
 
 ImageComposer::ImageComposer(std::shared_ptr<WatermarkServiceProtocol> watermarkService)

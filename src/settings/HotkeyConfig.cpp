@@ -21,22 +21,22 @@ constexpr std::array<KeyName, 61> keyNames = {{
     {122, "F1"},   {123, "←"},  {124, "→"},   {125, "↓"},   {126, "↑"},
 }};
 
-QString keyName(int keyCode) {
+QString keyName(int keyCode, const QString& other) {
     for (const KeyName& row : keyNames) {
         if (row.keyCode == keyCode) return QString::fromUtf8(row.name);
     }
-    return QStringLiteral("?");
+    return other;
 }
 
 }  // namespace
 
-QString HotkeyConfig::displayString() const {
+QString HotkeyConfig::displayString(const QString& otherKey) const {
     QString text;
     if (carbonModifiers & control) text += u'⌃';
     if (carbonModifiers & option) text += u'⌥';
     if (carbonModifiers & shift) text += u'⇧';
     if (carbonModifiers & command) text += u'⌘';
-    return text + keyName(keyCode);
+    return text + keyName(keyCode, otherKey);
 }
 
 }  // namespace kestrio

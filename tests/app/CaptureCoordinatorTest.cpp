@@ -1,6 +1,13 @@
 #include "app/CaptureFixture.h"
 
+#include "app/shell/CountdownPresenter.h"
+#include "support/PlainFloatingWindows.h"
+#include "support/ScriptedDisplays.h"
+#include "support/ScriptedGlobalHotkeys.h"
+
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QWindow>
 
 namespace kestrio {
 namespace {
@@ -98,14 +105,64 @@ TEST_F(CaptureCoordinatorTest, TheSettingsPlaceIsOpenedByTheFirstButtonOnly) {
     }
 }
 
-TEST_F(CaptureCoordinatorTest, ASaveThatFailsIsToldByAToast) {
+TEST_F(CaptureCoordinatorTest, WhatNoPermissionWouldChangeIsToldWithoutADeadButton) {
+    permission->insurmountable = QStringLiteral("not in this session");
+    captures->startRegionCapture();
+    service->fail(ErrorCase::permissionDenied);
+    ASSERT_TRUE(waitFor([&] { return alerts->isPending(); }));
+    EXPECT_EQ(alerts->requests.back().text, u"not in this session");
+    EXPECT_LE(alerts->requests.back().buttons.size(), 1);
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([&] { return !alerts->isPending(); }));
+    EXPECT_EQ(permission->settingsCount, 0);
+}
+
+TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) {
+    const QTemporaryDir other;
     renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
+    EXPECT_TRUE(toasts->texts.isEmpty()) << "no tick";
+    EXPECT_FALSE(captures->isCapturing()) << "the next capture need not wait";
+    captures->startWindowCapture();
+
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->answer(QStringLiteral("/also/nowhere"));
+    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 2; })) << "asked again";
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->dismiss();
+    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 3; })) << "still there";
+    renderer->saveFailure.reset();
+    alerts->answer(0);
+    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    dialogs->answer(other.path());
+    ASSERT_TRUE(waitFor([this] { return !renderer->savedPaths.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), other.path());
+    EXPECT_TRUE(toasts->texts.value(0).startsWith(QStringLiteral("Saved to ")));
+    EXPECT_TRUE(captures->isCapturing()) << "the capture that began meanwhile goes on";
+    service->fail(ErrorCase::cancelled);
     ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(toasts->texts, QStringList(QStringLiteral("Save failed")));
-    EXPECT_TRUE(alerts->requests.empty());
-    EXPECT_TRUE(editors->opened.empty());
+}
+
+TEST_F(CaptureCoordinatorTest, EscapeKeepsAPictureThatCouldNotBeSaved) {
+    renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
+    auto capturing = captures->capture({CaptureKind::region});
+    service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    alerts->dismiss();
+    EXPECT_EQ(runUntilDone(std::move(capturing)).action, CaptureAction::edit);
+    EXPECT_EQ(editors->opened.size(), 1U);
+
+    auto again = captures->capture({CaptureKind::region});
+    service->finish(outcome(CaptureAction::save));
+    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    alerts->answer(1);
+    EXPECT_THROW(runUntilDone(std::move(again)), Cancelled);
+    EXPECT_EQ(editors->opened.size(), 1U);
 }
 
 TEST_F(CaptureCoordinatorTest, AClipboardThatRefusesIsNotToldOf) {
@@ -133,6 +190,40 @@ TEST_F(CaptureCoordinatorTest, ATimedCaptureCountsDownAndStandsBackForOthers) {
     EXPECT_EQ(service->windowCount, 1);
     service->fail(ErrorCase::cancelled);
     ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(CaptureCoordinatorTest, ATimedCaptureShowsItsSecondsAndIsCalledOffByEscape) {
+    const auto hotkeys = std::make_shared<ScriptedGlobalHotkeys>();
+    const auto displays = std::make_shared<ScriptedDisplays>();
+    Display display;
+    display.bounds = display.visibleFrame = {0, 0, 800, 600};
+    displays->setDisplays({display});
+    const std::shared_ptr<CaptureCoordinator> shared(std::move(captures));
+    const CountdownPresenter presenter(shared, displays, std::make_shared<PlainFloatingWindows>(),
+                                       hotkeys);
+    const auto shownWindows = [] {
+        int count = 0;
+        for (const QWindow* each : QGuiApplication::topLevelWindows())
+            count += each->isVisible() && each->title() == u"Kestrio Countdown";
+        return count;
+    };
+    shared->startDelayedCapture(30, CaptureKind::region);
+    EXPECT_EQ(shownWindows(), 1);
+    ASSERT_EQ(hotkeys->registered.size(), 1U);
+    hotkeys->press(hotkeys->registered.begin()->first);
+    ASSERT_TRUE(waitFor([&] { return !shared->isCountingDown(); }));
+    EXPECT_EQ(shownWindows(), 0);
+    EXPECT_TRUE(hotkeys->registered.empty()) << "Escape is other programs' again";
+    EXPECT_EQ(service->regionCount, 0);
+
+    shared->startDelayedCapture(1, CaptureKind::region);
+    EXPECT_EQ(shownWindows(), 1);
+    ASSERT_TRUE(waitFor([&] { return shared->countdownRemaining() == 0; }));
+    EXPECT_EQ(shownWindows(), 0);
+    EXPECT_EQ(service->regionCount, 0) << "the number has left the screen before";
+    ASSERT_TRUE(waitFor([&] { return service->regionCount == 1; }));
+    service->fail(ErrorCase::cancelled);
+    ASSERT_TRUE(waitFor([&] { return !shared->isCapturing(); }));
 }
 
 TEST_F(CaptureCoordinatorTest, AnImageOpensEvenDuringACapture) {

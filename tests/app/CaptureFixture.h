@@ -4,6 +4,7 @@
 #include "capture/CaptureError.h"
 
 #include "support/ScriptedAlerts.h"
+#include "support/ScriptedFileDialogs.h"
 #include "support/ScriptedRenderer.h"
 #include "support/ScriptedScreenPermission.h"
 
@@ -95,6 +96,7 @@ struct CaptureFixture : testing::Test {
         std::make_shared<ScriptedScreenPermission>();
     std::shared_ptr<ScriptedAlerts> alerts = std::make_shared<ScriptedAlerts>();
     std::shared_ptr<RecordingToasts> toasts = std::make_shared<RecordingToasts>();
+    std::shared_ptr<ScriptedFileDialogs> dialogs = std::make_shared<ScriptedFileDialogs>();
     QTemporaryDir folder;
     std::unique_ptr<CaptureCoordinator> captures;
 
@@ -104,7 +106,7 @@ struct CaptureFixture : testing::Test {
         settings->save(chosen);
         captures = std::make_unique<CaptureCoordinator>(CaptureCollaborators{
             service, editors, pins, renderer, settings,
-            std::make_shared<PermissionManager>(permission, alerts), alerts, toasts});
+            std::make_shared<PermissionManager>(permission, alerts), alerts, toasts, dialogs});
     }
 
     static RegionCaptureOutcome outcome(CaptureAction action) {

@@ -1,5 +1,6 @@
 #include "app/hotkeys/HotkeyManager.h"
 #include "app/settings/ShortcutRecorder.h"
+#include "platform/KeySymbols.h"
 
 #include "support/ScriptedGlobalHotkeys.h"
 
@@ -62,20 +63,29 @@ TEST_F(HotkeyTest, OnlyChangedSettingsRegisterAnew) {
     EXPECT_TRUE(keyboard->registered.contains(window));
 }
 
-TEST(HotkeyConflict, NamesTheFirstOtherRowOfTheSameCombination) {
+TEST(HotkeyConflict, NamesTheFirstOtherRowOfTheSameCombinationThatUsersSee) {
     const AppSettings settings;
-    EXPECT_EQ(hotkeyConflict(settings, HotkeyAction::region, settings.windowCaptureHotkey),
-              u"Conflicts with \"Window Capture\"");
-    EXPECT_EQ(hotkeyConflict(settings, HotkeyAction::region, settings.recordingHotkey),
-              u"Conflicts with \"Recording\"");
-    EXPECT_EQ(hotkeyConflict(settings, HotkeyAction::region, settings.regionCaptureHotkey), u"");
-    EXPECT_EQ(hotkeyConflict(settings, HotkeyAction::region, {0, HotkeyConfig::command}), u"");
+    const auto conflict = [&](const HotkeyConfig& candidate) {
+        return hotkeyConflict(settings, HotkeyAction::region, candidate, [](HotkeyAction action) {
+            return action != HotkeyAction::recording;
+        });
+    };
+    EXPECT_EQ(conflict(settings.windowCaptureHotkey), u"Conflicts with \"Window Capture\"");
+    EXPECT_EQ(conflict(settings.recordingHotkey), u"") << "there is no such row";
+    EXPECT_EQ(conflict(settings.regionCaptureHotkey), u"");
+    EXPECT_EQ(conflict({0, HotkeyConfig::command}), u"");
+}
+
+TEST(HotkeyText, NamesEveryKey) {
+    EXPECT_EQ(hotkeyText({0, HotkeyConfig::control | HotkeyConfig::option}), u"⌃⌥A");
+    EXPECT_EQ(hotkeyText({keyCodeOfSymbol(0xff61), HotkeyConfig::shift}), u"⇧Print");
 }
 
 struct ShortcutRecorderTest : HotkeyTest {
     ShortcutRecorder recorder{manager, [this](const HotkeyConfig& candidate) {
                                   return hotkeyConflict(settings->load(), HotkeyAction::region,
-                                                        candidate);
+                                                        candidate,
+                                                        [](HotkeyAction) { return true; });
                               }};
     std::vector<HotkeyConfig> taken;
     QObject focus;
@@ -106,6 +116,12 @@ TEST_F(ShortcutRecorderTest, TakesWhatHoldsAModifierThatCounts) {
         {Qt::Key_K, Qt::ShiftModifier | Qt::AltModifier,
          HotkeyConfig{40, HotkeyConfig::shift | HotkeyConfig::option}},
         {Qt::Key_F5, Qt::MetaModifier, HotkeyConfig{96, HotkeyConfig::command}},
+        {Qt::Key_Insert, Qt::NoModifier, std::nullopt},
+        {Qt::Key_Insert, Qt::ControlModifier,
+         HotkeyConfig{keyCodeOfSymbol(0xff63), HotkeyConfig::control}},
+        {Qt::Key_Print, Qt::NoModifier, HotkeyConfig{keyCodeOfSymbol(0xff61), 0}},
+        {Qt::Key_Print, Qt::ShiftModifier,
+         HotkeyConfig{keyCodeOfSymbol(0xff61), HotkeyConfig::shift}},
     };
     for (const Case& each : cases) {
         taken.clear();

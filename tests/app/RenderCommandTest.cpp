@@ -56,6 +56,8 @@ class RenderCommand : public testing::Test {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path());
         environment.insert(QStringLiteral("HOME"), folder.path());
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QString::fromLatin1(name));
         process->setProcessEnvironment(environment);
         process->setWorkingDirectory(folder.path());
         process->start(QStringLiteral(KESTRIO_PROGRAM),
@@ -187,6 +189,9 @@ TEST_F(RenderCommand, BadInputEndsWithOneLineThatSaysWhy) {
         {"render shot.png --canvas 20000x20 -o out.webp", 1, "rendering failed"},
         {"render shot.png --canvas 900000x900000 -o out.png", 1, "rendering failed"},
         {"render shot.png", 2, "-o OUTPUT"},
+        {"render", 2, "name a picture"},
+        {"render missing.png", 1, "missing.png"},
+        {"render missing.png -o no/such/out.png", 1, "missing.png"},
         {"render -o out.png", 2, "name a picture"},
         {"render shot.png -o out.bmp", 2, "--format"},
         {"render shot.png -o out.png --preset sea", 2, "clean, dark, sunset"},
@@ -237,7 +242,20 @@ TEST_F(RenderCommand, InterruptingItLeavesNothingBehind) {
 TEST_F(RenderCommand, HelpAndVersionAreToldOnStandardOutput) {
     EXPECT_TRUE(holds(run("--help").output, "render"));
     EXPECT_TRUE(holds(run("render --help").output, "--frame-scale"));
-    EXPECT_TRUE(holds(run("--version").output, "kestrio "));
+    for (const char* option : {"--version", "-v"})
+        EXPECT_TRUE(holds(run(option).output, "kestrio ")) << option;
+    EXPECT_TRUE(holds(run("-h").output, "-v, --version"));
+}
+
+TEST_F(RenderCommand, EveryVerbTellsItsOptionsWithoutADisplay) {
+    for (const char* verb : {"edit", "capture", "render"})
+        for (const char* option : {" --help", " -h"}) {
+            const Outcome outcome = run((std::string(verb) + option).c_str());
+            EXPECT_EQ(outcome.status, 0) << verb << ": " << outcome.errors;
+            EXPECT_EQ(outcome.output.find(std::string("usage: kestrio ") + verb), 0u)
+                << outcome.output;
+        }
+    EXPECT_EQ(run("edit -- --help").status, 1) << "a file's name";
 }
 
 }  // namespace

@@ -154,6 +154,24 @@ TEST_F(RegionCaptureWindowTest, DeliversThePixelsAndTheChosenColour) {
                 picture.copy(pixels(QRectF(100, 80, 200, 160))));
 }
 
+TEST_F(RegionCaptureWindowTest, ControlATakesTheWholeDisplay) {
+    key(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
+    EXPECT_EQ(endings, 0) << "adjusted first";
+    key(Qt::Key_Return);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->image.bitmap().size(), picture.size());
+}
+
+TEST_F(RegionCaptureWindowTest, TellsOfEachInput) {
+    int inputs = 0;
+    overlay->setInputListener([&] { ++inputs; });
+    move({10, 10});
+    drag({20, 20}, {200, 200});
+    EXPECT_EQ(inputs, 8);
+    key(Qt::Key_Left);
+    EXPECT_EQ(inputs, 9);
+}
+
 TEST(CaptureToolbar, TakesMoreRowsOnNarrowDisplays) {
     for (const double widest : {1000.0, 500.0, 400.0}) {
         const CaptureToolbar toolbar(widest);

@@ -53,6 +53,37 @@ TEST(RegionSelection, DragsAndClicksEndAsTheyShould) {
     }
 }
 
+TEST(RegionSelection, TheLastPixelReachesTheEdge) {
+    for (const double pixel : {1.0, 0.5}) {
+        const QPointF last(800 - pixel, 600 - pixel);
+        RegionSelection selection(display, {}, pixel);
+        drag(selection, {0, 0}, last);
+        EXPECT_EQ(selection.selection(), QRectF(0, 0, 800, 600)) << "from corner to corner";
+        RegionSelection back(display, {}, pixel);
+        drag(back, last, {700, 500});
+        EXPECT_EQ(back.selection(), QRectF(700, 500, 100, 100));
+        drag(back, {0, 0}, {100, 100});
+        back.beginAdjusting();
+        drag(back, {100, 100}, last);
+        EXPECT_EQ(back.selection(), QRectF(0, 0, 800, 600)) << "by a handle";
+        RegionSelection within(display, {}, pixel);
+        drag(within, {0, 0}, last - QPointF(pixel, pixel));
+        EXPECT_EQ(within.selection().bottomRight(), last - QPointF(pixel, pixel));
+    }
+}
+
+TEST(RegionSelection, TheWholeDisplayCanBeTakenAtAnyTime) {
+    RegionSelection selection = withWindows();
+    selection.press({30, 30});
+    selection.move({90, 90});
+    selection.selectAll();
+    EXPECT_EQ(selection.selection(), QRectF(0, 0, 800, 600));
+    EXPECT_EQ(selection.release({95, 95}), Release::nothing);
+    selection.beginAdjusting();
+    selection.moveBy({10, 10});
+    EXPECT_EQ(selection.selection(), QRectF(0, 0, 800, 600));
+}
+
 TEST(RegionSelection, TheWindowUnderThePointerIsOffered) {
     RegionSelection selection = withWindows();
     selection.move({150, 150});

@@ -84,6 +84,23 @@ class Editor:
         top = self.frame.bottom - STRIP_HEIGHT + 14
         return Rect(left, top, left + TILE_WIDTH, top + 60)
 
+    @property
+    def padding_field(self):
+        """The number beside the padding, in the right panel."""
+        return self.frame.right - 30, self.frame.top + 202
+
+    @property
+    def padding_slider(self):
+        return self.frame.right - 160, self.frame.top + 222
+
+    @property
+    def zoom_field(self):
+        return self.frame.left + 200, self.frame.top + BAR_HEIGHT // 2
+
+    @property
+    def annotate_button(self):
+        return self.frame.left + 486, self.frame.top + BAR_HEIGHT // 2
+
     def find_canvas(self):
         """The backdrop with the picture in it, while nothing covers it; None before it is painted."""
         found = pictures.bounds_of(self.desktop.screenshot(self.stage), GROUND, is_other=True)

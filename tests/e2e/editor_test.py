@@ -17,7 +17,7 @@ from PIL import Image
 
 import pictures
 from desktop import wait_until
-from editor import make_picture, open_editor
+from editor import PICTURE_COLOR, make_picture, open_editor
 
 PROGRAM = Path()
 KEEP = Path()
@@ -196,6 +196,60 @@ class EditorTest(unittest.TestCase):
             self.export(editor, file)
             self.assert_like_canvas(Image.open(file), shown, "exported")
             self.close(editor)
+
+    def type_into(self, editor, field, text):
+        editor.desktop.click(field)
+        editor.desktop.key("ctrl+a")
+        editor.desktop.type(text)
+        editor.desktop.key("Return")
+        editor.desktop.park()
+
+    def picture_width(self, editor):
+        """Of the plain picture on the canvas."""
+        editor.desktop.wait_for_stillness(editor.stage)
+        found = pictures.bounds_of(editor.desktop.screenshot(editor.stage), PICTURE_COLOR)
+        return found[2] - found[0]
+
+    def wait_for_width(self, editor, expected, what):
+        wait_until(lambda: abs(self.picture_width(editor) - expected) <= 3, f"{what}: {expected} pixels wide")
+
+    def test_typed_numbers_count_and_a_double_click_resets(self):
+        with open_editor(PROGRAM, make_picture(KEEP / "fields.png"), KEEP) as editor:
+            padded = self.picture_width(editor)
+            canvas = editor.find_canvas()
+            self.type_into(editor, editor.padding_field, "0")
+            self.wait_for_width(editor, canvas.right - canvas.left, "without padding")
+            editor.desktop.click(editor.padding_slider, count=2)
+            editor.desktop.park()
+            self.wait_for_width(editor, padded, "with the usual padding")
+            self.type_into(editor, editor.zoom_field, "50")
+            self.wait_for_width(editor, padded / 2, "at half its size")
+            editor.desktop.key("ctrl+0")
+            self.wait_for_width(editor, padded, "fitted again")
+            # Return and Escape belong to the field: a crop that was applied would fit the picture again.
+            editor.desktop.key("c")
+            self.type_into(editor, editor.zoom_field, "60")
+            editor.desktop.key("Escape")
+            self.wait_for_width(editor, 0.6 * padded, "at the typed zoom after a cancelled crop")
+
+    def wait_for_stage(self, editor, expected, what):
+        wait_until(lambda: pictures.difference(editor.desktop.screenshot(editor.stage), expected) < 0.02, what)
+
+    def test_typing_survives_a_click_on_annotate(self):
+        with open_editor(PROGRAM, make_picture(KEEP / "typing.png"), KEEP) as editor:
+            plain = editor.desktop.wait_for_stillness(editor.stage)
+            editor.toggle_annotations(True)
+            editor.choose_tool("t")
+            editor.desktop.click(editor.cell(0, 1).at(0.1, 0.3))
+            editor.desktop.type("Total at noon")
+            editor.desktop.click(editor.annotate_button)
+            editor.desktop.park()
+            typed = editor.desktop.wait_for_stillness(editor.stage)
+            self.assertGreater(pictures.changed_pixels(typed, plain), 30, "the text stays")
+            editor.desktop.key("ctrl+z")
+            self.wait_for_stage(editor, plain, "one step of undo to take the text back")
+            editor.desktop.key("ctrl+shift+z")
+            self.wait_for_stage(editor, typed, "and redo to bring it again")
 
     def test_copies_of_large_screens_are_quick(self):
         with open_editor(PROGRAM, SCREENSHOT, KEEP) as editor:

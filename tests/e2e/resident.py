@@ -18,6 +18,8 @@ PIN = "Pinned Screenshot"
 EDITOR = "Kestrio Editor"
 SETTINGS = "Kestrio Settings"
 ALERT = "^Kestrio$"
+TOAST = "Kestrio Toast"
+COUNTDOWN = "Kestrio Countdown"
 REGION = ((300, 220), (700, 520))  # of the screen, two corners in pixels
 
 PANEL_HEIGHT = 40

@@ -14,7 +14,7 @@ from PIL import Image
 
 import resident
 from desktop import Desktop, wait_until
-from resident import ALERT, EDITOR, OVERLAY, PICKER, PIN, REGION
+from resident import ALERT, COUNTDOWN, EDITOR, OVERLAY, PICKER, PIN, REGION, TOAST
 
 
 class CaptureTest(resident.ResidentTestCase):
@@ -143,10 +143,84 @@ class CaptureTest(resident.ResidentTestCase):
             desktop.key("ctrl+s")
             self.assert_gone(desktop, OVERLAY)
             wait_until(lambda: "saving: " in desktop.log("kestrio"), "the reason in the log")
+            desktop.wait_for_window(ALERT)
             self.open_overlay(desktop)
             self.select(desktop)
             desktop.key("ctrl+c")
             self.assertEqual(self.copied(desktop).size, (400, 300))
+            desktop.output(["xdotool", "search", "--name", ALERT, "windowactivate"])
+            desktop.wait_for_window(ALERT)
+            desktop.key("Escape")
+            desktop.wait_for_window(EDITOR)
+
+    def test_a_new_capture_leaves_the_open_editor_alone(self):
+        with self.resident() as desktop:
+            for count in (1, 2):
+                self.open_overlay(desktop)
+                self.select(desktop)
+                desktop.key("Return")
+                wait_until(lambda: len(desktop.windows(EDITOR)) == count, f"{count} editors")
+                desktop.wait_for_stillness()
+
+    def mark(self, desktop):
+        """An editor with a mark that is nowhere else."""
+        self.open_overlay(desktop)
+        self.select(desktop)
+        desktop.key("r")
+        window = desktop.rect(desktop.wait_for_window(EDITOR))
+        desktop.wait_for_stillness()
+        desktop.drag(window.at(0.35, 0.4), window.at(0.45, 0.6))
+        desktop.wait_for_stillness()
+
+    def test_a_changed_document_asks_before_it_closes(self):
+        with self.resident() as desktop:
+            self.mark(desktop)
+            desktop.close()
+            desktop.wait_for_stillness()
+            self.assertTrue(desktop.windows(EDITOR))
+            desktop.key("Escape")
+            desktop.wait_for_stillness()
+            desktop.close()
+            desktop.wait_for_stillness()
+            desktop.key("Return")
+            desktop.wait_for_no_window(EDITOR)
+            files = list((Path(desktop.environment["HOME"]) / "Desktop").glob("Kestrio_*.webp"))
+            self.assertEqual(len(files), 1, "saved")
+
+    def test_quitting_by_key_asks_and_sigterm_does_not(self):
+        with self.resident() as desktop:
+            self.mark(desktop)
+            desktop.key("ctrl+q")
+            desktop.wait_for_window(ALERT)
+            desktop.key("Escape")
+            self.assert_gone(desktop, ALERT)
+            self.assertIsNone(desktop.process("kestrio").poll())
+            desktop.process("kestrio").send_signal(signal.SIGTERM)
+            self.assertEqual(desktop.process("kestrio").wait(5), 0)
+
+    def test_from_corner_to_corner_is_the_whole_display(self):
+        with self.resident() as desktop:
+            width, height = desktop.size
+            self.open_overlay(desktop)
+            desktop.drag((0, 0), (width - 1, height - 1))
+            desktop.wait_for_stillness()
+            desktop.key("ctrl+c")
+            self.assertEqual(self.copied(desktop).size, desktop.size)
+
+    def test_a_countdown_shows_and_escape_ends_it(self):
+        with self.resident() as desktop:
+            process = self.start_command(desktop, "capture", "display", "--delay", "20", "--copy")
+            wait_until(lambda: desktop.windows(COUNTDOWN), "the seconds on the screen")
+            desktop.key("Escape")
+            self.assertEqual(process.wait(10), 3)
+            process.communicate()
+            self.assert_gone(desktop, COUNTDOWN)
+            desktop.park()
+            before = desktop.wait_for_stillness()
+            file = desktop.folder / "later.png"
+            self.assertEqual(self.command(desktop, "capture", "display", "--delay", "1", "-o", file)[0], 0)
+            part = (0, 0, desktop.size[0] - 40, desktop.size[1] - 40)
+            self.assert_same(Image.open(file).convert("RGB").crop(part), before.crop(part))
 
     def test_a_window_that_closes_before_it_is_picked_is_reported(self):
         with self.resident() as desktop:
@@ -198,6 +272,14 @@ class CaptureTest(resident.ResidentTestCase):
         with Desktop(800, 600) as desktop:
             self.assertEqual(self.command(desktop, "capture", "display", "--copy")[0], 0)
             self.assertEqual(self.copied(desktop).size, (800, 600))
+
+    def test_a_command_alone_stays_for_its_toast(self):
+        with Desktop(800, 600) as desktop:
+            process = self.start_command(desktop, "capture", "display", "--copy")
+            wait_until(lambda: desktop.windows(TOAST), "the toast")
+            self.assertIsNone(process.poll())
+            self.assertEqual(process.wait(10), 0)
+            process.communicate()
 
 
 if __name__ == "__main__":

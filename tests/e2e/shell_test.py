@@ -21,6 +21,9 @@ HELD_KEYS = """<?xml version="1.0"?>
 <keybind key="C-A-a"><action name="Execute"><command>touch held</command></action></keybind>
 </keyboard></openbox_config>
 """
+NO_KEYS = """<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard/></openbox_config>
+"""
 SECOND_DISPLAY = (640, 0, 1280, 800)
 
 
@@ -84,12 +87,31 @@ class ShellTest(resident.ResidentTestCase):
             time.sleep(0.5)
             self.assertFalse(desktop.windows(OVERLAY), "the combination before")
 
+    def test_print_screen_can_be_the_hotkey(self):
+        with self.resident(prepare=with_tray) as desktop:
+            self.configure_keys(desktop, NO_KEYS)
+            self.choose(desktop, *["Up"] * 2)
+            window = desktop.rect(desktop.wait_for_window(SETTINGS))
+            desktop.click(window.at(0.5, 0.08))
+            desktop.wait_for_stillness()
+            desktop.click(window.at(0.79, 0.41))
+            desktop.wait_for_stillness()
+            desktop.key("Print")
+            desktop.wait_for_stillness()
+            self.open_overlay(desktop, "Print")
+            desktop.key("Escape")
+            self.assert_gone(desktop, OVERLAY)
+
+    def configure_keys(self, desktop, text):
+        """The window manager holds the keys of this configuration alone."""
+        config = Path(desktop.environment["XDG_CONFIG_HOME"]) / "openbox" / "rc.xml"
+        config.parent.mkdir(parents=True)
+        config.write_text(text)
+        desktop.output(["openbox", "--reconfigure"])
+
     def test_a_combination_of_another_program_stays_with_it(self):
         def hold(desktop):
-            config = Path(desktop.environment["XDG_CONFIG_HOME"]) / "openbox" / "rc.xml"
-            config.parent.mkdir(parents=True)
-            config.write_text(HELD_KEYS)
-            desktop.output(["openbox", "--reconfigure"])
+            self.configure_keys(desktop, HELD_KEYS)
             held = Path(desktop.environment["HOME"]) / "held"
             def is_held():
                 desktop.key("ctrl+alt+a")

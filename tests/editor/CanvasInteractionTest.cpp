@@ -23,6 +23,17 @@ struct CanvasInteractionTest : EditorFixture {
 
     AnnotationViewModel& annotations() { return editor->annotationVM(); }
 
+    /// Puts padding around the screenshot, which then stands at 80, 60 of the canvas at 0.6 of its
+    /// size.
+    void pad() {
+        BackdropSettings padded = editor->backdrop();
+        padded.padding = 60;
+        editor->set_backdrop(padded);
+        interaction.setViewport(
+            {editor->layout(), editor->canvasState().transform, QSizeF(200, 150), 0});
+        ASSERT_EQ(interaction.viewport().contentRect(), QRectF(80, 60, 240, 180));
+    }
+
     /// In points of the canvas.
     void drag(QPointF from, QPointF to, Qt::KeyboardModifiers held = Qt::NoModifier) {
         interaction.press({from / 2, held});
@@ -44,7 +55,7 @@ struct CanvasInteractionTest : EditorFixture {
     }
 };
 
-TEST_F(CanvasInteractionTest, DrawsInCanvasPointsWhateverTheZoom) {
+TEST_F(CanvasInteractionTest, DrawsInTheScreenshotsPointsWhateverTheZoom) {
     draw(AnnotationTool::rectangle, {100, 80}, {200, 180});
     EXPECT_EQ(only().bounds(), QRectF(100, 80, 100, 100));
     EXPECT_EQ(editor->annotations().size(), 1u) << "the document knows of it";
@@ -136,23 +147,124 @@ TEST_F(CanvasInteractionTest, TheRubberBandSelectsAndShiftTakesBack) {
     interaction.release({{5, 140}});
 }
 
-// Blurs live on the screenshot: with padding around it their points differ from the canvas'.
-TEST_F(CanvasInteractionTest, BlursAreDrawnFoundAndMovedInTheScreenshotsPoints) {
-    BackdropSettings padded = editor->backdrop();
-    padded.padding = 60;
-    editor->set_backdrop(padded);
-    interaction.setViewport(
-        {editor->layout(), editor->canvasState().transform, QSizeF(200, 150), 0});
-    const QRectF content = interaction.viewport().contentRect();
-    ASSERT_EQ(content, QRectF(80, 60, 240, 180));
-    draw(AnnotationTool::blur, {80, 60}, {200, 150});
-    EXPECT_EQ(only().bounds(), QRectF(0, 0, 200, 150));
-    annotations().set_currentTool(AnnotationTool::select);
-    drag({140, 105}, {152, 105});
-    EXPECT_EQ(only().bounds(), QRectF(20, 0, 200, 150));
-    annotations().deleteSelected();
+// Padding changes where the screenshot stands and how large it is shown; marks count in its points.
+TEST_F(CanvasInteractionTest, EveryKindIsDrawnFoundAndMovedInTheScreenshotsPoints) {
+    pad();
+    for (const AnnotationTool tool : {AnnotationTool::rectangle, AnnotationTool::blur}) {
+        draw(tool, {80, 60}, {200, 150});
+        EXPECT_EQ(only().bounds(), QRectF(0, 0, 200, 150));
+        annotations().set_currentTool(AnnotationTool::select);
+        drag({140, 105}, {152, 105});
+        EXPECT_EQ(only().bounds(), QRectF(20, 0, 200, 150));
+        interaction.press({QPointF(100, 90) / 2, Qt::AltModifier});
+        interaction.release({QPointF(100, 90) / 2, Qt::AltModifier});
+        EXPECT_TRUE(annotations().selectedAnnotation());
+        annotations().deleteSelected();
+    }
     draw(AnnotationTool::blur, {20, 20}, {200, 150});
     EXPECT_TRUE(annotations().annotations().empty()) << "begun beside the screenshot";
+    draw(AnnotationTool::rectangle, {20, 24}, {50, 54});
+    EXPECT_EQ(only().bounds(), QRectF(-100, -60, 50, 50)) << "marks may lie on the padding";
+}
+
+TEST_F(CanvasInteractionTest, BlursStayOnThePicture) {
+    draw(AnnotationTool::blur, {100, 100}, {200, 150});
+    annotations().set_currentTool(AnnotationTool::select);
+    drag({150, 125}, {390, 290});
+    EXPECT_EQ(only().bounds(), QRectF(300, 250, 100, 50));
+    drag({350, 275}, {20, 20});
+    EXPECT_EQ(only().bounds(), QRectF(0, 0, 100, 50));
+    drag({100, 50}, {500, 500});
+    EXPECT_EQ(only().bounds(), QRectF(0, 0, 400, 300));
+}
+
+TEST_F(CanvasInteractionTest, BlursSnapAndAreRubberBandedLikeAllOthers) {
+    pad();
+    draw(AnnotationTool::rectangle, {92, 72}, {152, 102});
+    draw(AnnotationTool::blur, {200, 150}, {260, 180});
+    annotations().set_currentTool(AnnotationTool::select);
+    annotations().selectAnnotation(std::nullopt);  // so that no handle is in the way
+    drag({230, 165}, {122.6, 165});
+    EXPECT_NEAR(annotations().annotations().back().bounds().left(), 20, 1e-6) << "snapped";
+    drag({84, 64}, {170, 200});
+    EXPECT_EQ(annotations().selectedAnnotations().size(), 2u);
+    EXPECT_EQ(annotations().combinedBounds()->left(), 20);
+}
+
+// A circle's box is square whatever is dragged; the corner opposite to the dragged one stands still.
+TEST_F(CanvasInteractionTest, RoundMarksKeepTheOppositeCorner) {
+    const AnyAnnotation marks[] = {
+        CircleAnnotation{QUuid::createUuid(), {150, 130}, 30, {1, 0, 0, 1}, 4},
+        NumberAnnotation{QUuid::createUuid(), {150, 130}, 1, {1, 0, 0, 1}, 60, 0},
+        EmojiAnnotation{QUuid::createUuid(), {150, 130}, QStringLiteral("🎯"), 60, {}, 0, 0},
+    };
+    for (const AnyAnnotation& mark : marks) {
+        const QRectF after =
+            draggedByHandle(mark, {HandleRole::bottomRight, {260, 170}}).bounds();
+        EXPECT_EQ(after, QRectF(120, 100, 140, 140));
+        EXPECT_EQ(draggedByHandle(mark, {HandleRole::topLeft, {100, 50}}).bounds().bottomRight(),
+                  QPointF(180, 160));
+    }
+}
+
+TEST_F(CanvasInteractionTest, AMoveWithItsSnapIsOneStepOfUndo) {
+    draw(AnnotationTool::rectangle, {20, 20}, {60, 60});
+    draw(AnnotationTool::rectangle, {100, 150}, {140, 190});
+    annotations().set_currentTool(AnnotationTool::select);
+    annotations().selectAnnotation(std::nullopt);
+    drag({120, 170}, {41, 170});
+    EXPECT_EQ(annotations().annotations().back().bounds(), QRectF(20, 150, 40, 40)) << "snapped";
+    annotations().undo();
+    EXPECT_EQ(annotations().annotations().back().bounds(), QRectF(100, 150, 40, 40));
+}
+
+TEST_F(CanvasInteractionTest, StraightStrokesCanBeMoved) {
+    annotations().addAnnotation(
+        BrushAnnotation{QUuid::createUuid(), {{100, 100}, {200, 100}}, {1, 0, 0, 1}, 4});
+    annotations().set_currentTool(AnnotationTool::select);
+    drag({150, 100}, {150, 170});
+    EXPECT_EQ(only().bounds(), QRectF(100, 170, 100, 0));
+}
+
+TEST_F(CanvasInteractionTest, HiddenMarksAreOutOfReach) {
+    draw(AnnotationTool::rectangle, {100, 100}, {160, 150});
+    annotations().toggleVisibility();
+    EXPECT_TRUE(annotations().selectedAnnotations().empty());
+    annotations().set_currentTool(AnnotationTool::select);
+    drag({130, 125}, {200, 200});
+    drag({50, 50}, {300, 250});
+    EXPECT_FALSE(annotations().selectedAnnotation());
+    EXPECT_FALSE(interaction.selectAt({65, 62}));
+    annotations().selectAll();
+    annotations().deleteSelected();
+    annotations().set_currentTool(AnnotationTool::eraser);
+    drag({100, 100}, {160, 150});
+    EXPECT_EQ(only().bounds(), QRectF(100, 100, 60, 50));
+}
+
+TEST_F(CanvasInteractionTest, AClickElsewhereEndsTheTypingOfANumber) {
+    draw(AnnotationTool::number, {100, 100}, {100, 100});
+    for (const char* typed : {"7", "x"}) {
+        annotations().startNumberEditing(only());
+        NumberEditingState state = annotations().numberEditingState();
+        state.inputValue = QString::fromLatin1(typed);
+        annotations().set_numberEditingState(state);
+        interaction.press({{150, 140}});
+        interaction.release({{150, 140}});
+        EXPECT_FALSE(annotations().numberEditingState().isEditing);
+        EXPECT_EQ(only().as<NumberAnnotation>()->number, 7) << typed;
+    }
+    draw(AnnotationTool::rectangle, {200, 200}, {260, 260});
+    EXPECT_EQ(annotations().annotations().size(), 2u) << "the canvas goes on";
+}
+
+TEST_F(CanvasInteractionTest, ARightClickMakesTheMarkUnderItTheOneThatIsMeant) {
+    draw(AnnotationTool::rectangle, {20, 20}, {80, 80});
+    draw(AnnotationTool::rectangle, {120, 20}, {180, 80});
+    annotations().selectAll();
+    ASSERT_TRUE(interaction.selectAt({25, 25}));
+    EXPECT_EQ(annotations().selectedAnnotations().size(), 2u);
+    EXPECT_EQ(annotations().selectedAnnotation()->id(), annotations().annotations().front().id());
 }
 
 TEST_F(CanvasInteractionTest, TheEraserReachesAsFarAsItShows) {
@@ -163,18 +275,19 @@ TEST_F(CanvasInteractionTest, TheEraserReachesAsFarAsItShows) {
     EXPECT_TRUE(annotations().annotations().size() == 1);
     interaction.move({QPointF(28.5, 62)});
     EXPECT_TRUE(annotations().annotations().empty());
+    EXPECT_EQ(annotations().cursorPosition(), QPointF(57, 124)) << "its ring follows";
     interaction.release({QPointF(28.5, 62)});
     EXPECT_FALSE(annotations().eraserPosition());
 }
 
 TEST_F(CanvasInteractionTest, TheWheelZoomsAboutThePointer) {
     const QPointF pointer(150, 100);
-    const QPointF before = interaction.viewport().toCanvas(pointer);
+    const QPointF before = interaction.viewport().viewToCanvas(pointer);
     interaction.wheel({pointer, Qt::ControlModifier}, {0, 240});
     interaction.setViewport(
         {editor->layout(), editor->canvasState().transform, QSizeF(200, 150), 0});
     EXPECT_GT(editor->canvasState().transform.scale, 1.3);
-    const QPointF after = interaction.viewport().toCanvas(pointer);
+    const QPointF after = interaction.viewport().viewToCanvas(pointer);
     EXPECT_NEAR(QLineF(before, after).length(), 0, 1e-6);
 }
 

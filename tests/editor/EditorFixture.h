@@ -18,6 +18,7 @@ struct EditorFixture : testing::Test {
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<EditorStylePersistenceService> styles =
         std::make_shared<EditorStylePersistenceService>(defaults);
+    std::shared_ptr<ThemeStorageService> themes = std::make_shared<ThemeStorageService>(defaults);
     std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
     std::shared_ptr<ScriptedFileDialogs> dialogs = std::make_shared<ScriptedFileDialogs>();
     std::shared_ptr<RecordingFileReveal> reveal = std::make_shared<RecordingFileReveal>();
@@ -28,6 +29,7 @@ struct EditorFixture : testing::Test {
         EditorServices all;
         all.imageRenderer = renderer;
         all.stylePersistence = styles;
+        all.themes = themes;
         all.watermark = std::make_shared<WatermarkService>(defaults);
         all.enhancement = std::make_shared<AIEnhancementService>();
         all.userDefaults = defaults;

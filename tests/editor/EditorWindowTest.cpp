@@ -1,5 +1,6 @@
 #include "editor/WindowFixture.h"
 #include "editor/views/CanvasItem.h"
+#include "support/ScriptedSharing.h"
 
 #include <QDir>
 #include <QQmlContext>
@@ -58,6 +59,14 @@ void noteFiles(const QObject* root, std::set<QString>& files) {
         if (child->parent() != item) noteFiles(child, files);
 }
 
+/// The tile of a theme of the user's own; what a repeater makes has no parent but its item.
+QQuickItem* ownTheme(QQuickItem* root) {
+    if (root->property("canDelete").toBool()) return root;
+    for (QQuickItem* child : root->childItems())
+        if (QQuickItem* found = ownTheme(child)) return found;
+    return nullptr;
+}
+
 /// The window brought into one state after the other.
 struct Tour {
     EditorWindow& window;
@@ -70,7 +79,7 @@ struct Tour {
     }
 
     void openSheets() {
-        for (const char* name : {"enhancement", "exporting", "resetting", "naming"}) {
+        for (const char* name : {"enhancement", "exporting", "resetting", "naming", "redaction", "closing"}) {
             auto* lazy = view->findChild<QQuickItem*>(QString::fromLatin1(name));
             ASSERT_NE(lazy, nullptr) << name;
             QMetaObject::invokeMethod(lazy, "open");
@@ -78,6 +87,18 @@ struct Tour {
             QMetaObject::invokeMethod(lazy->property("item").value<QObject*>(), "close");
             EXPECT_FALSE(lazy->property("isShown").toBool()) << name;
         }
+    }
+
+    void openShareMenu() {
+        auto* const button = view->findChild<QObject*>(QStringLiteral("editor.share"));
+        ASSERT_NE(button, nullptr);
+        QMetaObject::invokeMethod(button, "clicked");
+        look();
+        for (QObject* each : view->findChildren<QObject*>())
+            if (QByteArrayView(each->metaObject()->className()).startsWith("ShareMenu_")) {
+                QMetaObject::invokeMethod(each, "close");
+            }
+        look();
     }
 
     void openColourPopovers() {
@@ -132,6 +153,14 @@ struct Tour {
         }
         controller.set(QStringLiteral("padding"), 11);
         EXPECT_EQ(controller.themes()->currentPreset(), QString()) << "changed by hand";
+        controller.themes()->save(QStringLiteral("Mine"));
+        look();
+        QQuickItem* tile = ownTheme(view->contentItem());
+        ASSERT_NE(tile, nullptr);
+        QMetaObject::invokeMethod(tile, "menuRequested");
+        look();
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &escape);
     }
 
     void annotate() {
@@ -173,13 +202,21 @@ struct Tour {
 
     void pickColour() {
         EditorController& controller = window.controller();
-        controller.pickColorByButton(false);
-        look();
-        controller.colors()->movePointer({20, 20});
-        look();
-        controller.colors()->pick({20, 20}, false);
-        const QVariantMap tool = controller.annotation()->tool();
-        EXPECT_EQ(tool[QStringLiteral("color")].value<QColor>(), QColor(Qt::white));
+        const auto toolColor = [&] {
+            return controller.annotation()->tool()[QStringLiteral("color")].value<QColor>();
+        };
+        const QColor before = toolColor();
+        for (const bool isAnnotating : {false, true}) {
+            if (isAnnotating) controller.toggleAnnotations();
+            controller.pickColorByButton(false);
+            look();
+            controller.colors()->movePointer({20, 20});
+            look();
+            controller.colors()->pick({20, 20}, false);
+            EXPECT_EQ(toolColor(), isAnnotating ? QColor(Qt::white) : before);
+            EXPECT_EQ(controller.isAnnotationMode(), isAnnotating);
+        }
+        controller.toggleAnnotations();
     }
 
     /// Those of which nothing was seen; files of a single object leave no trace of their own.
@@ -194,7 +231,14 @@ struct Tour {
 
 TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     Warnings warnings;
-    EditorWindow window(services(), QStringLiteral("shot"));
+    const auto programs = std::make_shared<ScriptedSharing>();
+    QPixmap blue(16, 16);
+    blue.fill(Qt::blue);
+    programs->installed = {{{QStringLiteral("viewer"), QStringLiteral("Viewer"), QIcon(blue)},
+                            {QStringLiteral("image/png")}}};
+    EditorServices all = services();
+    all.sharing = programs;
+    EditorWindow window(all, QStringLiteral("shot"));
     window.open(picture({640, 400}));
     ASSERT_NE(window.window(), nullptr);
     Tour tour{window};
@@ -205,6 +249,7 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     tour.walkThemes();
     appearance->set_isDark(true);
     tour.openSheets();
+    tour.openShareMenu();
     tour.annotate();
     tour.crop();
     tour.pickColour();
@@ -238,16 +283,12 @@ TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
     controller.setBackdropImage(file);
     controller.watermark()->setPicture(file);
     controller.watermark()->savePreset(QStringLiteral(" "));
-    controller.themes()->save(QStringLiteral("Mine"));
-    controller.themes()->save(QStringLiteral("Mine"));
+    controller.themes()->save(QStringLiteral("  "));
     runEventsFor(200);
     EXPECT_EQ(refusals.texts.size(), 8) << refusals.texts.join(u'\n').toStdString();
     EXPECT_EQ(refusals.texts.count(QString()), 0);
     EXPECT_EQ(controller.style(), style);
     EXPECT_EQ(controller.editor().screenshot().bitmap().cacheKey(), picture);
-    EXPECT_EQ(controller.themes()->nameProblem(QStringLiteral(" Mine ")),
-              QStringLiteral("A theme with this name already exists"));
-
     const std::pair<const char*, const char*> ratios[] = {
         {"0", "1"}, {"1", "0"}, {"-3", "2"}, {"", "2"}, {"x", "2"}, {"1e9", "1"}, {"nan", "1"}};
     for (const auto& [width, height] : ratios) {
@@ -294,6 +335,84 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     EXPECT_GT(edge.red(), edge.green() + 100) << "the middle of the upper edge";
     window.controller().undoByKey();
     EXPECT_TRUE(window.controller().editor().liveAnnotations().empty());
+}
+
+// One list for all windows; a name that is taken means that theme.
+TEST_F(EditorWindowTest, ThemesAreReplacedRenamedAndSharedByAllWindows) {
+    const EditorServices shared = services();
+    EditorController first(shared, QStringLiteral("a")), second(shared, QStringLiteral("b"));
+    first.open(picture());
+    second.open(picture());
+    first.set(QStringLiteral("padding"), 11);
+    first.themes()->save(QStringLiteral("Mine"));
+    ASSERT_EQ(second.themes()->userThemes().size(), 1u);
+    EXPECT_TRUE(second.themes()->isNameTaken(QStringLiteral(" Mine "), {}));
+    const QString id = second.themes()->userThemes().front().id.toString();
+    EXPECT_FALSE(second.themes()->isNameTaken(QStringLiteral("Mine"), id));
+
+    second.set(QStringLiteral("padding"), 77);
+    second.themes()->save(QStringLiteral("Mine"));
+    ASSERT_EQ(first.themes()->userThemes().size(), 1u);
+    EXPECT_EQ(first.themes()->userThemes().front().backdrop.padding, 77);
+    first.themes()->rename(id, QStringLiteral("Ours"));
+    EXPECT_EQ(second.themes()->userThemes().front().name, QStringLiteral("Ours"));
+    second.themes()->remove(id);
+    EXPECT_TRUE(first.themes()->userThemes().empty());
+}
+
+// What the user saved and cannot be read is told, once the window can show it.
+TEST_F(EditorWindowTest, UnreadableThemesAreTold) {
+    defaults->setData(QStringLiteral("com.kestrio.savedThemes"), "rubbish");
+    EditorController controller(services(), QStringLiteral("shot"));
+    Refusals refusals(controller);
+    controller.reportLoadProblems();
+    EXPECT_EQ(refusals.texts, QStringList{QStringLiteral("Theme decoding failed")});
+}
+
+TEST_F(EditorWindowTest, AnEyedropperOfOneViewServesThatViewAlone) {
+    EditorController controller(services(), QStringLiteral("shot"));
+    controller.open(picture());
+    controller.toggleAnnotations();
+    AnnotationViewModel& model = controller.editor().annotationVM();
+    model.addAnnotation(NumberAnnotation{QUuid::createUuid(), {30, 20}, 1, {1, 0, 0, 1}, 30, 0});
+    model.selectAll();
+    const ToolSettings before = model.toolSettings();
+    QObject well;
+    QColor picked;
+    QObject::connect(controller.colors(), &ColorPanel::pickedFor, &well,
+                     [&](QObject* receiver, const QColor& color) {
+                         if (receiver == &well) picked = color;
+                     });
+    controller.colors()->pickFor(&well);
+    EXPECT_FALSE(controller.isAnnotationMode());
+    controller.colors()->pick({50, 50}, false);
+    EXPECT_EQ(picked, QColor(Qt::white));
+    EXPECT_EQ(model.toolSettings(), before);
+    EXPECT_TRUE(controller.isAnnotationMode());
+    EXPECT_EQ(model.selectedAnnotations().size(), 1u) << "what was to be recoloured";
+}
+
+TEST_F(EditorWindowTest, HiddenRedactionsAreAskedAboutBeforeAPictureLeaves) {
+    EditorController controller(services(), QStringLiteral("shot"));
+    controller.open(picture());
+    controller.toggleAnnotations();
+    controller.editor().annotationVM().addAnnotation(
+        BlurAnnotation{QUuid::createUuid(), {10, 10, 60, 40}});
+    controller.annotation()->toggleVisibility();
+    int asked = 0;
+    QObject::connect(controller.output(), &OutputPanel::redactionsHidden, [&] { ++asked; });
+    controller.output()->copy();
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(controller.output()->isBusy());
+    controller.output()->dropPending();
+    controller.output()->goOn(true);
+    EXPECT_FALSE(controller.output()->isBusy()) << "nothing is pending any more";
+    controller.output()->copy();
+    controller.output()->goOn(true);
+    EXPECT_TRUE(controller.output()->isBusy());
+    EXPECT_TRUE(controller.editor().annotationVM().annotationsVisible());
+    runEventsFor(300);
+    EXPECT_FALSE(controller.output()->isBusy());
 }
 
 }  // namespace

@@ -36,7 +36,10 @@ struct PreviewTest : EditorWindowTest {
     QImage shown() {
         QImage picture = preview.preview().convertToFormat(QImage::Format_ARGB32_Premultiplied);
         if (picture.isNull()) return picture;
-        layer.show(document.liveAnnotations(), picture.rect(), 1);
+        const QRectF content = preview.shownContent().value_or(QRectF());
+        const double scale = content.width() / document.screenshot().pointSize().width();
+        layer.show(document.liveAnnotations(), picture.rect(),
+                   {content.topLeft(), {scale, scale}, scale});
         QPainter painter(&picture);
         layer.paint(painter);
         return picture;

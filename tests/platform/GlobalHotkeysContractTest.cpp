@@ -2,6 +2,8 @@
 #include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "support/ScriptedGlobalHotkeys.h"
 
+#include "platform/KeySymbols.h"
+
 #include <QKeyEvent>
 
 namespace kestrio {
@@ -199,6 +201,34 @@ TEST_F(X11Hotkeys, FireOnceWhileHeldAndLeaveTheKeyboardFree) {
     EXPECT_TRUE(waitUntil([&] { return count_ == 2; }));
 }
 
+TEST_F(X11Hotkeys, AreOfAnyKey) {
+    struct Case {
+        quint32 symbol;
+        int modifiers;
+        const char* keys;
+    };
+    const Case cases[] = {
+        {0xff61, 0, "Print"},
+        {0xff61, KeyCombination::option, "alt+Print"},
+        {0xff63, KeyCombination::control, "ctrl+Insert"},
+        {',', KeyCombination::command, "super+comma"},
+        {0xff95, KeyCombination::control, "ctrl+KP_7"},
+    };
+    int expected = 0;
+    for (const Case& each : cases) {
+        ASSERT_EQ(hotkeys_.registerHotkey(1, {keyCodeOfSymbol(each.symbol), each.modifiers}),
+                  HotkeyRegistration::registered)
+            << each.keys;
+        runXdotool({QStringLiteral("key"), QString::fromLatin1(each.keys)});
+        ++expected;
+        EXPECT_TRUE(waitUntil([&] { return count_ == expected; })) << each.keys;
+        runLoopAWhile(40);
+    }
+    EXPECT_EQ(hotkeys_.registerHotkey(1, {keyCodeOfSymbol(0x6ff), KeyCombination::control}),
+              HotkeyRegistration::impossible)
+        << "a letter that this keyboard lacks";
+}
+
 TEST_F(X11Hotkeys, FollowTheKeyboardLayout) {
     ASSERT_EQ(hotkeys_.registerHotkey(1, controlShiftA), HotkeyRegistration::registered);
     int expected = 0;
@@ -229,9 +259,15 @@ TEST(X11KeyLookup, TellsTheUnshiftedKeyOfAnyLayout) {
         std::optional<int> code;
     };
     const Case cases[] = {
-        {"us", 10, Qt::Key_Exclam, 18}, {"de", 20, Qt::Key_Question, std::nullopt},
-        {"de", 29, Qt::Key_Z, 6},       {"fr", 13, Qt::Key_4, 21},
-        {"ru", 24, 0x419, 12},          {"us", 37, Qt::Key_Control, std::nullopt},
+        {"us", 10, Qt::Key_Exclam, 18},
+        {"de", 20, Qt::Key_Question, keyCodeOfSymbol(0xdf)},
+        {"us", 107, Qt::Key_Print, keyCodeOfSymbol(0xff61)},
+        {"us", 64, Qt::Key_Alt, std::nullopt},
+        {"de", 108, Qt::Key_AltGr, std::nullopt},
+        {"de", 29, Qt::Key_Z, 6},
+        {"fr", 13, Qt::Key_4, 21},
+        {"ru", 24, 0x419, 12},
+        {"us", 37, Qt::Key_Control, std::nullopt},
     };
     for (const Case& each : cases) {
         setLayout(each.layout);

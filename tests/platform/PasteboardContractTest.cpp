@@ -69,6 +69,16 @@ TEST_P(PasteboardContract, TellsOfLocalFilesOnly) {
     EXPECT_EQ(pasteboard->readFiles(), QStringList());
 }
 
+TEST_P(PasteboardContract, HoldsFiles) {
+    const auto pasteboard = GetParam().make();
+    const QStringList paths{QStringLiteral("/tmp/50% \u6f22.png")};
+    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("before")));
+    ASSERT_TRUE(pasteboard->writeFiles(paths));
+    EXPECT_EQ(pasteboard->readFiles(), paths);
+    EXPECT_TRUE(pasteboard->ownsContents());
+    EXPECT_TRUE(pasteboard->readImage().isNull());
+}
+
 INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),
                          [](const auto& each) { return std::string(each.param.name); });
 

@@ -136,6 +136,17 @@ TEST_F(ManagedWindows, AreListedAsTheyLieAndWhileTheyAreShown) {
     EXPECT_TRUE(waitUntil([&] { return !info(second.id); }));
 }
 
+TEST_F(ManagedWindows, TellWhetherTheyAreAlwaysOnTop) {
+    ForeignWindow floating({100, 100, 200, 100}, gray);
+    floating.setAtoms("_NET_WM_STATE", {"_NET_WM_STATE_ABOVE"});
+    floating.map();
+    ForeignWindow plain({150, 120, 200, 100}, gray);
+    plain.map();
+    ASSERT_TRUE(comes(floating.id) && comes(plain.id));
+    EXPECT_TRUE(info(floating.id)->isAlwaysOnTop);
+    EXPECT_FALSE(info(plain.id)->isAlwaysOnTop);
+}
+
 TEST_F(ManagedWindows, OfTheDesktopItselfAreNoWindows) {
     std::vector<std::unique_ptr<ForeignWindow>> others;
     for (const char* type : {"_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP",

@@ -33,9 +33,17 @@ class MemoryPasteboard : public Pasteboard {
     void setFiles(const QStringList& paths) {
         clearContents();
         files_ = paths;
+        ownsFiles_ = false;
     }
 
     QStringList readFiles() const override { return files_; }
+
+    bool writeFiles(const QStringList& paths) override {
+        clearContents();
+        files_ = paths;
+        ownsFiles_ = true;
+        return true;
+    }
 
     bool writeText(const QString& text) override {
         if (refusesText) return false;
@@ -46,12 +54,13 @@ class MemoryPasteboard : public Pasteboard {
     }
 
     QString readText() const override { return text_; }
-    bool ownsContents() const override { return files_.isEmpty(); }
+    bool ownsContents() const override { return files_.isEmpty() || ownsFiles_; }
 
   private:
     QImage image_;
     QString text_;
     QStringList files_;
+    bool ownsFiles_ = false;
 };
 
 }  // namespace kestrio

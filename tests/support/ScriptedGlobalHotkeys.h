@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/GlobalHotkeys.h"
+#include "platform/KeySymbols.h"
 
 #include <algorithm>
 #include <map>
@@ -8,8 +9,7 @@
 
 namespace kestrio {
 
-/// A keyboard that a test presses. Codes outside the table of virtual keys are impossible, as on a
-/// real one.
+/// A keyboard that a test presses. Codes that stand for no key are impossible, as on a real one.
 class ScriptedGlobalHotkeys : public GlobalHotkeys {
   public:
     std::map<int, KeyCombination> registered;  ///< by id
@@ -20,7 +20,8 @@ class ScriptedGlobalHotkeys : public GlobalHotkeys {
     HotkeyRegistration registerHotkey(int id, KeyCombination combination) override {
         ++registrationCount;
         registered.erase(id);
-        if (isImpossible || !qtKey(combination.keyCode)) return HotkeyRegistration::impossible;
+        const bool isKey = qtKey(combination.keyCode) || isKeySymbol(combination.keyCode);
+        if (isImpossible || !isKey) return HotkeyRegistration::impossible;
         if (isHeldByOthers(combination)) return HotkeyRegistration::taken;
         registered[id] = combination;
         return HotkeyRegistration::registered;

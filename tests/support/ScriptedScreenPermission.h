@@ -9,6 +9,7 @@ class ScriptedScreenPermission : public ScreenPermission {
   public:
     bool isGranted = true;
     bool userGrants = false;  ///< what the user answers when asked
+    QString insurmountable;   ///< what no permission would change; empty for none
     mutable int preflightCount = 0;
     int requestCount = 0;
     int settingsCount = 0;  ///< how often the settings were opened
@@ -24,6 +25,7 @@ class ScriptedScreenPermission : public ScreenPermission {
         return isGranted;
     }
 
+    QString obstacle() const override { return insurmountable; }
     void openSettings() override { ++settingsCount; }
 };
 

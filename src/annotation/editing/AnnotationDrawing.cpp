@@ -76,6 +76,7 @@ void AnnotationViewModel::addTextAnnotation(const QPointF& at) {
 void AnnotationViewModel::eraseAt(const QPointF& point, double radius) {
     set_eraserPosition(point);
     set_isErasing(true);
+    if (!annotationsVisible()) return;
     std::vector<QUuid> erased;
     for (const AnyAnnotation& annotation : annotations_) {
         if (isErased(annotation, point, radius)) erased.push_back(annotation.id());

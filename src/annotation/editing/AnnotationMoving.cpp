@@ -16,10 +16,30 @@ void AnnotationViewModel::beginDrag() {
 void AnnotationViewModel::dragTo(const QPointF& offset) {
     if (!isDraggingAnnotation() || !selectedAnnotation_ || !dragStartAnnotation_) return;
     const bool isSame = dragStartAnnotation_->id() == selectedAnnotation_->id();
-    AnyAnnotation moved = isSame ? *dragStartAnnotation_ : *selectedAnnotation_;
-    const QRectF target = dragStartBounds()->translated(offset);
-    if (!identical(target, moved.bounds())) moved.setBounds(target);
-    applyAnnotation(moved);
+    applyAnnotation(movedTo(isSame ? *dragStartAnnotation_ : *selectedAnnotation_,
+                            dragStartBounds()->translated(offset)));
+}
+
+namespace {
+
+/// The rectangle moved into the area, or to its top left corner where it is larger.
+QRectF heldWithin(QRectF rect, const QRectF& area) {
+    rect.moveLeft(std::max(area.left(), std::min(rect.left(), area.right() - rect.width())));
+    rect.moveTop(std::max(area.top(), std::min(rect.top(), area.bottom() - rect.height())));
+    return rect;
+}
+
+}  // namespace
+
+AnyAnnotation AnnotationViewModel::movedTo(AnyAnnotation record, const QRectF& bounds) const {
+    const bool isHeld = record.as<BlurAnnotation>() && !pictureRect().isEmpty();
+    const QRectF target = isHeld ? heldWithin(bounds, pictureRect()) : bounds;
+    const QRectF before = record.bounds();
+    if (identical(target, before)) return record;
+    record.setBounds(target);
+    // A straight stroke has no area to be stretched by.
+    if (identical(record.bounds(), before)) record.translate(target.topLeft() - before.topLeft());
+    return record;
 }
 
 void AnnotationViewModel::endDrag() {
@@ -51,8 +71,8 @@ QRectF AnnotationViewModel::snappedRect(const QRectF& rect) const {
 }
 
 void AnnotationViewModel::snapToGuides() {
-    if (selectedAnnotation_ && !selectedAnnotation_->as<BlurAnnotation>()) {
-        moveRecordsTo({*selectedAnnotation_}, {snappedRect(selectedAnnotation_->bounds())});
+    if (selectedAnnotation_) {
+        applyAnnotation(movedTo(*selectedAnnotation_, snappedRect(selectedAnnotation_->bounds())));
     }
     set_activeAlignmentGuides({});
 }
@@ -71,10 +91,9 @@ std::vector<QRectF> boundsOf(const std::vector<AnyAnnotation>& records) {
 void AnnotationViewModel::moveRecordsTo(const std::vector<AnyAnnotation>& records,
                                         const std::vector<QRectF>& rects) {
     for (std::size_t i = 0; i < records.size(); ++i) {
-        if (identical(records[i].bounds(), rects[i])) continue;
-        AnyAnnotation moved = records[i];
-        moved.setBounds(rects[i]);
-        updateAnnotation(moved);
+        if (!identical(records[i].bounds(), rects[i])) {
+            updateAnnotation(movedTo(records[i], rects[i]));
+        }
     }
 }
 

@@ -6,8 +6,8 @@ namespace kestrio {
 void AnnotationViewModel::startNumberEditing(const AnyAnnotation& annotation) {
     const auto* badge = annotation.as<NumberAnnotation>();
     if (!badge) return;
+    finishEditing();
     set_currentTool(AnnotationTool::select);
-    set_isTextEditing(false);
     selectAnnotation(annotation);
     set_numberEditingState({true, badge->id, QString::number(badge->number), std::nullopt});
 }

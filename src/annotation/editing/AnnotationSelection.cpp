@@ -63,6 +63,7 @@ void AnnotationViewModel::toggleSelection(const AnyAnnotation& annotation) {
 }
 
 void AnnotationViewModel::selectAll() {
+    if (!annotationsVisible()) return;
     std::set<QUuid> selected;
     for (const AnyAnnotation& annotation : annotations_)
         selected.insert(annotation.id());
@@ -71,6 +72,7 @@ void AnnotationViewModel::selectAll() {
 }
 
 void AnnotationViewModel::selectInRect(const QRectF& rect) {
+    if (!annotationsVisible()) return;
     std::set<QUuid> selected = selectedAnnotations();
     for (const AnyAnnotation& annotation : annotations_) {
         if (intersects(annotation.bounds(), rect)) selected.insert(annotation.id());
@@ -112,6 +114,7 @@ std::optional<QRectF> AnnotationViewModel::selectionRect() const {
 
 std::optional<std::size_t> AnnotationViewModel::hitBefore(std::size_t end,
                                                           const QPointF& point) const {
+    if (!annotationsVisible()) return std::nullopt;
     if (!hitIndex_) hitIndex_.emplace(annotations_);
     auto candidate = hitIndex_->lastCandidate(point, end);
     while (candidate && !isHit(annotations_[*candidate], point))

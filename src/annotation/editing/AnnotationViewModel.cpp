@@ -52,6 +52,8 @@ void AnnotationViewModel::removeRecord(const QUuid& id) {
 
 void AnnotationViewModel::setAnnotations(std::vector<AnyAnnotation> annotations) {
     // The selection goes first, so that ending a drag records nothing.
+    textBefore_.reset();
+    endTextEditing();
     set_selectedAnnotations({});
     setPrimary(std::nullopt);
     set_hoveredAnnotation(std::nullopt);
@@ -60,13 +62,22 @@ void AnnotationViewModel::setAnnotations(std::vector<AnyAnnotation> annotations)
     set_isErasing(false);
     set_activeAlignmentGuides({});
     set_isSelectionRectActive(false);
-    set_isTextEditing(false);
     set_newlyCreatedTextAnnotationId(std::nullopt);
     cancelNumberEdit();
+    if (!areIdentical(annotations_, annotations)) historyService_.clear();
     hitIndex_.reset();
     annotations_ = std::move(annotations);
     recomputeNextNumber();
     Q_EMIT annotationsChanged();
+}
+
+void AnnotationViewModel::translateAll(const QPointF& offset) {
+    std::vector<AnyAnnotation> moved = annotations_;
+    for (AnyAnnotation& annotation : moved)
+        annotation.translate(offset);
+    historyService_.translate(offset);
+    annotations_ = moved;
+    setAnnotations(std::move(moved));
 }
 
 void AnnotationViewModel::addAnnotation(const AnyAnnotation& annotation) {
@@ -97,7 +108,7 @@ void AnnotationViewModel::deleteAnnotation(const QUuid& id) {
     const AnyAnnotation removed = *record;
     removeRecord(id);
     historyService_.record({DeleteOperation{removed}});
-    if (removed.as<TextAnnotation>()) set_isTextEditing(false);
+    if (editedTextId() == id) endTextEditing();
     if (removed.as<NumberAnnotation>()) recomputeNextNumber();
 }
 
@@ -129,6 +140,7 @@ void AnnotationViewModel::setColor(const CodableColor& color) {
     ToolSettings settings = toolSettings();
     settings.color = color;
     set_toolSettings(settings);
+    Q_EMIT toolSettingsChosen();
     changeSelection([&](AnyAnnotation& record) { record.setColor(color); });
 }
 
@@ -136,6 +148,7 @@ void AnnotationViewModel::setStrokeSize(StrokeSize size) {
     ToolSettings settings = toolSettings();
     settings.strokeSize = size;
     set_toolSettings(settings);
+    Q_EMIT toolSettingsChosen();
     changeSelection([&](AnyAnnotation& record) { record.setStrokeWidth(strokeWidth(size)); });
 }
 
@@ -143,6 +156,7 @@ void AnnotationViewModel::setFillMode(FillMode mode) {
     ToolSettings settings = toolSettings();
     settings.fillMode = mode;
     set_toolSettings(settings);
+    Q_EMIT toolSettingsChosen();
     if (!selectedAnnotation_) return;
     AnyAnnotation changed = *selectedAnnotation_;
     changed.visit([&](auto& record) {
@@ -188,8 +202,14 @@ void AnnotationViewModel::sendSelectedToBack() {
 }
 
 void AnnotationViewModel::toggleVisibility() {
+    finishEditing();
     set_annotationsVisible(!annotationsVisible());
-    if (!annotationsVisible()) setPrimary(std::nullopt);
+    if (annotationsVisible()) return;
+    // What is not seen cannot be acted on.
+    clearDrawingState();
+    set_selectedAnnotations({});
+    setPrimary(std::nullopt);
+    set_hoveredAnnotation(std::nullopt);
 }
 
 }  // namespace kestrio

@@ -5,6 +5,7 @@
 #include "annotation/editing/Alignment.h"
 #include "annotation/editing/AnnotationTool.h"
 #include "annotation/editing/HitIndex.h"
+#include "annotation/editing/TextGrowth.h"
 #include "annotation/history/AnnotationHistoryService.h"
 
 #include <set>
@@ -47,7 +48,9 @@ class AnnotationViewModel : public QObject {
     PUBLISHED(std::vector<QPointF>, currentDrawingPoints, {})
     PUBLISHED(std::vector<double>, currentDrawingTimestamps, {})
     PUBLISHED_WRITABLE(std::optional<QUuid>, newlyCreatedTextAnnotationId, std::nullopt)
-    PUBLISHED_WRITABLE(bool, isTextEditing, false)
+    /// The text that is being typed in place; none while none is.
+    PUBLISHED(std::optional<QUuid>, editedTextId, std::nullopt)
+    PUBLISHED(bool, isTextEditing, false)
     PUBLISHED(std::optional<QPointF>, drawingStartPoint, std::nullopt)
     PUBLISHED_WRITABLE(std::optional<QPointF>, drawingEndPoint, std::nullopt)
     PUBLISHED_WRITABLE(std::optional<QPointF>, eraserPosition, std::nullopt)
@@ -58,6 +61,9 @@ class AnnotationViewModel : public QObject {
     PUBLISHED(bool, annotationsVisible, true)
     PUBLISHED_WRITABLE(std::optional<QPointF>, cursorPosition, std::nullopt)
     PUBLISHED_WRITABLE(std::vector<AlignmentGuide>, activeAlignmentGuides, {})
+    /// The screenshot's rectangle. Blurs that are moved stay within it, since they change nothing
+    /// else, and texts that are typed grow to its right edge; no limit while it is empty.
+    PUBLISHED_WRITABLE(QRectF, pictureRect, {})
 
   public:
     /// Seconds since 1970.
@@ -91,8 +97,11 @@ class AnnotationViewModel : public QObject {
     // Changing and recording.
 
     /// Replaces the whole list, as when another document is shown: nothing is selected, hovered
-    /// over, drawn or dragged any more. The steps of undo stay as they are.
+    /// over, drawn, typed or dragged any more. Steps of undo belong to the list that they were made
+    /// in, so with another one they go.
     void setAnnotations(std::vector<AnyAnnotation> annotations);
+    /// Moves all records and what undo knows of them, as when the picture's origin moves.
+    void translateAll(const QPointF& offset);
     void addAnnotation(const AnyAnnotation& annotation);
     /// Replaces the record of the same id and leaves no step of undo.
     void applyAnnotation(const AnyAnnotation& annotation);
@@ -105,6 +114,8 @@ class AnnotationViewModel : public QObject {
     void setColor(const CodableColor& color);
     void setStrokeSize(StrokeSize size);
     void setFillMode(FillMode mode);
+    /// One of these three was called, unlike when a selection changes the settings.
+    Q_SIGNAL void toolSettingsChosen();
     void bringToFront(const QUuid& id);
     void sendToBack(const QUuid& id);
     void bringSelectedToFront();
@@ -146,6 +157,19 @@ class AnnotationViewModel : public QObject {
     void addTextAnnotation(const QPointF& at);
     void eraseAt(const QPointF& point, double radius);
 
+    // Typing. What is typed is in the record at once; the steps of undo are made at the end.
+
+    /// Nothing happens where the id is no text's.
+    void beginTextEditing(const QUuid& id);
+    /// The box grows with its text: to the right as long as its text was not wrapped when typing
+    /// began, and downwards.
+    void setEditedText(const QString& text);
+    /// One step of undo with what was typed; of a text that was just made, the step that made it. A
+    /// text left empty goes, as if it had never been made where it is new.
+    void endTextEditing();
+    /// Ends the typing of texts and numbers. A number that is none is dropped.
+    void finishEditing();
+
     // Moving and aligning.
 
     void beginDrag();
@@ -154,8 +178,8 @@ class AnnotationViewModel : public QObject {
     void endDrag();
     void updateGuides();
     QRectF snappedRect(const QRectF& rect) const;
-    /// Moves the primary, unless it is a blur, onto the active guides, and clears them. Comes
-    /// before endDrag().
+    /// Moves the primary onto the active guides, and clears them. Comes before endDrag(), whose
+    /// step of undo it is part of.
     void snapToGuides();
     void align(AlignmentType type);
     void distribute(DistributionAxis axis);
@@ -197,6 +221,8 @@ class AnnotationViewModel : public QObject {
     DrawnGesture drawnGesture() const;
     void finishNewAnnotation(const AnyAnnotation& annotation);
     void moveRecordsTo(const std::vector<AnyAnnotation>& records, const std::vector<QRectF>& rects);
+    AnyAnnotation movedTo(AnyAnnotation record, const QRectF& bounds) const;
+    void dropEmptyText(const AnyAnnotation& before);
 
     std::vector<AnyAnnotation> annotations_;
     /// Of `annotations_` since they last changed; nothing until it is needed.
@@ -204,6 +230,9 @@ class AnnotationViewModel : public QObject {
     std::optional<AnyAnnotation> selectedAnnotation_;
     std::optional<AnyAnnotation> hoveredAnnotation_;
     std::optional<AnyAnnotation> dragStartAnnotation_;
+    /// The edited text as it was before, and how it may grow.
+    std::optional<AnyAnnotation> textBefore_;
+    TextGrowth textGrowth_;
     AnnotationHistoryService historyService_;
     Clock clock_;
 };

@@ -43,6 +43,12 @@ struct ToolSettings {
     FillMode fillMode = FillMode::stroke;
 
     bool operator==(const ToolSettings&) const = default;
+
+    static constexpr auto jsonFields() {
+        return std::tuple(jsonField("color", &ToolSettings::color),
+                          jsonField("strokeSize", &ToolSettings::strokeSize),
+                          jsonField("fillMode", &ToolSettings::fillMode));
+    }
 };
 
 }  // namespace kestrio

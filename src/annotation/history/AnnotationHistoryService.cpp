@@ -4,6 +4,24 @@
 
 namespace kestrio {
 
+namespace {
+
+void translateStep(AnnotationOperation& operation, const QPointF& offset) {
+    std::visit(
+        [&offset]<typename Step>(Step& step) {
+            if constexpr (requires { step.annotation; }) step.annotation.translate(offset);
+            if constexpr (requires { step.before; }) step.before.translate(offset);
+            if constexpr (requires { step.after; }) step.after.translate(offset);
+            if constexpr (requires { step.operations; }) {
+                for (AnnotationOperation& each : step.operations)
+                    translateStep(each, offset);
+            }
+        },
+        operation.step);
+}
+
+}  // namespace
+
 AnnotationHistoryService::AnnotationHistoryService(MemoryPressure* memoryPressure,
                                                    std::size_t maxHistorySize, QObject* parent)
     : QObject(parent), maxHistorySize_(maxHistorySize) {
@@ -35,6 +53,31 @@ std::optional<AnnotationOperation> AnnotationHistoryService::popForRedo() {
     dropOldest(undoStack_, maxHistorySize_);
     refreshFlags();
     return operation;
+}
+
+AddOperation* AnnotationHistoryService::newestAddition(const QUuid& id) {
+    if (undoStack_.empty()) return nullptr;
+    auto* added = std::get_if<AddOperation>(&undoStack_.back().step);
+    return added && added->annotation.id() == id ? added : nullptr;
+}
+
+bool AnnotationHistoryService::amendAddition(const AnyAnnotation& annotation) {
+    AddOperation* added = newestAddition(annotation.id());
+    if (added) added->annotation = annotation;
+    return added != nullptr;
+}
+
+bool AnnotationHistoryService::dropAddition(const QUuid& id) {
+    if (!newestAddition(id)) return false;
+    undoStack_.pop_back();
+    refreshFlags();
+    return true;
+}
+
+void AnnotationHistoryService::translate(const QPointF& offset) {
+    for (auto* stack : {&undoStack_, &redoStack_})
+        for (AnnotationOperation& operation : *stack)
+            translateStep(operation, offset);
 }
 
 void AnnotationHistoryService::handleMemoryPressure() {

@@ -29,6 +29,14 @@ class AnnotationHistoryService : public QObject {
     std::optional<AnnotationOperation> popForUndo();
     /// The step that the caller has to redo, or none.
     std::optional<AnnotationOperation> popForRedo();
+    /// Where the newest step of undo added this record, the step adds what the record is now, so
+    /// that making and completing it are one step; false where another step is the newest.
+    bool amendAddition(const AnyAnnotation& annotation);
+    /// Where the newest step of undo added the record of this id, there is no such step any more;
+    /// false where another step is the newest.
+    bool dropAddition(const QUuid& id);
+    /// Moves every record of every step, as when the picture's origin moves.
+    void translate(const QPointF& offset);
     /// Forgets the older half, and all that could be redone.
     void handleMemoryPressure();
     /// Forgets all steps.
@@ -40,6 +48,7 @@ class AnnotationHistoryService : public QObject {
     std::size_t maxHistorySize() const { return maxHistorySize_; }
 
   private:
+    AddOperation* newestAddition(const QUuid& id);
     void compactHistory();
     void refreshFlags();
 

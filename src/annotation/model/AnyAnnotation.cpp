@@ -55,6 +55,35 @@ constexpr auto decoders = decodersOf(static_cast<const AnyAnnotation::Record*>(n
 
 }  // namespace
 
+void AnyAnnotation::translate(const QPointF& offset) {
+    visit([&offset]<typename Kind>(Kind& record) {
+        if constexpr (requires { record.bounds; }) record.bounds.translate(offset);
+        if constexpr (requires { record.center; }) record.center += offset;
+        if constexpr (requires { record.startPoint; }) record.startPoint += offset;
+        if constexpr (requires { record.endPoint; }) record.endPoint += offset;
+        if constexpr (requires { record.controlPoints; }) {
+            for (QPointF& point : record.controlPoints)
+                point += offset;
+        }
+        if constexpr (requires { record.points; }) {
+            for (QPointF& point : record.points)
+                point += offset;
+        }
+    });
+}
+
+bool isIdentical(const AnyAnnotation& a, const AnyAnnotation& b) {
+    if (a != b || a.color() != b.color() || a.strokeWidth() != b.strokeWidth()) return false;
+    const auto* textA = a.as<TextAnnotation>();
+    const auto* textB = b.as<TextAnnotation>();
+    return !textA ||
+           (textA->fontWeight == textB->fontWeight && textA->alignment == textB->alignment);
+}
+
+bool areIdentical(const std::vector<AnyAnnotation>& a, const std::vector<AnyAnnotation>& b) {
+    return std::ranges::equal(a, b, isIdentical);
+}
+
 JsonValue JsonCodec<AnyAnnotation>::encode(const AnyAnnotation& annotation) {
     JsonValue object = JsonValue::object();
     object["type"] = encodeJson(annotation.typeKey());

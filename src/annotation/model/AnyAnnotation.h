@@ -59,6 +59,8 @@ class AnyAnnotation {
     QRectF bounds() const;
     /// Moves and stretches the record so that it fills a rectangle, as far as its kind can.
     void setBounds(const QRectF& bounds);
+    /// Moves every point of the record; unlike setBounds() also where it has no extent on an axis.
+    void translate(const QPointF& offset);
 
     /// Of the same kind, id and form. Colour never counts, so a change of colour is no difference.
     bool operator==(const AnyAnnotation&) const = default;
@@ -85,6 +87,11 @@ class AnyAnnotation {
   private:
     Record record_;
 };
+
+/// Whether every field is the same, those too that do not count for equality: colours, a text's
+/// weight and alignment.
+bool isIdentical(const AnyAnnotation& a, const AnyAnnotation& b);
+bool areIdentical(const std::vector<AnyAnnotation>& a, const std::vector<AnyAnnotation>& b);
 
 static_assert(std::variant_size_v<AnyAnnotation::Record> == typeKeys.size(),
               "every record has its row in the table of keys");

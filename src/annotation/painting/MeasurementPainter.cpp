@@ -43,8 +43,9 @@ QPointF labelCenter(const QLineF& line, const QSizeF& label, double gap) {
 
 }  // namespace
 
-QString measurementLabel(const MeasurementAnnotation& measurement) {
-    return QString::asprintf("%.0f px", distance(measurement.startPoint, measurement.endPoint));
+QString measurementLabel(const MeasurementAnnotation& measurement, double pixelDensity) {
+    const double points = distance(measurement.startPoint, measurement.endPoint);
+    return QString::asprintf("%.0f px", points * pixelDensity);
 }
 
 void paintRecord(QPainter& painter, const MeasurementAnnotation& measurement,
@@ -58,7 +59,7 @@ void paintRecord(QPainter& painter, const MeasurementAnnotation& measurement,
                   tickLength(width) * unit);
     }
 
-    const QString text = measurementLabel(measurement);
+    const QString text = measurementLabel(measurement, mapping.pixelDensity);
     const double fontSize = labelFontSize(width) * unit;
     const QSizeF label(captionSize(text, fontSize).width() + 2 * labelMargin * unit,
                        fontSize * labelHeightInFonts);

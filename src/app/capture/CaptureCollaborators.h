@@ -6,6 +6,7 @@
 #include "capture/ScreenCaptureServiceProtocol.h"
 #include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/Alerts.h"
+#include "platform/FileDialogs.h"
 #include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"
 
@@ -21,6 +22,7 @@ struct CaptureCollaborators {
     std::shared_ptr<PermissionManager> permissions;
     std::shared_ptr<Alerts> alerts;
     std::shared_ptr<Toasts> toasts;
+    std::shared_ptr<FileDialogs> fileDialogs;
 };
 
 }  // namespace kestrio

@@ -4,9 +4,7 @@
 #include "core/Log.h"
 #include "imaging/ExportError.h"
 #include "library/FileNaming.h"
-#include "library/QuickSave.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -15,6 +13,9 @@ namespace kestrio {
 namespace {
 
 constexpr std::chrono::milliseconds toastTime(2000);
+constexpr std::chrono::milliseconds second(1000);
+// A window needs it to leave the screen, and what it covered to be painted again.
+constexpr std::chrono::milliseconds numberLeaves(150);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
@@ -23,7 +24,7 @@ CaptureError goneError() {
 }  // namespace
 
 CaptureCoordinator::CaptureCoordinator(CaptureCollaborators collaborators, QObject* parent)
-    : QObject(parent), collaborators_(std::move(collaborators)) {}
+    : QObject(parent), collaborators_(std::move(collaborators)), saver_(collaborators_) {}
 
 CaptureCoordinator::~CaptureCoordinator() {
     stop_.request_stop();
@@ -48,8 +49,6 @@ Task<> CaptureCoordinator::runAndTell(CaptureKind kind) {
     try {
         auto running = capture({kind}, stop_.get_token());
         co_await running;
-    } catch (const ExportError&) {
-        // A toast has told of it.
     } catch (const std::exception& error) {
         failure = CaptureError::from(error);
     }
@@ -70,13 +69,19 @@ Task<> CaptureCoordinator::countDownAndBegin(int seconds, CaptureKind kind) {
 
 Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
+    countdown_ = std::stop_source();
+    const std::stop_callback relay(stop, [own = countdown_]() mutable { own.request_stop(); });
+    const std::stop_token cancelled = countdown_.get_token();
     set_isCountingDown(true);
     bool isDone = true;
-    for (int remaining = seconds; remaining > 0 && isDone; --remaining) {
+    for (int remaining = seconds; remaining >= 0 && isDone; --remaining) {
         set_countdownRemaining(remaining);
+        const auto shown = remaining == 0   ? numberLeaves
+                           : remaining == 1 ? second - numberLeaves
+                                            : second;
         try {
-            const auto second = sleepFor(std::chrono::seconds(1), stop);
-            co_await second;
+            const auto pause = sleepFor(shown, cancelled);
+            co_await pause;
         } catch (const Cancelled&) {
             isDone = false;
         }
@@ -104,8 +109,7 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
             throw CaptureError::systemError(localised("another capture is under way"));
         }
     }
-    set_isCapturing(true);
-    set_lastError(std::nullopt);
+    const int turn = beginTurn();
     try {
         auto acquiring = acquire(request.kind, either.get_token());
         RegionCaptureOutcome outcome = co_await acquiring;
@@ -113,14 +117,24 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         if (request.action && outcome.action == CaptureAction::edit) {
             outcome.action = *request.action;
         }
-        auto carrying = carryOut(std::move(outcome), request.output);
+        auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
         CaptureReport report = co_await carrying;
-        if (self) set_isCapturing(false);
+        if (self) endTurn(turn);
         co_return report;
     } catch (...) {
-        if (self) set_isCapturing(false);
+        if (self) endTurn(turn);
         throw;
     }
+}
+
+int CaptureCoordinator::beginTurn() {
+    set_isCapturing(true);
+    set_lastError(std::nullopt);
+    return ++turn_;
+}
+
+void CaptureCoordinator::endTurn(int turn) {
+    if (turn == turn_) set_isCapturing(false);
 }
 
 Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {
@@ -137,7 +151,8 @@ Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::st
     co_return outcome;
 }
 
-Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output) {
+Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output,
+                                                 int turn, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
     const Image image = outcome.capturedImage.image;
     CaptureReport report;
@@ -157,9 +172,10 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
             break;
         }
         case CaptureAction::save: {
-            auto saving = quickSave(image);
-            const CaptureReport saved = co_await saving;
-            if (report.savedPath.isEmpty()) report.savedPath = saved.savedPath;
+            auto saving = quickSave(std::move(outcome), turn, std::move(stop));
+            const QString path = co_await saving;
+            if (path.isEmpty()) report.action = CaptureAction::edit;
+            if (report.savedPath.isEmpty()) report.savedPath = path;
             break;
         }
         case CaptureAction::pin:
@@ -173,7 +189,7 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
     co_return report;
 }
 
-Task<CaptureReport> CaptureCoordinator::copy(Image image) {
+Task<> CaptureCoordinator::copy(Image image) {
     const auto toasts = collaborators_.toasts;
     try {
         auto copying = collaborators_.imageRenderer->copyToClipboard(std::move(image));
@@ -183,27 +199,19 @@ Task<CaptureReport> CaptureCoordinator::copy(Image image) {
         logLine("CaptureCoordinator", QStringLiteral("copying: ") + describeFailure(error));
     }
     toasts->show(localised("Copied to clipboard"), toastTime);
-    co_return {CaptureAction::copy, {}};
 }
 
-Task<CaptureReport> CaptureCoordinator::quickSave(Image image) {
-    const auto toasts = collaborators_.toasts;
-    const AppSettings settings = collaborators_.settings->load();
-    const QString path =
-        quickSavePath(settings, QDateTime::currentDateTime(), settings.defaultExportFormat);
-    // On a fresh account it may be missing, and nobody has chosen it.
-    QDir().mkpath(settings.defaultSavePath);
-    try {
-        auto saving = collaborators_.imageRenderer->saveImage(std::move(image), path,
-                                                              settings.defaultExportFormat, {});
-        co_await saving;
-    } catch (const std::exception& error) {
-        logLine("CaptureCoordinator", QStringLiteral("saving: ") + describeFailure(error));
-        toasts->show(localised("Save failed"), toastTime);
-        throw;
-    }
-    toasts->show(localised("Saved to ") + QFileInfo(path).fileName(), toastTime);
-    co_return {CaptureAction::save, path};
+Task<QString> CaptureCoordinator::quickSave(RegionCaptureOutcome outcome, int turn,
+                                            std::stop_token stop) {
+    const QPointer<CaptureCoordinator> self(this);
+    const auto letOthersStart = [self, turn] {
+        if (self) self->endTurn(turn);
+    };
+    auto saving = saver_.save(outcome.capturedImage.image, letOthersStart, std::move(stop));
+    const CaptureSaving saved = co_await saving;
+    if (!self) throw goneError();
+    if (saved.opensEditor) openEditor(outcome);
+    co_return saved.path;
 }
 
 void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const QString& name) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/capture/CaptureCollaborators.h"
 #include "app/capture/CaptureRequest.h"
+#include "app/capture/CaptureSaver.h"
 #include "capture/CaptureError.h"
 #include "core/Published.h"
 
@@ -17,7 +17,8 @@ class CaptureCoordinator : public QObject {
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
     /// The last failure that was told; cancelling is none.
     PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
-    /// Seconds left of a timed capture.
+    /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has
+    /// left the screen.
     PUBLISHED(int, countdownRemaining, 0)
     PUBLISHED(bool, isCountingDown, false)
 
@@ -32,6 +33,8 @@ class CaptureCoordinator : public QObject {
     void startWindowCapture();
     /// Nothing happens while another one counts down. Captures that start meanwhile win.
     void startDelayedCapture(int seconds, CaptureKind kind);
+    /// Calls off a capture that counts down; nothing happens where none does.
+    void cancelCountdown() { countdown_.request_stop(); }
 
     /// Opens a picture that exists already, under its own name where it has one. Captures under way
     /// do not hinder it. Throws Error where the editor cannot be opened.
@@ -54,13 +57,22 @@ class CaptureCoordinator : public QObject {
     /// False where the count was called off.
     Task<bool> countDown(int seconds, std::stop_token stop);
     Task<RegionCaptureOutcome> acquire(CaptureKind kind, std::stop_token stop);
-    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output);
-    Task<CaptureReport> copy(Image image);
-    Task<CaptureReport> quickSave(Image image);
+    /// Makes this capture the one under way, and gives its number.
+    int beginTurn();
+    /// Lets the next capture start, unless one has taken over.
+    void endTurn(int turn);
+    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, int turn,
+                                 std::stop_token stop);
+    Task<> copy(Image image);
+    /// The path; empty where the editor has got the picture.
+    Task<QString> quickSave(RegionCaptureOutcome outcome, int turn, std::stop_token stop);
     void openEditor(const RegionCaptureOutcome& outcome, const QString& name = {});
     Task<> showAlert(QString text);
 
     CaptureCollaborators collaborators_;
+    CaptureSaver saver_;
+    int turn_ = 0;
+    std::stop_source countdown_;
     std::stop_source stop_;
 };
 

@@ -34,12 +34,6 @@ void addCaptureOptions(QCommandLineParser& parser) {
         {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
 }
 
-QByteArray helpText(const QCommandLineParser& parser) {
-    const QString text = parser.helpText();
-    return "usage: kestrio capture [options] region|window|display" +
-           text.mid(text.indexOf(u'\n')).toUtf8();
-}
-
 CaptureKind kindFrom(const QStringList& positional) {
     if (positional.size() == 1) {
         const auto kind = fromRawString<CaptureKind>(positional.front().toStdString());
@@ -90,7 +84,7 @@ std::optional<InstanceRequest> captureRequestFrom(const QStringList& arguments) 
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        printDocument(helpText(parser));
+        printHelp(parser, "capture [options] region|window|display");
         return std::nullopt;
     }
     InstanceRequest request;

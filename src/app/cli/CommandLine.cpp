@@ -8,6 +8,7 @@
 #include "core/Error.h"
 #include "core/Localisation.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <cstdio>
 
@@ -31,7 +32,9 @@ void printVerbs() {
         "       kestrio VERB [ARGUMENTS]\n\n");
     for (const CliVerb& verb : verbs)
         if (verb.summary) std::printf("  %-10s %s\n", verb.name, verb.summary);
-    std::printf("\n\"kestrio VERB --help\" tells the options of a verb.\n");
+    std::printf(
+        "\n  -h, --help     tell this; after a verb, its options\n"
+        "  -v, --version  tell the version\n");
 }
 
 QString verbNames() {
@@ -45,6 +48,12 @@ const CliVerb* verbOf(const QStringList& arguments) {
     for (const CliVerb& verb : verbs)
         if (arguments.value(0) == QLatin1String(verb.name)) return &verb;
     return nullptr;
+}
+
+// What stands behind "--" are names of files.
+bool asksForHelp(const QStringList& arguments) {
+    const QStringList options = arguments.mid(0, arguments.indexOf(QStringLiteral("--")));
+    return options.contains(QStringLiteral("--help")) || options.contains(QStringLiteral("-h"));
 }
 
 // The status that a failure of `work` comes to, which it tells.
@@ -65,6 +74,7 @@ auto guarded(Work work) -> decltype(work()) {
 
 DisplayNeed displayNeed(const QStringList& arguments) {
     const CliVerb* verb = verbOf(arguments);
+    if (asksForHelp(arguments)) return DisplayNeed::none;
     return verb ? verb->display : DisplayNeed::none;
 }
 
@@ -72,6 +82,12 @@ std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments) {
     const CliVerb* verb = verbOf(arguments);
     if (!verb || !verb->handOver) return std::nullopt;
     return guarded([&] { return verb->handOver(arguments.mid(1)); });
+}
+
+bool printHelp(const QCommandLineParser& parser, const char* usage) {
+    const QString text = parser.helpText();
+    return printDocument("usage: kestrio " + QByteArray(usage) +
+                         text.mid(text.indexOf(u'\n')).toUtf8());
 }
 
 bool printDocument(const QByteArray& text) {
@@ -91,7 +107,7 @@ ExitStatus runCommandLine(const QStringList& arguments) {
         printVerbs();
         return ExitStatus::done;
     }
-    if (first == u"--version") {
+    if (first == u"--version" || first == u"-v") {
         std::printf("kestrio %s\n", qUtf8Printable(QCoreApplication::applicationVersion()));
         return ExitStatus::done;
     }

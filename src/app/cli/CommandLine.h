@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <optional>
 
+class QCommandLineParser;
+
 namespace kestrio {
 
 /// What the process tells its caller when it ends.
@@ -48,8 +50,13 @@ DisplayNeed displayNeed(const QStringList& arguments);
 std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments);
 
 /// Runs the verb that the first argument names, without arguments the resident program. "--help"
-/// tells the verbs, "--version" the version.
+/// tells the verbs, "--version" the version; both have a short form.
 ExitStatus runCommandLine(const QStringList& arguments);
+
+/// Tells the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its
+/// own help with the path of the program, which knows nothing of verbs. False where standard output
+/// cannot be written to.
+bool printHelp(const QCommandLineParser& parser, const char* usage);
 
 /// Writes to standard output; false where that cannot be written to.
 bool printDocument(const QByteArray& text);

@@ -41,7 +41,7 @@ std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        printDocument(parser.helpText().toUtf8());
+        printHelp(parser, "edit [options] [FILE]");
         return std::nullopt;
     }
     const QStringList inputs = parser.positionalArguments();

@@ -4,29 +4,53 @@
 #include "app/cli/StopSignals.h"
 #include "app/clipboard/ClipboardKeeper.h"
 #include "app/instance/InstanceCommands.h"
+#include "app/shell/AppShortcuts.h"
 #include "app/shell/ProgramParts.h"
+#include "app/shell/Quitting.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QGuiApplication>
+#include <QTimer>
+#include <QWindow>
 
 namespace kestrio {
 
 namespace {
 
-bool hasWindows(const ProgramParts& parts) {
+constexpr std::chrono::milliseconds windowPoll(50);
+// For an alert that nobody answers.
+constexpr std::chrono::seconds longestMessage(60);
+
+bool hasDocuments(const ProgramParts& parts) {
     return parts.editors->isEditorOpen() || !parts.pins->windowModels().empty();
+}
+
+/// Anything, also alerts and toasts, which tell how the command went.
+bool showsWindows() {
+    const auto windows = QGuiApplication::topLevelWindows();
+    return std::any_of(windows.begin(), windows.end(),
+                       [](const QWindow* window) { return window->isVisible(); });
 }
 
 void waitForWindows(const ProgramParts& parts, std::stop_token stop) {
     QEventLoop loop;
-    const auto quitWithLast = [&] {
-        if (!hasWindows(parts)) loop.quit();
-    };
-    QObject::connect(parts.editors.get(), &EditorWindowCoordinator::isEditorOpenChanged, &loop,
-                     quitWithLast);
-    QObject::connect(parts.pins.get(), &PinnedScreenshotCoordinator::pinnedWindowsChanged, &loop,
-                     quitWithLast);
+    Quitting quitting({parts.editors, parts.settings, parts.platform.alerts, parts.toasts},
+                      [&loop] { loop.quit(); });
+    AppShortcuts shortcuts;
+    shortcuts.add(AppShortcuts::quit, [&quitting] { quitting.request(); });
+    QDeadlineTimer patience(longestMessage);
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
+        if (hasDocuments(parts)) {
+            patience.setRemainingTime(longestMessage);
+        } else if (!showsWindows() || patience.hasExpired()) {
+            loop.quit();
+        }
+    });
+    poll.start(windowPoll);
     const std::stop_callback end(stop, [&loop] { loop.quit(); });
-    if (hasWindows(parts) && !stop.stop_requested()) loop.exec();
+    if (showsWindows() && !stop.stop_requested()) loop.exec();
 }
 
 }  // namespace

@@ -68,12 +68,6 @@ void addRenderOptions(QCommandLineParser& parser) {
         {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
 }
 
-// Qt heads its help with the path of the program, which knows nothing of verbs.
-QByteArray helpText(const QCommandLineParser& parser) {
-    const QString text = parser.helpText();
-    return "usage: kestrio render [options] INPUT..." + text.mid(text.indexOf(u'\n')).toUtf8();
-}
-
 std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("format"))) return std::nullopt;
     const QString name = parser.value(QStringLiteral("format"));
@@ -87,11 +81,18 @@ AppSettings userSettings() {
         .load();
 }
 
+// A missing picture is told before anything that is wrong with the output.
+void requireExisting(const QStringList& inputs) {
+    if (inputs.size() == 1 && !QFileInfo::exists(inputs.front())) loadImageFile(inputs.front());
+}
+
 RenderOptions parsedOptions(const QCommandLineParser& parser) {
     RenderOptions options;
     options.isJson = parser.isSet(QStringLiteral("json"));
     options.isQuickSave = parser.isSet(QStringLiteral("quick-save"));
     const QString output = parser.value(QStringLiteral("output"));
+    requireInputs(parser.positionalArguments());
+    requireExisting(parser.positionalArguments());
     if (!output.isEmpty() && options.isQuickSave) {
         throw UsageError(localised("give only one of -o and --quick-save"));
     }
@@ -230,7 +231,8 @@ ExitStatus runRender(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return printDocument(helpText(parser)) ? ExitStatus::done : ExitStatus::failed;
+        return printHelp(parser, "render [options] INPUT...") ? ExitStatus::done
+                                                              : ExitStatus::failed;
     }
     // A backdrop picture is decoded once for all inputs.
     const auto pictures = DecodedPictures::shared();

@@ -63,11 +63,15 @@ std::vector<RenderJob> planIntoFolder(const QStringList& inputs, const OutputCho
 
 }  // namespace
 
-std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
-                                  const AppSettings& settings) {
+void requireInputs(const QStringList& inputs) {
     if (inputs.isEmpty() || inputs.contains(QString())) {
         throw UsageError(localised("name a picture to render"));
     }
+}
+
+std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
+                                  const AppSettings& settings) {
+    requireInputs(inputs);
     const bool isQuickSave = choice.output.isEmpty();
     if (!isQuickSave && isFolder(choice.output)) return planIntoFolder(inputs, choice, settings);
     if (inputs.size() > 1 && isQuickSave) {

@@ -22,6 +22,9 @@ struct RenderJob {
     ExportFormat format;
 };
 
+/// Throws UsageError where no picture is named.
+void requireInputs(const QStringList& inputs);
+
 /// What is written for each input, without touching any file. A folder takes any number of inputs
 /// and gives each output the name of its input, with a number where that file exists or is planned
 /// already; a file takes one input. Throws UsageError, also for an output that is its own input.

@@ -23,7 +23,7 @@ SettingsServices settingsServices(const ProgramParts& parts,
                                   const std::shared_ptr<HotkeyManager>& hotkeys) {
     return {parts.settings,
             parts.userDefaults,
-            std::make_shared<ThemeStorageService>(parts.userDefaults),
+            parts.themes,
             hotkeys,
             parts.platform.loginItem,
             parts.platform.fileDialogs};
@@ -48,7 +48,8 @@ ExitStatus runResident(const QStringList&) {
     AppDelegate delegate(parts, hotkeys,
                          std::make_shared<SettingsWindowCoordinator>(
                              settingsServices(parts, hotkeys), parts));
-    const std::stop_callback end(signals.token(), [] { QCoreApplication::quit(); });
+    // Not quit(), which asks each window whether it may close.
+    const std::stop_callback end(signals.token(), [] { QCoreApplication::exit(); });
     delegate.applicationDidFinishLaunching(InstanceAddress::standard().socket);
     const int code = QGuiApplication::exec();
     handOverClipboard(*parts.platform.pasteboard);

@@ -21,12 +21,15 @@ constexpr std::chrono::milliseconds idlePause(500);
 // The first byte of the file tells what follows.
 constexpr char pictureMark = 'P';
 constexpr char textMark = 'T';
+constexpr char filesMark = 'F';  // their paths, each on a line
 
 QByteArray contentsOf(const Pasteboard& pasteboard) {
     const QImage picture = pasteboard.readImage();
     if (!picture.isNull()) {
         return pictureMark + encodeImage(inCanonicalFormat(picture), ExportFormat::png);
     }
+    const QStringList files = pasteboard.readFiles();
+    if (!files.isEmpty()) return filesMark + files.join(u'\n').toUtf8();
     const QString text = pasteboard.readText();
     return text.isEmpty() ? QByteArray() : textMark + text.toUtf8();
 }
@@ -48,6 +51,8 @@ void put(Pasteboard& pasteboard, const QByteArray& contents) {
     const QByteArray payload = contents.mid(1);
     if (contents.startsWith(pictureMark)) {
         pasteboard.writeImage(decodeImage(payload), payload);
+    } else if (contents.startsWith(filesMark)) {
+        pasteboard.writeFiles(QString::fromUtf8(payload).split(u'\n'));
     } else {
         pasteboard.writeText(QString::fromUtf8(payload));
     }

@@ -1,6 +1,7 @@
 #include "app/hotkeys/HotkeyAction.h"
 
 #include "core/Localisation.h"
+#include "platform/KeySymbols.h"
 
 namespace kestrio {
 
@@ -9,12 +10,19 @@ const HotkeyRow& hotkeyRow(HotkeyAction action) {
 }
 
 QString hotkeyConflict(const AppSettings& settings, HotkeyAction target,
-                       const HotkeyConfig& candidate) {
+                       const HotkeyConfig& candidate,
+                       const std::function<bool(HotkeyAction)>& isOffered) {
     for (const HotkeyRow& row : hotkeyRows) {
         if (row.action == target || settings.*row.config != candidate) continue;
+        if (!isOffered(row.action)) continue;
         return localised("Conflicts with ") + u'"' + localised(row.label) + u'"';
     }
     return {};
+}
+
+QString hotkeyText(const HotkeyConfig& hotkey) {
+    if (!isKeySymbol(hotkey.keyCode)) return hotkey.displayString();
+    return hotkey.displayString(keySymbolName(symbolOfKeyCode(hotkey.keyCode)));
 }
 
 }  // namespace kestrio

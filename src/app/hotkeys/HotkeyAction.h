@@ -3,6 +3,7 @@
 #include "settings/AppSettings.h"
 
 #include <array>
+#include <functional>
 
 namespace kestrio {
 
@@ -27,8 +28,13 @@ inline constexpr std::array<HotkeyRow, 5> hotkeyRows = {{
 const HotkeyRow& hotkeyRow(HotkeyAction action);
 
 /// What stands against giving a hotkey this combination, for users; empty where nothing does. Only
-/// the program's own hotkeys are looked at.
+/// the program's own hotkeys are looked at, and of these what `isOffered` says of, which users can
+/// see and change.
 QString hotkeyConflict(const AppSettings& settings, HotkeyAction target,
-                       const HotkeyConfig& candidate);
+                       const HotkeyConfig& candidate,
+                       const std::function<bool(HotkeyAction)>& isOffered);
+
+/// The combination as the preferences show it ("⌃⌥A", "⇧Print").
+QString hotkeyText(const HotkeyConfig& hotkey);
 
 }  // namespace kestrio

@@ -18,6 +18,8 @@ SettingsViewModel::SettingsViewModel(SettingsServices services, QObject* parent)
     writing_.setSingleShot(true);
     writing_.setInterval(writingDelay);
     connect(&writing_, &QTimer::timeout, this, &SettingsViewModel::write);
+    connect(services_.themeStorage.get(), &ThemeStorageServiceProtocol::themesChanged, this,
+            &SettingsViewModel::reloadThemes);
     reloadThemes();
 }
 
@@ -110,7 +112,9 @@ void SettingsViewModel::restoreDefaultHotkeys() {
 }
 
 QString SettingsViewModel::conflict(HotkeyAction target, const HotkeyConfig& candidate) const {
-    return hotkeyConflict(settings(), target, candidate);
+    return hotkeyConflict(settings(), target, candidate, [this](HotkeyAction action) {
+        return services_.hotkeys->hasHandler(action);
+    });
 }
 
 }  // namespace kestrio

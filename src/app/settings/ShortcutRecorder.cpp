@@ -1,7 +1,10 @@
 #include "app/settings/ShortcutRecorder.h"
 
-#include <QCoreApplication>
+#include "platform/KeySymbols.h"
+
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QWindow>
 
 namespace kestrio {
 
@@ -31,12 +34,16 @@ void ShortcutRecorder::start() {
     set_conflictMessage({});
     hotkeys_->suspend();
     QCoreApplication::instance()->installEventFilter(this);
+    // So that keys of other programs, such as the desktop's own for screenshots, come here too.
+    window_ = QGuiApplication::focusWindow();
+    if (window_) window_->setKeyboardGrabEnabled(true);
     set_isRecording(true);
 }
 
 void ShortcutRecorder::stop() {
     if (!isRecording()) return;
     QCoreApplication::instance()->removeEventFilter(this);
+    if (window_) window_->setKeyboardGrabEnabled(false);
     set_isRecording(false);
     hotkeys_->registerHotkeys();
 }
@@ -63,7 +70,9 @@ void ShortcutRecorder::take(const QKeyEvent& event) {
         return;
     }
     const auto combination = combinationOf(event);
-    if (!combination || (combination->modifiers & deciding) == 0) return;
+    if (!combination) return;
+    const bool hasModifier = (combination->modifiers & deciding) != 0;
+    if (!hasModifier && !standsAlone(combination->keyCode)) return;
     const HotkeyConfig candidate{combination->keyCode, combination->modifiers};
     const QString conflict = validate_(candidate);
     set_conflictMessage(conflict);

@@ -2,10 +2,12 @@
 
 #include "app/hotkeys/HotkeyManager.h"
 
+#include <QPointer>
 #include <functional>
 #include <memory>
 
 class QKeyEvent;
+class QWindow;
 
 namespace kestrio {
 
@@ -41,6 +43,7 @@ class ShortcutRecorder : public QObject {
 
     std::shared_ptr<HotkeyManager> hotkeys_;
     Validate validate_;
+    QPointer<QWindow> window_;  // it has the keyboard while this records
 };
 
 }  // namespace kestrio

@@ -1,5 +1,6 @@
 #include "app/shell/AppDelegate.h"
 
+#include "app/shell/CountdownIcon.h"
 #include "core/Localisation.h"
 #include "core/Log.h"
 
@@ -35,6 +36,9 @@ AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotk
       hotkeys_(std::move(hotkeys)),
       intake_(*parts_.captures, parts_.platform.pasteboard, parts_.platform.fileDialogs,
               parts_.platform.alerts),
+      // Not quit(), which asks each window whether it may close.
+      quitting_({parts_.editors, parts_.settings, parts_.platform.alerts, parts_.toasts},
+                [] { QCoreApplication::exit(); }),
       settingsWindow_(std::move(settingsWindow)),
       commands_(*parts_.captures, parts_.platform.pasteboard, [this] { activate(); }),
       server_([this](InstanceRequest request, std::stop_token stop) {
@@ -78,7 +82,7 @@ void AppDelegate::giveBackMemoryWhenIdle() {
     });
     connect(parts_.captures.get(), &CaptureCoordinator::isCapturingChanged, &idle_,
             qOverload<>(&QTimer::start));
-    connect(parts_.editors.get(), &EditorWindowCoordinator::isEditorOpenChanged, this, [this] {
+    connect(parts_.editors.get(), &EditorWindowCoordinator::documentClosed, this, [this] {
         if (!parts_.editors->isEditorOpen()) parts_.captures->forgetLastCapture();
         idle_.start();
     });
@@ -87,9 +91,21 @@ void AppDelegate::giveBackMemoryWhenIdle() {
 void AppDelegate::showStatusItem() {
     parts_.platform.statusItem->show(
         idleStatusBarIcon(), QStringLiteral("Kestrio"),
-        [settings = parts_.settings, actions = menuActions()] {
-            return captureMenu(settings->load(), actions);
+        [settings = parts_.settings, actions = menuActions(), captures = parts_.captures] {
+            return captureMenu(settings->load(), actions, captures->countdownRemaining());
         });
+    connect(parts_.captures.get(), &CaptureCoordinator::countdownRemainingChanged, this,
+            &AppDelegate::showCountdown);
+}
+
+void AppDelegate::showCountdown() {
+    const int seconds = parts_.captures->countdownRemaining();
+    if (seconds > 0) {
+        parts_.platform.statusItem->setIcon(countdownIcon(seconds),
+                                            localised("Kestrio captures in %1s").arg(seconds));
+    } else {
+        parts_.platform.statusItem->setIcon(idleStatusBarIcon(), QStringLiteral("Kestrio"));
+    }
 }
 
 StatusMenuActions AppDelegate::menuActions() {
@@ -100,10 +116,11 @@ StatusMenuActions AppDelegate::menuActions() {
     actions.captureLater = [captures](int seconds, CaptureKind kind) {
         captures->startDelayedCapture(seconds, kind);
     };
+    actions.cancelCountdown = [captures] { captures->cancelCountdown(); };
     actions.pasteFromClipboard = [this] { intake_.pasteFromClipboard(); };
     actions.importImage = [this] { intake_.importImage(); };
     actions.openSettings = [this] { settingsWindow_->open(SettingsTab::general); };
-    actions.quit = [] { QCoreApplication::quit(); };
+    actions.quit = [this] { quitting_.request(); };
     return actions;
 }
 
@@ -115,11 +132,12 @@ void AppDelegate::bindHotkeys() {
 
 void AppDelegate::bindShortcuts() {
     const StatusMenuActions actions = menuActions();
-    shortcuts_.add(Qt::CTRL | Qt::Key_4, actions.captureRegion);
-    shortcuts_.add(Qt::CTRL | Qt::Key_5, actions.captureWindow);
-    shortcuts_.add(Qt::CTRL | Qt::SHIFT | Qt::Key_V, actions.pasteFromClipboard);
-    shortcuts_.add(Qt::CTRL | Qt::Key_O, actions.importImage);
-    shortcuts_.add(Qt::CTRL | Qt::Key_Comma, actions.openSettings);
+    shortcuts_.add(AppShortcuts::captureRegion, actions.captureRegion);
+    shortcuts_.add(AppShortcuts::captureWindow, actions.captureWindow);
+    shortcuts_.add(AppShortcuts::paste, actions.pasteFromClipboard);
+    shortcuts_.add(AppShortcuts::importImage, actions.importImage);
+    shortcuts_.add(AppShortcuts::preferences, actions.openSettings);
+    shortcuts_.add(AppShortcuts::quit, actions.quit);
 }
 
 void AppDelegate::watchForTray() {

@@ -6,6 +6,7 @@
 #include "app/shell/AppShortcuts.h"
 #include "app/shell/ImageIntake.h"
 #include "app/shell/ProgramParts.h"
+#include "app/shell/Quitting.h"
 #include "app/shell/SettingsOpener.h"
 #include "app/shell/StatusMenus.h"
 
@@ -27,6 +28,7 @@ class AppDelegate : public QObject {
     void bindHotkeys();
     void bindShortcuts();
     void showStatusItem();
+    void showCountdown();
     void watchForTray();
     Task<> tellHowToReach();
     void giveBackMemoryWhenIdle();
@@ -38,6 +40,7 @@ class AppDelegate : public QObject {
     std::shared_ptr<HotkeyManager> hotkeys_;
     ImageIntake intake_;
     AppShortcuts shortcuts_;
+    Quitting quitting_;
     std::shared_ptr<SettingsOpener> settingsWindow_;
     InstanceCommands commands_;
     InstanceServer server_;

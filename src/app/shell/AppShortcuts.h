@@ -7,12 +7,19 @@
 
 namespace kestrio {
 
-/// Keys of the whole program while one of its windows has the focus; the menu of the tray, which has
-/// no keys of its own, offers the same. Text fields and windows never see them. Main thread.
+/// Keys of the whole program while one of its windows has the focus; the menu of the tray
+/// offers the same and shows most of the keys. Text fields and windows never see them. Main thread.
 class AppShortcuts : public QObject {
     Q_OBJECT
 
   public:
+    static constexpr QKeyCombination captureRegion = Qt::CTRL | Qt::Key_4;
+    static constexpr QKeyCombination captureWindow = Qt::CTRL | Qt::Key_5;
+    static constexpr QKeyCombination paste = Qt::CTRL | Qt::SHIFT | Qt::Key_V;
+    static constexpr QKeyCombination importImage = Qt::CTRL | Qt::Key_O;
+    static constexpr QKeyCombination preferences = Qt::CTRL | Qt::Key_Comma;
+    static constexpr QKeyCombination quit = Qt::CTRL | Qt::Key_Q;
+
     explicit AppShortcuts(QObject* parent = nullptr);
 
     void add(QKeyCombination keys, std::function<void()> action);

@@ -10,10 +10,10 @@ class EditorOpener {
   public:
     virtual ~EditorOpener() = default;
 
-    /// Closes an editor that is open and opens one on this picture, under the time of the capture
-    /// where `name` is empty. Throws Error where its window cannot be made.
+    /// Opens an editor of its own on this picture, under the time of the capture where `name` is
+    /// empty. Throws Error where its window cannot be made.
     virtual void open(const CapturedImage& image, const QString& name) = 0;
-    /// The document of the open editor; null where none is open.
+    /// The document that was opened last; null where none is open.
     virtual EditorViewModel* currentEditorViewModel() = 0;
 };
 

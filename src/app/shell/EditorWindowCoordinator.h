@@ -4,17 +4,22 @@
 #include "app/shell/EditorOpener.h"
 #include "editor/document/EditorServices.h"
 
+#include <QPointer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace kestrio {
 
 class EditorWindow;
 
-/// Whether the program becomes a mere icon again when a window is closed.
-enum class AfterClosing { restoreAccessory, keepPolicy };
+/// An open document and the name that heads its window.
+struct OpenDocument {
+    QPointer<EditorViewModel> editor;
+    QString name;
+};
 
-/// The program's one editor window. Main thread.
+/// The program's editor windows, one for each open document. Main thread.
 class EditorWindowCoordinator : public QObject, public EditorOpener {
     Q_OBJECT
     PUBLISHED(bool, isEditorOpen, false)
@@ -27,20 +32,27 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
 
     void open(const CapturedImage& image, const QString& name) override;
     EditorViewModel* currentEditorViewModel() override;
-    void close(AfterClosing after);
-    /// Gives the editor's window the focus; false where none is open.
+    Q_SIGNAL void documentClosed();
+
+    /// Those with changes that were never exported, in the order in which they were opened.
+    std::vector<OpenDocument> unexportedDocuments() const;
+    bool isExporting() const;
+
+    /// Gives the window of the current document the focus; false where none is open.
     bool bringToFront();
-    /// Writes where the window is, as the program ends. Nothing without a window.
+    /// The same of this document.
+    bool bringToFront(const EditorViewModel* document);
+    /// Writes where the current window is, as the program ends. Nothing without a window.
     void saveFrame(UserDefaults& defaults) const;
 
   private:
-    void showCentred();
-    void windowWasClosed();
+    void show(EditorWindow& editor);
+    void removeClosed();
 
     std::function<EditorServices()> makeServices_;
     std::optional<EditorServices> services_;
     std::shared_ptr<ActivationState> activation_;
-    std::unique_ptr<EditorWindow> editor_;
+    std::vector<std::unique_ptr<EditorWindow>> editors_;  // the current one last
 };
 
 }  // namespace kestrio

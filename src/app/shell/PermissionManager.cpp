@@ -43,6 +43,14 @@ void PermissionManager::checkAtLaunch() {
 Task<> PermissionManager::showPermissionAlert() {
     const auto permission = permission_;
     AlertRequest request;
+    if (const QString obstacle = permission->obstacle(); !obstacle.isEmpty()) {
+        request.style = AlertStyle::informational;
+        request.title = localised("The Screen Cannot Be Captured Here");
+        request.text = obstacle;
+        auto told = alerts_->show(std::move(request));
+        co_await told;
+        co_return;
+    }
     request.style = AlertStyle::informational;
     request.title = localised("Screen Recording Permission Required");
     request.text = permissionText();

@@ -23,7 +23,9 @@ class PermissionManager : public QObject {
     void checkAtLaunch();
     void refresh();
     void openSettings() { permission_->openSettings(); }
-    /// Tells how to grant it and offers the place to do so.
+    /// What no permission would change, for users; empty where it can be granted.
+    QString obstacle() const { return permission_->obstacle(); }
+    /// Tells how to grant it and offers the place to do so, or what stands against it.
     Task<> showPermissionAlert();
 
   private:

@@ -28,7 +28,8 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     const auto& platform = parts.platform;
     const auto snapshots =
         std::make_shared<ScreenSnapshotProvider>(platform.screenGrabber, platform.displays);
-    const OverlayServices overlay{platform.displays, snapshots, platform.windowList};
+    const OverlayServices overlay{platform.displays, snapshots, platform.windowList,
+                                  platform.floatingWindows};
     made.screenCapture = std::make_shared<ScreenCaptureService>(ScreenCaptureDependencies{
         platform.screenPermission, platform.displays, snapshots, parts.settings,
         std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),
@@ -41,6 +42,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     made.permissions = parts.permissions;
     made.alerts = parts.platform.alerts;
     made.toasts = parts.toasts;
+    made.fileDialogs = parts.platform.fileDialogs;
     return made;
 }
 
@@ -61,16 +63,22 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
         platform.displays, platform.floatingWindows, platform.pasteboard);
     parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
+    parts.themes = std::make_shared<ThemeStorageService>(parts.userDefaults);
+    const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);
     const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
-                               pins = parts.pins] {
+                               pins = parts.pins, themes = parts.themes, styles] {
         EditorServices services = makeEditorServices(platform, defaults);
-        // The one that caches, so that a change in the settings window reaches the editor.
+        // One for all windows, so that a change in one reaches the others.
         services.settings = settings;
+        services.themes = themes;
+        services.stylePersistence = styles;
         services.pins = pins;
         return services;
     };
     parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);
     parts.captures = std::make_shared<CaptureCoordinator>(collaboratorsOf(parts));
+    parts.countdown = std::make_shared<CountdownPresenter>(
+        parts.captures, platform.displays, platform.floatingWindows, platform.globalHotkeys);
     return parts;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/capture/CaptureCoordinator.h"
+#include "app/shell/CountdownPresenter.h"
 #include "app/shell/EditorWindowCoordinator.h"
 #include "platform/PlatformServices.h"
 
@@ -12,12 +13,14 @@ struct ProgramParts {
     PlatformServices platform;
     std::shared_ptr<UserDefaults> userDefaults;
     std::shared_ptr<AppSettingsServiceProtocol> settings;
+    std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<ActivationState> activation;
     std::shared_ptr<PermissionManager> permissions;
     std::shared_ptr<PinnedScreenshotCoordinator> pins;
     std::shared_ptr<Toasts> toasts;
     std::shared_ptr<EditorWindowCoordinator> editors;
     std::shared_ptr<CaptureCoordinator> captures;
+    std::shared_ptr<CountdownPresenter> countdown;
 
     static ProgramParts make(const PlatformServices& platform);
 };

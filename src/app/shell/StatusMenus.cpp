@@ -1,5 +1,6 @@
 #include "app/shell/StatusMenus.h"
 
+#include "app/shell/AppShortcuts.h"
 #include "core/Localisation.h"
 
 namespace kestrio {
@@ -10,6 +11,13 @@ StatusMenuEntry entry(const char* title, std::function<void()> action) {
     StatusMenuEntry made;
     made.title = localised(title);
     made.action = std::move(action);
+    return made;
+}
+
+// As AppShortcuts has it while a window of the program has the focus.
+StatusMenuEntry keyEntry(const char* title, QKeyCombination keys, std::function<void()> action) {
+    StatusMenuEntry made = entry(title, std::move(action));
+    made.shortcut = combinationOf(keys);
     return made;
 }
 
@@ -38,19 +46,27 @@ StatusMenuEntry delayedCaptures(const StatusMenuActions& actions) {
 
 }  // namespace
 
-StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& actions) {
-    return {
+StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& actions,
+                       int countdown) {
+    StatusMenu menu = {
         hotkeyEntry("Region Capture", settings.regionCaptureHotkey, actions.captureRegion),
         hotkeyEntry("Window Capture", settings.windowCaptureHotkey, actions.captureWindow),
         delayedCaptures(actions),
         StatusMenuEntry(),
-        entry("Paste from Clipboard", actions.pasteFromClipboard),
-        entry("Import Image...", actions.importImage),
+        keyEntry("Paste from Clipboard", AppShortcuts::paste, actions.pasteFromClipboard),
+        keyEntry("Import Image...", AppShortcuts::importImage, actions.importImage),
         StatusMenuEntry(),
-        entry("Preferences...", actions.openSettings),
+        keyEntry("Preferences...", AppShortcuts::preferences, actions.openSettings),
         StatusMenuEntry(),
-        entry("Quit Kestrio", actions.quit),
+        keyEntry("Quit Kestrio", AppShortcuts::quit, actions.quit),
     };
+    if (countdown > 0) {
+        StatusMenuEntry cancel =
+            keyEntry("Cancel Capture", QKeyCombination(Qt::Key_Escape), actions.cancelCountdown);
+        cancel.title = localised("Cancel Capture in %1s").arg(countdown);
+        menu.insert(menu.begin(), {cancel, StatusMenuEntry()});
+    }
+    return menu;
 }
 
 }  // namespace kestrio

@@ -105,7 +105,7 @@ QVariantMap SettingsController::hotkeyValues(const HotkeyRow& row) const {
     const bool isRecording = recorder_.isRecording() && recorded_ == row.action;
     return {{QStringLiteral("id"), static_cast<int>(row.action)},
             {QStringLiteral("label"), localised(row.label)},
-            {QStringLiteral("keys"), (model_.settings().*row.config).displayString()},
+            {QStringLiteral("keys"), hotkeyText(model_.settings().*row.config)},
             {QStringLiteral("isRecording"), isRecording},
             {QStringLiteral("note"), isRecording ? recorder_.conflictMessage() : hotkeyNote(row)}};
 }

@@ -31,6 +31,8 @@ class SettingsController : public QObject {
     Q_PROPERTY(bool needsRestart READ needsRestart NOTIFY needsRestartChanged)
     Q_PROPERTY(QString message READ message NOTIFY messageChanged)
     Q_PROPERTY(bool isScreenReadable READ isScreenReadable NOTIFY permissionChanged)
+    /// Why the screen cannot be read whatever the user grants; empty where that would help.
+    Q_PROPERTY(QString screenObstacle READ screenObstacle NOTIFY permissionChanged)
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY appearanceChanged)
@@ -54,6 +56,9 @@ class SettingsController : public QObject {
     bool needsRestart() const { return model_.needsRestart(); }
     QString message() const { return model_.message(); }
     bool isScreenReadable() const { return permissions_->screenRecordingGranted(); }
+    QString screenObstacle() const {
+        return isScreenReadable() ? QString() : permissions_->obstacle();
+    }
     QString version() const;
     bool isDark() const;
     bool isMotionReduced() const;

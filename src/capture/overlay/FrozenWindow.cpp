@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QSurfaceFormat>
 
 namespace kestrio {
 
@@ -14,7 +15,6 @@ namespace {
 // Another program may hold the keyboard for a moment, as menus do.
 constexpr std::chrono::milliseconds grabPause(25);
 constexpr int mostGrabTries = 40;
-constexpr QColor plainGround(58, 58, 63);
 constexpr QColor dimming(0, 0, 0, 77);  // as copyDimmed()
 
 QScreen* screenOf(const Display& display) {
@@ -37,6 +37,13 @@ FrozenWindow::FrozenWindow(const Display& display, DisplaySnapshot snapshot)
 }
 
 void FrozenWindow::open() {
+    if (snapshot_.image.isNull() && dimming_ == LiveDimming::translucent) {
+        QSurfaceFormat withAlpha = format();
+        withAlpha.setAlphaBufferSize(8);
+        setFormat(withAlpha);
+    } else if (snapshot_.image.isNull()) {
+        stripes_.emplace(size(), devicePixelRatio());
+    }
     create();
     store_.resize(size());
     show();
@@ -46,7 +53,8 @@ void FrozenWindow::open() {
 
 void FrozenWindow::grabKeys() {
     ++grabTries_;
-    const bool isGrabbed = setKeyboardGrabEnabled(true);
+    // The gaps between stripes would let the pointer through to what lies below.
+    const bool isGrabbed = setKeyboardGrabEnabled(true) && (!stripes_ || setMouseGrabEnabled(true));
     if (!isGrabbed && grabTries_ < mostGrabTries) {
         grabbing_.start();
         return;
@@ -60,6 +68,7 @@ bool FrozenWindow::eventFilter(QObject* watched, QEvent* event) {
                        event->type() == QEvent::ShortcutOverride;
     if (!isKey || !isVisible()) return QWindow::eventFilter(watched, event);
     event->accept();
+    noteInput();
     if (event->type() == QEvent::KeyPress) takeKey(static_cast<const QKeyEvent&>(*event));
     return true;
 }
@@ -69,7 +78,13 @@ bool FrozenWindow::event(QEvent* event) {
         repaintAll();
         return true;
     }
+    // Before it is handled, which may be the end of this window.
+    if (event->isPointerEvent()) noteInput();
     return QWindow::event(event);
+}
+
+void FrozenWindow::noteInput() const {
+    if (inputListener_) inputListener_();
 }
 
 void FrozenWindow::resizeEvent(QResizeEvent* event) {
@@ -78,7 +93,12 @@ void FrozenWindow::resizeEvent(QResizeEvent* event) {
 
 void FrozenWindow::exposeEvent(QExposeEvent*) {
     if (!isExposed()) return;
-    repaintAll();
+    const bool hasNewShape = stripes_ && grabTries_ > 0;
+    if (hasNewShape) {
+        store_.flush(QRect(QPoint(), size()));
+    } else {
+        repaintAll();
+    }
     if (grabTries_ == 0) grabKeys();
 }
 
@@ -99,8 +119,13 @@ void FrozenWindow::paintGround(QImage& target, const QRegion& points) const {
 
 void FrozenWindow::paintGround(QPainter& painter, const QRegion& points) const {
     const QRect all(QPoint(), size());
-    painter.fillRect(all, plainGround);
-    if (!snapshot_.image.isNull()) painter.drawImage(all, snapshot_.image);
+    if (snapshot_.image.isNull()) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(all, Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    } else {
+        painter.drawImage(all, snapshot_.image);
+    }
     for (const QRect& rect : points - undimmed())
         painter.fillRect(rect, dimming);
 }
@@ -108,6 +133,10 @@ void FrozenWindow::paintGround(QPainter& painter, const QRegion& points) const {
 void FrozenWindow::repaint(const QRegion& points) {
     const QRegion region = points & QRect(QPoint(), size());
     if (!isExposed() || region.isEmpty()) return;
+    if (stripes_) {
+        repaintStriped(region);
+        return;
+    }
     store_.beginPaint(region);
     auto* target = dynamic_cast<QImage*>(store_.paintDevice());
     const bool isDirect = target && target->depth() == 32 && !snapshot_.image.isNull();
@@ -121,6 +150,20 @@ void FrozenWindow::repaint(const QRegion& points) {
     }
     store_.endPaint();
     store_.flush(region);
+}
+
+void FrozenWindow::repaintStriped(const QRegion& points) {
+    stripes_->repaint(points, [this](QPainter& painter) { paintOver(painter); });
+    store_.beginPaint(points);
+    {
+        QPainter painter(store_.paintDevice());
+        painter.setClipRegion(points);
+        painter.fillRect(QRect(QPoint(), size()), Qt::black);
+        painter.drawImage(QPoint(), stripes_->picture());
+    }
+    store_.endPaint();
+    setMask(stripes_->shape(undimmed()));
+    store_.flush(points);
 }
 
 }  // namespace kestrio

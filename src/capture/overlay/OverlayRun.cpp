@@ -2,7 +2,6 @@
 
 #include "capture/CaptureError.h"
 #include "capture/WindowPicker.h"
-#include "capture/overlay/FrozenWindow.h"
 #include "core/Localisation.h"
 
 namespace kestrio {
@@ -22,6 +21,11 @@ Task<OverlayGround> overlayGround(OverlayServices services, std::stop_token stop
         // The screen is captured after the choice instead.
     }
     co_return ground;
+}
+
+LiveDimming liveDimming(const OverlayServices& services) {
+    const bool isBlended = services.floating && services.floating->supportsTranslucency();
+    return isBlended ? LiveDimming::translucent : LiveDimming::striped;
 }
 
 void dismiss(FrozenWindow* window) {

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "capture/ScreenSnapshotProvider.h"
+#include "capture/overlay/FrozenWindow.h"
 #include "core/Completion.h"
+#include "platform/FloatingWindows.h"
 
 #include <QObject>
 #include <memory>
 
 namespace kestrio {
 
-class FrozenWindow;
-
 /// What overlays are made of.
 struct OverlayServices {
     std::shared_ptr<Displays> displays;
     std::shared_ptr<ScreenSnapshotProviderProtocol> snapshots;
     std::shared_ptr<WindowList> windowList;
+    std::shared_ptr<FloatingWindows> floating;
 };
 
 /// The display under the pointer, as it is now, and its windows.
@@ -32,6 +32,9 @@ Task<OverlayGround> overlayGround(OverlayServices services, std::stop_token stop
 template <typename T>
 QMetaObject::Connection failWithoutDisplay(const OverlayServices& services, const Display& display,
                                            Completion<T> done);
+
+/// How a display without a picture is dimmed on this desktop.
+LiveDimming liveDimming(const OverlayServices& services);
 
 /// Takes the overlay from the screen at once and deletes it once its own calls are over.
 void dismiss(FrozenWindow* window);

@@ -8,7 +8,8 @@ namespace kestrio {
 
 namespace {
 
-Task<std::optional<WindowInfo>> pickOn(OverlayServices services, std::stop_token stop) {
+Task<std::optional<WindowInfo>> pickOn(OverlayServices services, std::function<void()> onInput,
+                                       std::stop_token stop) {
     auto looking = overlayGround(services, stop);
     OverlayGround ground = co_await looking;
     throwIfStopped(stop);
@@ -23,14 +24,17 @@ Task<std::optional<WindowInfo>> pickOn(OverlayServices services, std::stop_token
         QObject::disconnect(unplugged);
         dismiss(window);
     });
+    window->setInputListener(std::move(onInput));
+    window->setLiveDimming(liveDimming(services));
     window->open();
     co_return co_await done;
 }
 
 }  // namespace
 
-Task<std::optional<WindowInfo>> OverlayWindowPicker::pick(std::stop_token stop) {
-    return pickOn(services_, std::move(stop));
+Task<std::optional<WindowInfo>> OverlayWindowPicker::pick(std::function<void()> onInput,
+                                                          std::stop_token stop) {
+    return pickOn(services_, std::move(onInput), std::move(stop));
 }
 
 }  // namespace kestrio

@@ -10,7 +10,8 @@ class OverlayWindowPicker : public WindowPicker {
   public:
     explicit OverlayWindowPicker(OverlayServices services) : services_(std::move(services)) {}
 
-    Task<std::optional<WindowInfo>> pick(std::stop_token stop) override;
+    Task<std::optional<WindowInfo>> pick(std::function<void()> onInput,
+                                         std::stop_token stop) override;
 
   private:
     OverlayServices services_;

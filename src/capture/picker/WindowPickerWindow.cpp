@@ -54,12 +54,23 @@ QRegion WindowPickerWindow::undimmed() const {
     return hovered_ ? QRegion(inView(*hovered_).toAlignedRect()) : QRegion();
 }
 
+QRectF WindowPickerWindow::nameBox(const WindowInfo& window) const {
+    const QRectF rect = inView(window);
+    QRectF box(QPointF(0, rect.top() + labelTop), nameLabel(window, rect.width()).size());
+    box.moveLeft(rect.center().x() - box.width() / 2);
+    return box;
+}
+
+QRectF WindowPickerWindow::hintBox() const {
+    QRectF box(QPointF(0, hintTop), hintLabel().size());
+    box.moveLeft((width() - box.width()) / 2);
+    if (hovered_ && nameBox(*hovered_).intersects(box)) box.moveBottom(height() - hintTop);
+    return box;
+}
+
 void WindowPickerWindow::paintOver(QPainter& painter) {
     if (hovered_) paintHighlight(painter, *hovered_);
-    const OverlayLabel hint = hintLabel();
-    QRectF box(QPointF(0, hintTop), hint.size());
-    box.moveLeft((width() - box.width()) / 2);
-    hint.paint(painter, box);
+    hintLabel().paint(painter, hintBox());
 }
 
 void WindowPickerWindow::paintHighlight(QPainter& painter, const WindowInfo& window) const {
@@ -67,26 +78,24 @@ void WindowPickerWindow::paintHighlight(QPainter& painter, const WindowInfo& win
     painter.setPen(QPen(border, 3));
     painter.setBrush(highlight);
     painter.drawRect(rect.adjusted(1.5, 1.5, -1.5, -1.5));
-    const OverlayLabel label = nameLabel(window, rect.width());
-    QRectF box(QPointF(0, rect.top() + labelTop), label.size());
-    box.moveLeft(rect.center().x() - box.width() / 2);
-    label.paint(painter, box);
+    nameLabel(window, rect.width()).paint(painter, nameBox(window));
 }
 
 void WindowPickerWindow::hover(const WindowInfo* window) {
     if (window == hovered_) return;
-    QRect changed;
-    for (const WindowInfo* each : {std::exchange(hovered_, window), window})
-        if (each) {
-            // A long name may reach beyond a narrow window.
-            const QRectF rect = inView(*each);
-            const double wider =
-                std::max(0.0, (nameLabel(*each, rect.width()).size().width() - rect.width()) / 2);
-            changed |= rect.adjusted(-wider - borderReach, -borderReach, wider + borderReach,
-                                     borderReach + labelTop)
-                           .toAlignedRect();
+    const auto shown = [this] {
+        QRegion region(hintBox().toAlignedRect());
+        // A long name may reach beyond a narrow window.
+        if (hovered_) {
+            region += (inView(*hovered_) | nameBox(*hovered_))
+                          .toAlignedRect()
+                          .adjusted(-borderReach, -borderReach, borderReach, borderReach);
         }
-    repaint(changed);
+        return region;
+    };
+    const QRegion before = shown();
+    hovered_ = window;
+    repaint(before + shown());
 }
 
 void WindowPickerWindow::mouseMoveEvent(QMouseEvent* event) {

@@ -30,6 +30,9 @@ class WindowPickerWindow : public FrozenWindow {
   private:
     const WindowInfo* windowUnder(QPointF point) const;
     QRectF inView(const WindowInfo& window) const;
+    QRectF nameBox(const WindowInfo& window) const;
+    /// At the top, or at the bottom where the hovered window's name is in the way.
+    QRectF hintBox() const;
     void hover(const WindowInfo* window);
     void paintHighlight(QPainter& painter, const WindowInfo& window) const;
     void cancel();

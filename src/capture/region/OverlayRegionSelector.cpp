@@ -8,6 +8,12 @@ namespace kestrio {
 
 namespace {
 
+// What floats over everything, such as pins, lies over what is meant.
+std::vector<WindowInfo> windowsToSnapTo(std::vector<WindowInfo> windows) {
+    std::erase_if(windows, [](const WindowInfo& window) { return window.isAlwaysOnTop; });
+    return windows;
+}
+
 Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
                                    RegionSelectionOptions options, std::stop_token stop) {
     auto looking = overlayGround(services, stop);
@@ -16,8 +22,8 @@ Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
     const Completion<RegionCaptureResult> done(stop);
     auto* window = new RegionCaptureWindow(
         ground.display, std::move(ground.snapshot),
-        options.snaps ? std::move(ground.windows) : std::vector<WindowInfo>(), options, isDark,
-        [done](std::optional<RegionCaptureResult> result) {
+        options.snaps ? windowsToSnapTo(std::move(ground.windows)) : std::vector<WindowInfo>(),
+        options, isDark, [done](std::optional<RegionCaptureResult> result) {
             if (result) {
                 done.succeed(std::move(*result));
             } else {
@@ -29,6 +35,8 @@ Task<RegionCaptureResult> selectOn(OverlayServices services, bool isDark,
         QObject::disconnect(unplugged);
         dismiss(window);
     });
+    window->setInputListener(options.onInput);
+    window->setLiveDimming(liveDimming(services));
     window->open();
     co_return co_await done;
 }

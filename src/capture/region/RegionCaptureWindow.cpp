@@ -32,10 +32,9 @@ QRect roomy(const QRectF& rect) {
 
 RegionCaptureWindow::RegionCaptureWindow(const Display& display, DisplaySnapshot snapshot,
                                          std::vector<WindowInfo> windows,
-                                         RegionSelectionOptions options, bool isDark,
-                                         Ending ending)
+                                         RegionSelectionOptions options, bool isDark, Ending ending)
     : FrozenWindow(display, std::move(snapshot)),
-      selection_(display.bounds, std::move(windows)),
+      selection_(display.bounds, std::move(windows), 1 / display.scale),
       options_(options),
       bounds_(display.bounds),
       isDark_(isDark),
@@ -215,6 +214,11 @@ void RegionCaptureWindow::choose() {
 bool RegionCaptureWindow::takeKey(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Escape) {
         cancel();
+        return true;
+    }
+    if (event.key() == Qt::Key_A && event.modifiers() & Qt::ControlModifier) {
+        change([this] { selection_.selectAll(); });
+        choose();
         return true;
     }
     return isAdjusting() && takeAdjustingKey(event);

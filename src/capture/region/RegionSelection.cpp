@@ -39,8 +39,16 @@ QPointF handlePosition(SelectionHandle handle, const QRectF& selection) {
     return selection.center() + QPointF(edges.x * half.x(), edges.y * half.y());
 }
 
-RegionSelection::RegionSelection(QRectF bounds, std::vector<WindowInfo> windows)
-    : bounds_(bounds), view_(QPointF(), bounds.size()), windows_(std::move(windows)) {}
+RegionSelection::RegionSelection(QRectF bounds, std::vector<WindowInfo> windows, double pixel)
+    : bounds_(bounds),
+      view_(QPointF(), bounds.size()),
+      pixel_(pixel),
+      windows_(std::move(windows)) {}
+
+QPointF RegionSelection::reachingEdges(QPointF point) const {
+    return {point.x() >= view_.right() - pixel_ ? view_.right() : point.x(),
+            point.y() >= view_.bottom() - pixel_ ? view_.bottom() : point.y()};
+}
 
 void RegionSelection::press(QPointF point) {
     pointer_ = point;
@@ -53,7 +61,7 @@ void RegionSelection::press(QPointF point) {
         startOver();
         hover(point);
     }
-    start_ = point;
+    start_ = reachingEdges(point);
     isDragging_ = true;
     didDrag_ = false;
     selection_ = {};
@@ -70,7 +78,7 @@ void RegionSelection::move(QPointF point) {
             didDrag_ = true;
             pendingSnap_ = {};
         }
-        selection_ = QRectF(start_, point).normalized() & view_;
+        selection_ = QRectF(start_, reachingEdges(point)).normalized() & view_;
     } else if (phase_ == SelectionPhase::selecting) {
         hover(point);
     }
@@ -92,6 +100,14 @@ RegionSelection::Release RegionSelection::release(QPointF point) {
     return Release::nothing;
 }
 
+void RegionSelection::selectAll() {
+    grip_.reset();
+    isDragging_ = false;
+    pendingSnap_ = {};
+    snapRect_ = {};
+    selection_ = view_;
+}
+
 void RegionSelection::startOver() {
     phase_ = SelectionPhase::selecting;
     selection_ = {};
@@ -110,10 +126,11 @@ void RegionSelection::dragGrip(QPointF point) {
     // From the rectangle that the drag began with, so that the far edges stay where they are when
     // the handle passes them.
     const HandleEdges edges = edgesOf(*grip_->handle);
-    if (edges.x < 0) moved.setLeft(point.x());
-    if (edges.x > 0) moved.setRight(point.x());
-    if (edges.y < 0) moved.setTop(point.y());
-    if (edges.y > 0) moved.setBottom(point.y());
+    const QPointF to = reachingEdges(point);
+    if (edges.x < 0) moved.setLeft(to.x());
+    if (edges.x > 0) moved.setRight(to.x());
+    if (edges.y < 0) moved.setTop(to.y());
+    if (edges.y > 0) moved.setBottom(to.y());
     moved = moved.normalized() & view_;
     if (isLargeEnough(moved)) selection_ = moved;
 }

@@ -31,14 +31,17 @@ class RegionSelection {
     enum class Release { nothing, chosen };
 
     /// `bounds` of the display in points of the desktop. `windows` are those to snap to, from front
-    /// to back.
-    RegionSelection(QRectF bounds, std::vector<WindowInfo> windows);
+    /// to back. `pixel` is the side of the display's pixels in points: the pointer cannot go beyond
+    /// the last one, so that there it stands for the display's edge.
+    RegionSelection(QRectF bounds, std::vector<WindowInfo> windows, double pixel = 1);
 
     void press(QPointF point);
     void move(QPointF point);
     Release release(QPointF point);
     /// A chosen region becomes one to adjust.
     void beginAdjusting() { phase_ = SelectionPhase::adjusting; }
+    /// Selects the whole display.
+    void selectAll();
     /// Drops the selection.
     void startOver();
     /// Moves an adjusted selection, within the display.
@@ -69,9 +72,11 @@ class RegionSelection {
     std::optional<SelectionHandle> handleAt(QPointF point) const;
     void dragGrip(QPointF point);
     void hover(QPointF point);
+    QPointF reachingEdges(QPointF point) const;
 
     QRectF bounds_;
     QRectF view_;
+    double pixel_;
     std::vector<WindowInfo> windows_;
     SelectionPhase phase_ = SelectionPhase::selecting;
     QPointF pointer_;

@@ -28,13 +28,15 @@ void copyOver(QImage& image, const QPoint& place, const QImage& source, const QR
 
 }  // namespace
 
-AnnotationMapping AnnotationLayer::Geometry::mapping(const QPoint& topLeft) const {
-    return {-QPointF(topLeft), {scale, scale}, scale};
+AnnotationMapping AnnotationLayer::Geometry::mappingFrom(const QPoint& topLeft) const {
+    AnnotationMapping moved = mapping;
+    moved.origin -= topLeft;
+    return moved;
 }
 
 QRect AnnotationLayer::Geometry::pixels(const QRectF& points) const {
     // Damaged records reach further than whole numbers do.
-    const QRectF within = QRectF(points.topLeft() * scale, points.size() * scale) & QRectF(area);
+    const QRectF within = mapping.mapped(points) & QRectF(area);
     return within.toAlignedRect() & area;
 }
 
@@ -48,11 +50,12 @@ AnnotationLayer::~AnnotationLayer() {
     stop_.request_stop();
 }
 
-QRect AnnotationLayer::show(Records records, const QRect& visible, double scale) {
+QRect AnnotationLayer::show(Records records, const QRect& visible,
+                            const AnnotationMapping& mapping) {
     std::erase_if(records, isBlur);
     wanted_ = std::move(records);
-    if (scale != wantedGeometry_.scale || !wantedGeometry_.area.contains(visible)) {
-        wantedGeometry_ = {visible.adjusted(-room, -room, room, room), scale};
+    if (mapping != wantedGeometry_.mapping || !wantedGeometry_.area.contains(visible)) {
+        wantedGeometry_ = {visible.adjusted(-room, -room, room, room), mapping};
         rest_.stop();
     }
     if (picture_.entries.empty() && picture_.geometry != wantedGeometry_) {
@@ -73,9 +76,9 @@ AnnotationLayer::Difference AnnotationLayer::difference() const {
     const auto& entries = picture_.entries;
     const std::size_t common = std::min(entries.size(), wanted_.size());
     std::size_t first = 0, last = 0;
-    while (first < common && looksSame(entries[first].record, wanted_[first]))
+    while (first < common && isIdentical(entries[first].record, wanted_[first]))
         ++first;
-    while (last < common - first && looksSame(entries[entries.size() - 1 - last].record,
+    while (last < common - first && isIdentical(entries[entries.size() - 1 - last].record,
                                               wanted_[wanted_.size() - 1 - last])) {
         ++last;
     }
@@ -130,30 +133,31 @@ void AnnotationLayer::paintTouched(QImage& fresh, const QRect& pixels) const {
     for (const Entry& entry : picture_.entries)
         if (picture_.geometry.pixels(entry.extent).intersects(pixels))
             touched.push_back(entry.record);
-    paintAnnotations(fresh, touched, picture_.geometry.mapping(pixels.topLeft()));
+    paintAnnotations(fresh, touched, picture_.geometry.mappingFrom(pixels.topLeft()));
 }
 
 void AnnotationLayer::paintBetweenSides(QImage& fresh, const QRect& pixels) const {
     const QRect source = pixels.translated(-picture_.geometry.area.topLeft());
     if (!sides_->below.isNull()) copyOver(fresh, QPoint(), sides_->below, source);
     const AnyAnnotation& record = picture_.entries[sides_->index].record;
-    paintAnnotations(fresh, {&record, 1}, picture_.geometry.mapping(pixels.topLeft()));
+    paintAnnotations(fresh, {&record, 1}, picture_.geometry.mappingFrom(pixels.topLeft()));
     if (!sides_->above.isNull()) QPainter(&fresh).drawImage(QPoint(), sides_->above, source);
 }
 
 void AnnotationLayer::paint(QPainter& painter) const {
     if (picture_.entries.empty() || picture_.image.isNull()) return;
-    const Geometry& geometry = picture_.geometry;
-    if (geometry.scale == wantedGeometry_.scale) {
-        painter.drawImage(geometry.area.topLeft(), picture_.image);
+    const AnnotationMapping& shown = picture_.geometry.mapping;
+    const AnnotationMapping& wanted = wantedGeometry_.mapping;
+    const QRect& area = picture_.geometry.area;
+    if (shown == wanted) {
+        painter.drawImage(area.topLeft(), picture_.image);
         return;
     }
     // Soon replaced; interpolating would take longer than a frame.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    const double factor = wantedGeometry_.scale / geometry.scale;
-    painter.drawImage(
-        QRectF(QPointF(geometry.area.topLeft()) * factor, QSizeF(geometry.area.size()) * factor),
-        picture_.image);
+    const double factor = wanted.strokeScale / shown.strokeScale;
+    const QPointF corner = wanted.origin + (QPointF(area.topLeft()) - shown.origin) * factor;
+    painter.drawImage(QRectF(corner, QSizeF(area.size()) * factor), picture_.image);
 }
 
 void AnnotationLayer::endGesture() {
@@ -180,7 +184,7 @@ QImage AnnotationLayer::painted(std::span<const AnyAnnotation> records, const Ge
     if (records.empty()) return {};
     QImage image(geometry.area.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    paintAnnotations(image, records, geometry.mapping(geometry.area.topLeft()));
+    paintAnnotations(image, records, geometry.mappingFrom(geometry.area.topLeft()));
     return image;
 }
 

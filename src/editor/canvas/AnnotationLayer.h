@@ -12,8 +12,9 @@
 namespace kestrio {
 
 /// All annotations but blurs as a picture that is kept from one frame to the next, so that a frame
-/// paints only what changed. Its pixels count from the top left of the canvas before it is turned;
-/// a picture covers what is visible and some more.
+/// paints only what changed. Its pixels count from the top left of the canvas before it is turned,
+/// whereas records count from the screenshot, which has its place and scale on the canvas; a
+/// picture covers what is visible and some more.
 ///
 /// One or few changed records are painted at once. While one record changes again and again, what
 /// lies below and above it is kept apart, so that only that record is painted. Many changed
@@ -28,12 +29,12 @@ class AnnotationLayer : public QObject {
     AnnotationLayer();
     ~AnnotationLayer() override;
 
-    /// What is to be seen: records from the bottom to the top, the visible pixels and how many of
-    /// them a point has. Gives the pixels that paint() shows differently from now on, apart from
-    /// what another scale changes.
-    QRect show(Records records, const QRect& visible, double scale);
+    /// What is to be seen: records from the bottom to the top, the visible pixels, and where and how
+    /// large the screenshot's points are among them. Gives the pixels that paint() shows differently
+    /// from now on, apart from what another mapping changes.
+    QRect show(Records records, const QRect& visible, const AnnotationMapping& mapping);
 
-    /// Paints in the pixels of the scale that was shown last.
+    /// Paints in the pixels of the mapping that was shown last.
     void paint(QPainter& painter) const;
 
     /// Forgets what is kept for a record that changes again and again.
@@ -45,10 +46,10 @@ class AnnotationLayer : public QObject {
   private:
     struct Geometry {
         QRect area;
-        double scale = 0;  ///< pixels a point
+        AnnotationMapping mapping;
 
         bool operator==(const Geometry&) const = default;
-        AnnotationMapping mapping(const QPoint& topLeft) const;
+        AnnotationMapping mappingFrom(const QPoint& topLeft) const;
         /// The pixels of a rectangle in points, within the area.
         QRect pixels(const QRectF& points) const;
     };

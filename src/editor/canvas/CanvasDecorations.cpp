@@ -1,6 +1,8 @@
 #include "editor/canvas/CanvasDecorations.h"
 
 #include "annotation/painting/AnnotationPainter.h"
+#include "annotation/model/Geometry.h"
+#include "annotation/painting/ArrowShape.h"
 #include "annotation/painting/Caption.h"
 
 #include <QPainterPath>
@@ -26,8 +28,12 @@ void strokeOutline(QPainter& painter, const QPainterPath& outline) {
     painter.strokePath(outline, hairline(accent));
 }
 
+/// Around what is painted of a record, so that the frame does not hide a thin one.
 QPainterPath outlineOf(const AnyAnnotation& annotation, const CanvasInteraction& interaction) {
-    const QRectF bounds = annotation.bounds();
+    constexpr double gap = 3;  // points of the view
+    const double margin =
+        std::abs(annotation.strokeWidth()) / 2 + gap / interaction.viewport().imageScale();
+    const QRectF bounds = grown(annotation.bounds().normalized(), margin);
     const QTransform turn = QTransform()
                                 .translate(bounds.center().x(), bounds.center().y())
                                 .rotate(rotationOf(annotation))
@@ -35,7 +41,7 @@ QPainterPath outlineOf(const AnyAnnotation& annotation, const CanvasInteraction&
     QPolygonF outline;
     for (const QPointF& corner : {bounds.topLeft(), bounds.topRight(), bounds.bottomRight(),
                                   bounds.bottomLeft(), bounds.topLeft()}) {
-        outline << interaction.toView(annotation, turn.map(corner));
+        outline << interaction.viewport().toView(turn.map(corner));
     }
     QPainterPath path;
     path.addPolygon(outline);
@@ -55,6 +61,20 @@ void paintGuides(QPainter& painter, const AnnotationViewModel& annotations,
     }
 }
 
+constexpr double haloWidth = 2;  // points around an arrow
+
+/// Around a selected arrow in its own colour, paler: a frame says little about a line.
+void paintHalo(QPainter& painter, const ArrowAnnotation& arrow, const CanvasViewport& viewport) {
+    const double scale = viewport.imageScale();
+    const ArrowGeometry geometry{viewport.toView(arrow.startPoint), viewport.toView(arrow.endPoint),
+                                 std::max(arrow.strokeWidth, 0.0) * scale};
+    QColor color = arrow.color.toQColor();
+    color.setAlphaF(color.alphaF() * 0.5f);
+    painter.strokePath(
+        arrowOutline(geometry, geometry.headSize(scale)),
+        QPen(color, 2 * haloWidth * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
 void paintHandles(QPainter& painter, const CanvasInteraction& interaction) {
     const auto handles = interaction.viewHandles();
     for (const SelectionHandle& handle : handles) {
@@ -72,6 +92,8 @@ void paintSelection(QPainter& painter, const AnnotationViewModel& annotations,
             annotation.as<ArrowAnnotation>() || annotation.as<MeasurementAnnotation>();
         const bool isAlone = annotations.selectedAnnotations().size() == 1;
         if (!(isLine && isAlone)) strokeOutline(painter, outlineOf(annotation, interaction));
+        const auto* arrow = annotation.as<ArrowAnnotation>();
+        if (arrow && isAlone) paintHalo(painter, *arrow, interaction.viewport());
     }
     const auto combined = annotations.combinedBounds();
     if (combined && annotations.selectedAnnotations().size() > 1) {
@@ -186,10 +208,17 @@ QRectF decorationBounds(const EditorViewModel& editor, const CanvasInteraction& 
         bounds |= rect.adjusted(-margin, -margin, margin, margin);
     };
     constexpr double pen = 4;
+    // An arrow's head is broader than its line, and its halo than that.
+    const auto reachOf = [&](const AnyAnnotation& annotation) {
+        const auto* arrow = annotation.as<ArrowAnnotation>();
+        if (!arrow) return pen;
+        const ArrowGeometry geometry{arrow->startPoint, arrow->endPoint, arrow->strokeWidth};
+        return pen + (geometry.headSize() + haloWidth) * interaction.viewport().imageScale();
+    };
     if (!annotations.selectedAnnotations().empty()) {
         for (const AnyAnnotation& annotation : annotations.annotations())
             if (annotations.selectedAnnotations().contains(annotation.id()))
-                include(outlineOf(annotation, interaction).boundingRect(), pen);
+                include(outlineOf(annotation, interaction).boundingRect(), reachOf(annotation));
         for (const SelectionHandle& handle : interaction.viewHandles())
             include(QRectF(handle.position, QSizeF(0, 0)), handleDiameter / 2 + pen);
     }

@@ -25,6 +25,11 @@ bool isBox(AnnotationTool tool) {
            tool == AnnotationTool::blur;
 }
 
+QPointF nearestOf(const QRectF& rect, const QPointF& point) {
+    return {std::clamp(point.x(), rect.left(), rect.right()),
+            std::clamp(point.y(), rect.top(), rect.bottom())};
+}
+
 /// The corner of the square on the pointer's side.
 QPointF squareCorner(const QPointF& start, const QPointF& end) {
     const QRectF square = DrawingConstraintService::squareRect(start, end);
@@ -34,39 +39,12 @@ QPointF squareCorner(const QPointF& start, const QPointF& end) {
 
 }  // namespace
 
-QPointF CanvasInteraction::toRecord(const AnyAnnotation& record, const QPointF& view) const {
-    const QPointF canvas = viewport_.toCanvas(view);
-    return record.as<BlurAnnotation>() ? viewport_.canvasToImage(canvas) : canvas;
-}
-
-QPointF CanvasInteraction::toView(const AnyAnnotation& record, const QPointF& point) const {
-    return viewport_.toView(record.as<BlurAnnotation>() ? viewport_.imageToCanvas(point) : point);
-}
-
 double CanvasInteraction::eraserRadius() const {
     return eraserRadii[static_cast<std::size_t>(annotations().toolSettings().strokeSize)];
 }
 
-// Blurs are looked for at the image's point, all others at the canvas' point; the topmost wins.
 std::optional<AnyAnnotation> CanvasInteraction::recordAt(const QPointF& view) const {
-    const QPointF canvas = viewport_.toCanvas(view);
-    const auto indexOf = [&](const AnyAnnotation& record) {
-        const auto& all = annotations().annotations();
-        return std::find_if(all.begin(), all.end(),
-                            [&](const auto& each) { return each.id() == record.id(); }) -
-               all.begin();
-    };
-    std::optional<AnyAnnotation> top;
-    const auto consider = [&](const std::vector<AnyAnnotation>& hits, bool areBlurs) {
-        for (const AnyAnnotation& hit : hits) {
-            if ((hit.as<BlurAnnotation>() != nullptr) != areBlurs) continue;
-            if (!top || indexOf(hit) > indexOf(*top)) top = hit;
-            return;
-        }
-    };
-    consider(annotations().annotationsAt(canvas), false);
-    consider(annotations().annotationsAt(viewport_.canvasToImage(canvas)), true);
-    return top;
+    return annotations().annotationAt(viewport_.toImage(view));
 }
 
 std::vector<SelectionHandle> CanvasInteraction::viewHandles() const {
@@ -75,23 +53,23 @@ std::vector<SelectionHandle> CanvasInteraction::viewHandles() const {
         annotations().selectedAnnotations().size() > 1) {
         return {};
     }
-    auto handles = selectionHandles(*selected, rotationHandleGap / viewport_.scale());
+    auto handles = selectionHandles(*selected, rotationHandleGap / viewport_.imageScale());
     for (SelectionHandle& handle : handles)
-        handle.position = toView(*selected, handle.position);
+        handle.position = viewport_.toView(handle.position);
     return handles;
 }
 
 void CanvasInteraction::press(const PointerEvent& event) {
     phase_ = Phase::none;
     pressView_ = event.position;
-    if (viewport_.isEmpty() || annotations().numberEditingState().isEditing) return;
-    if (annotations().isTextEditing()) annotations().set_isTextEditing(false);
+    if (viewport_.isEmpty()) return;
+    annotations().finishEditing();
     if (!editor_.isAnnotationMode()) {
         phase_ = Phase::panning;
         panStart_ = editor_.canvasState().transform.offset;
         return;
     }
-    if (pressHandle(event.position)) return;
+    if (!viewport_.showsScreenshot() || pressHandle(event.position)) return;
     switch (annotations().currentTool()) {
         case AnnotationTool::select:
             pressSelect(event);
@@ -123,7 +101,7 @@ void CanvasInteraction::pressSelect(const PointerEvent& event) {
     const auto hit = recordAt(event.position);
     if (!hit) {
         if (!annotations().isMultiSelectMode()) annotations().selectAnnotation(std::nullopt);
-        annotations().beginSelectionRect(viewport_.toCanvas(event.position));
+        annotations().beginSelectionRect(viewport_.toImage(event.position));
         phase_ = Phase::selecting;
         return;
     }
@@ -133,7 +111,7 @@ void CanvasInteraction::pressSelect(const PointerEvent& event) {
         return;
     }
     if (event.modifiers.testFlag(Qt::AltModifier)) {
-        if (annotations().cycleSelection(viewport_.toCanvas(event.position))) beginDrag();
+        if (annotations().cycleSelection(viewport_.toImage(event.position))) beginDrag();
         return;
     }
     annotations().selectAnnotation(hit);
@@ -144,7 +122,7 @@ void CanvasInteraction::pressSelect(const PointerEvent& event) {
 void CanvasInteraction::pressDrawingTool(const PointerEvent& event) {
     auto hit = recordAt(event.position);
     const auto& primary = annotations().selectedAnnotation();
-    if (!hit && primary && contains(primary->bounds(), toRecord(*primary, event.position))) {
+    if (!hit && primary && contains(primary->bounds(), viewport_.toImage(event.position))) {
         hit = primary;
     }
     if (hit) {
@@ -158,20 +136,22 @@ void CanvasInteraction::pressDrawingTool(const PointerEvent& event) {
     }
     annotations().selectAnnotation(std::nullopt);
     if (annotations().currentTool() == AnnotationTool::blur &&
-        !contains(viewport_.contentRect(), viewport_.toCanvas(event.position))) {
+        !contains(pictureRect(), viewport_.toImage(event.position))) {
         return;
     }
     annotations().startDrawing(drawingPoint(event.position));
     if (annotations().isDrawing()) phase_ = Phase::drawing;
 }
 
-/// Blurs are drawn in the image's points and held within it.
+QRectF CanvasInteraction::pictureRect() const {
+    return {QPointF(), viewport_.imageSize()};
+}
+
+// Blurs change the screenshot and nothing beside it.
 QPointF CanvasInteraction::drawingPoint(const QPointF& view) const {
-    const QPointF canvas = viewport_.toCanvas(view);
-    if (annotations().currentTool() != AnnotationTool::blur) return canvas;
-    const QPointF image = viewport_.canvasToImage(canvas);
-    const QSizeF size = viewport_.imageSize();
-    return {std::clamp(image.x(), 0.0, size.width()), std::clamp(image.y(), 0.0, size.height())};
+    const QPointF image = viewport_.toImage(view);
+    return annotations().currentTool() == AnnotationTool::blur ? nearestOf(pictureRect(), image)
+                                                               : image;
 }
 
 void CanvasInteraction::beginDrag() {
@@ -198,7 +178,7 @@ void CanvasInteraction::move(const PointerEvent& event) {
             dragTo(event.position);
             break;
         case Phase::selecting:
-            annotations().set_selectionRectEnd(viewport_.toCanvas(event.position));
+            annotations().set_selectionRectEnd(viewport_.toImage(event.position));
             break;
         case Phase::dragging:
             dragTo(event.position);
@@ -213,9 +193,7 @@ void CanvasInteraction::move(const PointerEvent& event) {
 }
 
 void CanvasInteraction::dragTo(const QPointF& view) {
-    const auto& primary = annotations().selectedAnnotation();
-    if (!primary) return;
-    annotations().dragTo(toRecord(*primary, view) - toRecord(*primary, pressView_));
+    annotations().dragTo(viewport_.toImage(view) - viewport_.toImage(pressView_));
     annotations().updateGuides();
 }
 
@@ -231,7 +209,9 @@ void CanvasInteraction::draw(const PointerEvent& event) {
 }
 
 void CanvasInteraction::erase(const QPointF& view) {
-    annotations().eraseAt(viewport_.toCanvas(view), eraserRadius() / viewport_.scale());
+    const QPointF point = viewport_.toImage(view);
+    annotations().set_cursorPosition(point);
+    annotations().eraseAt(point, eraserRadius() / viewport_.imageScale());
     editor_.synchroniseAnnotations();
 }
 
@@ -243,9 +223,14 @@ void CanvasInteraction::pan(const QPointF& view) {
 }
 
 void CanvasInteraction::dragHandle(const PointerEvent& event) {
-    const AnyAnnotation dragged =
-        draggedByHandle(*handleStart_, {*handle_, toRecord(*handleStart_, event.position),
-                                        event.modifiers.testFlag(Qt::ShiftModifier)});
+    QPointF point = viewport_.toImage(event.position);
+    if (handleStart_->as<BlurAnnotation>()) point = nearestOf(pictureRect(), point);
+    HandleDrag drag{*handle_, point, event.modifiers.testFlag(Qt::ShiftModifier)};
+    AnyAnnotation dragged = draggedByHandle(*handleStart_, drag);
+    // In proportion a blur may still reach beyond the picture.
+    if (dragged.as<BlurAnnotation>() && !pictureRect().contains(dragged.bounds())) {
+        dragged.setBounds(dragged.bounds() & pictureRect());
+    }
     annotations().applyAnnotation(dragged);
     if (*handle_ != HandleRole::rotation) showDimensions(dragged);
 }
@@ -256,7 +241,7 @@ void CanvasInteraction::showDimensions(const AnyAnnotation& record) {
     const QRectF bounds = record.bounds();
     const bool isSnapped = DrawingConstraintService::isCommonSize(bounds.width(), snapThreshold) ||
                            DrawingConstraintService::isCommonSize(bounds.height(), snapThreshold);
-    const QPointF below = toView(record, {bounds.center().x(), bounds.bottom()});
+    const QPointF below = viewport_.toView(QPointF(bounds.center().x(), bounds.bottom()));
     dimensionLabel_ =
         DimensionLabel{QString::asprintf("%.0f × %.0f", bounds.width(), bounds.height()),
                        below + QPointF(0, gap), isSnapped};
@@ -310,7 +295,7 @@ void CanvasInteraction::finishDrawing() {
 
 void CanvasInteraction::hover(const PointerEvent& event) {
     if (viewport_.isEmpty() || !editor_.isAnnotationMode()) return;
-    annotations().set_cursorPosition(viewport_.toCanvas(event.position));
+    annotations().set_cursorPosition(viewport_.toImage(event.position));
     const auto hovered = recordAt(event.position);
     annotations().set_hoveredAnnotation(hovered);
     isHoveringInactiveAnnotation_ =
@@ -327,7 +312,10 @@ bool CanvasInteraction::selectAt(const QPointF& view) {
     if (!editor_.isAnnotationMode()) return false;
     const auto record = recordAt(view);
     if (!record) return false;
-    if (!annotations().selectedAnnotations().contains(record->id())) {
+    annotations().finishEditing();
+    if (annotations().selectedAnnotations().contains(record->id())) {
+        annotations().addToSelection(*record);
+    } else {
         annotations().selectAnnotation(record);
     }
     return true;

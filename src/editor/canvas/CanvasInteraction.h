@@ -39,8 +39,8 @@ class CanvasInteraction {
     /// Opens the editor of a text or a number under the pointer: gives the text's id, and starts
     /// number editing itself.
     std::optional<QUuid> doubleClick(const PointerEvent& event);
-    /// Selects the record at a point of the view, unless it is selected already; false where there
-    /// is none or annotation mode is off.
+    /// Makes the record at a point of the view the primary one: others stay selected where it is one
+    /// of them. False where there is none or annotation mode is off.
     bool selectAt(const QPointF& view);
     /// Zooms by steps of the wheel about the pointer, with a modifier that means zoom; pans
     /// otherwise. Points of the view.
@@ -52,9 +52,6 @@ class CanvasInteraction {
     double eraserRadius() const;
     bool isHoveringInactiveAnnotation() const { return isHoveringInactiveAnnotation_; }
 
-    /// A record's own points: the canvas' for all but blurs, which live on the screenshot.
-    QPointF toRecord(const AnyAnnotation& record, const QPointF& view) const;
-    QPointF toView(const AnyAnnotation& record, const QPointF& point) const;
     /// Handles of the selected record, in points of the view, while one is selected alone.
     std::vector<SelectionHandle> viewHandles() const;
 
@@ -75,6 +72,7 @@ class CanvasInteraction {
     void dragHandle(const PointerEvent& event);
     void showDimensions(const AnyAnnotation& record);
     void pan(const QPointF& view);
+    QRectF pictureRect() const;
     QPointF drawingPoint(const QPointF& view) const;
     void finishDrawing();
 

@@ -38,20 +38,30 @@ CanvasViewport::CanvasViewport(const CompositeLayout& layout, const ImageTransfo
     viewToCanvas_ = canvasToView_.inverted();
 }
 
-QPointF CanvasViewport::canvasToImage(const QPointF& canvas) const {
+QPointF CanvasViewport::toImage(const QPointF& view) const {
+    const QPointF canvas = viewToCanvas(view);
     if (content_.isEmpty()) return canvas;
     const QPointF inside = canvas - content_.topLeft();
     return {inside.x() / content_.width() * imageSize_.width(),
             inside.y() / content_.height() * imageSize_.height()};
 }
 
+QPointF CanvasViewport::toView(const QPointF& image) const {
+    return canvasToView_.map(imageToCanvas(image));
+}
+
 QPointF CanvasViewport::imageToCanvas(const QPointF& image) const {
+    if (content_.isEmpty()) return image;
     return content_.topLeft() + QPointF(image.x() / imageSize_.width() * content_.width(),
                                         image.y() / imageSize_.height() * content_.height());
 }
 
 QRectF CanvasViewport::imageToCanvas(const QRectF& image) const {
     return {imageToCanvas(image.topLeft()), imageToCanvas(image.bottomRight())};
+}
+
+double CanvasViewport::imageScale() const {
+    return content_.isEmpty() ? scale_ : scale_ * content_.width() / imageSize_.width();
 }
 
 }  // namespace kestrio

@@ -8,8 +8,8 @@
 namespace kestrio {
 
 /// Where the canvas of a document stands in a view, and the way between the view's points, the
-/// canvas' points (all annotations but blurs) and the screenshot's own (blurs, crop frame). The
-/// canvas fits the view at zoom 1; a turn shows it turned about its middle.
+/// canvas' and the screenshot's own, in which annotations and the crop frame are. The canvas fits
+/// the view at zoom 1; a turn shows it turned about its middle.
 class CanvasViewport {
   public:
     CanvasViewport() = default;
@@ -20,6 +20,8 @@ class CanvasViewport {
                    double margin, std::optional<double> pixelRatio = std::nullopt);
 
     bool isEmpty() const { return scale_ <= 0; }
+    /// False where padding leaves no room for the screenshot, so that nothing can be marked.
+    bool showsScreenshot() const { return !isEmpty() && !content_.isEmpty(); }
     /// Points of the view for one of the canvas.
     double scale() const { return scale_; }
     double rotation() const { return rotation_; }
@@ -30,15 +32,21 @@ class CanvasViewport {
     /// The screenshot's place, in points of the canvas.
     const QRectF& contentRect() const { return content_; }
 
-    QPointF toCanvas(const QPointF& view) const { return viewToCanvas_.map(view); }
-    QPointF toView(const QPointF& canvas) const { return canvasToView_.map(canvas); }
     const QTransform& canvasToView() const { return canvasToView_; }
-    QPointF canvasToImage(const QPointF& canvas) const;
-    QPointF imageToCanvas(const QPointF& image) const;
+    QPointF canvasToView(const QPointF& canvas) const { return canvasToView_.map(canvas); }
+    QPointF viewToCanvas(const QPointF& view) const { return viewToCanvas_.map(view); }
+
+    /// Points of the screenshot; those of the canvas where there is no room for it.
+    QPointF toImage(const QPointF& view) const;
+    QPointF toView(const QPointF& image) const;
     QRectF imageToCanvas(const QRectF& image) const;
+    /// Points of the view for one of the screenshot.
+    double imageScale() const;
     QSizeF imageSize() const { return imageSize_; }
 
   private:
+    QPointF imageToCanvas(const QPointF& image) const;
+
     QSizeF canvasSize_;
     QSizeF imageSize_;
     QRectF content_;

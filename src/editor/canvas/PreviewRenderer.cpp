@@ -108,6 +108,14 @@ void PreviewRenderer::refreshBlurs() {
     blurred_.set_annotations(std::move(blurs));
 }
 
+std::optional<QRectF> PreviewRenderer::shownContent() const {
+    const CompositeLayout present = editor_.layout();
+    const bool isSame = shownLayout_.canvasSize == present.canvasSize &&
+                        shownLayout_.imageSize == present.imageSize;
+    const QRectF content = isSame ? contentRect(shownLayout_) : QRectF();
+    return content.isEmpty() ? std::nullopt : std::optional(content);
+}
+
 std::vector<BlurAnnotation> PreviewRenderer::pendingBlurs() const {
     std::vector<BlurAnnotation> pending;
     for (const BlurAnnotation& blur : blurs_)
@@ -188,11 +196,14 @@ Task<> PreviewRenderer::renderPreviews(std::stop_token stop) {
         auto sketch = previewRequest();
         if (!sketch) break;
         composedCanvas_ = sketch->request.canvasState.canvasSize;
+        CompositeLayout layout = compositeLayout(sketch->request, 1);
+        layout.outputSize = layout.canvasSize;
         try {
             auto rendering = imageRenderer_->renderComposite(std::move(sketch->request), stop);
             const Image picture = co_await rendering;
             if (stop.stop_requested()) co_return;
             shownBlurs_ = std::move(sketch->blurs);
+            shownLayout_ = layout;
             set_preview(picture.bitmap());
         } catch (const Error&) {
             // The last preview stands; output tells its own failure.

@@ -23,6 +23,10 @@ class PreviewRenderer : public QObject {
     /// first is used at once, another when it has stood for a moment.
     void setScale(double pixelsPerPoint);
 
+    /// Where the screenshot stands in the preview, in points of the canvas; none before the first
+    /// preview, and where the document's canvas or screenshot is another one by now.
+    std::optional<QRectF> shownContent() const;
+
     /// The blurs to be seen that the preview does not show as they are now: those just being drawn
     /// or moved, and others until they have been made.
     std::vector<BlurAnnotation> pendingBlurs() const;
@@ -54,6 +58,8 @@ class PreviewRenderer : public QObject {
     double wantedScale_ = 0;
     QSizeF composedCanvas_;
     QSize shrunkFor_;
+    /// The geometry of `preview`, in points of the canvas.
+    CompositeLayout shownLayout_;
     bool isShrinking_ = false, isShrinkStale_ = false;
     bool isRendering_ = false, isRenderStale_ = false;
     std::stop_source stop_;

@@ -41,14 +41,6 @@ QRectF emojiExtent(const EmojiAnnotation& emoji) {
 
 }  // namespace
 
-bool looksSame(const AnyAnnotation& a, const AnyAnnotation& b) {
-    if (a != b || a.color() != b.color()) return false;
-    const auto* textA = a.as<TextAnnotation>();
-    const auto* textB = b.as<TextAnnotation>();
-    return !textA ||
-           (textA->fontWeight == textB->fontWeight && textA->alignment == textB->alignment);
-}
-
 QRectF paintedExtent(const AnyAnnotation& record) {
     if (const auto* text = record.as<TextAnnotation>()) return textExtent(*text);
     if (const auto* emoji = record.as<EmojiAnnotation>()) return emojiExtent(*emoji);

@@ -55,6 +55,12 @@ bool canTurn(const AnyAnnotation& annotation) {
     return annotation.as<RectangleAnnotation>() || annotation.as<TextAnnotation>();
 }
 
+/// Kinds that are as wide as high.
+bool isRound(const AnyAnnotation& annotation) {
+    return annotation.as<CircleAnnotation>() || annotation.as<NumberAnnotation>() ||
+           annotation.as<EmojiAnnotation>();
+}
+
 bool hasEdgeHandles(const AnyAnnotation& annotation) {
     return canTurn(annotation) || annotation.as<BlurAnnotation>();
 }
@@ -116,6 +122,8 @@ void dragBounds(AnyAnnotation& annotation, HandleDrag drag) {
     const QRectF before = annotation.bounds();
     const double degrees = rotationOf(annotation);
     drag.point = rotated(drag.point, before.center(), -degrees);
+    // In proportion; else the record's own square would leave the opposite corner.
+    drag.isConstrained |= isRound(annotation);
     QRectF after = resized(before, drag);
     after.moveCenter(rotated(after.center(), before.center(), degrees));
     annotation.setBounds(after);

@@ -1,5 +1,4 @@
 #include "annotation/editing/BadgeNumbers.h"
-#include "annotation/model/Geometry.h"
 #include "editor/document/EditorViewModel.h"
 
 #include <cmath>
@@ -59,6 +58,8 @@ void EditorViewModel::setZoomText(const QString& percent) {
 void EditorViewModel::enterCropMode() {
     if (screenshot().isNull() || isCropMode()) return;
     leaveAnnotationMode();
+    annotatesAfterPicking_ = false;
+    stopPicking();
     set_cropRect(QRectF(QPointF(), screenshot().pointSize()));
     set_isCropMode(true);
 }
@@ -80,33 +81,20 @@ void EditorViewModel::applyCrop() {
 
 void EditorViewModel::crop(const QRect& pixels) {
     const double scale = pixelsPerPoint(screenshot());
-    const Image image(screenshot().bitmap().copy(pixels), scale);
     const QRectF part(QPointF(pixels.topLeft()) / scale, QSizeF(pixels.size()) / scale);
-    const QRectF contentBefore = contentRect(layout());
-    const QSizeF sizeBefore = screenshot().pointSize();
+    if (const auto& original = screenshotBeforeEnhancement_) {
+        setOriginal(Image(original->bitmap().copy(touchedPixels(*original, part)), part.size()));
+    }
+    const Image image(screenshot().bitmap().copy(pixels), scale);
     set_screenshot(image);
     CanvasState canvas = canvasState();
     canvas.canvasSize = canvasHolding(image.pointSize(), canvas.aspectRatio);
     canvas.transform = {};
     set_canvasState(canvas);
 
-    // Where the part stood on the canvas, and where it stands now.
-    const QRectF contentAfter = contentRect(layout());
-    const QRectF partBefore(
-        mapped(part.topLeft(), QRectF(QPointF(), sizeBefore), contentBefore),
-        mapped(part.bottomRight(), QRectF(QPointF(), sizeBefore), contentBefore));
-    std::vector<AnyAnnotation> moved = annotations_;
-    for (AnyAnnotation& annotation : moved) {
-        const QRectF bounds = annotation.bounds();
-        if (annotation.as<BlurAnnotation>()) {
-            annotation.setBounds(bounds.translated(-part.topLeft()));
-        } else if (!partBefore.isEmpty() && !contentAfter.isEmpty()) {
-            annotation.setBounds({mapped(bounds.topLeft(), partBefore, contentAfter),
-                                  mapped(bounds.bottomRight(), partBefore, contentAfter)});
-        }
-    }
-    setAnnotations(moved);
-    annotationVM_.setAnnotations(std::move(moved));
+    annotationVM_.setAnnotations(annotations_);
+    annotationVM_.translateAll(-part.topLeft());
+    setAnnotations(annotationVM_.annotations());
 }
 
 void EditorViewModel::cancelCrop() {

@@ -6,19 +6,37 @@
 
 namespace kestrio {
 
+/// The document is exporting for as long as one of these lives: a copy and an export may overlap.
+class OutputUnderWay {
+  public:
+    explicit OutputUnderWay(EditorViewModel* editor) : editor_(editor) { count(1); }
+    ~OutputUnderWay() {
+        if (editor_) count(-1);
+    }
+    Q_DISABLE_COPY_MOVE(OutputUnderWay)
+
+  private:
+    void count(int change) {
+        editor_->outputsUnderWay_ += change;
+        editor_->set_isExporting(editor_->outputsUnderWay_ > 0);
+    }
+
+    QPointer<EditorViewModel> editor_;
+};
+
 namespace {
 
-/// Sets a flag for as long as it lives.
-class Flagged {
+/// Sets the flag of an enhancement for as long as it lives.
+class Enhancing {
   public:
-    Flagged(EditorViewModel* editor, void (EditorViewModel::*set)(bool))
+    Enhancing(EditorViewModel* editor, void (EditorViewModel::*set)(bool))
         : editor_(editor), set_(set) {
         (editor->*set)(true);
     }
-    ~Flagged() {
+    ~Enhancing() {
         if (editor_) (editor_->*set_)(false);
     }
-    Q_DISABLE_COPY_MOVE(Flagged)
+    Q_DISABLE_COPY_MOVE(Enhancing)
 
   private:
     QPointer<EditorViewModel> editor_;
@@ -30,40 +48,58 @@ class Flagged {
 CompositeRequest EditorViewModel::outputRequest() {
     if (screenshot().isNull()) throw ExportError::renderingFailed();
     if (isAnnotationMode()) annotationVM_.finishDrawing();
-    synchroniseAnnotations();
+    finishEditing();
+    return presentPicture();
+}
+
+CompositeRequest EditorViewModel::presentPicture() const {
     CompositeRequest request;
     request.screenshot = screenshot();
     request.setStyle(style());
     request.frameScale = frameScale();
     request.canvasState = canvasState();
     if (watermarkVM_.isEnabled()) request.watermark = watermarkVM_.settings();
-    if (annotationVM_.annotationsVisible()) request.annotations = annotations_;
+    if (annotationVM_.annotationsVisible()) request.annotations = liveAnnotations();
     return request;
 }
 
+bool EditorViewModel::hasUnexportedChanges() const {
+    CompositeRequest present = presentPicture();
+    // Hidden marks are work too.
+    present.annotations = liveAnnotations();
+    return unexported_.wouldLose(present);
+}
+
 Task<Image> EditorViewModel::prepareRenderedImage() {
-    const Flagged exporting(this, &EditorViewModel::set_isExporting);
+    const OutputUnderWay exporting(this);
     const auto renderer = services_.imageRenderer;
     auto rendering = renderer->renderComposite(outputRequest());
     co_return co_await rendering;
 }
 
 Task<SavedFile> EditorViewModel::exportImage(QString path, ExportFormat format, EncodeHooks hooks) {
-    const Flagged exporting(this, &EditorViewModel::set_isExporting);
+    const OutputUnderWay exporting(this);
+    const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
-    auto rendering = renderer->renderComposite(outputRequest(), hooks.stop);
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request, hooks.stop);
     Image picture = co_await rendering;
     auto saving = renderer->saveImage(std::move(picture), path, format, hooks);
-    co_return co_await saving;
+    const SavedFile saved = co_await saving;
+    if (self) self->markExported(request);
+    co_return saved;
 }
 
 Task<> EditorViewModel::copyToClipboard() {
-    const Flagged exporting(this, &EditorViewModel::set_isExporting);
+    const OutputUnderWay exporting(this);
+    const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
-    auto rendering = renderer->renderComposite(outputRequest());
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request);
     const Image picture = co_await rendering;
     auto copying = renderer->copyToClipboard(picture);
     co_await copying;
+    if (self) self->markExported(request);
 }
 
 Task<> EditorViewModel::pinToDesktop() {
@@ -71,29 +107,40 @@ Task<> EditorViewModel::pinToDesktop() {
     const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
     const auto pins = services_.pins;
-    auto rendering = renderer->renderComposite(outputRequest());
+    const CompositeRequest request = outputRequest();
+    auto rendering = renderer->renderComposite(request);
     const Image picture = co_await rendering;
     pins->pin(picture);
-    if (self) set_toastMessage(localised("Screenshot pinned to desktop"));
+    if (!self) co_return;
+    markExported(request);
+    set_toastMessage(localised("Screenshot pinned to desktop"));
 }
 
-Task<> EditorViewModel::enhanceImage(AIEnhancementMode mode, double strength) {
+Task<bool> EditorViewModel::enhanceImage(AIEnhancementMode mode, double strength) {
     if (screenshot().isNull()) throw ExportError::renderingFailed();
-    if (isEnhancingImage()) co_return;
-    const Flagged enhancing(this, &EditorViewModel::set_isEnhancingImage);
+    if (isEnhancingImage()) co_return false;
+    const Enhancing enhancing(this, &EditorViewModel::set_isEnhancingImage);
     const QPointer<EditorViewModel> self(this);
     const auto service = services_.enhancement;
     const Image before = screenshot();
     auto work = service->enhanceInBackground(before, mode, std::clamp(strength, 0.0, 1.0));
     Image enhanced = co_await work;
-    if (!self) co_return;
-    if (!screenshotBeforeEnhancement_) screenshotBeforeEnhancement_ = before;
+    if (!self || before.bitmap().cacheKey() != screenshot().bitmap().cacheKey()) co_return false;
+    if (!screenshotBeforeEnhancement_) setOriginal(before);
     replaceKeepingAnnotations(std::move(enhanced));
+    co_return true;
 }
 
 void EditorViewModel::restoreOriginalImage() {
     if (!screenshotBeforeEnhancement_) return;
-    replaceKeepingAnnotations(*std::exchange(screenshotBeforeEnhancement_, std::nullopt));
+    const Image original = *screenshotBeforeEnhancement_;
+    setOriginal(std::nullopt);
+    replaceKeepingAnnotations(original);
+}
+
+void EditorViewModel::setOriginal(std::optional<Image> original) {
+    screenshotBeforeEnhancement_ = std::move(original);
+    Q_EMIT canRestoreOriginalImageChanged();
 }
 
 // A picture of other pixels keeps its size in points, so that annotations and canvas fit it.

@@ -9,6 +9,7 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.imageRenderer =
         std::make_shared<ImageRendererService>(services.watermark, platform.pasteboard);
     services.stylePersistence = std::make_shared<EditorStylePersistenceService>(userDefaults);
+    services.themes = std::make_shared<ThemeStorageService>(userDefaults);
     services.enhancement = std::make_shared<AIEnhancementService>();
     services.settings = std::make_shared<AppSettingsService>(userDefaults);
     services.userDefaults = std::move(userDefaults);
@@ -16,6 +17,7 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.memoryPressure = platform.memoryPressure;
     services.fileDialogs = platform.fileDialogs;
     services.fileReveal = platform.fileReveal;
+    services.sharing = platform.sharing;
     services.appearance = platform.appearance;
     return services;
 }

@@ -5,6 +5,7 @@
 #include "render/ImageRendererService.h"
 #include "render/enhance/AIEnhancementService.h"
 #include "render/stores/EditorStylePersistenceService.h"
+#include "render/stores/ThemeStorageService.h"
 #include "settings/AppSettingsService.h"
 
 namespace kestrio {
@@ -13,6 +14,7 @@ namespace kestrio {
 struct EditorServices {
     std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
     std::shared_ptr<EditorStylePersistenceServiceProtocol> stylePersistence;
+    std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<WatermarkServiceProtocol> watermark;
     std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
     std::shared_ptr<UserDefaults> userDefaults;
@@ -22,6 +24,7 @@ struct EditorServices {
     std::shared_ptr<FileDialogs> fileDialogs;
     std::shared_ptr<FileReveal> fileReveal;
     std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
+    std::shared_ptr<Sharing> sharing;  ///< may be null: only files are copied
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;  ///< may be null: nothing is pinned
 };
 

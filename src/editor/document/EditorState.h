@@ -7,13 +7,15 @@
 
 namespace kestrio {
 
-/// The values that one step of the editor's undo restores.
+/// The values that one step of the editor's undo restores. Zoom and pan are the view's and no part
+/// of the document: the canvas holds their defaults here.
 struct EditorState {
     std::vector<AnyAnnotation> annotations;
     CanvasState canvasState;
     BackdropSettings backdrop;
     MockupSettings mockup;
     FrameStyle frameStyle = FrameStyle::none;
+    double frameScale = 1;
 
     bool operator==(const EditorState&) const = default;
 };
@@ -23,6 +25,8 @@ struct EditorState {
 struct EditorSnapshot {
     EditorState state;
     Image screenshot;
+    /// What the screenshot was before it was enhanced; none where it was not.
+    std::optional<Image> original;
 
     bool operator==(const EditorSnapshot& other) const {
         return state == other.state &&

@@ -1,6 +1,7 @@
 #include "editor/document/EditorViewModel.h"
 
 #include "core/Clamp.h"
+#include "render/ImageComposer.h"
 #include "render/enhance/AutoBeautify.h"
 
 namespace kestrio {
@@ -10,12 +11,20 @@ namespace {
 constexpr std::chrono::milliseconds stylePersistenceDelay{500};
 constexpr double largestCornerRadius = 48;
 
+CanvasState atRest(CanvasState canvas) {
+    const ImageTransform unmoved;
+    canvas.transform.offset = unmoved.offset;
+    canvas.transform.scale = unmoved.scale;
+    return canvas;
+}
+
 }  // namespace
 
 EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     : QObject(parent),
       services_(std::move(services)),
       annotationVM_({}, services_.memoryPressure.get()),
+      toolMemory_(annotationVM_, services_.userDefaults),
       colorPickerVM_(std::make_shared<ColorHistoryService>(services_.userDefaults),
                      services_.userDefaults, services_.pasteboard),
       watermarkVM_(services_.watermark),
@@ -28,6 +37,10 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     connect(&annotationHistory, &AnnotationHistoryService::canUndoChanged, this, recompute);
     connect(&annotationHistory, &AnnotationHistoryService::canRedoChanged, this, recompute);
     connect(this, &EditorViewModel::isAnnotationModeChanged, this, recompute);
+    connect(this, &EditorViewModel::isCropModeChanged, this, recompute);
+    connect(this, &EditorViewModel::screenshotChanged, this, [this] {
+        annotationVM_.set_pictureRect(QRectF(QPointF(), screenshot().pointSize()));
+    });
 
     connectColorPicker();
     stylePersistence_.setSingleShot(true);
@@ -45,27 +58,33 @@ EditorViewModel::~EditorViewModel() {
 
 void EditorViewModel::loadCapture(const Image& image) {
     set_screenshot(image);
-    screenshotBeforeEnhancement_.reset();
+    setOriginal(std::nullopt);
     CanvasState canvas;
     canvas.canvasSize = image.pointSize();
     set_canvasState(canvas);
     setAnnotations({});
     annotationVM_.setAnnotations({});
+    annotationVM_.historyService().clear();
     historyManager_.clear();
     loadPersistedStyle();
     recordSnapshot();
+    markExported(presentPicture());
 }
 
 void EditorViewModel::replaceScreenshot(const Image& image) {
     leaveAnnotationMode();
+    annotatesAfterPicking_ = false;
+    stopPicking();
     if (isCropMode()) cancelCrop();
     set_screenshot(image);
+    setOriginal(std::nullopt);
     CanvasState canvas = canvasState();
     canvas.canvasSize = canvasHolding(image.pointSize(), canvas.aspectRatio);
     canvas.transform = {};
     set_canvasState(canvas);
     setAnnotations({});
     annotationVM_.setAnnotations({});
+    annotationVM_.historyService().clear();
     recordSnapshot();
 }
 
@@ -102,11 +121,14 @@ void EditorViewModel::persistStyle() {
 // A state that nothing tells from the current one, not even a colour, would be a step of undo that
 // does nothing.
 void EditorViewModel::recordSnapshot() {
-    EditorSnapshot snapshot{{liveAnnotations(), canvasState(), backdrop(), mockup(), frameStyle()},
-                            screenshot()};
+    finishEditing();
+    EditorSnapshot snapshot{{liveAnnotations(), atRest(canvasState()), backdrop(), mockup(),
+                             frameStyle(), frameScale()},
+                            screenshot(),
+                            screenshotBeforeEnhancement_};
     const auto& current = historyManager_.currentState();
     if (current && *current == snapshot &&
-        encodeJson(current->state.annotations) == encodeJson(snapshot.state.annotations)) {
+        areIdentical(current->state.annotations, snapshot.state.annotations)) {
         return;
     }
     historyManager_.record(std::move(snapshot));
@@ -114,12 +136,22 @@ void EditorViewModel::recordSnapshot() {
 
 void EditorViewModel::recomputeUndoFlags() {
     const auto& annotationHistory = annotationVM_.historyService();
+    if (isCropMode()) {
+        set_canUndo(true);
+        set_canRedo(false);
+        return;
+    }
     set_canUndo(isAnnotationMode() ? annotationHistory.canUndo() : historyManager_.canUndo());
     set_canRedo(isAnnotationMode() ? annotationHistory.canRedo() : historyManager_.canRedo());
 }
 
 void EditorViewModel::undo() {
-    if (isAnnotationMode()) {
+    finishEditing();
+    if (isCropMode()) {
+        cancelCrop();
+    } else if (!canUndo()) {
+        return;
+    } else if (isAnnotationMode()) {
         annotationVM_.undo();
         synchroniseAnnotations();
     } else if (const auto snapshot = historyManager_.undo()) {
@@ -128,7 +160,12 @@ void EditorViewModel::undo() {
 }
 
 void EditorViewModel::redo() {
-    if (isAnnotationMode()) {
+    finishEditing();
+    if (isCropMode()) {
+        cancelCrop();
+    } else if (!canRedo()) {
+        return;
+    } else if (isAnnotationMode()) {
         annotationVM_.redo();
         synchroniseAnnotations();
     } else if (const auto snapshot = historyManager_.redo()) {
@@ -139,19 +176,28 @@ void EditorViewModel::redo() {
 void EditorViewModel::apply(const EditorSnapshot& snapshot) {
     const EditorState& state = snapshot.state;
     if (snapshot.screenshot.bitmap().cacheKey() != screenshot().bitmap().cacheKey()) {
+        // Steps of undo that were made on another picture would put marks elsewhere.
+        annotationVM_.historyService().clear();
         set_screenshot(snapshot.screenshot);
     }
+    setOriginal(snapshot.original);
     setAnnotations(state.annotations);
     annotationVM_.setAnnotations(state.annotations);
-    set_canvasState(state.canvasState);
+    CanvasState canvas = state.canvasState;
+    canvas.transform.offset = canvasState().transform.offset;
+    canvas.transform.scale = canvasState().transform.scale;
+    set_canvasState(canvas);
     setStyle({state.backdrop, state.mockup, state.frameStyle});
+    set_frameScale(state.frameScale);
 }
 
 void EditorViewModel::reset() {
     if (screenshot().isNull()) return;
+    if (isCropMode()) cancelCrop();
     CanvasState canvas;
     canvas.canvasSize = screenshot().pointSize();
     set_canvasState(canvas);
+    setOriginal(std::nullopt);
     setStyle({});
     set_frameScale(1);
     setAnnotations({});
@@ -200,7 +246,8 @@ void EditorViewModel::setAspectRatio(const AspectRatio& aspectRatio) {
 
 QSize EditorViewModel::outputPixels() const {
     const CompositeLayout layout = layoutAt(screenshot().pixelDensity());
-    return layout.isValid() ? layout.outputPixels() : QSize(0, 0);
+    return layout.isValid() ? turnedSize(layout.outputPixels(), canvasState().transform.rotation)
+                            : QSize(0, 0);
 }
 
 CompositeLayout EditorViewModel::layoutAt(double pixelDensity) const {

@@ -4,6 +4,8 @@
 #include "annotation/history/HistoryManager.h"
 #include "editor/document/EditorServices.h"
 #include "editor/document/EditorState.h"
+#include "editor/document/ToolMemory.h"
+#include "editor/document/UnexportedChanges.h"
 #include "library/color/ColorPickerViewModel.h"
 #include "render/style/Theme.h"
 #include "render/watermark/WatermarkViewModel.h"
@@ -40,6 +42,8 @@ class EditorViewModel : public QObject {
     PUBLISHED(std::optional<Theme>, currentTheme, std::nullopt)
     PUBLISHED(std::optional<QString>, currentPresetThemeId, std::nullopt)
     PUBLISHED(bool, isAnnotationMode, false)
+    /// Annotation mode is on, but its palette waits until a colour has been picked.
+    PUBLISHED(bool, isAnnotationPanelPresentationDeferred, false)
     PUBLISHED_WRITABLE(bool, isShortcutOverlayVisible, false)
     PUBLISHED_WRITABLE(bool, isRightPanelExpanded, true)
     PUBLISHED_WRITABLE(std::optional<RightPanelSection>, expandedPanel, RightPanelSection::backdrop)
@@ -75,8 +79,11 @@ class EditorViewModel : public QObject {
     void loadCapture(const Image& image);
     /// Shows another picture in the same style; annotations go, undo brings all back.
     void replaceScreenshot(const Image& image);
-    /// Keeps the present state as one step of undo. Called after each change that a user made.
+    /// Keeps the present state as one step of undo, with what was being typed. Called after each
+    /// change that a user made.
     void recordSnapshot();
+    /// These walk the history of the mode that is on, after ending what is being typed. While
+    /// cropping, both end that and do nothing else.
     void undo();
     void redo();
     void reset();
@@ -87,9 +94,9 @@ class EditorViewModel : public QObject {
 
     void applyPresetTheme(const PresetTheme& preset);
     void applyTheme(const Theme& theme);
-    /// The geometry of the finished picture; not valid without a screenshot.
+    /// The geometry of the finished picture before it is turned; not valid without a screenshot.
     CompositeLayout layout() const { return layoutAt(1); }
-    /// Of the finished picture; none without a screenshot.
+    /// Of the finished picture, turned; none without a screenshot.
     QSize outputPixels() const;
     EditorStyleSettings style() const { return {backdrop(), mockup(), frameStyle()}; }
     void setAspectRatio(const AspectRatio& aspectRatio);
@@ -99,10 +106,12 @@ class EditorViewModel : public QObject {
 
     // Enhancement. Undo brings the picture before it back, as restoreOriginalImage() does.
 
+    /// False where the picture was replaced by another one meanwhile, which is left as it is.
     /// Throws AIEnhancementError, and ExportError::renderingFailed without a screenshot.
-    Task<> enhanceImage(AIEnhancementMode mode, double strength);
+    Task<bool> enhanceImage(AIEnhancementMode mode, double strength);
     void restoreOriginalImage();
     bool canRestoreOriginalImage() const { return screenshotBeforeEnhancement_.has_value(); }
+    Q_SIGNAL void canRestoreOriginalImageChanged();
 
     // Annotations.
 
@@ -116,10 +125,17 @@ class EditorViewModel : public QObject {
     const std::vector<AnyAnnotation>& liveAnnotations() const;
     /// Takes over what was drawn; called after each gesture on the canvas.
     void synchroniseAnnotations();
+    /// Ends the typing of texts and numbers and takes over what was typed.
+    void finishEditing();
+    /// Whether there are blurs that are hidden with all other annotations, so that an output would
+    /// show what they cover.
+    bool hidesRedactions() const;
 
-    /// Starts or ends picking a colour from the picture. It becomes the tools' colour where
-    /// annotation mode was on, which then goes on.
-    void toggleColorPicker();
+    using UseColor = std::function<void(const PickedColor&)>;
+    /// Starts or ends picking a colour from the picture. Annotation mode, where it was on, goes on
+    /// afterwards with the same selection. The colour goes to `use`; where none is given, it becomes
+    /// the tools' colour if annotation mode was on.
+    void toggleColorPicker(UseColor use = {});
 
     // Turning and cropping.
 
@@ -138,6 +154,12 @@ class EditorViewModel : public QObject {
     // the main thread. All throw ExportError::renderingFailed without a screenshot.
 
     CompositeRequest outputRequest();
+    /// What outputRequest() would be now, without finishing a drawing. Any picture, also none.
+    CompositeRequest presentPicture() const;
+    /// Tells that the picture of this request has left the editor. Output tells it by itself.
+    void markExported(const CompositeRequest& picture) { unexported_.settle(picture); }
+    /// Whether the user changed something since the picture was opened or last left the editor.
+    bool hasUnexportedChanges() const;
     Task<Image> prepareRenderedImage();
     /// Throws what rendering, encoding and writing throw; the document is untouched by it.
     Task<SavedFile> exportImage(QString path, ExportFormat format, EncodeHooks hooks = {});
@@ -159,6 +181,12 @@ class EditorViewModel : public QObject {
     void leaveCropMode();
     void connectColorPicker();
     void replaceKeepingAnnotations(const Image& image);
+    void setOriginal(std::optional<Image> original);
+    void enterAnnotationMode();
+    void resumeAfterPicking();
+    void usePickedColor(const PickedColor& picked);
+    void stopPicking();
+    friend class OutputUnderWay;
     /// Replaces the picture by a part of itself; annotations stay on what they mark.
     void crop(const QRect& pixels);
     void persistStyle();
@@ -166,11 +194,16 @@ class EditorViewModel : public QObject {
     EditorServices services_;
     std::vector<AnyAnnotation> annotations_;
     AnnotationViewModel annotationVM_;
+    ToolMemory toolMemory_;
     ColorPickerViewModel colorPickerVM_;
     bool annotatesAfterPicking_ = false;
+    std::vector<QUuid> selectionBeforePicking_;
+    UseColor usePicked_;
     WatermarkViewModel watermarkVM_;
     HistoryManager<EditorSnapshot> historyManager_;
     std::optional<Image> screenshotBeforeEnhancement_;
+    int outputsUnderWay_ = 0;
+    UnexportedChanges unexported_;
     QTimer stylePersistence_;
     bool isCleanedUp_ = false;
 };

@@ -33,6 +33,7 @@ AnnotationPanel::AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& h
           &Annotations::isTextEditingChanged, &Annotations::annotationsVisibleChanged}) {
         connect(&annotations(), signal, this, &AnnotationPanel::toolChanged);
     }
+    connect(&editor, &EditorViewModel::annotationsChanged, this, &AnnotationPanel::toolChanged);
     connect(&annotations(), &Annotations::numberEditingStateChanged, this,
             &AnnotationPanel::numberEditingChanged);
 }
@@ -50,6 +51,8 @@ QVariantMap AnnotationPanel::tool() const {
         {QStringLiteral("selectedCount"),
          static_cast<int>(annotations().selectedAnnotations().size())},
         {QStringLiteral("isVisible"), annotations().annotationsVisible()},
+        {QStringLiteral("areMarksHidden"),
+         !annotations().annotationsVisible() && !editor_.liveAnnotations().empty()},
     };
     if (const auto blur = annotations().selectedBlur()) {
         values.insert(QStringLiteral("blurType"), rawName(blur->blurType));
@@ -123,6 +126,7 @@ void AnnotationPanel::hint(const QString& action) {
 void AnnotationPanel::setTool(const QString& id) {
     for (const AnnotationToolInfo& info : annotationTools()) {
         if (toolId(info.tool) != id || annotations().currentTool() == info.tool) continue;
+        editor_.finishEditing();
         annotations().selectAnnotation(std::nullopt);
         annotations().set_currentTool(info.tool);
         hint(id);
@@ -218,6 +222,15 @@ void AnnotationPanel::setNumberText(const QString& text) {
     if (!state.isEditing) return;
     state.inputValue = text;
     annotations().set_numberEditingState(state);
+}
+
+void AnnotationPanel::toggleVisibility() {
+    annotations().toggleVisibility();
+    editor_.synchroniseAnnotations();
+}
+
+void AnnotationPanel::finishEditing() {
+    editor_.finishEditing();
 }
 
 void AnnotationPanel::commitNumber() {

@@ -49,7 +49,9 @@ class AnnotationPanel : public QObject {
     /// Live; commitBlur() makes it a step of undo.
     Q_INVOKABLE void setBlur(const QString& type, double intensity);
     Q_INVOKABLE void commitBlur();
-    Q_INVOKABLE void toggleVisibility() { annotations().toggleVisibility(); }
+    Q_INVOKABLE void toggleVisibility();
+    /// Ends the typing of texts and numbers, as when the focus goes elsewhere.
+    Q_INVOKABLE void finishEditing();
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void deleteSelected();
     Q_INVOKABLE void bringToFront();

@@ -82,8 +82,11 @@ void CanvasItem::connectToEditor() {
                 const auto id = annotations.newlyCreatedTextAnnotationId();
                 if (!id) return;
                 annotations.set_newlyCreatedTextAnnotationId(std::nullopt);
-                beginTextEditing(*id);
+                annotations.beginTextEditing(*id);
             });
+    for (const auto signal : {&Annotations::editedTextIdChanged, &Annotations::annotationsChanged})
+        connect(&annotations, signal, this, &CanvasItem::textEditingChanged);
+    connect(&annotations, &Annotations::editedTextIdChanged, this, &CanvasItem::polish);
 }
 
 double CanvasItem::pixelRatio() const {
@@ -121,7 +124,7 @@ void CanvasItem::invalidate() {
 /// From pixels of the unturned canvas to the view's.
 QTransform CanvasItem::pixelsOfCanvasToView() const {
     const CanvasViewport& viewport = interaction_->viewport();
-    const QPointF corner = viewport.toView(QPointF()) * pixelRatio();
+    const QPointF corner = viewport.canvasToView(QPointF()) * pixelRatio();
     return QTransform::fromTranslate(std::round(corner.x()), std::round(corner.y()))
         .rotate(viewport.rotation());
 }
@@ -130,19 +133,33 @@ QTransform CanvasItem::pixelsOfCanvasToView() const {
 QRect CanvasItem::showAnnotations() {
     const AnnotationViewModel& annotations = editor().annotationVM();
     std::vector<AnyAnnotation> shown;
-    if (annotations.annotationsVisible()) {
+    if (annotations.annotationsVisible() && interaction_->viewport().showsScreenshot()) {
         shown = editor().liveAnnotations();
-        std::erase_if(shown, [&](const auto& each) { return each.id() == editedTextId_; });
+        // A text that is typed is shown by its editor.
+        std::erase_if(shown,
+                      [&](const auto& each) { return each.id() == annotations.editedTextId(); });
         if (const auto drawn = annotations.recordBeingDrawn()) shown.push_back(*drawn);
     }
     const QRectF view(QPointF(), size() * pixelRatio());
     const QRect visible = pixelsOfCanvasToView().inverted().mapRect(view).toAlignedRect();
-    return layer_.show(std::move(shown), visible, interaction_->viewport().scale() * pixelRatio());
+    return layer_.show(std::move(shown), visible, annotationMapping());
+}
+
+/// From the screenshot's points to pixels of the unturned canvas. The screenshot that is seen is
+/// the preview's: while a style changes, marks move together with it.
+AnnotationMapping CanvasItem::annotationMapping() const {
+    const CanvasViewport& viewport = interaction_->viewport();
+    if (!viewport.showsScreenshot()) return {};
+    const QRectF content = preview_->shownContent().value_or(viewport.contentRect());
+    const double scale = viewport.scale() * pixelRatio();
+    const double pixels = content.width() / viewport.imageSize().width() * scale;
+    return {content.topLeft() * scale, {pixels, pixels}, pixels,
+            editor().screenshot().pixelDensity()};
 }
 
 QRectF CanvasItem::placeholderRect(const BlurAnnotation& blur) const {
-    return interaction_->viewport().imageToCanvas(blur.bounds.normalized()) &
-           interaction_->viewport().contentRect();
+    const CanvasViewport& viewport = interaction_->viewport();
+    return viewport.imageToCanvas(blur.bounds.normalized()) & viewport.contentRect();
 }
 
 /// What decorations and placeholders take, in points of the item.
@@ -180,7 +197,7 @@ QRectF CanvasItem::imageRect() const {
     if (!interaction_ || interaction_->viewport().isEmpty()) return {};
     const CanvasViewport& viewport = interaction_->viewport();
     const QRectF content = viewport.contentRect();
-    return {viewport.toView(content.topLeft()), viewport.toView(content.bottomRight())};
+    return {viewport.canvasToView(content.topLeft()), viewport.canvasToView(content.bottomRight())};
 }
 
 void CanvasItem::paint(QPainter* painter) {
@@ -270,7 +287,7 @@ void CanvasItem::mouseReleaseEvent(QMouseEvent* event) {
 void CanvasItem::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!interaction_) return;
     const auto text = interaction_->doubleClick(pointerEvent(*event));
-    if (text) beginTextEditing(*text);
+    if (text) editor().annotationVM().beginTextEditing(*text);
 }
 
 void CanvasItem::hoverMoveEvent(QHoverEvent* event) {
@@ -295,20 +312,18 @@ void CanvasItem::wheelEvent(QWheelEvent* event) {
 
 QPointF CanvasItem::imagePoint(const QPointF& position) const {
     if (!interaction_ || interaction_->viewport().isEmpty()) return {-1, -1};
-    const CanvasViewport& viewport = interaction_->viewport();
-    return viewport.canvasToImage(viewport.toCanvas(position));
+    return interaction_->viewport().toImage(position);
 }
 
-void CanvasItem::beginTextEditing(const QUuid& id) {
-    editedTextId_ = id;
-    editor().annotationVM().set_isTextEditing(true);
-    polish();
-    Q_EMIT textEditingChanged();
+bool CanvasItem::isEditingText() const {
+    return editedRecord() != nullptr;
 }
 
 const TextAnnotation* CanvasItem::editedRecord() const {
-    if (!controller_ || !editedTextId_) return nullptr;
-    const AnyAnnotation* record = editor().annotationVM().annotation(*editedTextId_);
+    if (!controller_) return nullptr;
+    const AnnotationViewModel& annotations = editor().annotationVM();
+    const auto& id = annotations.editedTextId();
+    const AnyAnnotation* record = id ? annotations.annotation(*id) : nullptr;
     return record ? record->as<TextAnnotation>() : nullptr;
 }
 
@@ -316,9 +331,13 @@ QRectF CanvasItem::textRect() const {
     const TextAnnotation* text = editedRecord();
     if (!text) return {};
     const CanvasViewport& viewport = interaction_->viewport();
-    QRectF rect(QPointF(), text->bounds.size() * viewport.scale());
+    QRectF rect(QPointF(), text->bounds.size() * viewport.imageScale());
     rect.moveCenter(viewport.toView(text->bounds.center()));
     return rect;
+}
+
+double CanvasItem::textScale() const {
+    return isEditingText() ? interaction_->viewport().imageScale() : 1;
 }
 
 double CanvasItem::textRotation() const {
@@ -329,8 +348,7 @@ double CanvasItem::textRotation() const {
 QFont CanvasItem::textFont() const {
     const TextAnnotation* text = editedRecord();
     if (!text) return {};
-    return writingFont(text->fontFamily.value_or(QString()),
-                       text->fontSize * interaction_->viewport().scale(),
+    return writingFont(text->fontFamily.value_or(QString()), text->fontSize,
                        fontWeight(text->fontWeight));
 }
 
@@ -344,24 +362,16 @@ QString CanvasItem::editedText() const {
     return text ? text->text : QString();
 }
 
-// A text left empty would be invisible for ever.
-void CanvasItem::commitText(const QString& text) {
-    const auto id = std::exchange(editedTextId_, std::nullopt);
-    if (!id || !controller_) return;
-    AnnotationViewModel& annotations = editor().annotationVM();
-    annotations.set_isTextEditing(false);
-    if (const AnyAnnotation* record = annotations.annotation(*id)) {
-        AnyAnnotation changed = *record;
-        changed.as<TextAnnotation>()->text = text;
-        if (text.trimmed().isEmpty()) {
-            annotations.deleteAnnotation(*id);
-        } else {
-            annotations.updateAnnotation(changed);
-        }
-    }
+void CanvasItem::setEditedText(const QString& text) {
+    if (!isEditingText()) return;
+    editor().annotationVM().setEditedText(text);
     editor().synchroniseAnnotations();
-    polish();
-    Q_EMIT textEditingChanged();
+}
+
+void CanvasItem::endTextEditing() {
+    if (!isEditingText()) return;
+    editor().annotationVM().endTextEditing();
+    editor().synchroniseAnnotations();
 }
 
 QRectF CanvasItem::numberEditorRect() const {

@@ -22,6 +22,8 @@ class CanvasItem : public QQuickPaintedItem {
     /// what its editor needs to look like it.
     Q_PROPERTY(bool isEditingText READ isEditingText NOTIFY textEditingChanged)
     Q_PROPERTY(QRectF textRect READ textRect NOTIFY textEditingChanged)
+    /// Points of the item for one of the font, whose size is in the screenshot's points.
+    Q_PROPERTY(double textScale READ textScale NOTIFY textEditingChanged)
     Q_PROPERTY(double textRotation READ textRotation NOTIFY textEditingChanged)
     Q_PROPERTY(QFont textFont READ textFont NOTIFY textEditingChanged)
     Q_PROPERTY(QColor textColor READ textColor NOTIFY textEditingChanged)
@@ -38,8 +40,9 @@ class CanvasItem : public QQuickPaintedItem {
 
     void paint(QPainter* painter) override;
 
-    bool isEditingText() const { return editedTextId_.has_value(); }
+    bool isEditingText() const;
     QRectF textRect() const;
+    double textScale() const;
     double textRotation() const;
     QFont textFont() const;
     QColor textColor() const;
@@ -49,7 +52,9 @@ class CanvasItem : public QQuickPaintedItem {
 
     /// The point of the screenshot under a point of the item.
     Q_INVOKABLE QPointF imagePoint(const QPointF& position) const;
-    Q_INVOKABLE void commitText(const QString& text);
+    /// What the editor of a text holds, at each change.
+    Q_INVOKABLE void setEditedText(const QString& text);
+    Q_INVOKABLE void endTextEditing();
 
     Q_SIGNAL void controllerChanged();
     Q_SIGNAL void textEditingChanged();
@@ -74,10 +79,10 @@ class CanvasItem : public QQuickPaintedItem {
     void refreshViewport();
     void refreshCursor();
     void invalidate();
-    void beginTextEditing(const QUuid& id);
     const TextAnnotation* editedRecord() const;
     double pixelRatio() const;
     QTransform pixelsOfCanvasToView() const;
+    AnnotationMapping annotationMapping() const;
     QRect showAnnotations();
     QRectF overlayBounds() const;
     QRectF placeholderRect(const BlurAnnotation& blur) const;
@@ -88,7 +93,6 @@ class CanvasItem : public QQuickPaintedItem {
     QPointer<EditorController> controller_;
     std::unique_ptr<CanvasInteraction> interaction_;
     std::unique_ptr<PreviewRenderer> preview_;
-    std::optional<QUuid> editedTextId_;
     AnnotationLayer layer_;
     bool isAllStale_ = true;
     /// Runs while zooming and panning go on.

@@ -3,6 +3,8 @@
 #include "editor/views/StyleFields.h"
 #include "editor/views/ViewRows.h"
 
+#include <QPointer>
+
 namespace kestrio {
 
 ColorPanel::ColorPanel(EditorViewModel& editor, QObject* parent)
@@ -36,6 +38,14 @@ QString ColorPanel::format() const {
 void ColorPanel::toggle(bool forBackdrop) {
     isForBackdrop_ = forBackdrop;
     editor_.toggleColorPicker();
+}
+
+void ColorPanel::pickFor(QObject* receiver) {
+    if (isPicking()) return;
+    isForBackdrop_ = false;
+    editor_.toggleColorPicker([this, to = QPointer(receiver)](const PickedColor& picked) {
+        if (to) Q_EMIT pickedFor(to, picked.swatch());
+    });
 }
 
 void ColorPanel::movePointer(const QPointF& point) {

@@ -43,9 +43,12 @@ class ColorPanel : public QObject {
     QString format() const;
     bool isCopied() const { return picker().showCopiedFeedback(); }
 
-    /// Starts or ends picking. What is picked becomes the tools' colour, with `forBackdrop` the
-    /// backdrop's too.
+    /// Starts or ends picking. What is picked becomes the tools' colour in annotation mode, with
+    /// `forBackdrop` the backdrop's too.
     Q_INVOKABLE void toggle(bool forBackdrop = false);
+    /// Starts picking for one view alone, which hears of the colour by pickedFor().
+    Q_INVOKABLE void pickFor(QObject* receiver);
+    Q_SIGNAL void pickedFor(QObject* receiver, const QColor& color);
     /// Points of the picture, from its top left corner.
     Q_INVOKABLE void movePointer(const QPointF& point);
     Q_INVOKABLE void pick(const QPointF& point, bool forBackdrop);

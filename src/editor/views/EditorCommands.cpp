@@ -100,9 +100,10 @@ void EditorController::pickColorByButton(bool forBackdrop) {
     if (begins) hint(QStringLiteral("eyedropper"));
 }
 
-bool EditorController::handleKey(int key, int modifiers, const QString& text) {
+bool EditorController::handleKey(int key, int modifiers, const QString& text, bool isTextFocused) {
     const Qt::KeyboardModifiers held(modifiers);
-    if (keyboard_.handle({key, held, text, annotation_.isTextEditing()})) {
+    if (isTextFocused || annotation_.isTextEditing()) return false;
+    if (keyboard_.handle({key, held, text, false})) {
         editor_.synchroniseAnnotations();
         return true;
     }

@@ -45,7 +45,9 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
       colors_(editor_),
       crop_(editor_),
       output_(editor_, services_, name_),
-      themes_(editor_, services_.userDefaults),
+      closing_(editor_, services_),
+      share_(editor_, services_, name_),
+      themes_(editor_, services_.themes),
       watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),
       thumbnailProvider_(nextProviderName()) {
@@ -72,7 +74,8 @@ void EditorController::connectDocument() {
     relay(std::initializer_list{&Editor::backdropChanged, &Editor::mockupChanged,
                                 &Editor::frameStyleChanged, &Editor::frameScaleChanged},
           &EditorController::styleChanged);
-    relay(std::initializer_list{&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged},
+    relay(std::initializer_list{&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged,
+                                &Editor::isAnnotationPanelPresentationDeferredChanged},
           &EditorController::modeChanged);
     relay(std::initializer_list{&Editor::canUndoChanged, &Editor::canRedoChanged},
           &EditorController::undoChanged);
@@ -81,7 +84,8 @@ void EditorController::connectDocument() {
     relay(std::initializer_list{&Editor::expandedPanelChanged, &Editor::isRightPanelExpandedChanged,
                                 &Editor::isShortcutOverlayVisibleChanged},
           &EditorController::panelsChanged);
-    relay(std::initializer_list{&Editor::isEnhancingImageChanged},
+    relay(std::initializer_list{&Editor::isEnhancingImageChanged,
+                                &Editor::canRestoreOriginalImageChanged},
           &EditorController::enhancingChanged);
     connect(&editor_, &Editor::screenshotChanged, this,
             [this] { launch(shrinkPicture(), this); });
@@ -271,16 +275,19 @@ void EditorController::enhance(const QString& mode, double strength) {
 Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
     const QPointer<EditorController> self(this);
     QString failure;
+    bool isEnhanced = false;
     try {
         auto enhancing = editor_.enhanceImage(mode, strength);
-        co_await enhancing;
+        isEnhanced = co_await enhancing;
     } catch (const std::exception& error) {
         failure = describeFailure(error);
     }
     if (!self) co_return;
     Q_EMIT enhancingChanged();
     if (failure.isEmpty()) {
-        editor_.set_toastMessage(localised("Image enhanced"));
+        editor_.set_toastMessage(
+            isEnhanced ? localised("Image enhanced")
+                       : localised("The picture has changed meanwhile and was not enhanced"));
     } else {
         editor_.set_errorMessage(failure);
     }
@@ -304,7 +311,15 @@ void EditorController::openFile(const QUrl& file) {
 }
 
 void EditorController::openData(const QByteArray& data) {
-    const QImage bitmap = decodeImageOrNull(data);
+    launch(decodeDrop(data), this);
+}
+
+Task<> EditorController::decodeDrop(QByteArray data) {
+    const QPointer<EditorController> self(this);
+    auto work = [data] { return decodeImageOrNull(data); };
+    const auto decoding = runInBackground(std::move(work));
+    const QImage bitmap = co_await decoding;
+    if (!self) co_return;
     if (bitmap.isNull()) {
         refuseDrop();
     } else {
@@ -319,6 +334,12 @@ void EditorController::paste() {
     } else {
         editor_.replaceScreenshot(Image(bitmap));
     }
+}
+
+void EditorController::reportLoadProblems() {
+    themes_.reportLoadProblem();
+    const QString& presets = editor_.watermarkVM().errorMessage();
+    if (!presets.isEmpty()) editor_.set_errorMessage(presets);
 }
 
 void EditorController::refuseDrop() {

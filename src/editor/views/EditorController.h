@@ -3,9 +3,11 @@
 #include "editor/keyboard/AnnotationKeyboardHandler.h"
 #include "editor/layout/ResponsiveLayoutManager.h"
 #include "editor/views/AnnotationPanel.h"
+#include "editor/views/ClosingPanel.h"
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CropPanel.h"
 #include "editor/views/OutputPanel.h"
+#include "editor/views/SharePanel.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -21,9 +23,11 @@ class EditorController : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window's owner makes it")
     Q_PROPERTY(kestrio::AnnotationPanel* annotation READ annotation CONSTANT)
+    Q_PROPERTY(kestrio::ClosingPanel* closing READ closing CONSTANT)
     Q_PROPERTY(kestrio::ColorPanel* colors READ colors CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
+    Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
@@ -31,6 +35,8 @@ class EditorController : public QObject {
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
     Q_PROPERTY(bool isCropMode READ isCropMode NOTIFY modeChanged)
+    /// The tool palette is to be seen: not while a colour is picked.
+    Q_PROPERTY(bool isPaletteShown READ isPaletteShown NOTIFY modeChanged)
     Q_PROPERTY(QString openPanel READ openPanel NOTIFY panelsChanged)
     /// "full", "compact" or "minimal", by the right panel's width.
     Q_PROPERTY(QString panelMode READ panelMode NOTIFY panelsChanged)
@@ -72,15 +78,20 @@ class EditorController : public QObject {
     void open(const Image& image);
 
     AnnotationPanel* annotation() { return &annotation_; }
+    ClosingPanel* closing() { return &closing_; }
     ColorPanel* colors() { return &colors_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
+    SharePanel* share() { return &share_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     QVariantMap style() const;
     QVariantMap choices() const;
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
+    bool isPaletteShown() const {
+        return editor_.isAnnotationMode() && !editor_.isAnnotationPanelPresentationDeferred();
+    }
     /// The unfolded section of the right panel; empty where none is.
     QString openPanel() const;
     QString panelMode() const { return rawString(layout_.currentMode()); }
@@ -123,8 +134,9 @@ class EditorController : public QObject {
 
     Q_INVOKABLE void toggleAnnotations() { editor_.toggleAnnotationMode(); }
     Q_INVOKABLE void enterCrop() { editor_.enterCropMode(); }
-    /// A key that no text field took; true where it was a command.
-    Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text);
+    /// A key that nothing with the focus took; true where it was a command. A text field that has
+    /// the focus keeps the keys that mean something to it, Return and Escape among them.
+    Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text, bool isTextFocused);
     Q_INVOKABLE void autoBeautify();
     Q_INVOKABLE void enhance(const QString& mode, double strength);
     Q_INVOKABLE void restoreOriginal();
@@ -145,6 +157,8 @@ class EditorController : public QObject {
     /// The same of a drop's bytes.
     Q_INVOKABLE void openData(const QByteArray& data);
     Q_INVOKABLE void paste();
+    /// Tells what saved themes and presets could not be read, once the window can show it.
+    Q_INVOKABLE void reportLoadProblems();
     /// Tells that a drop held no picture.
     Q_INVOKABLE void refuseDrop();
 
@@ -167,6 +181,7 @@ class EditorController : public QObject {
     Task<> shrinkPicture();
     Task<> askForPicture(QString title, void (EditorController::*use)(const QUrl&));
     void setWatermarkImage(const QUrl& file) { watermark_.setPicture(file); }
+    Task<> decodeDrop(QByteArray data);
     Task<> runEnhance(AIEnhancementMode mode, double strength);
     void hint(const QString& action);
 
@@ -180,6 +195,8 @@ class EditorController : public QObject {
     ColorPanel colors_;
     CropPanel crop_;
     OutputPanel output_;
+    ClosingPanel closing_;
+    SharePanel share_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     /// Kept from one composition to the next while an editor is open.

@@ -60,12 +60,33 @@ QString OutputPanel::outputSize() const {
     return QStringLiteral("%1 × %2").arg(pixels.width()).arg(pixels.height());
 }
 
+void OutputPanel::unlessRedactionsAreHidden(Output output) {
+    if (editor_.hidesRedactions()) {
+        pending_ = output;
+        Q_EMIT redactionsHidden();
+    } else {
+        (this->*output)();
+    }
+}
+
+void OutputPanel::goOn(bool showsAnnotations) {
+    const Output output = std::exchange(pending_, nullptr);
+    if (!output) return;
+    AnnotationViewModel& annotations = editor_.annotationVM();
+    if (showsAnnotations && !annotations.annotationsVisible()) annotations.toggleVisibility();
+    (this->*output)();
+}
+
 void OutputPanel::exportPicture() {
+    unlessRedactionsAreHidden(&OutputPanel::startExport);
+}
+
+void OutputPanel::startExport() {
     export_.exportPicture(QGuiApplication::focusWindow());
 }
 
 void OutputPanel::pin() {
-    launch(runPin(), this);
+    unlessRedactionsAreHidden(&OutputPanel::startPin);
 }
 
 Task<> OutputPanel::runPin() {
@@ -82,7 +103,11 @@ Task<> OutputPanel::runPin() {
 }
 
 void OutputPanel::copy() {
-    if (!isBusy()) launch(runCopy(), this);
+    if (!isBusy()) unlessRedactionsAreHidden(&OutputPanel::startCopy);
+}
+
+void OutputPanel::startCopy() {
+    launch(runCopy(), this);
 }
 
 Task<> OutputPanel::runCopy() {
@@ -112,6 +137,12 @@ void OutputPanel::endCopying(const QString& state) {
 }
 
 void OutputPanel::beginDrag() {
+    // A drag under way cannot ask.
+    if (editor_.hidesRedactions()) {
+        editor_.set_errorMessage(
+            localised("Blurred areas are hidden; show the annotations before you drag the picture"));
+        return;
+    }
     wantsDrag_ = true;
     if (!isBusy()) launch(runDrag(), this);
 }
@@ -121,20 +152,22 @@ Task<> OutputPanel::runDrag() {
     QString failure;
     try {
         auto rendering = editor_.prepareRenderedImage();
+        const CompositeRequest taken = editor_.presentPicture();
         const Image picture = co_await rendering;
         auto work = [bitmap = picture.bitmap()] {
             return encodeImage(bitmap, ExportFormat::png, {});
         };
         const auto encoding = runInBackground(std::move(work));
         const QByteArray png = co_await encoding;
-        if (self && wantsDrag_) startDrag(picture.bitmap(), png);
+        const bool isTaken = self && wantsDrag_ && startDrag(picture.bitmap(), png);
+        if (self && isTaken) editor_.markExported(taken);
     } catch (const std::exception& error) {
         failure = describeFailure(error);
     }
     if (self && !failure.isEmpty()) editor_.set_errorMessage(failure);
 }
 
-void OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
+bool OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
     wantsDrag_ = false;
     auto* content = new QMimeData;
     content->setData(ownDragFormat, "1");
@@ -148,7 +181,7 @@ void OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
     drag->setMimeData(content);
     drag->setPixmap(QPixmap::fromImage(picture.scaledToWidth(
         std::min(dragPictureWidth, picture.width()), Qt::SmoothTransformation)));
-    drag->exec(Qt::CopyAction);
+    return drag->exec(Qt::CopyAction) != Qt::IgnoreAction;
 }
 
 }  // namespace kestrio

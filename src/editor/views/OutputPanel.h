@@ -45,9 +45,14 @@ class OutputPanel : public QObject {
     bool canPin() const { return editor_.canPin(); }
     QString outputSize() const;
 
+    /// These ask first, by redactionsHidden(), where blurs are hidden with all annotations.
     Q_INVOKABLE void copy();
     Q_INVOKABLE void pin();
     Q_INVOKABLE void exportPicture();
+    Q_SIGNAL void redactionsHidden();
+    /// Does what was asked about, with all annotations shown again or without them.
+    Q_INVOKABLE void goOn(bool showsAnnotations);
+    Q_INVOKABLE void dropPending() { pending_ = nullptr; }
     Q_INVOKABLE void cancelExport() { export_.cancel(); }
     Q_INVOKABLE void reveal() { export_.reveal(); }
     Q_INVOKABLE void restart() { export_.restart(); }
@@ -63,10 +68,16 @@ class OutputPanel : public QObject {
     Q_SIGNAL void outputSizeChanged();
 
   private:
+    using Output = void (OutputPanel::*)();
+    void unlessRedactionsAreHidden(Output output);
+    void startCopy();
+    void startPin() { launch(runPin(), this); }
+    void startExport();
     Task<> runCopy();
     Task<> runPin();
     Task<> runDrag();
-    void startDrag(const QImage& picture, const QByteArray& png);
+    /// Whether somebody took what was dragged.
+    bool startDrag(const QImage& picture, const QByteArray& png);
     void endCopying(const QString& state);
 
     EditorViewModel& editor_;
@@ -74,6 +85,7 @@ class OutputPanel : public QObject {
     ExportOptions export_;
     QTimer copyFeedback_;
     bool wantsDrag_ = false;
+    Output pending_ = nullptr;
     /// Holds dragged files for as long as the editor lives; made when one is dragged.
     std::optional<QTemporaryDir> draggedFiles_;
 };

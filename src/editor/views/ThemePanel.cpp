@@ -6,11 +6,9 @@
 
 namespace kestrio {
 
-ThemePanel::ThemePanel(EditorViewModel& editor, std::shared_ptr<UserDefaults> userDefaults,
+ThemePanel::ThemePanel(EditorViewModel& editor, std::shared_ptr<ThemeStorageServiceProtocol> themes,
                        QObject* parent)
-    : QObject(parent),
-      editor_(editor),
-      themes_(std::make_shared<ThemeStorageService>(std::move(userDefaults))) {
+    : QObject(parent), editor_(editor), themes_(std::move(themes)) {
     connect(&themes_, &ThemeViewModel::userThemesChanged, this, &ThemePanel::themesChanged);
     using Editor = EditorViewModel;
     for (const auto signal :
@@ -48,14 +46,29 @@ void ThemePanel::applyPreset(const QString& id) {
     if (const PresetTheme* preset = PresetTheme::find(id)) editor_.applyPresetTheme(*preset);
 }
 
-void ThemePanel::applyTheme(const QString& id) {
+const Theme* ThemePanel::find(const QString& id) const {
     const auto theme = std::ranges::find(userThemes(), QUuid::fromString(id), &Theme::id);
-    if (theme != userThemes().end()) editor_.applyTheme(*theme);
+    return theme == userThemes().end() ? nullptr : &*theme;
 }
 
-QString ThemePanel::nameProblem(const QString& name) const {
-    const bool isTaken = std::ranges::count(userThemes(), name.trimmed(), &Theme::name) > 0;
-    return isTaken ? localised("A theme with this name already exists") : QString();
+void ThemePanel::applyTheme(const QString& id) {
+    if (const Theme* theme = find(id)) editor_.applyTheme(*theme);
+}
+
+bool ThemePanel::isNameTaken(const QString& name, const QString& id) const {
+    return std::ranges::any_of(userThemes(), [&](const Theme& theme) {
+        return theme.name == name.trimmed() && theme.id != QUuid::fromString(id);
+    });
+}
+
+bool ThemePanel::reportFailure() {
+    if (themes_.errorMessage().isEmpty()) return false;
+    editor_.set_errorMessage(themes_.errorMessage());
+    return true;
+}
+
+void ThemePanel::reportLoadProblem() {
+    reportFailure();
 }
 
 void ThemePanel::save(const QString& name) {
@@ -63,19 +76,40 @@ void ThemePanel::save(const QString& name) {
         editor_.set_errorMessage(localised("A theme needs a name"));
         return;
     }
-    themes_.saveTheme(name.trimmed(), editor_.style());
-    if (!themes_.errorMessage().isEmpty()) {
-        editor_.set_errorMessage(themes_.errorMessage());
+    const auto existing = std::ranges::find(userThemes(), name.trimmed(), &Theme::name);
+    if (existing != userThemes().end()) {
+        overwrite(existing->id.toString());
         return;
     }
+    themes_.saveTheme(name.trimmed(), editor_.style());
+    if (reportFailure()) return;
     const auto saved = std::ranges::find(userThemes(), name.trimmed(), &Theme::name);
     if (saved != userThemes().end()) editor_.applyTheme(*saved);
     editor_.set_toastMessage(localised("Theme saved"));
 }
 
+void ThemePanel::overwrite(const QString& id) {
+    const Theme* theme = find(id);
+    if (!theme) return;
+    const Theme changed = theme->withStyle(editor_.style());
+    themes_.updateTheme(changed);
+    if (reportFailure()) return;
+    editor_.applyTheme(changed);
+    editor_.set_toastMessage(localised("Theme saved"));
+}
+
+void ThemePanel::rename(const QString& id, const QString& name) {
+    const Theme* theme = find(id);
+    if (!theme || name.trimmed().isEmpty()) return;
+    Theme changed = *theme;
+    changed.name = name.trimmed();
+    themes_.updateTheme(changed);
+    reportFailure();
+}
+
 void ThemePanel::remove(const QString& id) {
     themes_.deleteTheme(QUuid::fromString(id));
-    if (!themes_.errorMessage().isEmpty()) editor_.set_errorMessage(themes_.errorMessage());
+    reportFailure();
 }
 
 }  // namespace kestrio

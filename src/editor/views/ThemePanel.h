@@ -21,8 +21,8 @@ class ThemePanel : public QObject {
     Q_PROPERTY(QString currentTheme READ currentTheme NOTIFY currentChanged)
 
   public:
-    explicit ThemePanel(EditorViewModel& editor, std::shared_ptr<UserDefaults> userDefaults,
-                        QObject* parent = nullptr);
+    ThemePanel(EditorViewModel& editor, std::shared_ptr<ThemeStorageServiceProtocol> themes,
+               QObject* parent = nullptr);
 
     QVariantList presets() const;
     QVariantList themes() const;
@@ -32,16 +32,25 @@ class ThemePanel : public QObject {
 
     Q_INVOKABLE void applyPreset(const QString& id);
     Q_INVOKABLE void applyTheme(const QString& id);
-    /// What is wrong with a name for a new theme; empty where nothing is.
-    Q_INVOKABLE QString nameProblem(const QString& name) const;
-    /// Keeps the present style under a name; tells what became of it.
+    /// Whether a theme has this name, other than the one of the id.
+    Q_INVOKABLE bool isNameTaken(const QString& name, const QString& id) const;
+    /// Keeps the present style under a name, in the place of a theme that has it; tells what became
+    /// of it.
     Q_INVOKABLE void save(const QString& name);
+    /// Makes the present style that of a theme.
+    Q_INVOKABLE void overwrite(const QString& id);
+    Q_INVOKABLE void rename(const QString& id, const QString& name);
     Q_INVOKABLE void remove(const QString& id);
+    /// Tells that saved themes cannot be read.
+    void reportLoadProblem();
 
     Q_SIGNAL void themesChanged();
     Q_SIGNAL void currentChanged();
 
   private:
+    const Theme* find(const QString& id) const;
+    bool reportFailure();
+
     EditorViewModel& editor_;
     ThemeViewModel themes_;
 };

@@ -14,6 +14,22 @@ namespace {
 // not depend on the number of threads, and neither does the result.
 constexpr int stripRows = 512;
 
+/// A path that shares nothing: painters keep what they prepare of a path inside it, so that two
+/// threads painting one path, or copies that share its data, destroy each other's.
+QPainterPath deepCopy(const QPainterPath& path) {
+    QPainterPath copy;
+    copy.addPath(path);
+    copy.setFillRule(path.fillRule());
+    return copy;
+}
+
+std::vector<QPainterPath> copiesOf(const QPainterPath& path, int count) {
+    std::vector<QPainterPath> copies;
+    for (int i = 0; i < count; ++i)
+        copies.push_back(deepCopy(path));
+    return copies;
+}
+
 void paintStrip(const QPainterPath& path, Mask& mask, int firstRow, int rows) {
     const QRect& bounds = mask.bounds();
     QImage strip(mask.row(firstRow), bounds.width(), rows, bounds.width(), QImage::Format_Alpha8);
@@ -75,10 +91,12 @@ Mask rasterise(const QPainterPath& path, QRect bounds, Qt::FillRule fillRule) {
     QPainterPath filled = path;
     filled.setFillRule(fillRule);
     const int strips = (bounds.height() + stripRows - 1) / stripRows;
+    // Copied here and not in the bands: reading a path is no more thread-safe than painting it.
+    const std::vector<QPainterPath> paths = copiesOf(filled, strips);
     parallelBands(strips, 1, [&](int first, int last) {
         for (int strip = first; strip < last; ++strip) {
             const int done = strip * stripRows;
-            paintStrip(filled, mask, bounds.top() + done,
+            paintStrip(paths[static_cast<std::size_t>(strip)], mask, bounds.top() + done,
                        std::min(stripRows, bounds.height() - done));
         }
     });

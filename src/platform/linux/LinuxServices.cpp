@@ -6,10 +6,11 @@
 #include "platform/linux/QtDisplays.h"
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
-#include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/QtStatusItem.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
+#include "platform/linux/share/XdgSharing.h"
+#include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
 #include "platform/linux/x11/X11ScreenPermission.h"
@@ -35,6 +36,7 @@ PlatformServices makePlatformServices() {
     services.alerts = std::make_shared<QtAlerts>();
     services.loginItem = std::make_shared<XdgLoginItem>();
     services.sounds = std::make_shared<ThemeSounds>();
+    services.sharing = std::make_shared<XdgSharing>();
     installX11KeyLookup();
     return services;
 }

@@ -36,6 +36,22 @@ QStringList QtPasteboard::readFiles() const {
     return paths;
 }
 
+bool QtPasteboard::writeFiles(const QStringList& paths) {
+    QList<QUrl> urls;
+    // As file managers have it beside the list of addresses that Qt writes.
+    QByteArray copied = "copy";
+    for (const QString& path : paths) {
+        urls << QUrl::fromLocalFile(path);
+        copied += '\n' + urls.back().toEncoded();
+    }
+    auto* content = new QMimeData;
+    content->setUrls(urls);
+    content->setData(QStringLiteral("x-special/gnome-copied-files"), copied);
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setMimeData(content);
+    return clipboard->ownsClipboard();
+}
+
 bool QtPasteboard::writeText(const QString& text) {
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->setText(text);

@@ -11,6 +11,7 @@ class QtPasteboard : public Pasteboard {
     bool writeImage(const QImage& image, const QByteArray& png) override;
     QImage readImage() const override;
     QStringList readFiles() const override;
+    bool writeFiles(const QStringList& paths) override;
     bool writeText(const QString& text) override;
     QString readText() const override;
     bool ownsContents() const override;

@@ -7,6 +7,7 @@ const QString styleKey = QStringLiteral("com.kestrio.editorStyleSettings");
 }
 
 std::optional<EditorStyleSettings> EditorStylePersistenceService::load() {
+    queue_.sync([] {});  // what is still being encoded
     const auto data = userDefaults_->data(styleKey);
     if (!data) return std::nullopt;
     try {
@@ -17,11 +18,13 @@ std::optional<EditorStyleSettings> EditorStylePersistenceService::load() {
 }
 
 void EditorStylePersistenceService::save(const EditorStyleSettings& style) {
-    try {
-        userDefaults_->setData(styleKey, encodeJsonText(style));
-    } catch (const JsonError&) {
-        // The last style that could be written stays.
-    }
+    queue_.async([style, defaults = userDefaults_] {
+        try {
+            defaults->setData(styleKey, encodeJsonText(style));
+        } catch (const JsonError&) {
+            // The last style that could be written stays.
+        }
+    });
 }
 
 }  // namespace kestrio

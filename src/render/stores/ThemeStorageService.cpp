@@ -82,6 +82,7 @@ void ThemeStorageService::write(const std::vector<Theme>& themes) {
     } catch (const JsonError&) {
         throw ThemeStorageError::encodingFailed();
     }
+    Q_EMIT themesChanged();
 }
 
 }  // namespace kestrio

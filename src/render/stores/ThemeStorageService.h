@@ -3,6 +3,7 @@
 #include "core/UserDefaults.h"
 #include "render/style/Theme.h"
 
+#include <QObject>
 #include <memory>
 
 namespace kestrio {
@@ -28,10 +29,13 @@ class ThemeStorageError : public Error {
     QString subject_;
 };
 
-/// Keeps the user's themes. Every operation throws ThemeStorageError.
-class ThemeStorageServiceProtocol {
+/// Keeps the user's themes; one for all that show them, so that each hears of every change. Every
+/// operation throws ThemeStorageError. Main thread.
+class ThemeStorageServiceProtocol : public QObject {
+    Q_OBJECT
+
   public:
-    virtual ~ThemeStorageServiceProtocol() = default;
+    using QObject::QObject;
 
     /// In the order in which they were saved; none where nothing was ever saved.
     virtual std::vector<Theme> loadThemes() = 0;
@@ -40,10 +44,14 @@ class ThemeStorageServiceProtocol {
     /// Replaces the theme of the same id, in its place.
     virtual void updateTheme(const Theme& theme) = 0;
     virtual void deleteTheme(QUuid id) = 0;
+
+    Q_SIGNAL void themesChanged();
 };
 
 /// Keeps them as one JSON list at "com.kestrio.savedThemes".
 class ThemeStorageService : public ThemeStorageServiceProtocol {
+    Q_OBJECT
+
   public:
     explicit ThemeStorageService(std::shared_ptr<UserDefaults> userDefaults)
         : userDefaults_(std::move(userDefaults)) {}

@@ -5,6 +5,8 @@ namespace kestrio {
 ThemeViewModel::ThemeViewModel(std::shared_ptr<ThemeStorageServiceProtocol> storageService,
                                QObject* parent)
     : QObject(parent), storageService_(std::move(storageService)) {
+    connect(storageService_.get(), &ThemeStorageServiceProtocol::themesChanged, this,
+            &ThemeViewModel::reload);
     reload();
 }
 
@@ -30,6 +32,17 @@ void ThemeViewModel::saveTheme(const QString& name, const EditorStyleSettings& s
     try {
         storageService_->saveTheme(theme);
         set_selectedTheme(theme);
+    } catch (const ThemeStorageError& error) {
+        set_errorMessage(localised("Failed to save theme: ") + error.errorDescription());
+    }
+    reload();
+}
+
+void ThemeViewModel::updateTheme(const Theme& theme) {
+    set_errorMessage({});
+    try {
+        storageService_->updateTheme(theme);
+        if (selectedTheme() && selectedTheme()->id == theme.id) set_selectedTheme(theme);
     } catch (const ThemeStorageError& error) {
         set_errorMessage(localised("Failed to save theme: ") + error.errorDescription());
     }

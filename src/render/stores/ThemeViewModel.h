@@ -24,6 +24,8 @@ class ThemeViewModel : public QObject {
     void reload();
     /// Saves a style under a name and selects it. Failure is told in errorMessage.
     void saveTheme(const QString& name, const EditorStyleSettings& style);
+    /// Replaces the theme of the same id. Failure is told in errorMessage.
+    void updateTheme(const Theme& theme);
     void deleteTheme(QUuid id);
     void select(const std::optional<Theme>& theme) { set_selectedTheme(theme); }
 

@@ -73,6 +73,10 @@ Theme Theme::make(const QString& name, const EditorStyleSettings& style) {
     return {QUuid::createUuid(), name, style.backdrop, style.mockup, style.frameStyle, now, now};
 }
 
+Theme Theme::withStyle(const EditorStyleSettings& style) const {
+    return {id, name, style.backdrop, style.mockup, style.frameStyle, createdAt, Date::now()};
+}
+
 std::vector<Theme> Theme::defaults() {
     const auto theme = [](const char* name, const char* preset) {
         return make(QString::fromLatin1(name),

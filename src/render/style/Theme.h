@@ -17,6 +17,8 @@ struct Theme {
     bool operator==(const Theme&) const = default;
 
     EditorStyleSettings style() const { return {backdrop, mockup, frameStyle}; }
+    /// The same theme with another style, updated now.
+    Theme withStyle(const EditorStyleSettings& style) const;
 
     /// A theme with a new id, dated now.
     static Theme make(const QString& name, const EditorStyleSettings& style);

@@ -145,8 +145,9 @@ TEST(AnnotationPainter, CentresNumbersOnTheirBadges) {
 }
 
 TEST(AnnotationPainter, TellsMeasuresInWholePixels) {
-    EXPECT_EQ(measurementLabel({{}, {0, 0}, {10.4, 0}, black, 2}), QStringLiteral("10 px"));
-    EXPECT_EQ(measurementLabel({{}, {0, 0}, {30, 40}, black, 2}), QStringLiteral("50 px"));
+    EXPECT_EQ(measurementLabel({{}, {0, 0}, {10.4, 0}, black, 2}, 1), QStringLiteral("10 px"));
+    EXPECT_EQ(measurementLabel({{}, {0, 0}, {30, 40}, black, 2}, 1), QStringLiteral("50 px"));
+    EXPECT_EQ(measurementLabel({{}, {0, 0}, {30, 40}, black, 2}, 2), QStringLiteral("100 px"));
 }
 
 TEST(SmoothStroke, CurvesGentlyAndKeepsStraightPartsAndCorners) {

@@ -29,10 +29,19 @@ SettingsPage {
                 onClicked: tab.controller.refreshPermission()
             }
             Chip {
-                visible: !tab.controller.isScreenReadable
+                visible: !tab.controller.isScreenReadable && tab.controller.screenObstacle === ""
                 text: qsTr("Open System Settings")
                 onClicked: tab.controller.openScreenSettings()
             }
+        }
+        Text {
+            Layout.fillWidth: true
+            Layout.bottomMargin: Theme.tiny
+            visible: text !== ""
+            text: tab.controller.screenObstacle
+            font.pixelSize: Theme.captionSize
+            color: Theme.secondaryText
+            wrapMode: Text.Wrap
         }
     }
     SettingsCard {

@@ -10,7 +10,7 @@ SettingsPage {
 
     Text {
         Layout.fillWidth: true
-        text: qsTr("Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥.")
+        text: qsTr("Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥, but for Print, media and other keys that type nothing.")
         font.pixelSize: Theme.bodySize
         color: Theme.secondaryText
         wrapMode: Text.Wrap

@@ -75,7 +75,6 @@ ColumnLayout {
         id: solid
         ColorRow {
             controller: section.controller
-            forBackdrop: true
             label: qsTr("Colour")
             color: section.style.solidColor
             onMoved: color => section.controller.set("solidColor", color)

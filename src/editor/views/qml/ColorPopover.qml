@@ -9,11 +9,12 @@ Basic.Popup {
     required property EditorController controller
     property color color
     property var quick: []
-    property bool forBackdrop: false
     property bool showsCustom: false
     // While a slider is dragged, and when a colour is settled on.
     signal moved(color color)
     signal picked(color color)
+    // The eyedropper is wanted for this colour.
+    signal eyedropperRequested()
 
     width: 232
     padding: Theme.medium
@@ -62,10 +63,9 @@ Basic.Popup {
                 implicitWidth: 28
                 implicitHeight: 28
                 tip: qsTr("Pick from the picture")
-                key: "I"
                 onClicked: {
+                    popover.eyedropperRequested()
                     popover.close()
-                    popover.controller.pickColorByButton(popover.forBackdrop)
                 }
             }
         }

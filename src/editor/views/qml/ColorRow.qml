@@ -8,7 +8,6 @@ ColumnLayout {
     required property EditorController controller
     property string label
     property color color
-    property bool forBackdrop: false
     property var quick: ["#FF3B30", "#FF9500", "#FFCC00", "#28CD41", "#007AFF", "#AF52DE",
         "#FFFFFF", "#1D1D1F"]
     // While a slider is dragged, and when a colour is settled on.
@@ -27,7 +26,6 @@ ColumnLayout {
             controller: row.controller
             color: row.color
             quick: row.quick
-            forBackdrop: row.forBackdrop
             onMoved: color => row.moved(color)
             onPicked: color => row.picked(color)
         }

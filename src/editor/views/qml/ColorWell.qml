@@ -8,7 +8,6 @@ Basic.AbstractButton {
     required property EditorController controller
     property color color
     property var quick: []
-    property bool forBackdrop: false
     property string tip: qsTr("Choose a colour")
     // While a slider is dragged, and when a colour is settled on.
     signal moved(color color)
@@ -28,6 +27,10 @@ Basic.AbstractButton {
     }
     Hint { isWanted: well.hovered && !popover.active; words: well.tip }
 
+    Connections {
+        target: well.controller.colors
+        function onPickedFor(receiver, color) { if (receiver === well) well.picked(color) }
+    }
     Loader {
         id: popover
         active: false
@@ -36,11 +39,11 @@ Basic.AbstractButton {
             controller: well.controller
             color: well.color
             quick: well.quick
-            forBackdrop: well.forBackdrop
             y: well.height + 6
             x: Math.min(0, well.width - width)
             onMoved: color => well.moved(color)
             onPicked: color => well.picked(color)
+            onEyedropperRequested: well.controller.colors.pickFor(well)
             onClosed: popover.active = false
             Component.onCompleted: open()
         }

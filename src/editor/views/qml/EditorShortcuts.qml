@@ -6,6 +6,7 @@ Item {
     id: commands
     required property EditorController controller
     signal saveRequested()
+    signal shareRequested()
 
     Shortcut {
         enabled: commands.enabled
@@ -21,6 +22,11 @@ Item {
         enabled: commands.enabled
         sequences: [StandardKey.Save]
         onActivated: commands.saveRequested()
+    }
+    Shortcut {
+        enabled: commands.enabled
+        sequence: "Ctrl+Shift+E"
+        onActivated: commands.shareRequested()
     }
     Shortcut {
         enabled: commands.enabled

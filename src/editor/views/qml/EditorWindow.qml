@@ -21,11 +21,19 @@ Window {
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
-        // What no field or button with the focus has taken.
-        Keys.onPressed: event => event.accepted = window.controller.handleKey(event.key,
-            event.modifiers, event.text)
+        // What no field or button with the focus has taken. Escape leaves a field.
+        Keys.onPressed: event => {
+            if (window.isTyping && event.key === Qt.Key_Escape) {
+                stage.focusCanvas()
+                event.accepted = true
+                return
+            }
+            event.accepted = window.controller.handleKey(event.key, event.modifiers, event.text,
+                                                         window.isTyping)
+        }
 
         TopBar {
+            id: bar
             Layout.fillWidth: true
             controller: window.controller
             onSaveRequested: exporting.open()
@@ -53,7 +61,8 @@ Window {
         ThemeStrip {
             Layout.fillWidth: true
             controller: window.controller
-            onSaveRequested: naming.open()
+            onSaveRequested: window.nameTheme("", "")
+            onRenameRequested: (id, name) => window.nameTheme(id, name)
         }
     }
     Lazy {
@@ -76,8 +85,25 @@ Window {
         objectName: "naming"
         sourceComponent: ThemeNaming { controller: window.controller }
     }
+    Lazy {
+        id: redaction
+        objectName: "redaction"
+        sourceComponent: HiddenRedactionSheet { output: window.controller.output }
+    }
+    Lazy {
+        id: closing
+        objectName: "closing"
+        sourceComponent: ClosingSheet { controller: window.controller }
+    }
     ShortcutOverlay { controller: window.controller }
     Toast { id: toast }
+
+    function nameTheme(id, name) {
+        naming.active = true
+        naming.item.themeId = id
+        naming.item.oldName = name
+        naming.open()
+    }
 
     // Where a field gives its focus up, keys are the canvas' again.
     // Later, since focus that moves on passes through the window too.
@@ -85,8 +111,10 @@ Window {
         if (!isSheetShown && (activeFocusItem === null || activeFocusItem === contentItem)) stage.focusCanvas()
     }
     onActiveFocusItemChanged: Qt.callLater(keepFocus)
-    readonly property bool isSheetShown: enhancement.isShown || exporting.isShown || resetting.isShown
-        || naming.isShown || controller.isShortcutOverlayVisible
+    // Text fields and nothing else have a cursor.
+    readonly property bool isTyping: activeFocusItem !== null && activeFocusItem.cursorRectangle !== undefined
+    readonly property bool isSheetShown: redaction.isShown || enhancement.isShown || exporting.isShown || resetting.isShown
+        || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
     Connections {
@@ -95,15 +123,38 @@ Window {
         function onFailed(text) { toast.show(text, true) }
         function onModeChanged() { stage.focusCanvas() }
     }
+    Connections {
+        target: window.controller.output
+        function onRedactionsHidden() { redaction.open() }
+    }
+    Component.onCompleted: controller.reportLoadProblems()
     EditorShortcuts {
         controller: window.controller
         enabled: !window.isSheetShown
         onSaveRequested: exporting.open()
+        onShareRequested: bar.openShareMenu()
     }
-    Shortcut { sequences: [StandardKey.Close, StandardKey.Quit]; onActivated: window.close() }
+    Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
     onClosing: close => {
-        if (!exporting.isBusy) return
-        close.accepted = false
-        toast.show(qsTr("The picture is still being exported; cancel that first"), false)
+        // What is being typed belongs to the document.
+        stage.focusCanvas()
+        close.accepted = window.controller.closing.requestClose()
+    }
+    function askBeforeClosing() {
+        for (const sheet of [redaction, enhancement, exporting, resetting, naming])
+            if (sheet.isShown) sheet.item.close()
+        closing.open()
+        if (visibility === Window.Minimized) showNormal()
+        raise()
+        requestActivate()
+    }
+    Connections {
+        target: window.controller.closing
+        function onMayCloseNow() { window.close() }
+        function onStateChanged() {
+            const state = window.controller.closing.state
+            if (state === "asking") window.askBeforeClosing()
+            if (state === "waiting") toast.show(qsTr("The window closes as soon as the picture is written"), false)
+        }
     }
 }

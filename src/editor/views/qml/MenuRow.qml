@@ -5,18 +5,29 @@ Basic.MenuItem {
     id: row
     property string key
     property bool isShown: true
+    property string picture  // a URL; none where empty
     visible: isShown
     height: isShown ? 30 : 0
     contentItem: Item {
         Text {
             anchors.left: parent.left
-            anchors.leftMargin: 6
+            anchors.leftMargin: row.picture === "" ? 6 : 30
+            anchors.right: hotkey.left
             anchors.verticalCenter: parent.verticalCenter
             text: row.text
+            elide: Text.ElideRight
             font.pixelSize: Theme.bodySize
             color: row.highlighted ? Theme.accentText : Theme.text
         }
+        Image {
+            x: 6
+            width: 16
+            height: 16
+            anchors.verticalCenter: parent.verticalCenter
+            source: row.picture
+        }
         Text {
+            id: hotkey
             anchors.right: parent.right
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter

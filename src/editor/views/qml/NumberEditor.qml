@@ -31,6 +31,7 @@ Item {
         onEdited: text => editor.controller.annotation.setNumberText(text)
         onAccepted: editor.controller.annotation.commitNumber()
         Keys.onEscapePressed: editor.controller.annotation.cancelNumber()
+        onActiveFocusChanged: if (!activeFocus && editor.visible) editor.controller.annotation.finishEditing()
     }
     Rectangle {
         anchors.top: field.bottom

@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic as Basic
 
-// A labelled slider with a field for exact numbers; double click goes back to the usual value.
+// A labelled slider with a field for exact numbers; a double click on the slider goes back to the
+// usual value.
 ColumnLayout {
     id: row
 
@@ -21,6 +22,10 @@ ColumnLayout {
     spacing: 2
 
     function shown(v) { return (v * factor).toFixed(decimals) }
+    function reset() {
+        row.moved(row.usual)
+        row.settled()
+    }
 
     RowLayout {
         Layout.fillWidth: true
@@ -40,17 +45,27 @@ ColumnLayout {
             horizontalAlignment: TextInput.AlignRight
             Layout.minimumWidth: 40
             Accessible.name: row.label
+            property bool isTyped: false
+            onTextEdited: isTyped = true
             onActiveFocusChanged: if (activeFocus) selectAll()
-            onAccepted: {
-                const number = parseFloat(text)
-                if (!isNaN(number)) {
+            // Comes with Return and with the loss of the focus, before `accepted`.
+            onEditingFinished: {
+                const number = parseFloat(text.replace(",", "."))
+                if (isTyped && !isNaN(number)) {
                     row.moved(Math.max(row.from, Math.min(row.to, number / row.factor)))
                     row.settled()
                 }
-                text = Qt.binding(() => row.shown(row.value) + row.unit)
-                focus = false
+                restore()
             }
-            onEditingFinished: text = Qt.binding(() => row.shown(row.value) + row.unit)
+            onAccepted: focus = false
+            Keys.onEscapePressed: event => {
+                restore()
+                event.accepted = false
+            }
+            function restore() {
+                isTyped = false
+                text = Qt.binding(() => row.shown(row.value) + row.unit)
+            }
         }
     }
     Basic.Slider {
@@ -63,7 +78,18 @@ ColumnLayout {
         focusPolicy: Qt.TabFocus
         Accessible.name: row.label
         onMoved: row.moved(value)
-        onPressedChanged: if (!pressed) row.settled()
+        property real lastPress: 0
+        property bool isSecondPress: false
+        onPressedChanged: {
+            if (pressed) {
+                isSecondPress = Date.now() - lastPress < Application.styleHints.mouseDoubleClickInterval
+                lastPress = Date.now()
+            } else if (isSecondPress) {
+                row.reset()
+            } else {
+                row.settled()
+            }
+        }
 
         background: Rectangle {
             x: slider.leftPadding
@@ -88,12 +114,6 @@ ColumnLayout {
             color: "#ffffff"
             border.color: slider.visualFocus ? Theme.accent : Qt.darker(Theme.hairline, 1.25)
             border.width: slider.visualFocus ? 2 : 1
-        }
-        TapHandler {
-            onDoubleTapped: {
-                row.moved(row.usual)
-                row.settled()
-            }
         }
     }
 }

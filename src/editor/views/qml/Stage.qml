@@ -47,7 +47,7 @@ Item {
         // Stays once it was needed.
         active: stage.controller.isAnnotationMode || item !== null
         anchors.horizontalCenter: parent.horizontalCenter
-        y: stage.controller.isAnnotationMode ? 12 : -height - 8
+        y: stage.controller.isPaletteShown ? 12 : -height - 8
         visible: y > -height
         Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
         sourceComponent: AnnotationPalette { controller: stage.controller }

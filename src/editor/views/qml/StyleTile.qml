@@ -13,11 +13,18 @@ Basic.AbstractButton {
     property bool canDelete: false
     property int revision: 0
     signal deleteRequested()
+    signal menuRequested()
 
     implicitWidth: 104
     focusPolicy: Qt.TabFocus
     Accessible.name: name
     background: Item {}
+    Keys.onMenuPressed: if (canDelete) menuRequested()
+    TapHandler {
+        enabled: tile.canDelete
+        acceptedButtons: Qt.RightButton
+        onTapped: tile.menuRequested()
+    }
     contentItem: Item {
         Rectangle {
             id: frame

@@ -5,22 +5,30 @@ import Kestrio.Editor
 Sheet {
     id: sheet
     required property EditorController controller
-    title: qsTr("Enter theme name")
+    // The theme that gets another name; empty for a new one.
+    property string themeId
+    property string oldName
+    readonly property ThemePanel themes: controller.themes
+    readonly property bool isTaken: isShown && themes.isNameTaken(field.text, themeId)
+    title: themeId ? qsTr("Rename theme") : qsTr("Enter theme name")
     sheetWidth: 380
     onIsShownChanged: {
         if (!isShown) return
-        field.text = ""
+        field.text = oldName
         field.forceActiveFocus()
+        field.selectAll()
     }
     function save() {
         if (!keep.enabled) return
-        controller.themes.save(field.text)
+        if (themeId) themes.rename(themeId, field.text)
+        else themes.save(field.text)
         close()
     }
 
     Text {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
+        visible: sheet.themeId === ""
         text: qsTr("Save your current backdrop, frame, and mockup settings as a reusable theme.")
         font.pixelSize: Theme.bodySize
         color: Theme.secondaryText
@@ -33,10 +41,11 @@ Sheet {
         Keys.onEscapePressed: sheet.close()
     }
     Text {
-        id: problem
         Layout.fillWidth: true
-        visible: text !== ""
-        text: sheet.isShown ? sheet.controller.themes.nameProblem(field.text) : ""
+        visible: sheet.isTaken
+        wrapMode: Text.Wrap
+        text: sheet.themeId ? qsTr("A theme with this name already exists")
+                            : qsTr("A theme with this name already exists and will be replaced")
         font.pixelSize: Theme.captionSize
         color: Theme.danger
     }
@@ -51,9 +60,9 @@ Sheet {
         }
         IconButton {
             id: keep
-            text: qsTr("Save")
+            text: sheet.themeId ? qsTr("Rename") : sheet.isTaken ? qsTr("Replace") : qsTr("Save")
             isPrimary: true
-            enabled: field.text.trim() !== "" && problem.text === ""
+            enabled: field.text.trim() !== "" && !(sheet.themeId && sheet.isTaken)
             onClicked: sheet.save()
         }
     }

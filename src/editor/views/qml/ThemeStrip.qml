@@ -7,6 +7,7 @@ Rectangle {
     required property EditorController controller
     readonly property ThemePanel panel: controller.themes
     signal saveRequested()
+    signal renameRequested(string id, string name)
     implicitHeight: 104
     color: Theme.surface
 
@@ -14,6 +15,14 @@ Rectangle {
         width: parent.width
         height: 1
         color: Theme.hairline
+    }
+    Component {
+        id: menu
+        ThemeMenu {
+            panel: strip.panel
+            onRenameRequested: (id, name) => strip.renameRequested(id, name)
+            onClosed: destroy()
+        }
     }
     Flickable {
         id: view
@@ -45,6 +54,7 @@ Rectangle {
             Repeater {
                 model: strip.panel.themes
                 StyleTile {
+                    id: own
                     controller: strip.controller
                     required property var modelData
                     height: view.height
@@ -56,6 +66,7 @@ Rectangle {
                     canDelete: true
                     onClicked: strip.panel.applyTheme(modelData.id)
                     onDeleteRequested: strip.panel.remove(modelData.id)
+                    onMenuRequested: menu.createObject(own, { theme: modelData }).popup()
                 }
             }
             Item {

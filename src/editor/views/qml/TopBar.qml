@@ -8,6 +8,16 @@ Rectangle {
     readonly property OutputPanel output: controller.output
     // Words give way to icons before anything is cut off.
     readonly property bool isNarrow: width < 1000
+    function openShareMenu() {
+        if (shareButton.enabled) shareMenu.createObject(shareButton).popup(0, shareButton.height)
+    }
+    Component {
+        id: shareMenu
+        ShareMenu {
+            controller: bar.controller
+            onClosed: destroy()
+        }
+    }
     signal saveRequested()
     signal enhanceRequested()
     signal resetRequested()
@@ -86,6 +96,15 @@ Rectangle {
             onClicked: bar.enhanceRequested()
         }
         Item { Layout.fillWidth: true }
+        IconButton {
+            objectName: "marksHidden"
+            visible: bar.controller.annotation.tool.areMarksHidden
+            symbol: "eye.slash"
+            symbolColor: Theme.danger
+            text: bar.isNarrow ? "" : qsTr("Marks hidden")
+            tip: qsTr("Annotations are hidden; click to show them")
+            onClicked: bar.controller.annotation.toggleVisibility()
+        }
         Text {
             text: bar.controller.pictureSize
             font.pixelSize: Theme.captionSize
@@ -114,6 +133,15 @@ Rectangle {
             onClicked: bar.output.pin()
         }
         DragOut { output: bar.output }
+        IconButton {
+            id: shareButton
+            objectName: "editor.share"
+            symbol: "square.and.arrow.up"
+            tip: qsTr("Share with another program")
+            key: "Ctrl+Shift+E"
+            enabled: !bar.output.isBusy && !bar.controller.share.isBusy
+            onClicked: bar.openShareMenu()
+        }
         IconButton {
             symbol: bar.output.copyState === "success" ? "checkmark"
                 : bar.output.copyState === "failure" ? "xmark" : "doc.on.doc"

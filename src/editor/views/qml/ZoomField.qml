@@ -28,11 +28,22 @@ Row {
         Hint { isWanted: field.hovered && !field.activeFocus; words: qsTr("Click to edit zoom percentage (10% - 500%)") }
         onActiveFocusChanged: if (activeFocus) selectAll()
         onReleased: if (selectedText === "") selectAll()
-        onAccepted: {
-            zoom.controller.setZoomText(text)
-            focus = false
+        property bool isTyped: false
+        onTextEdited: isTyped = true
+        // Comes with Return and with the loss of the focus, before `accepted`.
+        onEditingFinished: {
+            if (isTyped) zoom.controller.setZoomText(text)
+            restore()
         }
-        onEditingFinished: text = Qt.binding(() => zoom.controller.zoomPercent + " %")
+        onAccepted: focus = false
+        Keys.onEscapePressed: event => {
+            restore()
+            event.accepted = false
+        }
+        function restore() {
+            isTyped = false
+            text = Qt.binding(() => zoom.controller.zoomPercent + " %")
+        }
         background: Rectangle {
             radius: Theme.radius
             color: field.activeFocus ? Theme.raised : field.hovered ? Theme.hover : "transparent"

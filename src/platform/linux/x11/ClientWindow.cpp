@@ -110,7 +110,8 @@ std::optional<ClientWindow> answer(XcbConnection& connection, const Asked& asked
         return std::nullopt;
     const QRect inner(origin->dst_x, origin->dst_y, geometry->width, geometry->height);
     return ClientWindow{asked.id, visibleRectangle(inner, frame, shadow), ownerName(names, process),
-                        name.isEmpty() ? QString::fromLatin1(oldName) : QString::fromUtf8(name)};
+                        name.isEmpty() ? QString::fromLatin1(oldName) : QString::fromUtf8(name),
+                        contains(states, connection.atom(XAtom::netWmStateAbove))};
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ struct ClientWindow {
     QRect visible;  ///< pixels of the root; with title bar, without shadow
     QString ownerName;
     QString windowName;
+    bool isAbove = false;  ///< kept above all others
 };
 
 /// All windows of programs that the user sees now, from the lowest to the topmost.

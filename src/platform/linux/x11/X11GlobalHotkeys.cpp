@@ -83,11 +83,10 @@ HotkeyRegistration X11GlobalHotkeys::grab(Hotkey& hotkey) {
         keymap_.emplace(connection_);
         lockMask_ = keymap_->lockCombinations().back();
     }
-    const auto key = qtKey(hotkey.combination.keyCode);
     const auto modifiers = keymap_->modifiersOf(hotkey.combination.modifiers);
-    if (!key || !modifiers) return HotkeyRegistration::impossible;
+    if (!modifiers) return HotkeyRegistration::impossible;
     std::vector<xcb_void_cookie_t> cookies;
-    for (const xcb_keycode_t keycode : keymap_->keycodesOf(*key)) {
+    for (const xcb_keycode_t keycode : keymap_->keycodesOf(hotkey.combination.keyCode)) {
         hotkey.grabs.push_back({keycode, *modifiers});
         for (const std::uint16_t locks : keymap_->lockCombinations())
             cookies.push_back(xcb_grab_key_checked(connection_, false, root_, *modifiers | locks,
@@ -175,12 +174,12 @@ void X11GlobalHotkeys::lookForRelease() {
 }
 
 void installX11KeyLookup() {
-    setUnshiftedKeyLookup([](const QKeyEvent& event) -> std::optional<Qt::Key> {
+    setUnshiftedKeyLookup([](const QKeyEvent& event) -> std::optional<int> {
         xcb_connection_t* connection = qtConnection();
         const quint32 keycode = event.nativeScanCode();
         constexpr quint32 lastKeycode = 255;
         if (!connection || keycode == 0 || keycode > lastKeycode) return std::nullopt;
-        return X11Keymap(connection).keyOf(static_cast<xcb_keycode_t>(keycode));
+        return X11Keymap(connection).codeOf(static_cast<xcb_keycode_t>(keycode));
     });
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11Keymap.h"
 
+#include "platform/KeySymbols.h"
 #include "platform/linux/x11/XcbConnection.h"
 
 #include <QLatin1StringView>
@@ -107,14 +108,25 @@ std::vector<xcb_keycode_t> X11Keymap::keycodesWith(xcb_keysym_t symbol, int firs
     return found;
 }
 
-std::vector<xcb_keycode_t> X11Keymap::keycodesOf(Qt::Key key) const {
-    const xcb_keysym_t symbol = symbolOf(key);
+std::vector<xcb_keycode_t> X11Keymap::keycodesWith(xcb_keysym_t symbol) const {
     // Columns are the two levels of the first group, then of the second, then the rest.
     for (const auto& [first, last] :
          {std::pair(0, 0), std::pair(2, 2), std::pair(0, columns_ - 1)}) {
         auto found = keycodesWith(symbol, first, last);
         if (!found.empty()) return found;
     }
+    return {};
+}
+
+std::vector<xcb_keycode_t> X11Keymap::keycodesOf(int keyCode) const {
+    if (isKeySymbol(keyCode)) return keycodesWith(symbolOfKeyCode(keyCode));
+    const auto key = qtKey(keyCode);
+    return key ? keycodesOfKey(*key) : std::vector<xcb_keycode_t>();
+}
+
+std::vector<xcb_keycode_t> X11Keymap::keycodesOfKey(Qt::Key key) const {
+    auto found = keycodesWith(symbolOf(key));
+    if (!found.empty()) return found;
     for (const PhysicalRow& row : physicalRows) {
         const qsizetype place = row.keys.indexOf(QChar(static_cast<char16_t>(key)));
         if (place >= 0) return {static_cast<xcb_keycode_t>(row.first + place)};
@@ -122,10 +134,17 @@ std::vector<xcb_keycode_t> X11Keymap::keycodesOf(Qt::Key key) const {
     return {};
 }
 
-std::optional<Qt::Key> X11Keymap::keyOf(xcb_keycode_t keycode) const {
+std::optional<int> X11Keymap::codeOf(xcb_keycode_t keycode) const {
     if (columns_ == 0 || keycode < first_) return std::nullopt;
     const std::size_t index = keycode - first_;
     if (index >= symbols_.size() / static_cast<std::size_t>(columns_)) return std::nullopt;
+    if (const auto key = virtualKeyOf(keycode, index)) return virtualKeyCode(*key);
+    const xcb_keysym_t symbol = symbolAt(index, 0);
+    if (isModifierSymbol(symbol)) return std::nullopt;
+    return keyCodeOfSymbol(symbol);
+}
+
+std::optional<Qt::Key> X11Keymap::virtualKeyOf(xcb_keycode_t keycode, std::size_t index) const {
     const auto unshifted = keyOfSymbol(symbolAt(index, 0));
     if (unshifted) return known(unshifted);
     if (const auto key = known(keyOfSymbol(symbolAt(index, 2)))) return key;
@@ -133,7 +152,7 @@ std::optional<Qt::Key> X11Keymap::keyOf(xcb_keycode_t keycode) const {
         if (keycode < row.first || keycode >= row.first + row.keys.size()) continue;
         const auto key = static_cast<Qt::Key>(row.keys[keycode - row.first].unicode());
         // Only where no other key of the layout gives it.
-        if (keycodesOf(key) == std::vector<xcb_keycode_t>{keycode}) return key;
+        if (keycodesOfKey(key) == std::vector<xcb_keycode_t>{keycode}) return key;
     }
     return std::nullopt;
 }

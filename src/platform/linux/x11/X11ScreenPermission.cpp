@@ -1,5 +1,7 @@
 #include "platform/linux/x11/X11ScreenPermission.h"
 
+#include "core/Localisation.h"
+
 #include <cstring>
 
 namespace kestrio {
@@ -18,6 +20,17 @@ bool X11ScreenPermission::preflight() const {
         (reply && reply->present) || (qEnvironmentVariable("XDG_SESSION_TYPE") == u"wayland" &&
                                       !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"));
     return reply && !isWithinWayland;
+}
+
+QString X11ScreenPermission::obstacle() const {
+    return localised(
+        "This version of Kestrio captures the screen of X11 sessions, and this is a Wayland "
+        "session. "
+        "To capture, choose an X11 session when you log in.\n\n"
+        "Everything else works here too: take a screenshot with the desktop's own tool, then open "
+        "it "
+        "with “Paste from Clipboard” or “Import Image”, or with “kestrio edit” and "
+        "“kestrio render” on the command line.");
 }
 
 }  // namespace kestrio

@@ -14,6 +14,7 @@ class X11ScreenPermission : public ScreenPermission {
 
     bool preflight() const override;
     bool request() override { return preflight(); }
+    QString obstacle() const override;
     void openSettings() override {}
 
   private:

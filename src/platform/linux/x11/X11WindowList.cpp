@@ -32,7 +32,8 @@ std::vector<WindowInfo> X11WindowList::windowsOnScreen(double minimumSize) const
         const QRectF bounds = toPoints(window.visible);
         if (bounds.width() <= minimumSize || bounds.height() <= minimumSize) continue;
         if (!screens.intersects(window.visible)) continue;
-        found.push_back({window.id, window.ownerName, window.windowName, bounds, true});
+        found.push_back(
+            {window.id, window.ownerName, window.windowName, bounds, true, window.isAbove});
     }
     return found;
 }

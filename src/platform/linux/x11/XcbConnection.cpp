@@ -12,6 +12,7 @@ constexpr std::array<const char*, static_cast<std::size_t>(XAtom::count)> atomNa
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",
+    "_NET_WM_STATE_ABOVE",
     "_NET_WM_STATE_HIDDEN",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",

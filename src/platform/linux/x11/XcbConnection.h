@@ -28,6 +28,7 @@ enum class XAtom {
     netWmName,
     netWmPid,
     netWmState,
+    netWmStateAbove,
     netWmStateHidden,
     netWmWindowType,
     netWmWindowTypeDesktop,

@@ -1,0 +1,66 @@
+#include "app/shell/CountdownWindow.h"
+
+#include "core/Localisation.h"
+#include "imaging/text/SystemFont.h"
+
+#include <QPainter>
+
+namespace kestrio {
+
+namespace {
+
+constexpr int side = 96;
+constexpr double numberSize = 40;
+constexpr double hintSize = 11;
+// Of the disc's side: where the words stand below the number.
+constexpr double hintTop = 0.62;
+constexpr QColor ground(29, 29, 31);
+constexpr QColor hintColor(190, 190, 196);
+
+}  // namespace
+
+CountdownWindow::CountdownWindow(FloatingWindows& floating) {
+    const bool isTranslucent = floating.supportsTranslucency();
+    if (isTranslucent) {
+        QSurfaceFormat translucent;
+        translucent.setAlphaBufferSize(8);
+        setFormat(translucent);
+    }
+    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+             Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
+    setTitle(QStringLiteral("Kestrio Countdown"));
+    resize(fittingSize());
+    if (!isTranslucent) floating.roundCorners(*this, side / 2.0);
+    floating.prepare(*this);
+}
+
+QSize CountdownWindow::fittingSize() {
+    return {side, side};
+}
+
+void CountdownWindow::setSeconds(int seconds) {
+    seconds_ = seconds;
+    update();
+}
+
+void CountdownWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF whole(QPointF(), size());
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(whole, format().hasAlpha() ? QColor(Qt::transparent) : ground);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    painter.drawEllipse(whole);
+    painter.setPen(Qt::white);
+    painter.setFont(systemFont(numberSize, QFont::DemiBold));
+    painter.drawText(whole.adjusted(0, 0, 0, -whole.height() * 0.18), Qt::AlignCenter,
+                     QString::number(seconds_));
+    painter.setPen(hintColor);
+    painter.setFont(systemFont(hintSize, QFont::Normal));
+    painter.drawText(whole.adjusted(0, whole.height() * hintTop, 0, 0),
+                     Qt::AlignHCenter | Qt::AlignTop, localised("Esc cancels"));
+}
+
+}  // namespace kestrio

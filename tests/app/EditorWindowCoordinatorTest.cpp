@@ -1,0 +1,185 @@
+#include "app/CaptureFixture.h"
+
+#include "app/shell/Quitting.h"
+#include "support/MemoryPasteboard.h"
+#include "support/RecordingFileReveal.h"
+#include "support/ScriptedAppearance.h"
+#include "support/ScriptedFileDialogs.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QWindow>
+
+namespace kestrio {
+namespace {
+
+/// A renderer whose files take as long as the test wants; the windows' previews do not wait.
+struct SlowSaver : ScriptedRenderer {
+    std::optional<Completion<>> saveGate;
+
+    Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+                              EncodeHooks hooks) override {
+        if (saveGate) {
+            const Completion<> opened = *saveGate;
+            co_await opened;
+        }
+        auto saving = ScriptedRenderer::saveImage(std::move(image), path, format, hooks);
+        co_return co_await saving;
+    }
+};
+
+struct EditorWindowCoordinatorTest : testing::Test {
+    std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SlowSaver> renderer = std::make_shared<SlowSaver>();
+    std::shared_ptr<AppSettingsService> settings = std::make_shared<AppSettingsService>(defaults);
+    std::shared_ptr<ActivationState> activation = std::make_shared<ActivationState>();
+    std::shared_ptr<ScriptedAlerts> alerts = std::make_shared<ScriptedAlerts>();
+    std::shared_ptr<RecordingToasts> toasts = std::make_shared<RecordingToasts>();
+    QTemporaryDir folder;
+    std::shared_ptr<EditorWindowCoordinator> editors =
+        std::make_shared<EditorWindowCoordinator>([this] { return services(); }, activation);
+    int endings = 0;
+    Quitting quitting{{editors, settings, alerts, toasts}, [this] { ++endings; }};
+
+    EditorWindowCoordinatorTest() {
+        AppSettings chosen = settings->load();
+        chosen.defaultSavePath = folder.path();
+        settings->save(chosen);
+    }
+
+    EditorServices services() {
+        EditorServices all;
+        all.imageRenderer = renderer;
+        all.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
+        all.themes = std::make_shared<ThemeStorageService>(defaults);
+        all.watermark = std::make_shared<WatermarkService>(defaults);
+        all.enhancement = std::make_shared<AIEnhancementService>();
+        all.userDefaults = defaults;
+        all.pasteboard = std::make_shared<MemoryPasteboard>();
+        all.settings = settings;
+        all.fileDialogs = std::make_shared<ScriptedFileDialogs>();
+        all.fileReveal = std::make_shared<RecordingFileReveal>();
+        all.appearance = std::make_shared<ScriptedAppearance>();
+        return all;
+    }
+
+    EditorViewModel& open(const char* name) {
+        QImage bitmap(64, 48, QImage::Format_RGB32);
+        bitmap.fill(Qt::darkCyan);
+        CapturedImage captured;
+        captured.image = Image(bitmap);
+        editors->open(captured, QString::fromLatin1(name));
+        return *editors->currentEditorViewModel();
+    }
+
+    static std::vector<QWindow*> windows() {
+        std::vector<QWindow*> shown;
+        for (QWindow* each : QGuiApplication::topLevelWindows())
+            if (each->isVisible()) shown.push_back(each);
+        return shown;
+    }
+
+    static void runEvents() {
+        for (int turn = 0; turn < 50; ++turn)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+    }
+};
+
+TEST_F(EditorWindowCoordinatorTest, EachPictureGetsAWindowAndTheLatestIsCurrent) {
+    const QPointer first(&open("first"));
+    const QPointer second(&open("second"));
+    ASSERT_TRUE(first) << "the editor that was open stays open";
+    EXPECT_EQ(windows().size(), 2U);
+    EXPECT_EQ(editors->currentEditorViewModel(), second);
+    for (QWindow* each : windows())
+        if (each->title().contains(QStringLiteral("second"))) each->close();
+    runEvents();
+    EXPECT_FALSE(second);
+    EXPECT_EQ(editors->currentEditorViewModel(), first);
+    EXPECT_TRUE(editors->isEditorOpen());
+    EXPECT_EQ(activation->policy(), ActivationPolicy::regular);
+    windows().front()->close();
+    runEvents();
+    EXPECT_FALSE(editors->isEditorOpen());
+    EXPECT_EQ(activation->policy(), ActivationPolicy::accessory);
+}
+
+TEST_F(EditorWindowCoordinatorTest, AChangedDocumentAsksInItsWindowBeforeItCloses) {
+    open("changed").rotateClockwise();
+    QWindow* const window = windows().front();
+    EXPECT_FALSE(window->close());
+    runEvents();
+    EXPECT_TRUE(window->isVisible());
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &escape);
+    EXPECT_FALSE(window->close()) << "it asks again";
+    runEvents();
+    auto* const discard = window->findChild<QObject*>(QStringLiteral("editor.closing.discard"));
+    ASSERT_NE(discard, nullptr);
+    QMetaObject::invokeMethod(discard, "clicked");
+    runEvents();
+    EXPECT_FALSE(editors->isEditorOpen());
+    EXPECT_TRUE(renderer->savedPaths.empty());
+}
+
+TEST_F(EditorWindowCoordinatorTest, QuittingAsksOnceForAll) {
+    open("untouched");
+    quitting.request();
+    runEvents();
+    EXPECT_EQ(endings, 1) << "nothing to lose";
+
+    open("one").rotateClockwise();
+    open("other").rotateClockwise();
+    quitting.request();
+    quitting.request();
+    ASSERT_EQ(alerts->requests.size(), 1U);
+    EXPECT_TRUE(alerts->requests.front().text.contains(QStringLiteral("“one”\n“other”")));
+    EXPECT_FALSE(alerts->requests.front().text.contains(QStringLiteral("untouched")));
+    alerts->dismiss();
+    runEvents();
+    EXPECT_EQ(endings, 1) << "cancelled";
+    quitting.request();
+    alerts->answer(1);
+    runEvents();
+    EXPECT_EQ(endings, 2) << "discarded";
+    EXPECT_TRUE(renderer->savedPaths.empty());
+    quitting.request();
+    alerts->answer(0);
+    runEvents();
+    EXPECT_EQ(endings, 3) << "saved";
+    EXPECT_EQ(renderer->savedPaths.size(), 2);
+    EXPECT_TRUE(editors->unexportedDocuments().empty());
+}
+
+TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
+    open("one").rotateClockwise();
+    renderer->saveFailure = ExportError::fileWriteFailed(folder.path());
+    quitting.request();
+    alerts->answer(0);
+    runEvents();
+    ASSERT_EQ(alerts->requests.size(), 2U);
+    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
+    alerts->answer(0);
+    runEvents();
+    EXPECT_EQ(endings, 0);
+    EXPECT_TRUE(editors->isEditorOpen());
+}
+
+TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
+    EditorViewModel& document = open("one");
+    document.rotateClockwise();
+    renderer->saveGate.emplace();
+    auto exporting =
+        document.exportImage(folder.filePath(QStringLiteral("x.png")), ExportFormat::png);
+    quitting.request();
+    runEvents();
+    EXPECT_EQ(endings, 0);
+    EXPECT_TRUE(alerts->requests.empty());
+    renderer->saveGate->succeed();
+    runUntilDone(std::move(exporting));
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return endings == 1; }));
+    EXPECT_EQ(renderer->savedPaths.size(), 1);
+}
+
+}  // namespace
+}  // namespace kestrio
