@@ -47,8 +47,7 @@ double backdropScale(QSizeF canvasSize, QSizeF pixels, double least = 1);
 
 /// Where the screenshot stands, in output pixels: as large as padding and title bar allow, in its
 /// own aspect ratio, or in its own size where the layout keeps pixels; the pair of title bar and
-/// screenshot centred. Empty at the origin where
-/// nothing is left or the layout is not valid.
+/// screenshot centred. Empty at the origin where nothing is left or the layout is not valid.
 QRectF contentRect(const CompositeLayout& layout);
 
 /// The padding in output pixels along x and y; in points where the layout is not valid.
