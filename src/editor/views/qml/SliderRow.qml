@@ -57,7 +57,8 @@ ColumnLayout {
                 }
                 restore()
             }
-            onAccepted: focus = false
+            // Later, so that the window still finds the field typing when Return comes to it.
+            onAccepted: Qt.callLater(() => focus = false)
             Keys.onEscapePressed: event => {
                 restore()
                 event.accepted = false

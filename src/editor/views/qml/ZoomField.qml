@@ -35,7 +35,8 @@ Row {
             if (isTyped) zoom.controller.setZoomText(text)
             restore()
         }
-        onAccepted: focus = false
+        // Later, so that the window still finds the field typing when Return comes to it.
+        onAccepted: Qt.callLater(() => focus = false)
         Keys.onEscapePressed: event => {
             restore()
             event.accepted = false
