@@ -63,17 +63,24 @@ void paintAnnotation(QPainter& painter, const AnyAnnotation& annotation,
 void paintAnnotations(QImage& picture, std::span<const AnyAnnotation> annotations,
                       const AnnotationMapping& mapping) {
     if (picture.isNull() || annotations.empty()) return;
-    // Records on the edge of a band are laid out twice.
-    constexpr int leastRows = 512;
+    // Records on the edge of a strip are laid out twice. Qt's rasteriser rounds otherwise where it
+    // cuts a shape, so strips are of one height, whatever the number of threads.
+    constexpr int stripRows = 512;
     uchar* const pixels = picture.bits();
-    parallelBands(picture.height(), leastRows, [&](int first, int last) {
-        QImage band(pixels + first * picture.bytesPerLine(), picture.width(), last - first,
-                    picture.bytesPerLine(), picture.format());
-        QPainter painter(&band);
-        AnnotationMapping bandMapping = mapping;
-        bandMapping.origin.ry() -= first;
+    const int strips = (picture.height() + stripRows - 1) / stripRows;
+    const auto paintStrip = [&](int top) {
+        QImage strip(pixels + top * picture.bytesPerLine(), picture.width(),
+                     std::min(stripRows, picture.height() - top), picture.bytesPerLine(),
+                     picture.format());
+        QPainter painter(&strip);
+        AnnotationMapping stripMapping = mapping;
+        stripMapping.origin.ry() -= top;
         for (const AnyAnnotation& annotation : annotations)
-            paintAnnotation(painter, annotation, bandMapping);
+            paintAnnotation(painter, annotation, stripMapping);
+    };
+    parallelBands(strips, 1, [&](int first, int last) {
+        for (int strip = first; strip < last; ++strip)
+            paintStrip(strip * stripRows);
     });
 }
 
