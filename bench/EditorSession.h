@@ -187,8 +187,7 @@ class Session {
     QPointF toScene(const QPointF& imagePoint) const {
         const QRectF shown = canvas_->property("imageRect").toRectF();
         const QSizeF image = window_->controller().editor().screenshot().pointSize();
-        return canvas_->mapToScene(shown.topLeft() +
-                                   imagePoint * (shown.width() / image.width()));
+        return canvas_->mapToScene(shown.topLeft() + imagePoint * (shown.width() / image.width()));
     }
 
     /// A place that a press selects a record at, in points of the screenshot; nothing where others

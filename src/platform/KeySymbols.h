@@ -26,7 +26,7 @@ constexpr int keyCodeOfSymbol(quint32 symbol) {
 std::optional<quint32> keySymbol(Qt::Key key);
 /// Modifiers, locks and what chooses a level, which make no hotkey.
 bool isModifierSymbol(quint32 symbol);
-/// As menus show it ("Print"); a key without a name is told by its number.
+/// As menus show it ("Print"); a key without a name is shown by its number.
 QString keySymbolName(quint32 symbol);
 
 /// Whether the key types and edits nothing, such as Print Screen, so that it can be a hotkey

@@ -11,11 +11,11 @@ namespace kestrio {
 /// The geometry of one composition, and the only place where points of the canvas and pixels of the
 /// output meet. All rectangles have their origin at the top left.
 struct CompositeLayout {
-    QSizeF canvasSize;   ///< points
-    QSizeF outputSize;   ///< pixels, before rounding
-    QSizeF imageSize;    ///< the screenshot, points
+    QSizeF canvasSize;        ///< points
+    QSizeF outputSize;        ///< pixels, before rounding
+    QSizeF imageSize;         ///< the screenshot, points
     double pixelDensity = 1;  ///< the screenshot's own pixels a point
-    double padding = 0;  ///< points, 0 to 100
+    double padding = 0;       ///< points, 0 to 100
     FrameStyle frameStyle = FrameStyle::none;
     double frameScale = 1;  ///< below 0 acts as 0
     double leastBackdropScale = 1;

@@ -4,8 +4,8 @@
 
 namespace kestrio {
 
-/// A global hotkey: a virtual key code of the Mac keyboard (0 is A), or a code of the platform's for
-/// keys without one, and a mask of modifiers. The codes are what settings files hold on every
+/// A global hotkey: a virtual key code of the Mac keyboard (0 is A), or a code of the platform's
+/// for keys without one, and a mask of modifiers. The codes are what settings files hold on every
 /// platform; the platform maps them to its own keys.
 struct HotkeyConfig {
     static constexpr int command = 0x100;
@@ -18,8 +18,8 @@ struct HotkeyConfig {
 
     bool operator==(const HotkeyConfig&) const = default;
 
-    /// As in "⌃⌥A": modifiers in the order ⌃ ⌥ ⇧ ⌘, then the key; `otherKey` stands for one that has
-    /// no virtual key code.
+    /// As in "⌃⌥A": modifiers in the order ⌃ ⌥ ⇧ ⌘, then the key; `otherKey` stands for one that
+    /// has no virtual key code.
     QString displayString(const QString& otherKey = QStringLiteral("?")) const;
 
     static constexpr auto jsonFields() {

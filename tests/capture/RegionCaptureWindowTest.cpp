@@ -34,9 +34,8 @@ class RegionCaptureWindowTest : public testing::Test {
         WindowInfo window;
         window.bounds = QRectF(420, 90, 260, 200);
         overlay = std::make_unique<RegionCaptureWindow>(
-            display, DisplaySnapshot{picture, display.bounds, display.scale},
-            std::vector{window}, RegionSelectionOptions(), false,
-            [this](std::optional<RegionCaptureResult> ended) {
+            display, DisplaySnapshot{picture, display.bounds, display.scale}, std::vector{window},
+            RegionSelectionOptions(), false, [this](std::optional<RegionCaptureResult> ended) {
                 result = std::move(ended);
                 ++endings;
             });
@@ -71,8 +70,10 @@ class RegionCaptureWindowTest : public testing::Test {
 
     /// What stands on the screen, in pixels.
     QImage shown() {
-        return overlay->screen()->grabWindow(overlay->winId()).toImage().convertToFormat(
-            QImage::Format_RGB32);
+        return overlay->screen()
+            ->grabWindow(overlay->winId())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
     }
 
     QImage paintedAnew() {
@@ -120,9 +121,7 @@ TEST_F(RegionCaptureWindowTest, ShowsTheCutOutAsItWasAndDimsTheRest) {
 
 TEST_F(RegionCaptureWindowTest, RepaintsAllThatChanges) {
     std::minstd_rand random(3);
-    const auto anywhere = [&] {
-        return QPointF(random() % 800, random() % 800);
-    };
+    const auto anywhere = [&] { return QPointF(random() % 800, random() % 800); };
     for (int round = 0; round < 12; ++round) {
         move(anywhere());
         move({500, 150});  // over the window to snap to
@@ -135,8 +134,8 @@ TEST_F(RegionCaptureWindowTest, RepaintsAllThatChanges) {
         const QImage followed = shown();
         const QImage anew = paintedAnew();
         ASSERT_TRUE(followed == anew)
-            << "round " << round << " differs at " << difference(followed, anew).x()
-                                  << ", " << difference(followed, anew).y();
+            << "round " << round << " differs at " << difference(followed, anew).x() << ", "
+            << difference(followed, anew).y();
     }
 }
 

@@ -167,7 +167,8 @@ TEST(OverlayLayout, ThingsFindRoom) {
         EXPECT_TRUE(QRectF(QPointF(), view).contains(text));
         EXPECT_FALSE(text.intersects(bar));
     }
-    for (const QPointF& pointer : {QPointF(0, 0), QPointF(799, 0), QPointF(799, 599), QPointF(400, 300)}) {
+    for (const QPointF& pointer :
+         {QPointF(0, 0), QPointF(799, 0), QPointF(799, 599), QPointF(400, 300)}) {
         const QRectF place = magnifierPlace(pointer, view);
         EXPECT_TRUE(QRectF(QPointF(), view).contains(place));
         EXPECT_FALSE(place.contains(pointer));

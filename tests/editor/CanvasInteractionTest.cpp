@@ -191,7 +191,8 @@ TEST_F(CanvasInteractionTest, BlursSnapAndAreRubberBandedLikeAllOthers) {
     EXPECT_EQ(annotations().combinedBounds()->left(), 20);
 }
 
-// A circle's box is square whatever is dragged; the corner opposite to the dragged one stands still.
+// A circle's box is square whatever is dragged; the corner opposite to the dragged one stands
+// still.
 TEST_F(CanvasInteractionTest, RoundMarksKeepTheOppositeCorner) {
     const AnyAnnotation marks[] = {
         CircleAnnotation{QUuid::createUuid(), {150, 130}, 30, {1, 0, 0, 1}, 4},
@@ -199,8 +200,7 @@ TEST_F(CanvasInteractionTest, RoundMarksKeepTheOppositeCorner) {
         EmojiAnnotation{QUuid::createUuid(), {150, 130}, QStringLiteral("🎯"), 60, {}, 0, 0},
     };
     for (const AnyAnnotation& mark : marks) {
-        const QRectF after =
-            draggedByHandle(mark, {HandleRole::bottomRight, {260, 170}}).bounds();
+        const QRectF after = draggedByHandle(mark, {HandleRole::bottomRight, {260, 170}}).bounds();
         EXPECT_EQ(after, QRectF(120, 100, 140, 140));
         EXPECT_EQ(draggedByHandle(mark, {HandleRole::topLeft, {100, 50}}).bounds().bottomRight(),
                   QPointF(180, 160));

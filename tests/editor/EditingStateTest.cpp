@@ -122,7 +122,10 @@ TEST_F(EditingState, UndoOfMarksFollowsACropAndForgetsOtherPictures) {
 
     editor->leaveAnnotationMode();
     const std::pair<const char*, std::function<void()>> others[] = {
-        {"paste", [&] { editor->replaceScreenshot(picture({90, 90})); }},
+        {"paste",
+         [&] {
+             editor->replaceScreenshot(picture({90, 90}));
+         }},
         {"undo of the paste", [&] { editor->undo(); }},
         {"undo before the crop", [&] { editor->undo(), editor->undo(); }},
         {"capture", [&] { editor->loadCapture(picture()); }},

@@ -79,7 +79,8 @@ struct Tour {
     }
 
     void openSheets() {
-        for (const char* name : {"enhancement", "exporting", "resetting", "naming", "redaction", "closing"}) {
+        for (const char* name :
+             {"enhancement", "exporting", "resetting", "naming", "redaction", "closing"}) {
             auto* lazy = view->findChild<QQuickItem*>(QString::fromLatin1(name));
             ASSERT_NE(lazy, nullptr) << name;
             QMetaObject::invokeMethod(lazy, "open");
@@ -182,7 +183,8 @@ struct Tour {
         look();
         controller.annotation()->setNumberText(QStringLiteral("-3"));
         controller.annotation()->commitNumber();
-        EXPECT_FALSE(controller.annotation()->numberEditing()[QStringLiteral("error")].toString().isEmpty());
+        EXPECT_FALSE(
+            controller.annotation()->numberEditing()[QStringLiteral("error")].toString().isEmpty());
         controller.annotation()->cancelNumber();
         look();
     }
@@ -292,9 +294,9 @@ TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
     const std::pair<const char*, const char*> ratios[] = {
         {"0", "1"}, {"1", "0"}, {"-3", "2"}, {"", "2"}, {"x", "2"}, {"1e9", "1"}, {"nan", "1"}};
     for (const auto& [width, height] : ratios) {
-        EXPECT_FALSE(controller
-                         .setCustomAspect(QString::fromLatin1(width), QString::fromLatin1(height))
-                         .isEmpty())
+        EXPECT_FALSE(
+            controller.setCustomAspect(QString::fromLatin1(width), QString::fromLatin1(height))
+                .isEmpty())
             << width << ':' << height;
     }
     EXPECT_EQ(controller.aspectName(), QStringLiteral("Auto"));

@@ -34,8 +34,7 @@ TEST(Repetition, MasksAreTheSameWithEveryThread) {
     QPainterPath outline = denseOutline();
     outline.setFillRule(Qt::WindingFill);
     const QRect bounds(QPoint(), screen);
-    expectTheSameEveryTime(
-        [&] { return coverageOf(rasterise(outline, bounds, Qt::OddEvenFill)); });
+    expectTheSameEveryTime([&] { return coverageOf(rasterise(outline, bounds, Qt::OddEvenFill)); });
 }
 
 QImage dashboard() {

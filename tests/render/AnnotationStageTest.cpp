@@ -55,7 +55,9 @@ TEST(AnnotationStage, MarksStayOnWhatTheyMark) {
              request.backdrop.padding = 20;
          }},
         {"square canvas",
-         [](CompositeRequest& request) { request.canvasState.canvasSize = {420, 420}; }},
+         [](CompositeRequest& request) {
+             request.canvasState.canvasSize = {420, 420};
+         }},
         {"turned", [](CompositeRequest& request) { request.canvasState.transform.rotation = 90; }},
     };
     for (const double density : {1.0, 2.0}) {
@@ -88,7 +90,8 @@ TEST(AnnotationStage, BlursChangeTheScreenshotAndNothingBesideIt) {
     CompositeRequest request = requestFor(pictureWithSquare());
     request.backdrop.padding = 40;
     const QImage plain = testComposer().compose(request).bitmap();
-    request.annotations = {BlurAnnotation{{}, {-500, -500, 2000, 2000}, 10, {}, 0, BlurType::solid, 1}};
+    request.annotations = {
+        BlurAnnotation{{}, {-500, -500, 2000, 2000}, 10, {}, 0, BlurType::solid, 1}};
     const QImage covered = testComposer().compose(request).bitmap();
     const QRect content = contentRect(compositeLayout(request, 1)).toAlignedRect();
     for (int y = 0; y < plain.height(); ++y) {

@@ -10,8 +10,8 @@ namespace kestrio {
 namespace {
 
 const QImage& dashboard() {
-    static const QImage picture =
-        loadImageFile(QStringLiteral(KESTRIO_SOURCE_DIR "/tests/support/pictures/dashboard-4k.png"));
+    static const QImage picture = loadImageFile(
+        QStringLiteral(KESTRIO_SOURCE_DIR "/tests/support/pictures/dashboard-4k.png"));
     return picture;
 }
 

@@ -167,7 +167,7 @@ class AnnotationViewModel : public QObject {
     /// One step of undo with what was typed; of a text that was just made, the step that made it. A
     /// text left empty goes, as if it had never been made where it is new.
     void endTextEditing();
-    /// Ends the typing of texts and numbers. A number that is none is dropped.
+    /// Ends the typing of texts and numbers. An invalid number is dropped.
     void finishEditing();
 
     // Moving and aligning.

@@ -16,8 +16,8 @@ constexpr double slack = 0.1;
 constexpr double unlimited = 1e4;
 
 TextColumn columnOf(const TextAnnotation& text, double width) {
-    return TextColumn(text.text, {text.fontFamily.value_or(QString()),
-                                  fontWeight(text.fontWeight), Qt::AlignLeft, width});
+    return TextColumn(text.text, {text.fontFamily.value_or(QString()), fontWeight(text.fontWeight),
+                                  Qt::AlignLeft, width});
 }
 
 double unwrappedWidth(const TextAnnotation& text) {

@@ -4,9 +4,9 @@
 #include "core/Localisation.h"
 #include "library/FileNaming.h"
 
+#include <unistd.h>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <unistd.h>
 
 namespace kestrio {
 
@@ -20,8 +20,8 @@ void addCaptureOptions(QCommandLineParser& parser) {
         "pointer. Without an option for what becomes of the picture, the user decides, or the "
         "editor opens."));
     parser.addPositionalArgument(QStringLiteral("WHAT"), localised("region, window or display"));
-    parser.addOption({QStringLiteral("delay"), localised("wait so many seconds first"),
-                      QStringLiteral("S")});
+    parser.addOption(
+        {QStringLiteral("delay"), localised("wait so many seconds first"), QStringLiteral("S")});
     parser.addOption({QStringLiteral("edit"), localised("open the picture in the editor")});
     parser.addOption({QStringLiteral("copy"), localised("put it on the clipboard")});
     parser.addOption({QStringLiteral("pin"), localised("pin it to the desktop")});

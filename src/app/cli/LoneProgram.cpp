@@ -26,7 +26,7 @@ bool hasDocuments(const ProgramParts& parts) {
     return parts.editors->isEditorOpen() || !parts.pins->windowModels().empty();
 }
 
-/// Anything, also alerts and toasts, which tell how the command went.
+/// Anything, also alerts and toasts, which report how the command went.
 bool showsWindows() {
     const auto windows = QGuiApplication::topLevelWindows();
     return std::any_of(windows.begin(), windows.end(),
@@ -59,8 +59,7 @@ ExitStatus runAlone(const InstanceRequest& request) {
     const StopSignals signals;
     const ProgramParts parts = ProgramParts::make(makePlatformServices());
     InstanceCommands commands(*parts.captures, parts.platform.pasteboard, [] {});
-    const ExitStatus status =
-        tellReply(runUntilDone(commands.run(request, signals.token())));
+    const ExitStatus status = tellReply(runUntilDone(commands.run(request, signals.token())));
     waitForWindows(parts, signals.token());
     handOverClipboard(*parts.platform.pasteboard);
     return status;

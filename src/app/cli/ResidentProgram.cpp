@@ -21,12 +21,8 @@ std::unique_ptr<InstanceLock>& lock() {
 
 SettingsServices settingsServices(const ProgramParts& parts,
                                   const std::shared_ptr<HotkeyManager>& hotkeys) {
-    return {parts.settings,
-            parts.userDefaults,
-            parts.themes,
-            hotkeys,
-            parts.platform.loginItem,
-            parts.platform.fileDialogs};
+    return {parts.settings, parts.userDefaults,       parts.themes,
+            hotkeys,        parts.platform.loginItem, parts.platform.fileDialogs};
 }
 
 }  // namespace
@@ -45,9 +41,9 @@ ExitStatus runResident(const QStringList&) {
     const ProgramParts parts = ProgramParts::make(makePlatformServices());
     const auto hotkeys =
         std::make_shared<HotkeyManager>(parts.platform.globalHotkeys, parts.settings);
-    AppDelegate delegate(parts, hotkeys,
-                         std::make_shared<SettingsWindowCoordinator>(
-                             settingsServices(parts, hotkeys), parts));
+    AppDelegate delegate(
+        parts, hotkeys,
+        std::make_shared<SettingsWindowCoordinator>(settingsServices(parts, hotkeys), parts));
     // Not quit(), which asks each window whether it may close.
     const std::stop_callback end(signals.token(), [] { QCoreApplication::exit(); });
     delegate.applicationDidFinishLaunching(InstanceAddress::standard().socket);

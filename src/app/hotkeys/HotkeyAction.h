@@ -14,7 +14,7 @@ enum class HotkeyAction { region = 1, window = 2, scrolling = 3, history = 4, re
 struct HotkeyRow {
     HotkeyAction action;
     const char* label;  ///< English
-    HotkeyConfig AppSettings::* config;
+    HotkeyConfig AppSettings::*config;
 };
 
 inline constexpr std::array<HotkeyRow, 5> hotkeyRows = {{

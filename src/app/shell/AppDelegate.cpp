@@ -4,9 +4,9 @@
 #include "core/Localisation.h"
 #include "core/Log.h"
 
+#include <malloc.h>
 #include <QGuiApplication>
 #include <QPointer>
-#include <malloc.h>
 
 namespace kestrio {
 
@@ -151,10 +151,10 @@ Task<> AppDelegate::tellHowToReach() {
     AlertRequest request;
     request.style = AlertStyle::informational;
     request.title = localised("Kestrio Runs Without an Icon");
-    request.text =
-        localised("This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a "
-                  "region, or start Kestrio again to open its preferences.")
-            .arg(regionKeys(*parts_.settings));
+    request.text = localised(
+                       "This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a "
+                       "region, or start Kestrio again to open its preferences.")
+                       .arg(regionKeys(*parts_.settings));
     request.buttons = {localised("Open Preferences"), localised("OK")};
     auto shown = parts_.platform.alerts->show(std::move(request));
     const int button = co_await shown;

@@ -30,7 +30,8 @@ StatusMenuEntry hotkeyEntry(const char* title, const HotkeyConfig& hotkey,
 
 StatusMenuEntry delayedCaptures(const StatusMenuActions& actions) {
     const auto later = [&](const char* title, int seconds, CaptureKind kind) {
-        return entry(title, [start = actions.captureLater, seconds, kind] { start(seconds, kind); });
+        return entry(title,
+                     [start = actions.captureLater, seconds, kind] { start(seconds, kind); });
     };
     StatusMenuEntry menu = entry("Delayed Capture", nullptr);
     menu.entries = {

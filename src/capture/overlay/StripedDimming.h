@@ -15,7 +15,7 @@ class StripedDimming {
   public:
     StripedDimming(QSize points, double scale);
 
-    /// Paints these points anew on a transparent ground.
+    /// Repaints these points on a transparent ground.
     void repaint(const QRegion& points, const std::function<void(QPainter&)>& paint);
     /// What was painted, in pixels.
     const QImage& picture() const { return picture_; }

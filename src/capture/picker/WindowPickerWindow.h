@@ -7,7 +7,8 @@
 
 namespace kestrio {
 
-/// The overlay on which a window is picked with a click. Ends once; whoever opened it closes it then.
+/// The overlay on which a window is picked with a click. Ends once; whoever opened it closes it
+/// then.
 class WindowPickerWindow : public FrozenWindow {
     Q_OBJECT
 

@@ -73,7 +73,8 @@ QString RegionCaptureWindow::sizeText() const {
 
 QRectF RegionCaptureWindow::labelRect() const {
     if (selection_.selection().isEmpty()) return {};
-    return sizeLabelPlace(selection_.selection(), labelOf(sizeText()).size(), size(), toolbarRect());
+    return sizeLabelPlace(selection_.selection(), labelOf(sizeText()).size(), size(),
+                          toolbarRect());
 }
 
 ToolbarLook RegionCaptureWindow::toolbarLook() const {
@@ -124,8 +125,10 @@ void RegionCaptureWindow::change(Change change) {
 void RegionCaptureWindow::paintOver(QPainter& painter) {
     paintSelection(painter, selection_);
     if (showsPointerAids()) {
-        painter.fillRect(QRectF(0, std::floor(selection_.pointer().y()), width(), 1), QColor(255, 255, 255, 204));
-        painter.fillRect(QRectF(std::floor(selection_.pointer().x()), 0, 1, height()), QColor(255, 255, 255, 204));
+        painter.fillRect(QRectF(0, std::floor(selection_.pointer().y()), width(), 1),
+                         QColor(255, 255, 255, 204));
+        painter.fillRect(QRectF(std::floor(selection_.pointer().x()), 0, 1, height()),
+                         QColor(255, 255, 255, 204));
     }
     const QRectF label = labelRect();
     if (!label.isEmpty()) labelOf(sizeText()).paint(painter, label);
@@ -229,15 +232,41 @@ bool RegionCaptureWindow::takeAdjustingKey(const QKeyEvent& event) {
     const double step = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
     switch (event.key()) {
         case Qt::Key_Return:
-        case Qt::Key_Enter: run(CaptureAction::edit); return true;
-        case Qt::Key_Left: moveByKey(event, {-step, 0}); return true;
-        case Qt::Key_Right: moveByKey(event, {step, 0}); return true;
-        case Qt::Key_Up: moveByKey(event, {0, -step}); return true;
-        case Qt::Key_Down: moveByKey(event, {0, step}); return true;
-        case Qt::Key_C: if (isControl) { run(CaptureAction::copy); return true; } break;
-        case Qt::Key_S: if (isControl) { run(CaptureAction::save); return true; } break;
-        case Qt::Key_P: if (isControl) { run(CaptureAction::pin); return true; } break;
-        default: break;
+        case Qt::Key_Enter:
+            run(CaptureAction::edit);
+            return true;
+        case Qt::Key_Left:
+            moveByKey(event, {-step, 0});
+            return true;
+        case Qt::Key_Right:
+            moveByKey(event, {step, 0});
+            return true;
+        case Qt::Key_Up:
+            moveByKey(event, {0, -step});
+            return true;
+        case Qt::Key_Down:
+            moveByKey(event, {0, step});
+            return true;
+        case Qt::Key_C:
+            if (isControl) {
+                run(CaptureAction::copy);
+                return true;
+            }
+            break;
+        case Qt::Key_S:
+            if (isControl) {
+                run(CaptureAction::save);
+                return true;
+            }
+            break;
+        case Qt::Key_P:
+            if (isControl) {
+                run(CaptureAction::pin);
+                return true;
+            }
+            break;
+        default:
+            break;
     }
     if (isControl || event.text().size() != 1) return false;
     if (const auto color = toolbar_.colorOfKey(event.text().front())) {
@@ -277,10 +306,10 @@ Image RegionCaptureWindow::crop() const {
     const QRectF rect = selection_.selection();
     if (frozen.isNull() || rect.width() <= 1 || rect.height() <= 1) return {};
     const double scale = snapshot().scale;
-    const QRect pixels = QRectF(rect.x() * scale, rect.y() * scale, rect.width() * scale,
-                                rect.height() * scale)
-                             .toAlignedRect() &
-                         frozen.rect();
+    const QRect pixels =
+        QRectF(rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
+            .toAlignedRect() &
+        frozen.rect();
     return Image(frozen.copy(pixels), scale);
 }
 

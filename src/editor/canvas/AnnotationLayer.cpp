@@ -79,7 +79,7 @@ AnnotationLayer::Difference AnnotationLayer::difference() const {
     while (first < common && isIdentical(entries[first].record, wanted_[first]))
         ++first;
     while (last < common - first && isIdentical(entries[entries.size() - 1 - last].record,
-                                              wanted_[wanted_.size() - 1 - last])) {
+                                                wanted_[wanted_.size() - 1 - last])) {
         ++last;
     }
     return {first, entries.size() - first - last, wanted_.size() - first - last};

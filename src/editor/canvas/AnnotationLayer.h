@@ -29,9 +29,9 @@ class AnnotationLayer : public QObject {
     AnnotationLayer();
     ~AnnotationLayer() override;
 
-    /// What is to be seen: records from the bottom to the top, the visible pixels, and where and how
-    /// large the screenshot's points are among them. Gives the pixels that paint() shows differently
-    /// from now on, apart from what another mapping changes.
+    /// What is to be seen: records from the bottom to the top, the visible pixels, and where and
+    /// how large the screenshot's points are among them. Gives the pixels that paint() shows
+    /// differently from now on, apart from what another mapping changes.
     QRect show(Records records, const QRect& visible, const AnnotationMapping& mapping);
 
     /// Paints in the pixels of the mapping that was shown last.

@@ -1,7 +1,7 @@
 #include "editor/canvas/CanvasDecorations.h"
 
-#include "annotation/painting/AnnotationPainter.h"
 #include "annotation/model/Geometry.h"
+#include "annotation/painting/AnnotationPainter.h"
 #include "annotation/painting/ArrowShape.h"
 #include "annotation/painting/Caption.h"
 

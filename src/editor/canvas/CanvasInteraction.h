@@ -39,8 +39,8 @@ class CanvasInteraction {
     /// Opens the editor of a text or a number under the pointer: gives the text's id, and starts
     /// number editing itself.
     std::optional<QUuid> doubleClick(const PointerEvent& event);
-    /// Makes the record at a point of the view the primary one: others stay selected where it is one
-    /// of them. False where there is none or annotation mode is off.
+    /// Makes the record at a point of the view the primary one: others stay selected where it is
+    /// one of them. False where there is none or annotation mode is off.
     bool selectAt(const QPointF& view);
     /// Zooms by steps of the wheel about the pointer, with a modifier that means zoom; pans
     /// otherwise. Points of the view.

@@ -21,7 +21,9 @@ void EditorViewModel::finishEditing() {
 }
 
 bool EditorViewModel::hidesRedactions() const {
-    const auto isBlur = [](const AnyAnnotation& each) { return each.as<BlurAnnotation>() != nullptr; };
+    const auto isBlur = [](const AnyAnnotation& each) {
+        return each.as<BlurAnnotation>() != nullptr;
+    };
     return !annotationVM_.annotationsVisible() && std::ranges::any_of(liveAnnotations(), isBlur);
 }
 

@@ -24,7 +24,7 @@ struct EditorServices {
     std::shared_ptr<FileDialogs> fileDialogs;
     std::shared_ptr<FileReveal> fileReveal;
     std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
-    std::shared_ptr<Sharing> sharing;  ///< may be null: only files are copied
+    std::shared_ptr<Sharing> sharing;        ///< may be null: only files are copied
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;  ///< may be null: nothing is pinned
 };
 

@@ -38,9 +38,8 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     connect(&annotationHistory, &AnnotationHistoryService::canRedoChanged, this, recompute);
     connect(this, &EditorViewModel::isAnnotationModeChanged, this, recompute);
     connect(this, &EditorViewModel::isCropModeChanged, this, recompute);
-    connect(this, &EditorViewModel::screenshotChanged, this, [this] {
-        annotationVM_.set_pictureRect(QRectF(QPointF(), screenshot().pointSize()));
-    });
+    connect(this, &EditorViewModel::screenshotChanged, this,
+            [this] { annotationVM_.set_pictureRect(QRectF(QPointF(), screenshot().pointSize())); });
 
     connectColorPicker();
     stylePersistence_.setSingleShot(true);

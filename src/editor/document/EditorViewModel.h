@@ -133,8 +133,8 @@ class EditorViewModel : public QObject {
 
     using UseColor = std::function<void(const PickedColor&)>;
     /// Starts or ends picking a colour from the picture. Annotation mode, where it was on, goes on
-    /// afterwards with the same selection. The colour goes to `use`; where none is given, it becomes
-    /// the tools' colour if annotation mode was on.
+    /// afterwards with the same selection. The colour goes to `use`; where none is given, it
+    /// becomes the tools' colour if annotation mode was on.
     void toggleColorPicker(UseColor use = {});
 
     // Turning and cropping.

@@ -25,8 +25,7 @@ class AnnotationPanel : public QObject {
     Q_PROPERTY(bool isTextEditing READ isTextEditing NOTIFY toolChanged)
 
   public:
-    AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& hints,
-                    QObject* parent = nullptr);
+    AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& hints, QObject* parent = nullptr);
 
     /// What holds now: tool, colour, stroke, fill, and what the selection allows.
     QVariantMap tool() const;
@@ -36,8 +35,8 @@ class AnnotationPanel : public QObject {
     QVariantList strokeSizes() const;
     QVariantList fillModes() const;
     QVariantList blurTypes() const;
-    /// Ways to line up or spread out the selection, each {id, name, symbol, least}: how many records
-    /// it takes at least.
+    /// Ways to line up or spread out the selection, each {id, name, symbol, least}: how many
+    /// records it takes at least.
     QVariantList alignments() const;
     QVariantMap numberEditing() const;
     bool isTextEditing() const { return annotations().isTextEditing(); }

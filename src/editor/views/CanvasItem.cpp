@@ -153,8 +153,8 @@ AnnotationMapping CanvasItem::annotationMapping() const {
     const QRectF content = preview_->shownContent().value_or(viewport.contentRect());
     const double scale = viewport.scale() * pixelRatio();
     const double pixels = content.width() / viewport.imageSize().width() * scale;
-    return {content.topLeft() * scale, {pixels, pixels}, pixels,
-            editor().screenshot().pixelDensity()};
+    return {
+        content.topLeft() * scale, {pixels, pixels}, pixels, editor().screenshot().pixelDensity()};
 }
 
 QRectF CanvasItem::placeholderRect(const BlurAnnotation& blur) const {
@@ -261,7 +261,8 @@ void CanvasItem::mousePressEvent(QMouseEvent* event) {
     }
     forceActiveFocus(Qt::MouseFocusReason);
     if (event->button() == Qt::RightButton) {
-        if (interaction_->selectAt(event->position())) Q_EMIT contextMenuRequested(event->position());
+        if (interaction_->selectAt(event->position()))
+            Q_EMIT contextMenuRequested(event->position());
         return;
     }
     interaction_->press(pointerEvent(*event));

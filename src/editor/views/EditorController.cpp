@@ -87,8 +87,7 @@ void EditorController::connectDocument() {
     relay(std::initializer_list{&Editor::isEnhancingImageChanged,
                                 &Editor::canRestoreOriginalImageChanged},
           &EditorController::enhancingChanged);
-    connect(&editor_, &Editor::screenshotChanged, this,
-            [this] { launch(shrinkPicture(), this); });
+    connect(&editor_, &Editor::screenshotChanged, this, [this] { launch(shrinkPicture(), this); });
     connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
             &EditorController::styleChanged);
     connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
@@ -186,8 +185,7 @@ void EditorController::choose(const QString& field, const QVariant& value) {
 void EditorController::setBackdropImage(const QUrl& file) {
     readPictureFile(editor_, file.toLocalFile(), [this](const PictureFile& picture) {
         BackdropSettings backdrop = editor_.backdrop();
-        ImageBackdropSettings settings =
-            backdrop.imageSettings.value_or(ImageBackdropSettings());
+        ImageBackdropSettings settings = backdrop.imageSettings.value_or(ImageBackdropSettings());
         settings.imagePath = picture.path;
         settings.imageData = picture.data;
         backdrop.type = BackdropType::image;

@@ -139,8 +139,8 @@ void OutputPanel::endCopying(const QString& state) {
 void OutputPanel::beginDrag() {
     // A drag under way cannot ask.
     if (editor_.hidesRedactions()) {
-        editor_.set_errorMessage(
-            localised("Blurred areas are hidden; show the annotations before you drag the picture"));
+        editor_.set_errorMessage(localised(
+            "Blurred areas are hidden; show the annotations before you drag the picture"));
         return;
     }
     wantsDrag_ = true;
@@ -175,7 +175,8 @@ bool OutputPanel::startDrag(const QImage& picture, const QByteArray& png) {
     content->setData(QStringLiteral("image/png"), png);
     if (!draggedFiles_) draggedFiles_.emplace();
     QFile file(draggedFiles_->filePath(name_ + QStringLiteral(".png")));
-    if (draggedFiles_->isValid() && file.open(QIODevice::WriteOnly) && file.write(png) == png.size())
+    if (draggedFiles_->isValid() && file.open(QIODevice::WriteOnly) &&
+        file.write(png) == png.size())
         content->setUrls({QUrl::fromLocalFile(file.fileName())});
     auto* drag = new QDrag(this);
     drag->setMimeData(content);

@@ -21,7 +21,7 @@ class SharePanel : public QObject {
     bool isBusy() const { return sharing_.isSharing(); }
 
     /// Programs that open pictures, each {id, name, icon}; the icon is a URL and may be empty.
-    /// Asked anew each time the menu opens.
+    /// Asked again each time the menu opens.
     Q_INVOKABLE QVariantList programs() const;
     Q_INVOKABLE void email() { sharing_.email(); }
     Q_INVOKABLE void openWith(const QString& program) { sharing_.openWith(program); }

@@ -34,8 +34,8 @@ class ThemePanel : public QObject {
     Q_INVOKABLE void applyTheme(const QString& id);
     /// Whether a theme has this name, other than the one of the id.
     Q_INVOKABLE bool isNameTaken(const QString& name, const QString& id) const;
-    /// Keeps the present style under a name, in the place of a theme that has it; tells what became
-    /// of it.
+    /// Keeps the present style under a name, in the place of a theme that has it, and reports the
+    /// result.
     Q_INVOKABLE void save(const QString& name);
     /// Makes the present style that of a theme.
     Q_INVOKABLE void overwrite(const QString& id);
