@@ -2,9 +2,11 @@
 
 find_program(KESTRIO_CCACHE ccache)
 if(KESTRIO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Precompiled headers only hit the cache with these two sloppiness switches.
+  # Precompiled headers only hit the cache with these two sloppiness switches; paths below the
+  # project are hashed as relative ones, so that several work trees share one cache.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${KESTRIO_CCACHE})
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${KESTRIO_CCACHE})
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror=return-type)
