@@ -1,5 +1,10 @@
 #include "core/UserDefaults.h"
 
+#include "core/AtomicFile.h"
+#include "core/FileSystem.h"
+#include "core/Log.h"
+
+#include <QFile>
 #include <QStandardPaths>
 
 namespace kestrio {
@@ -79,6 +84,24 @@ void IniUserDefaults::synchronise() {
     queue_.sync([this] { writeChanges(); });
 }
 
+namespace {
+
+// What replaces a file gets its permissions, so that nobody else reads it at any moment.
+void makePrivate(const QString& path) {
+    try {
+        makeFolders(folderOf(path), FileAccess::ownerOnly);
+        if (fileKind(path) == FileKind::missing) replaceFile(path, {}, FileAccess::ownerOnly);
+        const auto own = QFile::ReadOwner | QFile::WriteOwner;
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                            QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+        if (QFile::permissions(path) & others) QFile::setPermissions(path, own);
+    } catch (const FileError& error) {
+        logLine("UserDefaults", error.errorDescription());
+    }
+}
+
+}  // namespace
+
 void IniUserDefaults::writeChanges() {
     QMap<QString, QVariant> changes;
     {
@@ -92,6 +115,7 @@ void IniUserDefaults::writeChanges() {
             settings_.remove(change.key());
         }
     }
+    makePrivate(settings_.fileName());
     settings_.sync();
     QMap<QString, QVariant> written = valuesOf(settings_);
     const std::lock_guard lock(mutex_);

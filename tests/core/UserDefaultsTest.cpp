@@ -1,6 +1,7 @@
 #include "core/UserDefaults.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -36,11 +37,16 @@ TEST(UserDefaults, EveryKindOfValueIsKeptInMemoryAndOnDisk) {
 
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("deep/kestrio.ini"));
+    const mode_t before = ::umask(0);
     {
         IniUserDefaults ini(path);
         fill(ini);
     }
+    ::umask(before);
     check(IniUserDefaults(path));
+    // Pictures and texts of the user's are in it.
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(QFile::permissions(path) & others);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "app/cli/JsonFile.h"
 
+#include "core/AtomicFile.h"
 #include "core/Localisation.h"
-
-#include <QFile>
+#include "core/RegularFile.h"
 
 namespace kestrio {
 
@@ -17,16 +17,11 @@ QString JsonFileError::errorDescription() const {
 }
 
 QByteArray readJsonFile(const QString& path, const char* complaint) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw JsonFileError(complaint, path, file.errorString());
-    QByteArray text = file.read(longestFile + 1);
-    if (text.size() > longestFile) {
-        throw JsonFileError(complaint, path, localised("it is too large"));
+    try {
+        return readRegularFile(path, longestFile);
+    } catch (const FileError& error) {
+        throw JsonFileError(complaint, path, error.reason());
     }
-    if (file.error() != QFileDevice::NoError) {
-        throw JsonFileError(complaint, path, file.errorString());
-    }
-    return text;
 }
 
 }  // namespace kestrio

@@ -7,8 +7,9 @@
 #include <mutex>
 #include <span>
 
+#include "core/AtomicFile.h"
 #include "core/Localisation.h"
-#include "imaging/RegularFile.h"
+#include "core/RegularFile.h"
 #include "imaging/codecs/BmpCheck.h"
 #include "imaging/codecs/DecodedBitmap.h"
 #include "imaging/codecs/GifCheck.h"
@@ -147,7 +148,11 @@ QStringList readableSuffixes() {
 }
 
 QByteArray readImageFile(const QString& path) {
-    return readRegularFile(path, largestFile);
+    try {
+        return readRegularFile(path, largestFile);
+    } catch (const FileError& error) {
+        throw ImageLoadError::unreadable(error.path(), error.reason());
+    }
 }
 
 QImage loadImageFile(const QString& path) {

@@ -6,7 +6,7 @@
 namespace kestrio {
 
 /// All bytes of a regular file of at most `limit` bytes. Never waits for a writer: pipes, devices
-/// and folders are refused, unread. Throws ImageLoadError::unreadable.
+/// and folders are refused, unread. Throws FileError.
 QByteArray readRegularFile(const QString& path, qint64 limit);
 
 }  // namespace kestrio
