@@ -7,13 +7,20 @@
 
 namespace kestrio {
 
+/// What a key that is missing, or holds something unreadable, means.
+enum class JsonFieldRule {
+    required,   ///< both are errors, except that a std::optional may be missing
+    missable,   ///< a missing one keeps what the record starts with, an unreadable one is an error
+    defaulted,  ///< both keep what the record starts with
+};
+
 /// One key of a record. A member of type std::optional is left out when absent and may be missing;
 /// every other one is required.
 template <typename Record, typename T>
 struct JsonField {
     const char* key;
     T Record::*member;
-    bool isDefaulted = false;
+    JsonFieldRule rule = JsonFieldRule::required;
 };
 
 template <typename Record, typename T>
@@ -21,10 +28,16 @@ constexpr JsonField<Record, T> jsonField(const char* key, T Record::*member) {
     return {key, member};
 }
 
+/// A key that may be missing but not unreadable: for what others ask, where a guess would be wrong.
+template <typename Record, typename T>
+constexpr JsonField<Record, T> missableField(const char* key, T Record::*member) {
+    return {key, member, JsonFieldRule::missable};
+}
+
 /// A key that may be missing or unreadable: the member then keeps what the record starts with.
 template <typename Record, typename T>
 constexpr JsonField<Record, T> defaultedField(const char* key, T Record::*member) {
-    return {key, member, true};
+    return {key, member, JsonFieldRule::defaulted};
 }
 
 /// A record declares its keys once, in their order:
@@ -64,7 +77,7 @@ void decodeField(const JsonReader& reader, Record& record, const JsonField<Recor
     try {
         if (const auto found = reader.find(field.key)) {
             record.*field.member = decodeJson<Value>(*found);
-        } else if (!field.isDefaulted) {
+        } else if (field.rule == JsonFieldRule::required) {
             // An optional that is missing is absent, whatever a fresh record starts with.
             if constexpr (OptionalTrait<T>::isOptional) {
                 record.*field.member = std::nullopt;
@@ -73,7 +86,7 @@ void decodeField(const JsonReader& reader, Record& record, const JsonField<Recor
             }
         }
     } catch (const JsonError&) {
-        if (!field.isDefaulted) throw;
+        if (field.rule != JsonFieldRule::defaulted) throw;
     }
 }
 

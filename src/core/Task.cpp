@@ -6,6 +6,10 @@
 #include <QCoreApplication>
 #include <QSemaphore>
 #include <QTimer>
+#include <atomic>
+#include <new>
+#include <system_error>
+#include <thread>
 
 namespace kestrio {
 
@@ -39,6 +43,35 @@ QThreadPool* backgroundPool() {
     }();
     Q_UNUSED(isReady)
     return &pool;
+}
+
+QString StorageTimeout::errorDescription() const {
+    return localised("the disk or network folder does not answer");
+}
+
+namespace {
+
+// Of runOnStorage(): more than these would only wait for the same hanging folder.
+constexpr int mostStorageThreads = 32;
+std::atomic<int> storageThreads = 0;
+
+}  // namespace
+
+void detail::startStorageWork(std::function<void()> work) {
+    if (storageThreads.fetch_add(1) >= mostStorageThreads) {
+        --storageThreads;
+        throw StorageTimeout();
+    }
+    try {
+        std::thread([work = std::move(work)]() mutable {
+            work();
+            work = {};
+            --storageThreads;
+        }).detach();
+    } catch (const std::system_error&) {
+        --storageThreads;
+        throw std::bad_alloc();
+    }
 }
 
 Completion<> sleepFor(std::chrono::milliseconds duration, std::stop_token stop) {

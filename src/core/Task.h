@@ -65,7 +65,21 @@ Completion<std::invoke_result_t<Work>> runOn(SerialQueue& queue, Work work) {
     return done;
 }
 
+/// A disk or a network folder did not answer in time.
+class StorageTimeout : public Error {
+  public:
+    QString errorDescription() const override;
+};
+
+/// How long storage may take before it counts as hanging: reading, and writing with its flush.
+inline constexpr std::chrono::seconds readLimit(20);
+inline constexpr std::chrono::seconds writeLimit(60);
+
 namespace detail {
+
+/// Runs `work` on a thread of its own. Throws StorageTimeout where so many hang already that one
+/// more would only hang too.
+void startStorageWork(std::function<void()> work);
 
 template <typename T>
 struct Waiting {
@@ -126,6 +140,24 @@ Task<T> withTimeLimit(std::chrono::milliseconds limit, std::stop_token stop,
     timer.start(limit);
     auto task = start(inner.get_token());
     detail::forward<T>(std::move(task), done);
+    co_return co_await done;
+}
+
+/// Runs `work`, which reads or writes files, beside the background pool: a network folder that
+/// hangs must not take the pool's threads from everything else. Gives its result, or throws what it
+/// threw, StorageTimeout once `limit` has passed, or Cancelled; work that is given up goes on by
+/// itself, also while the process ends, and what it delivers is dropped, so it owns all that it
+/// uses.
+template <typename Work>
+Task<std::invoke_result_t<Work>> runOnStorage(Work work, std::chrono::milliseconds limit,
+                                              std::stop_token stop = {}) {
+    Completion<std::invoke_result_t<Work>> done(std::move(stop));
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer,
+                     [done] { done.fail(std::make_exception_ptr(StorageTimeout())); });
+    timer.start(limit);
+    detail::startStorageWork([done, work = std::move(work)]() mutable { done.run(work); });
     co_return co_await done;
 }
 

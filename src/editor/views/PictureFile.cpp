@@ -1,6 +1,6 @@
 #include "editor/views/PictureFile.h"
 
-#include "imaging/codecs/ImageDecoder.h"
+#include "imaging/codecs/PictureLoading.h"
 
 #include <QPointer>
 
@@ -10,16 +10,11 @@ namespace {
 
 Task<> read(QPointer<EditorViewModel> editor, QString path,
             std::function<void(const PictureFile&)> use) {
-    auto work = [path] {
-        PictureFile file{path, readImageFile(path), {}};
-        file.bitmap = decodeImage(file.data);
-        return file;
-    };
     QString failure;
     try {
-        const auto reading = runInBackground(std::move(work));
-        const PictureFile file = co_await reading;
-        if (editor) use(file);
+        auto loading = loadPicture(path);
+        const LoadedPicture picture = co_await loading;
+        if (editor) use({path, picture.data, picture.bitmap});
     } catch (const std::exception& error) {
         failure = describeFailure(error);
     }
