@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 #include <numbers>
 
 namespace kestrio {
@@ -120,6 +121,11 @@ QSize turnedSize(QSize size, double degrees) {
     return std::abs(turn) <= negligibleTurn ? size : filledBy(size, turn);
 }
 
+QSize finishedSize(const CompositeRequest& request) {
+    const CompositeLayout layout = compositeLayout(request, request.screenshot.pixelDensity());
+    return turnedSize(layout.outputPixels(), request.canvasState.transform.rotation);
+}
+
 ImageComposer::ImageComposer(std::shared_ptr<WatermarkServiceProtocol> watermarkService)
     : watermarkService_(std::move(watermarkService)),
       renderQueue_(QStringLiteral("com.kestrio.imagerenderer")) {}
@@ -137,7 +143,8 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
     throwIfStopped(stop);
     QImage output = backdropRenderer_.render(request.backdrop, layout.outputPixels(), scale,
                                              request.backdropDetail);
-    if (output.isNull()) throw ExportError::renderingFailed();
+    // Its size was possible.
+    if (output.isNull()) throw std::bad_alloc();
     throwIfStopped(stop);
     backdropRenderer_.applyEffects(output, request.backdrop.effects, scale);
 
@@ -154,7 +161,7 @@ Image ImageComposer::compose(CompositeRequest request, std::stop_token stop) {
 
     throwIfStopped(stop);
     output = turned(output, request.canvasState.transform.rotation);
-    if (output.isNull()) throw ExportError::renderingFailed();
+    if (output.isNull()) throw std::bad_alloc();
     return Image(markedOpaque(std::move(output)));
 }
 

@@ -40,6 +40,9 @@ class ImageComposer {
 /// the picture itself for no turn.
 QImage turned(const QImage& picture, double degrees);
 
+/// The size in pixels of the finished picture.
+QSize finishedSize(const CompositeRequest& request);
+
 /// The size in pixels of turned() for a picture of this size.
 QSize turnedSize(QSize size, double degrees);
 

@@ -13,4 +13,11 @@ namespace kestrio {
 /// hold, userCancelled once the hooks' stop is requested.
 QByteArray encodeImage(const QImage& bitmap, ExportFormat format, const EncodeHooks& hooks = {});
 
+/// The longer side that a picture file of this format may have, in pixels.
+int longestSide(ExportFormat format);
+
+/// Throws ExportError::renderingFailed, which says what else to do, where a picture of this size
+/// does not fit into the format: before it is composed and not after.
+void requireEncodable(QSize pixels, ExportFormat format);
+
 }  // namespace kestrio

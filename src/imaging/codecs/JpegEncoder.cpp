@@ -3,8 +3,11 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 
 #include <jpeglib.h>
+
+#include <jerror.h>
 
 #include "core/Simd.h"
 #include "imaging/ExportError.h"
@@ -15,6 +18,7 @@ namespace {
 
 constexpr int quality = 90;
 constexpr int rowsPerStep = 64;
+constexpr int outOfMemory = JERR_OUT_OF_MEMORY;
 
 KESTRIO_SIMD void layOverWhite(const quint32* source, quint32* target, int count) {
     for (int x = 0; x < count; ++x) {
@@ -62,8 +66,15 @@ class JpegJob {
         if (setjmp(escape_) == 0) {
             step();
         } else {
-            throw ExportError::renderingFailed();
+            fail();
         }
+    }
+
+    [[noreturn]] void fail() {
+        if (errors_.msg_code == outOfMemory) throw std::bad_alloc();
+        char reason[JMSG_LENGTH_MAX];
+        errors_.format_message(reinterpret_cast<j_common_ptr>(&jpeg_), reason);
+        throw ExportError::renderingFailed(QString::fromUtf8(reason));
     }
 
     void start() {

@@ -2,6 +2,8 @@
 
 #include <webp/encode.h>
 
+#include <new>
+
 #include "core/Localisation.h"
 #include "imaging/ExportError.h"
 #include "imaging/codecs/StraightAlpha.h"
@@ -36,7 +38,7 @@ class WebPJob {
     void fill(const QImage& bitmap) {
         picture_.width = bitmap.width();
         picture_.height = bitmap.height();
-        if (!WebPPictureAlloc(&picture_)) throw ExportError::renderingFailed();
+        if (!WebPPictureAlloc(&picture_)) fail();
         const auto convert = bitmap.format() == QImage::Format_RGB32 ? opaqueRow : unpremultiplyRow;
         for (int y = 0; y < bitmap.height(); ++y) {
             convert(reinterpret_cast<const quint32*>(bitmap.constScanLine(y)),
@@ -55,13 +57,27 @@ class WebPJob {
         if (!WebPValidateConfig(&config)) throw ExportError::renderingFailed();
         const bool encoded = WebPEncode(&config, &picture_);
         if (failure_) std::rethrow_exception(failure_);
-        if (picture_.error_code == VP8_ENC_ERROR_USER_ABORT) throw ExportError::userCancelled();
-        if (!encoded || writer_.size == 0) throw ExportError::renderingFailed();
+        if (!encoded) fail();
+        if (writer_.size == 0) throw ExportError::renderingFailed();
         return QByteArray(reinterpret_cast<const char*>(writer_.mem),
                           static_cast<qsizetype>(writer_.size));
     }
 
   private:
+    [[noreturn]] void fail() const {
+        switch (picture_.error_code) {
+            case VP8_ENC_ERROR_USER_ABORT:
+                throw ExportError::userCancelled();
+            case VP8_ENC_ERROR_OUT_OF_MEMORY:
+            case VP8_ENC_ERROR_BITSTREAM_OUT_OF_MEMORY:
+                throw std::bad_alloc();
+            case VP8_ENC_ERROR_FILE_TOO_BIG:
+                throw ExportError::renderingFailed(localised("a WebP file holds at most 4 GiB"));
+            default:
+                throw ExportError::renderingFailed();
+        }
+    }
+
     // No exception may cross the library's frames.
     static int advance(int percent, const WebPPicture* picture) {
         auto* job = static_cast<WebPJob*>(picture->user_data);
@@ -87,14 +103,6 @@ class WebPJob {
 
 QByteArray encodeWebP(const QImage& bitmap, const EncodeHooks& hooks) {
     if (bitmap.isNull()) throw ExportError::renderingFailed();
-    if (std::max(bitmap.width(), bitmap.height()) > WEBP_MAX_DIMENSION) {
-        throw ExportError::renderingFailed(
-            localised("a WebP file holds at most %1 x %1 pixels, the picture has %2 x %3; "
-                      "write PNG instead")
-                .arg(WEBP_MAX_DIMENSION)
-                .arg(bitmap.width())
-                .arg(bitmap.height()));
-    }
     WebPJob job(hooks);
     job.fill(bitmap);
     return job.encode();
