@@ -42,7 +42,7 @@ PinnedScreenshotModel PinnedScreenshotCoordinator::makeModel(Image image) const 
 
 QUuid PinnedScreenshotCoordinator::pin(Image image) {
     const PinnedScreenshotModel model = makeModel(std::move(image));
-    auto* window = new PinnedScreenshotWindow(model, *floating_);
+    auto* window = new PinnedScreenshotWindow(model, floating_);
     connect(window, &PinnedScreenshotWindow::closeRequested, this,
             [this, id = model.id] { close(id); });
     connect(window, &PinnedScreenshotWindow::copyRequested, this,

@@ -27,10 +27,10 @@ QSurfaceFormat formatWithAlpha() {
 }
 
 Qt::CursorShape pointerFor(Qt::Edges edges) {
-    const bool isRising = edges == (Qt::TopEdge | Qt::RightEdge) ||
-                          edges == (Qt::BottomEdge | Qt::LeftEdge);
-    const bool isFalling = edges == (Qt::TopEdge | Qt::LeftEdge) ||
-                           edges == (Qt::BottomEdge | Qt::RightEdge);
+    const bool isRising =
+        edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge);
+    const bool isFalling =
+        edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge);
     if (isRising) return Qt::SizeBDiagCursor;
     if (isFalling) return Qt::SizeFDiagCursor;
     if (edges & (Qt::LeftEdge | Qt::RightEdge)) return Qt::SizeHorCursor;
@@ -41,9 +41,11 @@ Qt::CursorShape pointerFor(Qt::Edges edges) {
 }  // namespace
 
 PinnedScreenshotWindow::PinnedScreenshotWindow(const PinnedScreenshotModel& model,
-                                               FloatingWindows& floating)
-    : model_(model), floating_(floating), aspectRatio_(pinAspectRatio(model.image.pointSize())) {
-    if (floating_.supportsTranslucency()) setFormat(formatWithAlpha());
+                                               std::shared_ptr<FloatingWindows> floating)
+    : model_(model),
+      floating_(std::move(floating)),
+      aspectRatio_(pinAspectRatio(model.image.pointSize())) {
+    if (floating_->supportsTranslucency()) setFormat(formatWithAlpha());
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setTitle(localised("Pinned Screenshot"));
     setMinimumSize(QSize(int(smallestPin), int(smallestPin)));
@@ -58,7 +60,7 @@ PinnedScreenshotWindow::PinnedScreenshotWindow(const PinnedScreenshotModel& mode
 }
 
 void PinnedScreenshotWindow::open() {
-    floating_.prepare(*this);
+    floating_->prepare(*this);
     show();
 }
 
@@ -119,7 +121,7 @@ void PinnedScreenshotWindow::paintButton(QPainter& painter) const {
 
 void PinnedScreenshotWindow::resizeEvent(QResizeEvent* event) {
     QRasterWindow::resizeEvent(event);
-    if (!format().hasAlpha()) floating_.roundCorners(*this, cornerRadius);
+    if (!format().hasAlpha()) floating_->roundCorners(*this, cornerRadius);
 }
 
 Qt::Edges PinnedScreenshotWindow::edgesAt(QPointF point) const {
@@ -146,8 +148,8 @@ void PinnedScreenshotWindow::mouseMoveEvent(QMouseEvent* event) {
     } else if (drag_->edges) {
         resizeTo(*drag_, event->globalPosition());
     } else if (!drag_->isOnButton) {
-        setPosition((QPointF(drag_->frame.topLeft()) + event->globalPosition() - drag_->start)
-                        .toPoint());
+        setPosition(
+            (QPointF(drag_->frame.topLeft()) + event->globalPosition() - drag_->start).toPoint());
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <QRasterWindow>
 #include <QVariantAnimation>
+#include <memory>
 #include <optional>
 
 namespace kestrio {
@@ -16,7 +17,8 @@ class PinnedScreenshotWindow : public QRasterWindow {
     Q_OBJECT
 
   public:
-    PinnedScreenshotWindow(const PinnedScreenshotModel& model, FloatingWindows& floating);
+    PinnedScreenshotWindow(const PinnedScreenshotModel& model,
+                           std::shared_ptr<FloatingWindows> floating);
 
     void open();
 
@@ -53,7 +55,8 @@ class PinnedScreenshotWindow : public QRasterWindow {
     const QImage& scaledPicture();
 
     PinnedScreenshotModel model_;
-    FloatingWindows& floating_;
+    std::shared_ptr<FloatingWindows>
+        floating_;  // outlives the coordinator while it is being deleted
     double aspectRatio_;
     QImage scaled_;
     std::optional<Drag> drag_;
