@@ -11,7 +11,8 @@ namespace kestrio {
 
 /// What an open panel shows. `folder` is where it starts; without types it offers every file.
 /// `parent` is the window that the panel belongs to and that takes no input meanwhile; it is read
-/// before the first suspension only.
+/// before the first suspension only. A folder that is missing or hangs is replaced by the home
+/// folder.
 struct OpenPanelRequest {
     QString title;
     QString folder;
@@ -39,8 +40,8 @@ class FileDialogs {
     /// panel and throws Cancelled.
     virtual Task<std::optional<QString>> chooseOpen(OpenPanelRequest request,
                                                     std::stop_token stop = {}) = 0;
-    /// The absolute path of an existing folder, which the user may make in the panel; else the same.
-    /// Types do not count.
+    /// The absolute path of an existing folder, which the user may make in the panel; else the
+    /// same. Types do not count.
     virtual Task<std::optional<QString>> chooseFolder(OpenPanelRequest request,
                                                       std::stop_token stop = {}) = 0;
     /// The absolute path of a file to write, with a suffix of one of the types. The user has agreed

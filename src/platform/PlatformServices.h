@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Error.h"
 #include "platform/Alerts.h"
 #include "platform/Appearance.h"
 #include "platform/Displays.h"
@@ -39,6 +40,17 @@ struct PlatformServices {
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<Sounds> sounds;
     std::shared_ptr<Sharing> sharing;
+};
+
+/// Before the application object exists: keeps what would block its start for ever from being
+/// asked, and makes sure that the display takes another program, for a few seconds if need be.
+/// Takes no time on a desktop that works. Throws DisplayRefusal, where Qt would end the process
+/// with a dump.
+void preparePlatform();
+
+class DisplayRefusal : public Error {
+  public:
+    QString errorDescription() const override;
 };
 
 /// The services of the desktop that the program runs on. Needs a QApplication.

@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 #include "editor/output/ExportOptions.h"
 
+#include <QDeadlineTimer>
 #include <QTemporaryDir>
 
 namespace kestrio {
@@ -20,8 +21,17 @@ struct ExportSheet : EditorFixture {
         options = std::make_unique<ExportOptions>(*editor, services());
     }
 
-    void exportTo(const QString& name) {
+    /// Until the question is there: the folder is looked at in the background.
+    void ask() {
+        const auto asked = dialogs->saveRequests.size();
         options->exportPicture();
+        QDeadlineTimer limit(2000);
+        while (dialogs->saveRequests.size() == asked && !limit.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+
+    void exportTo(const QString& name) {
+        ask();
         dialogs->answer(folder.filePath(name));
         settle();
     }
@@ -36,7 +46,8 @@ TEST_F(ExportSheet, AsksInTheUsersWayAndTellsWhereThePictureWent) {
     EXPECT_EQ(options->selectedFormat(), ExportFormat::jpeg);
     options->set_selectedFormat(ExportFormat::webp);
     options->exportPicture();
-    options->exportPicture();
+    ask();
+    settle();
     ASSERT_EQ(dialogs->saveRequests.size(), 1u) << "one question at a time";
     EXPECT_EQ(dialogs->saveRequests[0].folder, folder.path());
     EXPECT_EQ(dialogs->saveRequests[0].suggestedName, QStringLiteral("shot_001.webp"));
@@ -53,7 +64,7 @@ TEST_F(ExportSheet, AsksInTheUsersWayAndTellsWhereThePictureWent) {
 }
 
 TEST_F(ExportSheet, ADismissedQuestionAndACancelledExportEndIdle) {
-    options->exportPicture();
+    ask();
     dialogs->dismiss();
     settle();
     EXPECT_EQ(options->state(), ExportState::idle);
@@ -94,7 +105,8 @@ TEST_F(ExportSheet, ABusySheetTakesNoOtherExportAndMayGoMeanwhile) {
 
 TEST_F(ExportSheet, AFolderThatIsGoneIsReplacedByHome) {
     ASSERT_TRUE(folder.remove());
-    options->exportPicture();
+    ask();
+    ASSERT_EQ(dialogs->saveRequests.size(), 1u);
     EXPECT_EQ(dialogs->saveRequests.at(0).folder, QDir::homePath());
     dialogs->dismiss();
     settle();

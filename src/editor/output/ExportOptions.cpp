@@ -18,17 +18,32 @@ FileType fileType(ExportFormat format) {
     return {displayName(format), suffixes};
 }
 
+// Looks at the folder, which may hang.
 SavePanelRequest savePanel(const AppSettings& settings, ExportFormat format) {
     const bool exists = QDir(settings.defaultSavePath).exists();
     SavePanelRequest request;
     request.title = localised("Export");
     request.folder = exists ? settings.defaultSavePath : QDir::homePath();
-    request.suggestedName = uniqueFileName(request.folder, fileExtension(format),
-                                           QDateTime::currentDateTime(),
-                                           settings.fileNamingPattern) +
-                            u'.' + fileExtension(format);
+    request.suggestedName =
+        uniqueFileName(request.folder, fileExtension(format), QDateTime::currentDateTime(),
+                       settings.fileNamingPattern) +
+        u'.' + fileExtension(format);
     request.types = {fileType(format)};
     return request;
+}
+
+Task<SavePanelRequest> preparedPanel(AppSettings settings, ExportFormat format) {
+    constexpr std::chrono::milliseconds patience(1000);
+    SavePanelRequest request;
+    try {
+        auto preparing =
+            runOnStorage([settings, format] { return savePanel(settings, format); }, patience);
+        request = co_await preparing;
+    } catch (const StorageTimeout&) {
+        settings.defaultSavePath = QDir::homePath();
+        request = savePanel(settings, format);
+    }
+    co_return request;
 }
 
 }  // namespace
@@ -44,15 +59,16 @@ ExportOptions::~ExportOptions() {
 
 void ExportOptions::exportPicture(QWindow* parent) {
     if (state() == ExportState::exporting || isAsking_) return;
-    SavePanelRequest request = savePanel(services_.settings->load(), selectedFormat());
-    request.parent = parent;
-    launch(run(std::move(request)), this);
+    launch(run(parent), this);
 }
 
-Task<> ExportOptions::run(SavePanelRequest request) {
+Task<> ExportOptions::run(QPointer<QWindow> parent) {
     const QPointer<ExportOptions> self(this);
     isAsking_ = true;
     const auto dialogs = services_.fileDialogs;
+    auto preparing = preparedPanel(services_.settings->load(), selectedFormat());
+    SavePanelRequest request = co_await preparing;
+    request.parent = parent;
     auto asking = dialogs->chooseSave(std::move(request));
     const std::optional<QString> path = co_await asking;
     if (!self) co_return;
@@ -84,8 +100,7 @@ Task<> ExportOptions::write(QString path) {
         outcome = ExportState::idle;
     } catch (const std::exception& error) {
         const auto* known = dynamic_cast<const ExportError*>(&error);
-        const bool isCancelled =
-            known && known->errorCase() == ExportError::Case::userCancelled;
+        const bool isCancelled = known && known->errorCase() == ExportError::Case::userCancelled;
         outcome = isCancelled ? ExportState::idle : ExportState::failure;
         failure = describeFailure(error);
     }

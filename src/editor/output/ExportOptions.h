@@ -2,6 +2,9 @@
 
 #include "editor/document/EditorViewModel.h"
 
+#include <QPointer>
+#include <QWindow>
+
 namespace kestrio {
 
 enum class ExportState { idle, exporting, success, failure };
@@ -33,8 +36,8 @@ class ExportOptions : public QObject {
     ExportOptions(EditorViewModel& editor, EditorServices services, QObject* parent = nullptr);
     ~ExportOptions() override;
 
-    /// Asks for a file in a panel of `parent`, then renders and writes. A dismissed question leaves the state as it was;
-    /// while one export or question is under way another is not begun.
+    /// Asks for a file in a panel of `parent`, then renders and writes. A dismissed question leaves
+    /// the state as it was; while one export or question is under way another is not begun.
     void exportPicture(QWindow* parent = nullptr);
     /// Stops an export under way, which ends idle.
     void cancel();
@@ -44,7 +47,7 @@ class ExportOptions : public QObject {
     void restart();
 
   private:
-    Task<> run(SavePanelRequest request);
+    Task<> run(QPointer<QWindow> parent);
     Task<> write(QString path);
 
     EditorViewModel& editor_;

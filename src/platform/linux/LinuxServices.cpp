@@ -1,3 +1,4 @@
+#include "core/Localisation.h"
 #include "platform/PlatformServices.h"
 #include "platform/linux/DBusFileReveal.h"
 #include "platform/linux/PortalAppearance.h"
@@ -7,6 +8,7 @@
 #include "platform/linux/QtFileDialogs.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/QtStatusItem.h"
+#include "platform/linux/SessionBus.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/share/XdgSharing.h"
@@ -15,8 +17,22 @@
 #include "platform/linux/x11/X11ScreenGrabber.h"
 #include "platform/linux/x11/X11ScreenPermission.h"
 #include "platform/linux/x11/X11WindowList.h"
+#include "platform/linux/x11/XServerCheck.h"
 
 namespace kestrio {
+
+void preparePlatform() {
+    avoidHangingSessionBus();
+    // Qt connects in the same way; its answer to a refusal is the end of the process.
+    if (isX11Chosen() && !waitForXServer()) throw DisplayRefusal();
+}
+
+QString DisplayRefusal::errorDescription() const {
+    return localised(
+               "the display \"%1\" cannot be opened, or takes no more programs; close some and "
+               "try again")
+        .arg(qEnvironmentVariable("DISPLAY"));
+}
 
 PlatformServices makePlatformServices() {
     const auto xServer = std::make_shared<XcbConnection>();  // opened by the first that asks it

@@ -1,7 +1,9 @@
 #include "platform/linux/QtFileDialogs.h"
 
+#include "core/FileSystem.h"
 #include "platform/linux/QtSavePanel.h"
 
+#include <QDir>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QWindow>
@@ -28,6 +30,20 @@ Completion<bool> openPanel(QFileDialog* panel, const QObject* owner, QWindow* pa
     return done;
 }
 
+// Panels look at their folder at once and would wait for a network folder that hangs.
+Task<QString> reachableFolder(QString folder) {
+    constexpr std::chrono::milliseconds patience(1000);
+    bool isThere = false;
+    try {
+        auto looking =
+            runOnStorage([folder] { return fileKind(folder) == FileKind::folder; }, patience);
+        isThere = co_await looking;
+    } catch (const StorageTimeout&) {
+        // Another place to start from is better than none.
+    }
+    co_return isThere ? folder : QDir::homePath();
+}
+
 template <typename Panel>
 auto dropWhenDone(const QPointer<Panel>& panel) {
     return qScopeGuard([panel] {
@@ -41,6 +57,12 @@ auto dropWhenDone(const QPointer<Panel>& panel) {
 
 Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
                                                        std::stop_token stop) {
+    const QPointer<const QObject> lifetime(&lifetime_);
+    const QPointer<QWindow> parent(request.parent);
+    auto looking = reachableFolder(request.folder);
+    request.folder = co_await looking;
+    if (!lifetime) co_return std::nullopt;
+    if (stop.stop_requested()) throw Cancelled();
     const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
     const auto cleanup = dropWhenDone(panel);
     panel->setFileMode(QFileDialog::ExistingFile);
@@ -48,7 +70,7 @@ Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
     for (const FileType& type : request.types)
         filters << nameFilter(type);
     if (!filters.isEmpty()) panel->setNameFilters(filters);
-    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
     const bool isAccepted = co_await closed;
     if (!isAccepted || !panel) co_return std::nullopt;
     co_return panel->selectedFiles().value(0);
@@ -56,11 +78,17 @@ Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
 
 Task<std::optional<QString>> QtFileDialogs::chooseFolder(OpenPanelRequest request,
                                                          std::stop_token stop) {
+    const QPointer<const QObject> lifetime(&lifetime_);
+    const QPointer<QWindow> parent(request.parent);
+    auto looking = reachableFolder(request.folder);
+    request.folder = co_await looking;
+    if (!lifetime) co_return std::nullopt;
+    if (stop.stop_requested()) throw Cancelled();
     const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
     const auto cleanup = dropWhenDone(panel);
     panel->setFileMode(QFileDialog::Directory);
     panel->setOption(QFileDialog::ShowDirsOnly);
-    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
     const bool isAccepted = co_await closed;
     if (!isAccepted || !panel) co_return std::nullopt;
     co_return panel->selectedFiles().value(0);
@@ -68,9 +96,15 @@ Task<std::optional<QString>> QtFileDialogs::chooseFolder(OpenPanelRequest reques
 
 Task<std::optional<QString>> QtFileDialogs::chooseSave(SavePanelRequest request,
                                                        std::stop_token stop) {
+    const QPointer<const QObject> lifetime(&lifetime_);
+    const QPointer<QWindow> parent(request.parent);
+    auto looking = reachableFolder(request.folder);
+    request.folder = co_await looking;
+    if (!lifetime) co_return std::nullopt;
+    if (stop.stop_requested()) throw Cancelled();
     const QPointer panel(new QtSavePanel(request));
     const auto cleanup = dropWhenDone(panel);
-    const auto closed = openPanel(panel, &lifetime_, request.parent, std::move(stop));
+    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
     const bool isAccepted = co_await closed;
     if (!isAccepted || !panel) co_return std::nullopt;
     co_return panel->chosenFile();

@@ -4,7 +4,8 @@
 
 #include <QCursor>
 #include <QDBusConnection>
-#include <QDBusReply>
+#include <QDBusMessage>
+#include <QDBusPendingReply>
 
 namespace kestrio {
 
@@ -15,17 +16,15 @@ constexpr std::chrono::milliseconds firstWait{250};
 constexpr std::chrono::milliseconds longestWait{8000};
 constexpr int answerMilliseconds = 300;
 
-/// Whether a panel shows the icons that programs offer on the session bus.
-bool hasNotifierHost() {
+// Whether a panel shows the icons that programs offer on the session bus.
+QDBusMessage questionForHost() {
     QDBusMessage ask = QDBusMessage::createMethodCall(
         QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     ask << QStringLiteral("org.kde.StatusNotifierWatcher")
         << QStringLiteral("IsStatusNotifierHostRegistered");
     ask.setAutoStartService(false);
-    const QDBusReply<QVariant> answer =
-        QDBusConnection::sessionBus().call(ask, QDBus::Block, answerMilliseconds);
-    return answer.isValid() && answer.value().toBool();
+    return ask;
 }
 
 }  // namespace
@@ -36,12 +35,12 @@ QtStatusItem::QtStatusItem(std::shared_ptr<XcbConnection> xServer)
     QObject::connect(&waiting_, &QTimer::timeout, &waiting_, [this] { tryToShow(); });
 }
 
-bool QtStatusItem::hasTray() const {
-    return hasNotifierHost() || (xServer_->open() && xServer_->isOwned(XAtom::systemTray));
+bool QtStatusItem::hasXTray() const {
+    return xServer_->open() && xServer_->isOwned(XAtom::systemTray);
 }
 
 bool QtStatusItem::isAvailable() const {
-    return icon_ ? QSystemTrayIcon::isSystemTrayAvailable() : hasTray();
+    return icon_ ? QSystemTrayIcon::isSystemTrayAvailable() : hasXTray();
 }
 
 void QtStatusItem::show(const QIcon& icon, const QString& toolTip,
@@ -52,13 +51,32 @@ void QtStatusItem::show(const QIcon& icon, const QString& toolTip,
 }
 
 void QtStatusItem::tryToShow() {
-    if (!icon_ && !hasTray()) {
-        waiting_.start(nextWait_);
-        nextWait_ = std::min(nextWait_ * 2, longestWait);
-        return;
+    if (icon_ || hasXTray()) {
+        reveal();
+    } else {
+        askForHost();
     }
+}
+
+// Not waited for: a bus that hangs must not hold up the program.
+void QtStatusItem::askForHost() {
+    const QDBusPendingCall call =
+        QDBusConnection::sessionBus().asyncCall(questionForHost(), answerMilliseconds);
+    answer_ = std::make_unique<QDBusPendingCallWatcher>(call);
+    QObject::connect(answer_.get(), &QDBusPendingCallWatcher::finished, answer_.get(), [this] {
+        const QDBusPendingReply<QVariant> reply = *answer_;
+        if (reply.isValid() && reply.value().toBool()) {
+            reveal();
+        } else {
+            waiting_.start(nextWait_);
+            nextWait_ = std::min(nextWait_ * 2, longestWait);
+        }
+    });
+}
+
+void QtStatusItem::reveal() {
     if (!icon_) make();
-    rebuild();  // a host asks for the entries before it tells that it opens the menu
+    rebuild();  // a host asks for the entries before it reports that it opens the menu
     icon_->show();
 }
 

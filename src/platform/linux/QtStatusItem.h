@@ -3,6 +3,7 @@
 #include "platform/StatusItem.h"
 #include "platform/linux/x11/XcbConnection.h"
 
+#include <QDBusPendingCallWatcher>
 #include <QMenu>
 #include <QSystemTrayIcon>
 #include <QTimer>
@@ -24,8 +25,10 @@ class QtStatusItem : public StatusItem {
     void setIcon(const QIcon& icon, const QString& toolTip) override;
 
   private:
-    bool hasTray() const;
+    bool hasXTray() const;
     void tryToShow();
+    void askForHost();
+    void reveal();
     void make();
     void rebuild();
 
@@ -34,6 +37,7 @@ class QtStatusItem : public StatusItem {
     QIcon picture_;
     QString toolTip_;
     QTimer waiting_;
+    std::unique_ptr<QDBusPendingCallWatcher> answer_;
     std::chrono::milliseconds nextWait_;
     std::unique_ptr<QMenu> menu_;  // made, like the icon, once there is a tray
     std::unique_ptr<QSystemTrayIcon> icon_;

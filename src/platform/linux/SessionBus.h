@@ -1,11 +1,22 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <chrono>
 
 namespace kestrio {
 
-/// A connection to the bus at this address, or to the session's where it is empty. Waits for the
-/// bus, so that a window's start calls it in the background.
-QDBusConnection connectToSessionBus(const QString& address);
+/// Whether a bus daemon answers the first words of a connection to this address within
+/// `patience`. Blocks no longer. True for addresses that are no local sockets, which are not tried.
+bool isBusAnswering(const QByteArray& address, std::chrono::milliseconds patience);
+
+/// Qt connects to the session bus when the application starts, and waits without a limit for its
+/// answer. Where the bus does not answer, this keeps Qt from it for the life of the process.
+/// Before the application object exists.
+void avoidHangingSessionBus();
+
+/// A connection to the bus at this address, or to the session's where it is empty; not connected
+/// where the bus does not answer or is avoided. May wait for a second, so that what must not stall
+/// calls it in the background.
+QDBusConnection connectToSessionBus(const QString& address = {});
 
 }  // namespace kestrio
