@@ -1,27 +1,35 @@
 #include "app/cli/CommandLine.h"
+#include "app/cli/ProcessSetup.h"
+#include "platform/PlatformServices.h"
 
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
-#include <malloc.h>
 #include <memory>
 #include <optional>
 
 namespace {
 
-// Qt would call exit(), whose handlers use the dead connection once more; Xlib then adds words of
-// its own to ours.
-[[noreturn]] void endWithoutDisplay() {
-    std::fprintf(stderr, "kestrio: the connection to the display was lost\n");
+[[noreturn]] void endWith(const char* reason) {
+    std::fprintf(stderr, "kestrio: %s\n", reason);
     std::fflush(nullptr);
     std::_Exit(static_cast<int>(kestrio::ExitStatus::failed));
 }
 
 // Standard error belongs to what a user has to read; Qt's own remarks are for developers.
 void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (message.startsWith(u"The X11 connection broke")) endWithoutDisplay();
-    if (type == QtFatalMsg || type == QtCriticalMsg)
-        std::fprintf(stderr, "kestrio: %s\n", qUtf8Printable(message));
+    // Qt would call exit(), whose handlers use the dead connection once more; Xlib then adds words
+    // of its own to ours.
+    if (message.startsWith(u"The X11 connection broke")) {
+        endWith("the connection to the display was lost");
+    }
+    // What waits for that thread would wait for ever.
+    if (message.startsWith(u"QThread::start: Thread creation error")) {
+        endWith("there is not enough memory for another thread");
+    }
+    // Qt would end the process with a dump.
+    if (type == QtFatalMsg) endWith(qUtf8Printable(message));
+    if (type == QtCriticalMsg) std::fprintf(stderr, "kestrio: %s\n", qUtf8Printable(message));
 }
 
 // Qt ends the process with a dump where it finds none.
@@ -50,13 +58,9 @@ std::optional<kestrio::ExitStatus> handedOver(const QStringList& arguments, int&
 }  // namespace
 
 int main(int argc, char** argv) {
-    // Of the allocator's arenas only the first one gives memory back that lies free at its end; with
-    // one for each thread, some pictures' worth stayed for good.
-    mallopt(M_ARENA_MAX, 1);
+    kestrio::setUpProcess();
     if (qEnvironmentVariableIsEmpty("KESTRIO_VERBOSE")) qInstallMessageHandler(handleQtMessage);
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
+    const QStringList arguments = kestrio::commandLineArguments(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrio"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTRIO_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.kestrio.Kestrio"));
@@ -73,6 +77,16 @@ int main(int argc, char** argv) {
     } else if (const auto status = handedOver(arguments, ownCount, argv)) {
         return static_cast<int>(*status);
     }
+    try {
+        if (need != kestrio::DisplayNeed::none) kestrio::preparePlatform();
+    } catch (const kestrio::Error& error) {
+        kestrio::printError(error.errorDescription());
+        return static_cast<int>(kestrio::ExitStatus::failed);
+    }
     const auto application = makeApplication(need, ownCount, argv);
-    return static_cast<int>(kestrio::runCommandLine(arguments));
+    const int status = static_cast<int>(kestrio::runCommandLine(arguments));
+    // Everything of ours is gone and written. What is left to tear down is Qt's alone, takes longer
+    // than the rest of the end, and fails where memory is short or given up work still hangs.
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

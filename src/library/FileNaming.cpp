@@ -1,5 +1,7 @@
 #include "library/FileNaming.h"
 
+#include "core/NativePath.h"
+
 #include <QFileInfo>
 #include <QLocale>
 #include <QUuid>
@@ -9,6 +11,8 @@ namespace kestrio {
 namespace {
 
 const QString sequenceVariable = QStringLiteral("{sequence}");
+constexpr int mostNumbers = 999999;
+constexpr qsizetype longestName = 255;  // bytes, on every common file system
 
 QString threeDigits(int number) {
     return QString::asprintf("%03d", number);
@@ -59,23 +63,39 @@ QString formatFileName(int sequence, const QDateTime& date, const QString& patte
     return name.isEmpty() ? QStringLiteral("Kestrio_%1_%2").arg(day, threeDigits(sequence)) : name;
 }
 
-QString uniqueFileName(const QString& directory, const QString& extension, const QDateTime& date,
-                       const QString& pattern) {
-    constexpr int mostTries = 999999;
+QString numberedFileName(const QString& stem, const QString& suffix, int number) {
+    const QString ending = (number > 1 ? u'_' + threeDigits(number) : QString()) + suffix;
+    const qsizetype room = longestName - toNativePath(ending).size();
+    QString fitting = stem;
+    while (!fitting.isEmpty() && toNativePath(fitting).size() > room)
+        fitting.chop(fitting.back().isLowSurrogate() ? 2 : 1);
+    return fitting + ending;
+}
+
+QString patternFileName(int number, const QString& extension, const QDateTime& date,
+                        const QString& pattern) {
     const QString ending = withoutDots(extension);
     const QString suffix = ending.isEmpty() ? QString() : u'.' + ending;
-    const QString base = formatFileName(1, date, pattern);
-    const bool isNumbered = pattern.contains(sequenceVariable);
-    for (int number = 1; number <= mostTries; ++number) {
-        QString candidate = base;
-        if (isNumbered) {
-            candidate = formatFileName(number, date, pattern);
-        } else if (number > 1) {
-            candidate += u'_' + threeDigits(number);
-        }
-        if (!QFileInfo::exists(directory + u'/' + candidate + suffix)) return candidate;
+    const QString first = formatFileName(1, date, pattern);
+    if (number > mostNumbers) {
+        const QString unique = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+        return numberedFileName(first, u'_' + unique + suffix, 1);
     }
-    return base + u'_' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    if (pattern.contains(sequenceVariable)) {
+        const QString name = formatFileName(number, date, pattern) + suffix;
+        if (name.size() <= longestName) return name;
+    }
+    return numberedFileName(first, suffix, number);
+}
+
+QString uniqueFileName(const QString& directory, const QString& extension, const QDateTime& date,
+                       const QString& pattern) {
+    for (int number = 1;; ++number) {
+        const QString name = patternFileName(number, extension, date, pattern);
+        if (number <= mostNumbers && QFileInfo::exists(directory + u'/' + name)) continue;
+        const QString ending = withoutDots(extension);
+        return ending.isEmpty() ? name : name.chopped(ending.size() + 1);
+    }
 }
 
 std::optional<ExportFormat> formatNamed(const QString& name) {

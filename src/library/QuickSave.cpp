@@ -4,11 +4,12 @@
 
 namespace kestrio {
 
-QString quickSavePath(const AppSettings& settings, const QDateTime& now, ExportFormat format) {
-    const QString extension = fileExtension(format);
-    const QString name =
-        uniqueFileName(settings.defaultSavePath, extension, now, settings.fileNamingPattern);
-    return settings.defaultSavePath + u'/' + name + u'.' + extension;
+SaveTarget quickSaveTarget(const AppSettings& settings, const QDateTime& now, ExportFormat format) {
+    return SaveTarget::newFile(
+        settings.defaultSavePath,
+        [extension = fileExtension(format), now, pattern = settings.fileNamingPattern](int number) {
+            return patternFileName(number, extension, now, pattern);
+        });
 }
 
 }  // namespace kestrio

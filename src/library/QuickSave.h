@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/SaveTarget.h"
 #include "settings/AppSettings.h"
 
 #include <QDateTime>
@@ -8,6 +9,6 @@ namespace kestrio {
 
 /// The file that a quick save at `now` writes: in the user's save folder, named by the user's
 /// pattern, never one that exists.
-QString quickSavePath(const AppSettings& settings, const QDateTime& now, ExportFormat format);
+SaveTarget quickSaveTarget(const AppSettings& settings, const QDateTime& now, ExportFormat format);
 
 }  // namespace kestrio

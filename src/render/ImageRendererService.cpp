@@ -2,7 +2,6 @@
 
 #include "core/Stopwatch.h"
 #include "imaging/ExportError.h"
-#include "render/FileWriter.h"
 #include "render/backdrop/OverlayPainter.h"
 
 namespace kestrio {
@@ -36,20 +35,26 @@ Image ImageRendererService::renderOverlayImage(OverlayType type, QSize pixels, d
     return Image(kestrio::renderOverlayImage(type, pixels, opacity));
 }
 
-Task<SavedFile> ImageRendererService::saveImage(Image image, QString path, ExportFormat format,
+Task<SavedFile> ImageRendererService::saveImage(Image image, SaveTarget target, ExportFormat format,
                                                 EncodeHooks hooks) {
-    auto work = [image = std::move(image), path, format, hooks = std::move(hooks)] {
-        SavedFile saved;
-        Stopwatch stopwatch;
-        const QByteArray bytes = encodeImage(image.bitmap(), format, hooks);
-        saved.encodeMilliseconds = stopwatch.lap();
-        writeFile(path, bytes);
-        saved.writeMilliseconds = stopwatch.lap();
-        saved.byteCount = bytes.size();
-        return saved;
+    SavedFile saved;
+    Stopwatch stopwatch;
+    auto encode = [image = std::move(image), format, hooks] {
+        return encodeImage(image.bitmap(), format, hooks);
     };
-    const auto saved = runInBackground(std::move(work));
-    co_return co_await saved;
+    const auto encoding = runInBackground(std::move(encode));
+    const QByteArray bytes = co_await encoding;
+    saved.byteCount = bytes.size();
+    saved.encodeMilliseconds = stopwatch.lap();
+    auto writing =
+        runOnStorage([target, bytes] { return target.write(bytes); }, writeLimit, hooks.stop);
+    try {
+        saved.path = co_await writing;
+    } catch (const StorageTimeout& error) {
+        throw ExportError::fileWriteFailed(target.path(), error.errorDescription());
+    }
+    saved.writeMilliseconds = stopwatch.lap();
+    co_return saved;
 }
 
 Task<> ImageRendererService::copyToClipboard(Image image) {

@@ -5,6 +5,7 @@
 #include "platform/Pasteboard.h"
 #include "render/CompositeRequest.h"
 #include "render/ImageComposer.h"
+#include "render/SaveTarget.h"
 #include "render/watermark/WatermarkService.h"
 
 #include <memory>
@@ -13,6 +14,7 @@ namespace kestrio {
 
 /// What became of a picture that was saved.
 struct SavedFile {
+    QString path;
     qint64 byteCount = 0;
     double encodeMilliseconds = 0;
     double writeMilliseconds = 0;
@@ -40,7 +42,7 @@ class ImageRendererServiceProtocol {
 
     /// Encodes, then writes. Nothing is written when encoding fails. Throws
     /// ExportError::renderingFailed, fileWriteFailed and userCancelled.
-    virtual Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+    virtual Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
                                       EncodeHooks hooks = {}) = 0;
 
     /// Encodes, then replaces what is on the clipboard. Throws ExportError::clipboardFailed.
@@ -57,7 +59,7 @@ class ImageRendererService : public ImageRendererServiceProtocol {
     Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) override;
     Image applyEffects(const Image& image, const BackdropEffects& effects, double scale) override;
     Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) override;
-    Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+    Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
                               EncodeHooks hooks = {}) override;
     Task<> copyToClipboard(Image image) override;
 

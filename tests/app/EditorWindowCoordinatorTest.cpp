@@ -17,13 +17,14 @@ namespace {
 struct SlowSaver : ScriptedRenderer {
     std::optional<Completion<>> saveGate;
 
-    Task<SavedFile> saveImage(Image image, QString path, ExportFormat format,
+    Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
                               EncodeHooks hooks) override {
         if (saveGate) {
             const Completion<> opened = *saveGate;
             co_await opened;
         }
-        auto saving = ScriptedRenderer::saveImage(std::move(image), path, format, hooks);
+        auto saving =
+            ScriptedRenderer::saveImage(std::move(image), std::move(target), format, hooks);
         co_return co_await saving;
     }
 };

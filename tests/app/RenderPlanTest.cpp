@@ -3,6 +3,7 @@
 #include "app/cli/CommandLine.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -30,7 +31,7 @@ TEST(RenderPlan, TheFormatComesFromTheOptionElseFromTheName) {
                                      {QString::fromLatin1(row.output), row.asked}, {});
         ASSERT_EQ(jobs.size(), 1u);
         EXPECT_EQ(jobs[0].format, row.planned);
-        EXPECT_EQ(jobs[0].output, QString::fromLatin1(row.output));
+        EXPECT_EQ(jobs[0].output.path(), QString::fromLatin1(row.output));
     }
 }
 
@@ -41,9 +42,9 @@ TEST(RenderPlan, FoldersKeepNamesAndNeverOverwrite) {
                                   QStringLiteral("/two/日本.v2.png")},
                                  {folder.path(), ExportFormat::png}, {});
     ASSERT_EQ(jobs.size(), 3u);
-    EXPECT_EQ(jobs[0].output, folder.filePath(QStringLiteral("a_002.png")));
-    EXPECT_EQ(jobs[1].output, folder.filePath(QStringLiteral("a_003.png")));
-    EXPECT_EQ(jobs[2].output, folder.filePath(QStringLiteral("日本.v2.png")));
+    const char* const names[] = {"a_002.png", "a_003.png", "日本.v2.png"};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(jobs[i].output.write("x"), folder.filePath(QString::fromUtf8(names[i])));
 }
 
 TEST(RenderPlan, NonsenseIsWrongUsage) {
@@ -55,8 +56,10 @@ TEST(RenderPlan, NonsenseIsWrongUsage) {
     EXPECT_THROW(planRender({picture, picture}, {other, {}}, {}), UsageError);
     EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("q.tiff")), {}}, {}),
                  UsageError);
-    EXPECT_THROW(planRender({picture}, {folder.filePath(QStringLiteral("./p.png")), {}}, {}),
-                 UsageError);
+    const QString link = folder.filePath(QStringLiteral("hard.png"));
+    ASSERT_EQ(::link(qPrintable(picture), qPrintable(link)), 0);
+    for (const QString& same : {folder.filePath(QStringLiteral("./p.png")), link})
+        EXPECT_THROW(planRender({picture}, {same, {}}, {}), UsageError);
 }
 
 }  // namespace

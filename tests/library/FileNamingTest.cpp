@@ -62,12 +62,37 @@ TEST(FileNaming, FindsTheLowestFreeName) {
     }
 }
 
-TEST(QuickSave, UsesFolderPatternAndFormat) {
+TEST(FileNaming, LongNamesFitAndStayNumbered) {
+    const QString extension = QStringLiteral("webp");
+    for (const QString& pattern :
+         {QString(300, u'a'), QString(252, u'a') + QStringLiteral("{sequence}")}) {
+        QStringList names;
+        for (int number = 1; number <= 3; ++number)
+            names << patternFileName(number, extension, moment, pattern);
+        EXPECT_EQ(names[0], QString(250, u'a') + QStringLiteral(".webp"));
+        EXPECT_EQ(names[1], QString(246, u'a') + QStringLiteral("_002.webp"));
+        EXPECT_EQ(names[2], QString(246, u'a') + QStringLiteral("_003.webp"));
+    }
+    // Cut between characters, never inside one.
+    const QString wide =
+        numberedFileName(QString::fromUtf8("漢").repeated(100), QStringLiteral(".png"), 2);
+    EXPECT_LE(wide.toUtf8().size(), 255);
+    EXPECT_TRUE(wide.endsWith(QString::fromUtf8("漢_002.png")));
+}
+
+TEST(QuickSave, TakesTheNextNameWhereOneAppears) {
     const QTemporaryDir folder;
     AppSettings settings;
-    settings.defaultSavePath = folder.path();
-    EXPECT_EQ(quickSavePath(settings, moment, ExportFormat::jpeg),
-              folder.filePath(QStringLiteral("Kestrio_2026-01-02_001.jpeg")));
+    settings.defaultSavePath = folder.filePath(QStringLiteral("new/folder"));
+    const auto path = [&](const char* name) {
+        return settings.defaultSavePath + u'/' + QString::fromLatin1(name);
+    };
+    const SaveTarget target = quickSaveTarget(settings, moment, ExportFormat::jpeg);
+    EXPECT_EQ(target.write("one"), path("Kestrio_2026-01-02_001.jpeg"));
+    EXPECT_EQ(target.write("two"), path("Kestrio_2026-01-02_002.jpeg"));
+    QFile first(path("Kestrio_2026-01-02_001.jpeg"));
+    ASSERT_TRUE(first.open(QIODevice::ReadOnly));
+    EXPECT_EQ(first.readAll(), "one");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
+#include "core/AtomicFile.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/ImageEncoder.h"
-#include "render/FileWriter.h"
 #include "render/RenderFixtures.h"
 #include "render/style/Theme.h"
 
@@ -82,7 +82,7 @@ TEST_P(Golden, LooksAsItDidWhenItWasApproved) {
     const QString path = QStringLiteral(KESTRIO_SOURCE_DIR "/tests/render/golden/%1.png")
                              .arg(QString::fromLatin1(GetParam().name));
     if (qEnvironmentVariableIsSet("KESTRIO_RENEW_GOLDEN")) {
-        writeFile(path, encodeImage(picture, ExportFormat::png));
+        replaceFile(path, encodeImage(picture, ExportFormat::png));
     }
     const QImage approved = loadImageFile(path);
     ASSERT_EQ(picture.size(), approved.size());

@@ -25,10 +25,11 @@ class ScriptedRenderer : public ImageRendererServiceProtocol {
         co_return request.screenshot;
     }
 
-    Task<SavedFile> saveImage(Image image, QString path, ExportFormat, EncodeHooks) override {
+    Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat, EncodeHooks) override {
         if (saveFailure) throw *saveFailure;
-        savedPaths << path;
+        savedPaths << target.path();
         SavedFile saved;
+        saved.path = target.path();
         saved.byteCount = image.pixelSize().width();
         co_return saved;
     }

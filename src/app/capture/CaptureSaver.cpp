@@ -37,13 +37,12 @@ Task<Attempt> tryToSave(CaptureCollaborators with, Image image, QString folder) 
     if (!folder.isEmpty()) settings.defaultSavePath = folder;
     const ExportFormat format = settings.defaultExportFormat;
     Attempt attempt;
-    // On a fresh account it may be missing, and nobody has chosen it.
-    QDir().mkpath(settings.defaultSavePath);
-    const QString path = quickSavePath(settings, QDateTime::currentDateTime(), format);
+    SaveTarget target = quickSaveTarget(settings, QDateTime::currentDateTime(), format);
     try {
-        auto saving = with.imageRenderer->saveImage(std::move(image), path, format, {});
-        co_await saving;
-        attempt.path = path;
+        auto saving =
+            with.imageRenderer->saveImage(std::move(image), std::move(target), format, {});
+        const SavedFile saved = co_await saving;
+        attempt.path = saved.path;
     } catch (const std::exception& error) {
         attempt.failure = describeFailure(error);
         logLine("CaptureCoordinator", QStringLiteral("saving: ") + attempt.failure);

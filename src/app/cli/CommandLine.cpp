@@ -7,7 +7,9 @@
 #include "app/cli/ResidentProgram.h"
 #include "core/Error.h"
 #include "core/Localisation.h"
+#include "core/NativePath.h"
 
+#include <unistd.h>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <cstdio>
@@ -25,16 +27,35 @@ constexpr CliVerb verbs[] = {
     {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},
 };
 
-void printVerbs() {
-    std::printf(
+class OutputError : public Error {
+  public:
+    QString errorDescription() const override {
+        return localised("standard output cannot be written to");
+    }
+};
+
+bool write(const QByteArray& text) {
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
+QByteArray verbsText() {
+    QByteArray text =
         "Kestrio, a screenshot beautifier\n\n"
         "usage: kestrio                    start in the tray, or bring the running one to notice\n"
-        "       kestrio VERB [ARGUMENTS]\n\n");
-    for (const CliVerb& verb : verbs)
-        if (verb.summary) std::printf("  %-10s %s\n", verb.name, verb.summary);
-    std::printf(
-        "\n  -h, --help     tell this; after a verb, its options\n"
-        "  -v, --version  tell the version\n");
+        "       kestrio VERB [ARGUMENTS]\n\n";
+    constexpr int nameColumns = 11;
+    for (const CliVerb& verb : verbs) {
+        if (!verb.summary) continue;
+        text += "  " + QByteArray(verb.name).leftJustified(nameColumns) + verb.summary + '\n';
+    }
+    return text +
+           "\n  -h, --help     show this help; after a verb, its options\n"
+           "  -v, --version  show the version\n";
+}
+
+ExitStatus printed(const QByteArray& text) {
+    return printDocument(text) ? ExitStatus::done : ExitStatus::failed;
 }
 
 QString verbNames() {
@@ -84,32 +105,39 @@ std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments) {
     return guarded([&] { return verb->handOver(arguments.mid(1)); });
 }
 
-bool printHelp(const QCommandLineParser& parser, const char* usage) {
+void printHelp(const QCommandLineParser& parser, const char* usage) {
     const QString text = parser.helpText();
-    return printDocument("usage: kestrio " + QByteArray(usage) +
-                         text.mid(text.indexOf(u'\n')).toUtf8());
+    if (!write("usage: kestrio " + QByteArray(usage) + text.mid(text.indexOf(u'\n')).toUtf8())) {
+        throw OutputError();
+    }
 }
 
 bool printDocument(const QByteArray& text) {
-    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
-    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (write(text)) return true;
+    printError(OutputError().errorDescription());
+    return false;
+}
+
+bool printPath(const QString& path, const QString& label) {
+    // Scripts take the name as it is; a terminal would obey what control characters it holds.
+    const bool isTerminal = ::isatty(STDOUT_FILENO) == 1;
+    const QByteArray name = isTerminal ? printableText(path).toUtf8() : toNativePath(path);
+    return printDocument(label.toUtf8() + name + '\n');
 }
 
 void printError(const QString& message) {
     QString line = message;
     line.replace(u'\n', u' ');
-    std::fprintf(stderr, "kestrio: %s\n", line.toUtf8().constData());
+    std::fprintf(stderr, "kestrio: %s\n", printableText(line).toUtf8().constData());
 }
 
 ExitStatus runCommandLine(const QStringList& arguments) {
     const QString first = arguments.value(0);
     if (first == u"--help" || first == u"-h" || first == u"help") {
-        printVerbs();
-        return ExitStatus::done;
+        return printed(verbsText());
     }
     if (first == u"--version" || first == u"-v") {
-        std::printf("kestrio %s\n", qUtf8Printable(QCoreApplication::applicationVersion()));
-        return ExitStatus::done;
+        return printed("kestrio " + QCoreApplication::applicationVersion().toUtf8() + '\n');
     }
     if (const CliVerb* verb = verbOf(arguments)) {
         return guarded([&] { return verb->run(arguments.mid(1)); });

@@ -54,12 +54,15 @@ std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments);
 ExitStatus runCommandLine(const QStringList& arguments);
 
 /// Tells the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its
-/// own help with the path of the program, which knows nothing of verbs. False where standard output
-/// cannot be written to.
-bool printHelp(const QCommandLineParser& parser, const char* usage);
+/// own help with the path of the program, which knows nothing of verbs. Throws Error where standard
+/// output cannot be written to.
+void printHelp(const QCommandLineParser& parser, const char* usage);
 
-/// Writes to standard output; false where that cannot be written to.
+/// Writes to standard output; false where that cannot be written to, which is reported.
 bool printDocument(const QByteArray& text);
+
+/// Writes the name of a file as a line to standard output, after `label`. False as above.
+bool printPath(const QString& path, const QString& label = {});
 
 /// One line on standard error, headed by the program's name.
 void printError(const QString& message);

@@ -4,17 +4,19 @@
 #include "app/cli/RenderPlan.h"
 #include "app/cli/StopSignals.h"
 #include "app/cli/StyleOptions.h"
+#include "core/FileSystem.h"
 #include "core/Localisation.h"
 #include "core/Stopwatch.h"
 #include "imaging/ExportError.h"
 #include "imaging/codecs/ImageDecoder.h"
+#include "imaging/codecs/PictureLoading.h"
 #include "library/FileNaming.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"
 
-#include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <cmath>
 
 namespace kestrio {
@@ -83,7 +85,9 @@ AppSettings userSettings() {
 
 // A missing picture is told before anything that is wrong with the output.
 void requireExisting(const QStringList& inputs) {
-    if (inputs.size() == 1 && !QFileInfo::exists(inputs.front())) loadImageFile(inputs.front());
+    if (inputs.size() == 1 && fileKind(inputs.front()) == FileKind::missing) {
+        loadImageFile(inputs.front());
+    }
 }
 
 RenderOptions parsedOptions(const QCommandLineParser& parser) {
@@ -105,27 +109,26 @@ RenderOptions parsedOptions(const QCommandLineParser& parser) {
     return options;
 }
 
-// Told before the work and not after seconds of it.
-void requireFolder(const QString& output) {
-    const QFileInfo folder(QFileInfo(output).path());
-    if (!folder.isDir()) {
-        throw ExportError::fileWriteFailed(
-            output, localised("the folder %1 does not exist").arg(folder.filePath()));
+// Said before the work and not after seconds of it.
+void requireFolder(const SaveTarget& output) {
+    const QString folder = folderOf(output.path());
+    if (fileKind(folder) != FileKind::folder) {
+        throw ExportError::fileWriteFailed(output.path(),
+                                           localised("the folder %1 does not exist").arg(folder));
     }
 }
 
 Task<RenderedFile> renderOne(ImageRendererServiceProtocol* renderer, CommandLineStyle style,
                              RenderJob job, EncodeHooks hooks) {
-    requireFolder(job.output);
     RenderedFile file;
     file.job = job;
     Stopwatch stopwatch;
-    auto load = [path = job.input] { return loadImageFile(path); };
-    const auto loading = runInBackground(std::move(load));
-    QImage bitmap = co_await loading;
+    auto loading = loadPicture(job.input);
+    LoadedPicture loaded = co_await loading;
     file.loadMilliseconds = stopwatch.lap();
-    CompositeRequest request = style.requestFor(bitmap);
-    bitmap = {};
+    CompositeRequest request = style.requestFor(loaded.bitmap);
+    loaded = {};
+    requireEncodable(finishedSize(request), job.format);
     const auto composing = renderer->renderComposite(std::move(request), hooks.stop);
     Image picture = co_await composing;
     file.composeMilliseconds = stopwatch.lap();
@@ -153,6 +156,8 @@ Task<RenderReport> renderAll(RenderOptions options,
     for (const RenderJob& job : options.jobs) {
         progress.startItem(++number, QFileInfo(job.input).fileName());
         try {
+            // The save folder is Kestrio's own choice on a fresh account, so it makes it.
+            if (!options.isQuickSave) requireFolder(job.output);
             const auto rendering = renderOne(renderer.get(), options.style, job, hooks);
             RenderedFile file = co_await rendering;
             report.files.push_back(std::move(file));
@@ -173,7 +178,7 @@ JsonValue rounded(double milliseconds) {
 
 JsonValue jsonOf(const RenderedFile& file) {
     return {{"input", file.job.input.toStdString()},
-            {"path", file.job.output.toStdString()},
+            {"path", file.saved.path.toStdString()},
             {"format", rawString(file.job.format).toStdString()},
             {"width", file.pixels.width()},
             {"height", file.pixels.height()},
@@ -198,15 +203,12 @@ QByteArray jsonOf(const RenderReport& report) {
     return jsonText(document, 2) + '\n';
 }
 
-// What standard output is owed.
-QByteArray documentOf(const RenderOptions& options, const RenderReport& report) {
-    if (options.isJson) return jsonOf(report);
-    QByteArray lines;
-    if (!options.isQuickSave) return lines;
-    for (const RenderedFile& file : report.files) {
-        lines += (localised("Saved to ") + file.job.output).toUtf8() + '\n';
-    }
-    return lines;
+// What standard output is owed. False where it cannot be written to.
+bool printResults(const RenderOptions& options, const RenderReport& report) {
+    if (options.isJson) return printDocument(jsonOf(report));
+    return !options.isQuickSave || std::ranges::all_of(report.files, [](const RenderedFile& file) {
+        return printPath(file.saved.path, localised("Saved to "));
+    });
 }
 
 ExitStatus tell(const RenderOptions& options, const RenderReport& report) {
@@ -214,10 +216,7 @@ ExitStatus tell(const RenderOptions& options, const RenderReport& report) {
         printError(failure.namesInput ? failure.message
                                       : failure.input + QStringLiteral(": ") + failure.message);
     }
-    if (!printDocument(documentOf(options, report))) {
-        printError(localised("standard output cannot be written to"));
-        return ExitStatus::failed;
-    }
+    if (!printResults(options, report)) return ExitStatus::failed;
     if (report.isCancelled) return ExitStatus::cancelled;
     return report.failures.empty() ? ExitStatus::done : ExitStatus::failed;
 }
@@ -231,14 +230,12 @@ ExitStatus runRender(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return printHelp(parser, "render [options] INPUT...") ? ExitStatus::done
-                                                              : ExitStatus::failed;
+        printHelp(parser, "render [options] INPUT...");
+        return ExitStatus::done;
     }
     // A backdrop picture is decoded once for all inputs.
     const auto pictures = DecodedPictures::shared();
     const RenderOptions options = parsedOptions(parser);
-    // The save folder is Kestrio's own choice on a fresh account, so it makes it.
-    if (options.isQuickSave) QDir().mkpath(QFileInfo(options.jobs.front().output).path());
     const StopSignals stopSignals;
     const auto watermarks =
         std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());

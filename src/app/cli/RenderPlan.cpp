@@ -1,20 +1,19 @@
 #include "app/cli/RenderPlan.h"
 
 #include "app/cli/CommandLine.h"
+#include "core/FileSystem.h"
 #include "core/Localisation.h"
 #include "library/FileNaming.h"
 #include "library/QuickSave.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QSet>
 
 namespace kestrio {
 
 namespace {
 
 bool isFolder(const QString& path) {
-    return path.endsWith(u'/') || QFileInfo(path).isDir();
+    return path.endsWith(u'/') || fileKind(path) == FileKind::folder;
 }
 
 ExportFormat formatOfFile(const OutputChoice& choice) {
@@ -26,23 +25,18 @@ ExportFormat formatOfFile(const OutputChoice& choice) {
             .arg(choice.output));
 }
 
-QString pathInFolder(const QString& folder, const QString& input, ExportFormat format,
-                     const QSet<QString>& planned) {
+SaveTarget targetInFolder(const QString& folder, const QString& input, ExportFormat format) {
     const QFileInfo source(input);
     // A hidden file such as ".shot" is all suffix to Qt.
     const QString base = source.completeBaseName();
-    const QString stem = base.isEmpty() ? source.fileName() : base;
-    const QString suffix = u'.' + fileExtension(format);
-    QString path = QDir(folder).filePath(stem + suffix);
-    for (int number = 2; planned.contains(path) || QFileInfo::exists(path); ++number) {
-        path = QDir(folder).filePath(stem + QString::asprintf("_%03d", number) + suffix);
-    }
-    return path;
+    return SaveTarget::newFile(folder, [stem = base.isEmpty() ? source.fileName() : base,
+                                        suffix = u'.' + fileExtension(format)](int number) {
+        return numberedFileName(stem, suffix, number);
+    });
 }
 
 void refuseOverwritingInput(const RenderJob& job) {
-    const QString target = QFileInfo(job.output).canonicalFilePath();
-    if (!target.isEmpty() && target == QFileInfo(job.input).canonicalFilePath()) {
+    if (isSameFile(job.output.path(), job.input)) {
         throw UsageError(localised("%1 would be overwritten by its own result; name another output")
                              .arg(job.input));
     }
@@ -52,12 +46,8 @@ std::vector<RenderJob> planIntoFolder(const QStringList& inputs, const OutputCho
                                       const AppSettings& settings) {
     const ExportFormat format = choice.format.value_or(settings.defaultExportFormat);
     std::vector<RenderJob> jobs;
-    QSet<QString> planned;
-    for (const QString& input : inputs) {
-        const QString path = pathInFolder(choice.output, input, format, planned);
-        planned.insert(path);
-        jobs.push_back({input, path, format});
-    }
+    for (const QString& input : inputs)
+        jobs.push_back({input, targetInFolder(choice.output, input, format), format});
     return jobs;
 }
 
@@ -81,13 +71,12 @@ std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice&
         throw UsageError(localised("several pictures need a folder to go to; \"%1\" is none")
                              .arg(choice.output));
     }
-    RenderJob job{inputs.front(), choice.output, ExportFormat::png};
     if (isQuickSave) {
-        job.format = choice.format.value_or(settings.defaultExportFormat);
-        job.output = quickSavePath(settings, QDateTime::currentDateTime(), job.format);
-    } else {
-        job.format = formatOfFile(choice);
+        const ExportFormat format = choice.format.value_or(settings.defaultExportFormat);
+        return {{inputs.front(), quickSaveTarget(settings, QDateTime::currentDateTime(), format),
+                 format}};
     }
+    RenderJob job{inputs.front(), choice.output, formatOfFile(choice)};
     refuseOverwritingInput(job);
     return {job};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/ExportFormat.h"
+#include "render/SaveTarget.h"
 #include "settings/AppSettings.h"
 
 #include <QStringList>
@@ -18,16 +19,16 @@ struct OutputChoice {
 /// One picture to make.
 struct RenderJob {
     QString input;
-    QString output;
-    ExportFormat format;
+    SaveTarget output = QString();
+    ExportFormat format = ExportFormat::png;
 };
 
 /// Throws UsageError where no picture is named.
 void requireInputs(const QStringList& inputs);
 
 /// What is written for each input, without touching any file. A folder takes any number of inputs
-/// and gives each output the name of its input, with a number where that file exists or is planned
-/// already; a file takes one input. Throws UsageError, also for an output that is its own input.
+/// and gives each output the name of its input, with a number where that file exists; a file takes
+/// one input. Throws UsageError, also for an output that is its own input.
 std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
                                   const AppSettings& settings);
 

@@ -77,14 +77,16 @@ Task<Image> EditorViewModel::prepareRenderedImage() {
     co_return co_await rendering;
 }
 
-Task<SavedFile> EditorViewModel::exportImage(QString path, ExportFormat format, EncodeHooks hooks) {
+Task<SavedFile> EditorViewModel::exportImage(SaveTarget target, ExportFormat format,
+                                             EncodeHooks hooks) {
     const OutputUnderWay exporting(this);
     const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
     const CompositeRequest request = outputRequest();
+    requireEncodable(finishedSize(request), format);
     auto rendering = renderer->renderComposite(request, hooks.stop);
     Image picture = co_await rendering;
-    auto saving = renderer->saveImage(std::move(picture), path, format, hooks);
+    auto saving = renderer->saveImage(std::move(picture), std::move(target), format, hooks);
     const SavedFile saved = co_await saving;
     if (self) self->markExported(request);
     co_return saved;

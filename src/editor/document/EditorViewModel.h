@@ -162,7 +162,7 @@ class EditorViewModel : public QObject {
     bool hasUnexportedChanges() const;
     Task<Image> prepareRenderedImage();
     /// Throws what rendering, encoding and writing throw; the document is untouched by it.
-    Task<SavedFile> exportImage(QString path, ExportFormat format, EncodeHooks hooks = {});
+    Task<SavedFile> exportImage(SaveTarget target, ExportFormat format, EncodeHooks hooks = {});
     Task<> copyToClipboard();
     /// Floats the finished picture on the desktop. Does nothing without a screenshot.
     Task<> pinToDesktop();
