@@ -275,6 +275,19 @@ TEST_F(CaptureCoordinatorTest, ARequestIsRefusedWhileAnotherCaptureRuns) {
     ASSERT_TRUE(waitForEnd());
 }
 
+TEST_F(CaptureCoordinatorTest, RequestsThatNeedNoUserWaitTheirTurn) {
+    const CaptureRequest request{CaptureKind::display, 0, CaptureAction::pin};
+    auto first = captures->capture(request);
+    auto second = captures->capture(request);
+    for (int turn = 1; turn <= 2; ++turn) {
+        ASSERT_TRUE(waitFor([&] { return service->displayCount == turn && service->isPending(); }));
+        service->finish(outcome(CaptureAction::edit));
+    }
+    runUntilDone(std::move(first));
+    runUntilDone(std::move(second));
+    EXPECT_EQ(pins->pinned.size(), 2U);
+}
+
 TEST_F(CaptureCoordinatorTest, AStopEndsARequestWhereverItIs) {
     for (const int delay : {0, 30}) {
         std::stop_source stop;

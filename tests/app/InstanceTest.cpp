@@ -8,6 +8,9 @@
 
 #include "support/MemoryPasteboard.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+#include <QDir>
 #include <QFile>
 #include <QLocalSocket>
 
@@ -18,8 +21,8 @@ struct InstanceTest : CaptureFixture {
     std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
     int activations = 0;
     InstanceCommands commands{*captures, pasteboard, [this] { ++activations; }};
-    std::unique_ptr<InstanceServer> server = std::make_unique<InstanceServer>(
-        [this](InstanceRequest request, std::stop_token stop) {
+    std::unique_ptr<InstanceServer> server =
+        std::make_unique<InstanceServer>([this](InstanceRequest request, std::stop_token stop) {
             return commands.run(std::move(request), std::move(stop));
         });
     QString socket = folder.filePath(QStringLiteral("socket"));
@@ -96,7 +99,8 @@ TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {
     file.close();
     EXPECT_EQ(ask(request).status, 0);
     ASSERT_EQ(editors->opened.size(), 2U);
-    EXPECT_EQ(editors->names, QStringList({QStringLiteral("Clipboard"), QStringLiteral("my shot")}));
+    EXPECT_EQ(editors->names,
+              QStringList({QStringLiteral("Clipboard"), QStringLiteral("my shot")}));
     EXPECT_EQ(editors->opened.back().image.pointSize(), QSizeF(4, 3));
 }
 
@@ -138,14 +142,98 @@ TEST_F(InstanceTest, ASocketThatACrashLeftBehindIsReplaced) {
     EXPECT_EQ(ask({}).status, 0);
 }
 
+TEST_F(InstanceTest, RequestsThatMakeNoSenseAreRefused) {
+    ASSERT_TRUE(server->listen(socket));
+    const QString picture = folder.filePath(QStringLiteral("x.png"));
+    const auto refused = [&](const QByteArray& fields) {
+        QLocalSocket raw;
+        raw.connectToServer(socket);
+        raw.write("{\"verb\":\"capture\",\"kind\":\"display\"," + fields + "}\n");
+        EXPECT_TRUE(waitFor([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
+        return raw.readAll().contains("\"status\":2");
+    };
+    const QByteArray rows[] = {
+        R"("output":"x.png")",
+        R"("output":"/tmp/x.txt")",
+        R"("output":"/tmp/x\u0000.png")",
+        R"("output":"/nowhere/at/all/x.png")",
+        R"("density":-1)",
+        R"("density":"two")",
+        R"("delay":-1)",
+        R"("delay":1e9)",
+        R"("kind":"everything")",
+        R"("action":"destroy")",
+        R"("output":["/tmp/x.png"])",
+    };
+    for (const QByteArray& row : rows)
+        EXPECT_TRUE(refused(row)) << row.toStdString();
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("x.png")));
+    EXPECT_TRUE(refused("\"output\":\"" + picture.toUtf8() + '"'));
+    EXPECT_EQ(service->displayCount, 0);
+}
+
+TEST_F(InstanceTest, ManyIdleConnectionsKeepNobodyOut) {
+    ASSERT_TRUE(server->listen(socket));
+    std::vector<std::unique_ptr<QLocalSocket>> idle;
+    for (int i = 0; i < 200; ++i) {
+        idle.push_back(std::make_unique<QLocalSocket>());
+        idle.back()->connectToServer(socket);
+    }
+    EXPECT_EQ(ask({}).status, 0);
+    const auto isClosed = [](const auto& each) {
+        return each->state() == QLocalSocket::UnconnectedState;
+    };
+    EXPECT_TRUE(waitFor([&] { return std::ranges::count_if(idle, isClosed) >= 100; }));
+}
+
+TEST_F(InstanceTest, ARemovedSocketComesBackWithItsFolder) {
+    const QString deep = folder.filePath(QStringLiteral("run"));
+    ASSERT_TRUE(QDir().mkpath(deep));
+    socket = deep + QStringLiteral("/socket");
+    ASSERT_TRUE(server->listen(socket));
+    for (const bool withFolder : {false, true}) {
+        QFile::remove(socket);
+        if (withFolder) QDir().rmdir(deep);
+        EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(socket); }));
+        EXPECT_EQ(ask({}).status, 0);
+    }
+}
+
 TEST_F(InstanceTest, OneOfManyHoldsTheLock) {
-    const QString file = folder.filePath(QStringLiteral("lock"));
-    auto first = std::make_unique<InstanceLock>(file);
+    const InstanceAddress address{folder.filePath(QStringLiteral("lock")), socket,
+                                  folder.path().toUtf8()};
+    auto first = std::make_unique<InstanceLock>(address);
     EXPECT_TRUE(first->isHeld());
-    EXPECT_FALSE(InstanceLock(file).isHeld());
+    EXPECT_TRUE(InstanceLock::isTaken(address));
+    EXPECT_FALSE(InstanceLock(address).isHeld());
+    // Whoever cleans up folders does not let a second one start.
+    ASSERT_TRUE(QFile::remove(address.lockFile));
+    EXPECT_FALSE(InstanceLock(address).isHeld());
+    EXPECT_TRUE(InstanceLock::isTaken(address));
     first.reset();
-    EXPECT_TRUE(InstanceLock(file).isHeld());
-    EXPECT_FALSE(InstanceLock(QStringLiteral("/nowhere/at/all")).isHeld());
+    EXPECT_FALSE(InstanceLock::isTaken(address));
+    EXPECT_TRUE(InstanceLock(address).isHeld());
+}
+
+TEST_F(InstanceTest, WithoutALockFileTheGuardCounts) {
+    const InstanceAddress address{QStringLiteral("/nowhere/at/all"), socket,
+                                  folder.path().toUtf8()};
+    const InstanceLock first(address);
+    EXPECT_TRUE(first.isHeld());
+    EXPECT_FALSE(InstanceLock(address).isHeld());
+}
+
+TEST_F(InstanceTest, FoldersThatOthersMayEnterAreNotTrusted) {
+    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+    const QString inner = folder.filePath(QStringLiteral("kestrio"));
+    EXPECT_TRUE(InstanceAddress::standard().socket.startsWith(inner));
+    ::chmod(qPrintable(inner), 0770);
+    EXPECT_THROW(InstanceAddress::standard(), UntrustedFolder);
+    ASSERT_TRUE(QDir().rmdir(inner));
+    ASSERT_EQ(::symlink("/tmp", qPrintable(inner)), 0);
+    EXPECT_THROW(InstanceAddress::standard(), UntrustedFolder);
+    qputenv("XDG_RUNTIME_DIR", before);
 }
 
 }  // namespace

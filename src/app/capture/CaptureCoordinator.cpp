@@ -5,6 +5,7 @@
 #include "imaging/ExportError.h"
 #include "library/FileNaming.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -17,8 +18,16 @@ constexpr std::chrono::milliseconds second(1000);
 // A window needs it to leave the screen, and what it covered to be painted again.
 constexpr std::chrono::milliseconds numberLeaves(150);
 
+// For captures that asked at the same moment.
+constexpr std::chrono::seconds turnLimit(30);
+constexpr std::chrono::milliseconds turnPoll(5);
+
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
+}
+
+CaptureError busyError() {
+    return CaptureError::systemError(localised("another capture is under way"));
 }
 
 }  // namespace
@@ -92,11 +101,20 @@ Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
     co_return isDone;
 }
 
+Task<> CaptureCoordinator::waitForTurn(std::stop_token stop) {
+    const QPointer<CaptureCoordinator> self(this);
+    QDeadlineTimer limit(turnLimit);
+    while (isCapturing()) {
+        if (isUserChoosing_ || limit.hasExpired()) throw busyError();
+        const auto pause = sleepFor(turnPoll, stop);
+        co_await pause;
+        if (!self) throw goneError();
+    }
+}
+
 Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
-    if (isCapturing() || (request.delay > 0 && isCountingDown())) {
-        throw CaptureError::systemError(localised("another capture is under way"));
-    }
+    if (request.delay > 0 && (isCountingDown() || isCapturing())) throw busyError();
     // The caller's stop and the program's end both stop it.
     std::stop_source either;
     const std::stop_callback caller(stop, [either]() mutable { either.request_stop(); });
@@ -105,15 +123,19 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         auto counting = countDown(request.delay, either.get_token());
         const bool isDone = co_await counting;
         if (!self || !isDone) throw goneError();
-        if (isCapturing()) {
-            throw CaptureError::systemError(localised("another capture is under way"));
-        }
+    }
+    if (isCapturing()) {
+        auto waiting = waitForTurn(either.get_token());
+        co_await waiting;
+        if (!self) throw goneError();
     }
     const int turn = beginTurn();
     try {
+        isUserChoosing_ = request.kind != CaptureKind::display;
         auto acquiring = acquire(request.kind, either.get_token());
         RegionCaptureOutcome outcome = co_await acquiring;
         if (!self) throw goneError();
+        isUserChoosing_ = false;
         if (request.action && outcome.action == CaptureAction::edit) {
             outcome.action = *request.action;
         }
@@ -134,7 +156,9 @@ int CaptureCoordinator::beginTurn() {
 }
 
 void CaptureCoordinator::endTurn(int turn) {
-    if (turn == turn_) set_isCapturing(false);
+    if (turn != turn_) return;
+    isUserChoosing_ = false;
+    set_isCapturing(false);
 }
 
 Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {

@@ -43,8 +43,9 @@ class CaptureCoordinator : public QObject {
     /// Lets go of lastCapturedImage, whose editor has been closed.
     void forgetLastCapture() { set_lastCapturedImage(std::nullopt); }
 
-    /// A capture as another program asks for it. Throws CaptureError, also while another capture is
-    /// under way, and ExportError where the picture cannot be written. A stop cancels it.
+    /// A capture as another program asks for it. Waits while another one is being carried out, and
+    /// throws CaptureError while the user chooses for another one or a count is under way; throws
+    /// ExportError where the picture cannot be written. A stop cancels it.
     Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
 
     /// Tells of a failure as the own flows do; cancelling stays silent.
@@ -57,6 +58,8 @@ class CaptureCoordinator : public QObject {
     /// False where the count was called off.
     Task<bool> countDown(int seconds, std::stop_token stop);
     Task<RegionCaptureOutcome> acquire(CaptureKind kind, std::stop_token stop);
+    /// Until no capture is under way; throws while the user chooses for one, who may take long.
+    Task<> waitForTurn(std::stop_token stop);
     /// Makes this capture the one under way, and gives its number.
     int beginTurn();
     /// Lets the next capture start, unless one has taken over.
@@ -72,6 +75,7 @@ class CaptureCoordinator : public QObject {
     CaptureCollaborators collaborators_;
     CaptureSaver saver_;
     int turn_ = 0;
+    bool isUserChoosing_ = false;
     std::stop_source countdown_;
     std::stop_source stop_;
 };

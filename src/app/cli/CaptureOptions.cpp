@@ -1,18 +1,16 @@
 #include "app/cli/CaptureOptions.h"
 
 #include "app/cli/CommandLine.h"
+#include "app/instance/RequestCheck.h"
+#include "core/FileSystem.h"
 #include "core/Localisation.h"
-#include "library/FileNaming.h"
 
 #include <unistd.h>
 #include <QCommandLineParser>
-#include <QFileInfo>
 
 namespace kestrio {
 
 namespace {
-
-constexpr int longestDelay = 3600;
 
 void addCaptureOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(localised(
@@ -64,15 +62,9 @@ std::optional<CaptureAction> actionFrom(const QCommandLineParser& parser) {
 
 QString outputFrom(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("output"))) return {};
-    const QFileInfo file(parser.value(QStringLiteral("output")));
-    if (!formatNamed(file.suffix())) {
-        throw UsageError(localised("--output takes a file that ends in .png, .jpg or .webp"));
-    }
-    const QFileInfo folder(file.absolutePath());
-    if (file.isDir() || !folder.isDir() || !folder.isWritable()) {
-        throw UsageError(localised("\"%1\" cannot be written").arg(file.filePath()));
-    }
-    return file.absoluteFilePath();
+    const QString path = absolutePath(parser.value(QStringLiteral("output")));
+    if (const QString fault = faultOfOutput(path); !fault.isEmpty()) throw UsageError(fault);
+    return path;
 }
 
 }  // namespace

@@ -2,10 +2,11 @@
 
 #include "app/cli/InstanceHandover.h"
 #include "app/cli/LoneProgram.h"
+#include "app/instance/RequestCheck.h"
+#include "core/FileSystem.h"
 #include "core/Localisation.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
 
 namespace kestrio {
 
@@ -27,8 +28,9 @@ double densityOption(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("density"))) return 1;
     bool isNumber = false;
     const double density = parser.value(QStringLiteral("density")).toDouble(&isNumber);
-    if (!isNumber || !(density > 0) || density > 16) {
-        throw UsageError(localised("--density takes a number above 0"));
+    if (!isNumber || !isDensity(density)) {
+        throw UsageError(
+            localised("--density takes a number above 0 and at most %1").arg(largestDensity));
     }
     return density;
 }
@@ -49,7 +51,7 @@ std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
     InstanceRequest request;
     request.verb = InstanceVerb::edit;
     request.density = densityOption(parser);
-    if (!inputs.isEmpty()) request.file = QFileInfo(inputs.front()).absoluteFilePath();
+    if (!inputs.isEmpty()) request.file = absolutePath(inputs.front());
     return request;
 }
 

@@ -10,16 +10,12 @@ namespace kestrio {
 namespace {
 
 // Between taking its lock and listening a program loads its libraries.
-constexpr std::chrono::milliseconds startingTakes(5000);
-
-bool isInstanceAlive(const InstanceAddress& address) {
-    return !InstanceLock(address.lockFile).isHeld();
-}
+constexpr std::chrono::milliseconds startupTimeout(5000);
 
 }  // namespace
 
 std::unique_ptr<InstanceLock> takeInstanceLock() {
-    auto lock = std::make_unique<InstanceLock>(InstanceAddress::standard().lockFile);
+    auto lock = std::make_unique<InstanceLock>(InstanceAddress::standard());
     return lock->isHeld() ? std::move(lock) : nullptr;
 }
 
@@ -27,8 +23,10 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request) {
     const InstanceAddress address = InstanceAddress::standard();
     InstanceClient client;
     if (!client.connectTo(address.socket, std::chrono::milliseconds(0))) {
-        if (!isInstanceAlive(address)) return std::nullopt;
-        if (!client.connectTo(address.socket, startingTakes)) {
+        if (!InstanceLock::isTaken(address)) return std::nullopt;
+        if (!client.connectTo(address.socket, startupTimeout)) {
+            // It may have ended meanwhile.
+            if (!InstanceLock::isTaken(address)) return std::nullopt;
             printError(localised("the running Kestrio does not answer; end it and try again"));
             return ExitStatus::failed;
         }
@@ -42,9 +40,9 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request) {
 }
 
 ExitStatus tellReply(const InstanceReply& reply) {
-    if (!reply.path.isEmpty()) printDocument(reply.path.toLocal8Bit() + '\n');
+    const bool isPrinted = reply.path.isEmpty() || printPath(reply.path);
     if (!reply.message.isEmpty()) printError(reply.message);
-    return static_cast<ExitStatus>(reply.status);
+    return isPrinted ? static_cast<ExitStatus>(reply.status) : ExitStatus::failed;
 }
 
 }  // namespace kestrio

@@ -13,6 +13,9 @@ namespace kestrio {
 
 namespace {
 
+// For the last writes to the disk and for handing over the clipboard.
+constexpr std::chrono::seconds endLimit(6);
+
 // Held for the life of the process.
 std::unique_ptr<InstanceLock>& lock() {
     static std::unique_ptr<InstanceLock> held;
@@ -46,8 +49,14 @@ ExitStatus runResident(const QStringList&) {
         std::make_shared<SettingsWindowCoordinator>(settingsServices(parts, hotkeys), parts));
     // Not quit(), which asks each window whether it may close.
     const std::stop_callback end(signals.token(), [] { QCoreApplication::exit(); });
-    delegate.applicationDidFinishLaunching(InstanceAddress::standard().socket);
+    const InstanceAddress address = InstanceAddress::standard();
+    if (lock()) lock()->serve([&delegate] { delegate.recoverSocket(); });
+    QObject::connect(&delegate, &AppDelegate::socketRecovered, &delegate, [&address] {
+        if (lock()) lock()->renew(address.lockFile);
+    });
+    delegate.applicationDidFinishLaunching(address.socket);
     const int code = QGuiApplication::exec();
+    endProcessWithin(endLimit, static_cast<int>(ExitStatus::failed));
     handOverClipboard(*parts.platform.pasteboard);
     return code == 0 ? ExitStatus::done : ExitStatus::failed;
 }

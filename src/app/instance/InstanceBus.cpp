@@ -2,6 +2,7 @@
 
 #include "core/Localisation.h"
 
+#include <QDBusPendingCall>
 #include <QDBusServiceWatcher>
 #include <QDir>
 #include <QTemporaryFile>
@@ -10,7 +11,8 @@ namespace kestrio {
 
 namespace {
 
-constexpr int longestDelay = 3600;
+// Another program that has the name keeps it.
+constexpr uint doNotQueue = 4;
 
 const QString& interfaceName() {
     static const QString name = QStringLiteral("org.kestrio.Kestrio1");
@@ -18,10 +20,9 @@ const QString& interfaceName() {
 }
 
 QString errorName(int status) {
-    const char* const kind =
-        status == static_cast<int>(InstanceStatus::cancelled)    ? "Cancelled"
-        : status == static_cast<int>(InstanceStatus::wrongUsage) ? "WrongUsage"
-                                                                 : "Failed";
+    const char* const kind = status == static_cast<int>(InstanceStatus::cancelled)    ? "Cancelled"
+                             : status == static_cast<int>(InstanceStatus::wrongUsage) ? "WrongUsage"
+                                                                                      : "Failed";
     return interfaceName() + QStringLiteral(".Error.") + QLatin1String(kind);
 }
 
@@ -44,13 +45,14 @@ QString readOptions(const QVariantMap& options, InstanceRequest& request) {
         if (key == u"delay") {
             bool isNumber = false;
             request.delay = option->toInt(&isNumber);
-            if (isNumber && request.delay >= 0 && request.delay <= longestDelay) continue;
+            if (isNumber) continue;
         } else if (key == u"action") {
             request.action = fromRawString<CaptureAction>(value.toStdString());
             if (request.action) continue;
         } else if (key == u"output") {
             request.output = value;
-            if (QDir::isAbsolutePath(value)) continue;
+            // An empty one would mean none.
+            if (!value.isEmpty()) continue;
         }
         return localised("the option \"%1\" cannot be \"%2\"").arg(key, value);
     }
@@ -66,12 +68,18 @@ InstanceBus::~InstanceBus() {
     stop_.request_stop();
 }
 
-bool InstanceBus::publish() {
+void InstanceBus::publish() {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    return bus.isConnected() &&
-           bus.registerObject(QStringLiteral("/org/kestrio/Kestrio"), this,
-                              QDBusConnection::ExportScriptableSlots) &&
-           bus.registerService(QStringLiteral("org.kestrio.Kestrio"));
+    if (!bus.isConnected() || !bus.registerObject(QStringLiteral("/org/kestrio/Kestrio"), this,
+                                                  QDBusConnection::ExportScriptableSlots)) {
+        return;
+    }
+    // Not waited for: a bus that hangs must not hold up the program.
+    QDBusMessage ask = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    ask << QStringLiteral("org.kestrio.Kestrio") << doNotQueue;
+    bus.asyncCall(ask);
 }
 
 void InstanceBus::Activate(const QDBusMessage& message) {
@@ -112,8 +120,8 @@ QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
 }
 
 void InstanceBus::refuse(const QDBusMessage& message, const QString& reason) {
-    QDBusConnection::sessionBus().send(message.createErrorReply(
-        errorName(static_cast<int>(InstanceStatus::wrongUsage)), reason));
+    QDBusConnection::sessionBus().send(
+        message.createErrorReply(errorName(static_cast<int>(InstanceStatus::wrongUsage)), reason));
 }
 
 Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message, QString reserved) {

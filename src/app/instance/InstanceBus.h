@@ -19,8 +19,8 @@ class InstanceBus : public QObject {
     InstanceBus(InstanceHandler handler, QObject* parent = nullptr);
     ~InstanceBus() override;
 
-    /// False where there is no bus, or another program has the name.
-    bool publish();
+    /// Nothing happens where there is no bus, or another program has the name.
+    void publish();
 
   public Q_SLOTS:
     /// Brings the program to notice.

@@ -1,5 +1,6 @@
 #include "app/instance/InstanceClient.h"
 
+#include "app/instance/PeerCheck.h"
 #include "core/Localisation.h"
 
 #include <QElapsedTimer>
@@ -29,7 +30,10 @@ bool InstanceClient::connectTo(const QString& socket, std::chrono::milliseconds 
     waiting.start();
     for (;;) {
         socket_.connectToServer(socket);
-        if (socket_.waitForConnected(connectMilliseconds)) return true;
+        if (socket_.waitForConnected(connectMilliseconds)) {
+            if (isPeerOfThisUser(static_cast<int>(socket_.socketDescriptor()))) return true;
+            socket_.abort();
+        }
         if (waiting.elapsed() >= patience.count()) return false;
         std::this_thread::sleep_for(retryPause);
     }

@@ -1,7 +1,9 @@
 #include "app/instance/InstanceCommands.h"
 
+#include "app/instance/RequestCheck.h"
 #include "core/Localisation.h"
-#include "imaging/codecs/ImageDecoder.h"
+#include "core/NativePath.h"
+#include "imaging/codecs/PictureLoading.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -29,11 +31,25 @@ Task<NamedPicture> pictureFor(InstanceRequest request, std::shared_ptr<Pasteboar
         if (pasted.isNull()) throw NothingToEdit();
         co_return NamedPicture{Image(pasted, request.density), localised("Clipboard")};
     }
-    const auto loading =
-        runInBackground([path = request.file] { return loadImageFile(path); });
-    const QImage loaded = co_await loading;
-    co_return NamedPicture{Image(loaded, request.density),
-                           QFileInfo(request.file).completeBaseName()};
+    auto loading = loadPicture(request.file);
+    const LoadedPicture loaded = co_await loading;
+    co_return NamedPicture{Image(loaded.bitmap, request.density),
+                           printableText(QFileInfo(request.file).completeBaseName())};
+}
+
+// Why this cannot be done; empty where nothing speaks against it.
+Task<QString> faultWith(InstanceRequest request) {
+    if (const QString fault = faultOf(request); !fault.isEmpty()) co_return fault;
+    if (request.output.isEmpty()) co_return QString();
+    QString fault;
+    try {
+        auto looking =
+            runOnStorage([path = request.output] { return faultOfOutput(path); }, readLimit);
+        fault = co_await looking;
+    } catch (const std::exception& error) {
+        fault = request.output + QStringLiteral(": ") + describeFailure(error);
+    }
+    co_return fault;
 }
 
 InstanceReply replyFor(const std::exception& error) {
@@ -53,6 +69,11 @@ InstanceCommands::InstanceCommands(CaptureCoordinator& captures,
       activate_(std::move(activate)) {}
 
 Task<InstanceReply> InstanceCommands::run(InstanceRequest request, std::stop_token stop) {
+    const QPointer<InstanceCommands> self(this);
+    auto checking = faultWith(request);
+    const QString fault = co_await checking;
+    if (!self) co_return InstanceReply::cancelled();
+    if (!fault.isEmpty()) co_return InstanceReply::wrongUsage(fault);
     switch (request.verb) {
         case InstanceVerb::activate:
             activate_();

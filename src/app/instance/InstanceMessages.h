@@ -53,12 +53,11 @@ struct InstanceRequest {
 
     static constexpr auto jsonFields() {
         using R = InstanceRequest;
-        return std::tuple(
-            jsonField("verb", &R::verb), defaultedField("file", &R::file),
-            defaultedField("density", &R::density), defaultedField("kind", &R::kind),
-            defaultedField("delay", &R::delay), defaultedField("action", &R::action),
-            defaultedField("output", &R::output),
-            defaultedField("isUnattended", &R::isUnattended));
+        return std::tuple(jsonField("verb", &R::verb), missableField("file", &R::file),
+                          missableField("density", &R::density), missableField("kind", &R::kind),
+                          missableField("delay", &R::delay), missableField("action", &R::action),
+                          missableField("output", &R::output),
+                          missableField("isUnattended", &R::isUnattended));
     }
 };
 
@@ -73,6 +72,9 @@ struct InstanceReply {
     static InstanceReply done(QString path = {}) { return {0, {}, std::move(path)}; }
     static InstanceReply failed(QString message) {
         return {static_cast<int>(InstanceStatus::failed), std::move(message), {}};
+    }
+    static InstanceReply wrongUsage(QString message) {
+        return {static_cast<int>(InstanceStatus::wrongUsage), std::move(message), {}};
     }
     static InstanceReply cancelled() {
         return {static_cast<int>(InstanceStatus::cancelled), {}, {}};

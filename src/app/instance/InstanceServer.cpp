@@ -1,7 +1,11 @@
 #include "app/instance/InstanceServer.h"
 
+#include "app/instance/PeerCheck.h"
+#include "core/FileSystem.h"
 #include "core/Localisation.h"
+#include "core/NativePath.h"
 
+#include <sys/stat.h>
 #include <QLocalSocket>
 #include <QPointer>
 
@@ -10,13 +14,29 @@ namespace kestrio {
 namespace {
 
 constexpr qint64 longestLine = 64 * 1024;
+constexpr std::size_t mostIdle = 64;
+constexpr int mostInLine = 512;
+constexpr std::chrono::seconds idleLimit(10);
+constexpr std::chrono::seconds retryPause(2);
+
+// 0 where there is none.
+quint64 nodeOf(const QString& path) {
+    struct stat status = {};
+    return ::lstat(toNativePath(path).constData(), &status) == 0 ? status.st_ino : 0;
+}
 
 }  // namespace
 
 InstanceServer::InstanceServer(InstanceHandler handler, QObject* parent)
     : QObject(parent), handler_(std::move(handler)) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
+    server_.setListenBacklogSize(mostInLine);
+    retry_.setSingleShot(true);
+    retry_.setInterval(retryPause);
     connect(&server_, &QLocalServer::newConnection, this, &InstanceServer::accept);
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this,
+            &InstanceServer::recoverWhereLost);
+    connect(&retry_, &QTimer::timeout, this, &InstanceServer::recoverWhereLost);
 }
 
 InstanceServer::~InstanceServer() {
@@ -24,23 +44,76 @@ InstanceServer::~InstanceServer() {
 }
 
 bool InstanceServer::listen(const QString& socket) {
-    QLocalServer::removeServer(socket);
-    return server_.listen(socket);
+    socket_ = socket;
+    const bool isOpen = open();
+    watch();
+    return isOpen;
+}
+
+bool InstanceServer::open() {
+    server_.close();
+    QLocalServer::removeServer(socket_);
+    if (!server_.listen(socket_)) return false;
+    socketNode_ = nodeOf(socket_);
+    return true;
+}
+
+bool InstanceServer::isReachable() const {
+    return server_.isListening() && nodeOf(socket_) == socketNode_;
+}
+
+// The folder, and the one above it for the case that it is removed.
+void InstanceServer::watch() {
+    const QString folder = folderOf(socket_);
+    // A folder that was made again is another one to the watcher, under the same name.
+    if (!watcher_.directories().isEmpty()) watcher_.removePaths(watcher_.directories());
+    watcher_.addPaths({folder, folderOf(folder)});
+    if (!isReachable()) retry_.start();
+}
+
+void InstanceServer::recoverWhereLost() {
+    if (isReachable()) return;
+    ::mkdir(toNativePath(folderOf(socket_)).constData(), S_IRWXU);
+    const bool isOpen = open();
+    watch();
+    if (isOpen) Q_EMIT recovered();
 }
 
 void InstanceServer::accept() {
     while (QLocalSocket* connection = server_.nextPendingConnection()) {
-        connection->setReadBufferSize(longestLine);
-        connect(connection, &QLocalSocket::readyRead, this, [this, connection] { read(connection); });
         connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
+        if (!isPeerOfThisUser(static_cast<int>(connection->socketDescriptor()))) {
+            connection->abort();
+            continue;
+        }
+        connection->setReadBufferSize(longestLine);
+        keepIdle(connection);
+        connect(connection, &QLocalSocket::readyRead, this,
+                [this, connection] { read(connection); });
         read(connection);
     }
+    // Where no descriptor was left for one, the server has closed itself.
+    if (!server_.isListening()) retry_.start();
+}
+
+void InstanceServer::keepIdle(QLocalSocket* connection) {
+    idle_.push_back(connection);
+    connect(connection, &QObject::destroyed, this,
+            [this, connection] { std::erase(idle_, connection); });
+    QTimer::singleShot(idleLimit, connection, [this, connection] {
+        if (std::ranges::count(idle_, connection) > 0) connection->abort();
+    });
+    if (idle_.size() <= mostIdle) return;
+    QLocalSocket* const oldest = idle_.front();
+    idle_.erase(idle_.begin());
+    oldest->abort();
 }
 
 void InstanceServer::read(QLocalSocket* connection) {
     if (connection->canReadLine()) {
         const QByteArray line = connection->readLine(longestLine);
         connection->disconnect(this);
+        std::erase(idle_, connection);
         launch(answer(connection, line), this);
     } else if (connection->bytesAvailable() >= longestLine) {
         connection->abort();
@@ -66,11 +139,11 @@ Task<InstanceReply> InstanceServer::reply(QByteArray line, std::stop_token stop)
     InstanceRequest request;
     try {
         request = decodeJsonText<InstanceRequest>(line);
-    } catch (const JsonError&) {
-        co_return InstanceReply{static_cast<int>(InstanceStatus::wrongUsage),
-                                localised("the running Kestrio does not understand this; it may be "
-                                          "of another version, so quit it and start it again"),
-                                {}};
+    } catch (const JsonError& error) {
+        co_return InstanceReply::wrongUsage(
+            localised("the running Kestrio does not understand the request (%1); it may be of "
+                      "another version, so quit it and start it again")
+                .arg(error.errorDescription()));
     }
     auto handling = handler_(std::move(request), std::move(stop));
     co_return co_await handling;

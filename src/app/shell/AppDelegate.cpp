@@ -47,6 +47,7 @@ AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotk
       bus_([this](InstanceRequest request, std::stop_token stop) {
           return commands_.run(std::move(request), std::move(stop));
       }) {
+    connect(&server_, &InstanceServer::recovered, this, &AppDelegate::socketRecovered);
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::applicationWillTerminate);
 }
 

@@ -24,6 +24,11 @@ class AppDelegate : public QObject {
     /// Shows the icon and takes up work. `socket` is where other starts ask.
     void applicationDidFinishLaunching(const QString& socket);
 
+    /// Makes the socket again where somebody removed it.
+    void recoverSocket() { server_.recoverWhereLost(); }
+    /// Other starts could not reach the program for a moment, since somebody removed its socket.
+    Q_SIGNAL void socketRecovered();
+
   private:
     void bindHotkeys();
     void bindShortcuts();

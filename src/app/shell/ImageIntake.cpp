@@ -2,6 +2,7 @@
 
 #include "core/Localisation.h"
 #include "imaging/codecs/ImageDecoder.h"
+#include "imaging/codecs/PictureLoading.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -9,10 +10,6 @@
 namespace kestrio {
 
 namespace {
-
-Completion<QImage> loadInBackground(const QString& path) {
-    return runInBackground([path] { return loadImageFile(path); });
-}
 
 const std::vector<FileType>& importTypes() {
     static const std::vector<FileType> types = {
@@ -48,8 +45,9 @@ Task<> ImageIntake::paste() {
     if (picture.isNull() && !files.isEmpty()) {
         name = QFileInfo(files.front()).completeBaseName();
         try {
-            const auto loading = loadInBackground(files.front());
-            picture = co_await loading;
+            auto loading = loadPicture(files.front());
+            const LoadedPicture loaded = co_await loading;
+            picture = loaded.bitmap;
         } catch (const Error&) {
             // Told below, as for every other clipboard without a picture.
         }
@@ -93,10 +91,10 @@ Task<> ImageIntake::import() {
     if (!self) co_return;
     isImporting_ = false;
     if (!path) co_return;
-    const auto loading = loadInBackground(*path);
-    QImage picture = co_await loading;
+    auto loading = loadPicture(*path);
+    const LoadedPicture loaded = co_await loading;
     if (!self) co_return;
-    captures_.openImage(Image(std::move(picture)), QFileInfo(*path).completeBaseName());
+    captures_.openImage(Image(loaded.bitmap), QFileInfo(*path).completeBaseName());
 }
 
 }  // namespace kestrio
