@@ -7,19 +7,28 @@ usage: attack_test.py PROGRAM FOLDER [unittest arguments]
 FOLDER keeps pictures of the screen at failures.
 """
 import contextlib
+import json
 import os
 import resource
 import shutil
 import signal
 import stat
 import subprocess
-import tempfile
 import time
+import uuid
 from pathlib import Path
 
 import attack
 import resident
 from desktop import Desktop, wait_until
+
+
+def heavy_stroke(number):
+    """Takes long to paint: it is wide, long and crosses itself everywhere."""
+    points = [[(x * 7919 + number) % 4000, (x * 104729) % 3000] for x in range(9000)]
+    return {"type": "brush", "data": {"id": str(uuid.uuid4()), "points": points, "isHighlighter": False,
+                                      "strokeWidth": 60,
+                                      "color": {"red": 1, "green": 0.2, "blue": 0.2, "alpha": 0.5}}}
 
 
 class WritingTest(resident.ResidentTestCase):
@@ -180,6 +189,29 @@ class WaitingTest(resident.ResidentTestCase):
                 self.assertEqual(self.command(desktop, *arguments)[0], 1, arguments)
                 self.assertLess(time.monotonic() - began, 2)
 
+    def test_a_folder_that_hangs_holds_up_nothing(self):
+        with Desktop(640, 480) as desktop:
+            hung = desktop.folder / "hung"
+            hung.mkdir()
+            home = Path(desktop.environment["HOME"])
+            (home / ".config/kestrio").mkdir(parents=True)
+            (home / ".config/kestrio/kestrio.ini").write_text(
+                '[General]\ncom.kestrio.appSettings="{\\"defaultSavePath\\":\\"%s\\"}"\n' % hung)
+            desktop.environment.update(LD_PRELOAD=str(self.keep / "stall.so"), KESTRIO_STALL=str(hung))
+            process = self.start(desktop)
+            del desktop.environment["LD_PRELOAD"]
+            asking = [attack.start(desktop, [self.program, *command]) for command in (
+                ["capture", "display", "--save"], ["edit", hung / "x.png"],
+                ["capture", "display", "-o", hung / "x.png"])]
+            for _ in range(3):
+                self.assertLess(attack.require_command(self.program, desktop), 2)
+            self.assertTrue(all(each.poll() is None for each in asking), "these wait for the folder")
+            began = time.monotonic()
+            process.send_signal(signal.SIGTERM)
+            self.assertEqual(process.wait(5), 0)
+            self.assertLess(time.monotonic() - began, 2)
+            self.assertTrue(all(each.wait(5) for each in asking), "what was not done is no success")
+
     def test_signals_end_everything_soon(self):
         with Desktop(640, 480) as desktop:
             process = self.start(desktop)
@@ -188,8 +220,10 @@ class WaitingTest(resident.ResidentTestCase):
             self.assertEqual(process.wait(5), 0)
             self.assertLess(time.monotonic() - began, 1)
             source = attack.picture(desktop.folder / "big.png", (4000, 3000))
-            for signal_number in (signal.SIGINT, signal.SIGTERM):
-                busy = attack.start(desktop, [self.program, "render", source, "-o", "x.webp"])
+            strokes = desktop.folder / "strokes.json"
+            strokes.write_text(json.dumps([heavy_stroke(number) for number in range(40)]))
+            for signal_number, style in ((signal.SIGINT, []), (signal.SIGTERM, ["--annotations", strokes])):
+                busy = attack.start(desktop, [self.program, "render", source, "-o", "x.webp", *style])
                 time.sleep(1)
                 began = time.monotonic()
                 busy.send_signal(signal_number)

@@ -18,6 +18,8 @@ constexpr std::chrono::milliseconds second(1000);
 // A window needs it to leave the screen, and what it covered to be painted again.
 constexpr std::chrono::milliseconds numberLeaves(150);
 
+// What a picture usually takes to be written, and more.
+constexpr std::chrono::seconds storageGrace(1);
 // For captures that asked at the same moment.
 constexpr std::chrono::seconds turnLimit(30);
 constexpr std::chrono::milliseconds turnPoll(5);
@@ -139,6 +141,8 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         if (request.action && outcome.action == CaptureAction::edit) {
             outcome.action = *request.action;
         }
+        // A disk that hangs must not hold up the next capture.
+        QTimer::singleShot(storageGrace, this, [this, turn] { endTurn(turn); });
         auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
         CaptureReport report = co_await carrying;
         if (self) endTurn(turn);
