@@ -3,6 +3,7 @@
 #include "EditorDriver.h"
 
 #include "core/UserDefaults.h"
+#include "editor/document/DocumentDraft.h"
 #include "editor/views/EditorWindow.h"
 #include "library/FileNaming.h"
 #include "platform/PlatformServices.h"
@@ -85,6 +86,8 @@ class Session {
         controller.toggleAnnotations();
         controller.editor().annotationVM().setAnnotations(mixedAnnotations(100));
         controller.editor().synchroniseAnnotations();
+        draft_ = std::make_unique<DocumentDraft>(controller.editor(), controller.name(),
+                                                 std::make_shared<DraftService>());
         settle();
         return canvas_ != nullptr;
     }
@@ -249,6 +252,7 @@ class Session {
     std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     QTemporaryDir folder_;
     std::unique_ptr<EditorWindow> window_;
+    std::unique_ptr<DocumentDraft> draft_;
     QQuickWindow* view_ = nullptr;
     QQuickItem* canvas_ = nullptr;
     bool isComplete_ = true;

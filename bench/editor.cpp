@@ -153,7 +153,8 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     QTemporaryDir settings;  // neither reads nor changes the user's
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        qputenv(folder, QFile::encodeName(settings.path()));
     int ownCount = 1;
     if (arguments.value(0) == u"--first-frame") {
         QApplication application(ownCount, argv);

@@ -1,11 +1,13 @@
 #include "app/CaptureFixture.h"
 
+#include "app/shell/DraftRestoring.h"
 #include "app/shell/Quitting.h"
 #include "support/MemoryPasteboard.h"
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
 #include "support/ScriptedFileDialogs.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QWindow>
@@ -37,15 +39,17 @@ struct EditorWindowCoordinatorTest : testing::Test {
     std::shared_ptr<ScriptedAlerts> alerts = std::make_shared<ScriptedAlerts>();
     std::shared_ptr<RecordingToasts> toasts = std::make_shared<RecordingToasts>();
     QTemporaryDir folder;
-    std::shared_ptr<EditorWindowCoordinator> editors =
-        std::make_shared<EditorWindowCoordinator>([this] { return services(); }, activation);
+    QString draftsPath = folder.filePath(QStringLiteral("drafts"));
+    std::shared_ptr<DraftService> drafts = std::make_shared<DraftService>(draftsPath);
+    std::shared_ptr<EditorWindowCoordinator> editors = makeEditors();
     int endings = 0;
-    Quitting quitting{{editors, settings, alerts, toasts}, [this] { ++endings; }};
+    std::optional<Quitting> quitting;
 
     EditorWindowCoordinatorTest() {
         AppSettings chosen = settings->load();
         chosen.defaultSavePath = folder.path();
         settings->save(chosen);
+        restart();
     }
 
     EditorServices services() {
@@ -61,7 +65,28 @@ struct EditorWindowCoordinatorTest : testing::Test {
         all.fileDialogs = std::make_shared<ScriptedFileDialogs>();
         all.fileReveal = std::make_shared<RecordingFileReveal>();
         all.appearance = std::make_shared<ScriptedAppearance>();
+        all.drafts = drafts;
         return all;
+    }
+
+    int draftCount() const {
+        drafts->settle();
+        return static_cast<int>(
+            QDir(draftsPath).entryList(QDir::Dirs | QDir::NoDot | QDir::NoDotDot).size());
+    }
+
+    std::shared_ptr<EditorWindowCoordinator> makeEditors() {
+        return std::make_shared<EditorWindowCoordinator>([this] { return services(); }, activation);
+    }
+
+    /// As a signal ends the program and the user starts it again.
+    void restart() {
+        editors->writeDrafts();
+        quitting.reset();
+        editors = makeEditors();
+        quitting.emplace(Quitting::Collaborators{editors, settings, alerts, toasts},
+                         [this] { ++endings; });
+        drafts->settle();
     }
 
     EditorViewModel& open(const char* name) {
@@ -125,26 +150,26 @@ TEST_F(EditorWindowCoordinatorTest, AChangedDocumentAsksInItsWindowBeforeItClose
 
 TEST_F(EditorWindowCoordinatorTest, QuittingAsksOnceForAll) {
     open("untouched");
-    quitting.request();
+    quitting->request();
     runEvents();
     EXPECT_EQ(endings, 1) << "nothing to lose";
 
     open("one").rotateClockwise();
     open("other").rotateClockwise();
-    quitting.request();
-    quitting.request();
+    quitting->request();
+    quitting->request();
     ASSERT_EQ(alerts->requests.size(), 1U);
     EXPECT_TRUE(alerts->requests.front().text.contains(QStringLiteral("“one”\n“other”")));
     EXPECT_FALSE(alerts->requests.front().text.contains(QStringLiteral("untouched")));
     alerts->dismiss();
     runEvents();
     EXPECT_EQ(endings, 1) << "cancelled";
-    quitting.request();
+    quitting->request();
     alerts->answer(1);
     runEvents();
     EXPECT_EQ(endings, 2) << "discarded";
     EXPECT_TRUE(renderer->savedPaths.empty());
-    quitting.request();
+    quitting->request();
     alerts->answer(0);
     runEvents();
     EXPECT_EQ(endings, 3) << "saved";
@@ -155,7 +180,7 @@ TEST_F(EditorWindowCoordinatorTest, QuittingAsksOnceForAll) {
 TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
     open("one").rotateClockwise();
     renderer->saveFailure = ExportError::fileWriteFailed(folder.path());
-    quitting.request();
+    quitting->request();
     alerts->answer(0);
     runEvents();
     ASSERT_EQ(alerts->requests.size(), 2U);
@@ -166,13 +191,95 @@ TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
     EXPECT_TRUE(editors->isEditorOpen());
 }
 
+TEST_F(EditorWindowCoordinatorTest, DraftsGoWithTheUsersConsentAndStayWithoutIt) {
+    open("one").rotateClockwise();
+    open("untouched");
+    editors->writeDrafts();
+    EXPECT_EQ(draftCount(), 1);
+    quitting->request();
+    alerts->answer(1);
+    runEvents();
+    EXPECT_EQ(draftCount(), 0) << "discarded while quitting";
+
+    open("other").rotateClockwise();
+    editors->writeDrafts();
+    EXPECT_EQ(draftCount(), 1);
+    quitting->request();
+    alerts->answer(0);
+    runEvents();
+    EXPECT_EQ(draftCount(), 0) << "saved while quitting";
+
+    EditorViewModel& last = open("last");
+    last.rotateClockwise();
+    editors->writeDrafts();
+    QWindow* window = nullptr;
+    for (QWindow* each : windows())
+        if (each->title().contains(QStringLiteral("last"))) window = each;
+    ASSERT_TRUE(window);
+    window->close();
+    runEvents();
+    EXPECT_EQ(draftCount(), 1) << "it asks";
+    QMetaObject::invokeMethod(window->findChild<QObject*>(QStringLiteral("editor.closing.discard")),
+                              "clicked");
+    runEvents();
+    EXPECT_EQ(draftCount(), 0) << "discarded in its window";
+}
+
+TEST_F(EditorWindowCoordinatorTest, WhatASignalEndedIsOfferedUntilItIsAnswered) {
+    open("one").rotateClockwise();
+    open("other").rotateClockwise();
+    const CompositeRequest expected = editors->currentEditorViewModel()->wholePicture();
+    restart();
+    EXPECT_EQ(draftCount(), 2);
+
+    const auto restoring = [this] {
+        return std::make_unique<DraftRestoring>(
+            DraftRestoring::Collaborators{drafts, editors, alerts});
+    };
+    auto first = restoring(), second = restoring();
+    first->offer();
+    second->offer();
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    runEvents();
+    ASSERT_EQ(alerts->requests.size(), 1U) << "each draft is offered once";
+    EXPECT_TRUE(alerts->requests.back().text.contains(QStringLiteral("“one”")));
+    EXPECT_TRUE(alerts->requests.back().text.contains(QStringLiteral("“other”")));
+    alerts->dismiss();
+    runEvents();
+    EXPECT_EQ(draftCount(), 2) << "later";
+    EXPECT_FALSE(editors->isEditorOpen());
+
+    first->offer();
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    alerts->answer(0);
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return windows().size() == 2U; }));
+    const CompositeRequest actual = editors->currentEditorViewModel()->wholePicture();
+    EXPECT_EQ(actual.canvasState, expected.canvasState);
+    EXPECT_EQ(actual.screenshot.bitmap(), expected.screenshot.bitmap());
+    ASSERT_EQ(editors->unexportedDocuments().size(), 2U);
+    EXPECT_EQ(editors->unexportedDocuments().back().name, QStringLiteral("other"));
+    first->offer();
+    runEvents();
+    EXPECT_FALSE(alerts->isPending()) << "they are open";
+
+    first.reset();
+    second.reset();
+    restart();
+    EXPECT_EQ(draftCount(), 2) << "restored and untouched";
+    first = restoring();
+    first->offer();
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    alerts->answer(1);
+    EXPECT_TRUE(CaptureFixture::waitFor([this] { return draftCount() == 0; }));
+}
+
 TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EditorViewModel& document = open("one");
     document.rotateClockwise();
     renderer->saveGate.emplace();
     auto exporting =
         document.exportImage(folder.filePath(QStringLiteral("x.png")), ExportFormat::png);
-    quitting.request();
+    quitting->request();
     runEvents();
     EXPECT_EQ(endings, 0);
     EXPECT_TRUE(alerts->requests.empty());

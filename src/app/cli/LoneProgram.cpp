@@ -5,6 +5,7 @@
 #include "app/clipboard/ClipboardKeeper.h"
 #include "app/instance/InstanceCommands.h"
 #include "app/shell/AppShortcuts.h"
+#include "app/shell/DraftRestoring.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Quitting.h"
 
@@ -60,7 +61,10 @@ ExitStatus runAlone(const InstanceRequest& request) {
     const ProgramParts parts = ProgramParts::make(makePlatformServices());
     InstanceCommands commands(*parts.captures, parts.platform.pasteboard, [] {});
     const ExitStatus status = tellReply(runUntilDone(commands.run(request, signals.token())));
+    DraftRestoring restoring({parts.drafts, parts.editors, parts.platform.alerts});
+    if (request.verb == InstanceVerb::edit && status == ExitStatus::done) restoring.offer();
     waitForWindows(parts, signals.token());
+    parts.editors->writeDrafts();
     handOverClipboard(*parts.platform.pasteboard);
     return status;
 }

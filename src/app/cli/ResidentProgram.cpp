@@ -57,6 +57,7 @@ ExitStatus runResident(const QStringList&) {
     delegate.applicationDidFinishLaunching(address.socket);
     const int code = QGuiApplication::exec();
     endProcessWithin(endLimit, static_cast<int>(ExitStatus::failed));
+    parts.editors->writeDrafts();
     handOverClipboard(*parts.platform.pasteboard);
     return code == 0 ? ExitStatus::done : ExitStatus::failed;
 }

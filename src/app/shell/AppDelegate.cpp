@@ -39,6 +39,7 @@ AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotk
       // Not quit(), which asks each window whether it may close.
       quitting_({parts_.editors, parts_.settings, parts_.platform.alerts, parts_.toasts},
                 [] { QCoreApplication::exit(); }),
+      restoring_({parts_.drafts, parts_.editors, parts_.platform.alerts}),
       settingsWindow_(std::move(settingsWindow)),
       commands_(*parts_.captures, parts_.platform.pasteboard, [this] { activate(); }),
       server_([this](InstanceRequest request, std::stop_token stop) {
@@ -69,6 +70,7 @@ void AppDelegate::applicationDidFinishLaunching(const QString& socket) {
             bus_.publish();
             parts_.permissions->checkAtLaunch();
             watchForTray();
+            restoring_.offer();
         },
         Qt::QueuedConnection);
 }

@@ -4,6 +4,7 @@
 #include "app/instance/InstanceBus.h"
 #include "app/instance/InstanceCommands.h"
 #include "app/shell/AppShortcuts.h"
+#include "app/shell/DraftRestoring.h"
 #include "app/shell/ImageIntake.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Quitting.h"
@@ -46,6 +47,7 @@ class AppDelegate : public QObject {
     ImageIntake intake_;
     AppShortcuts shortcuts_;
     Quitting quitting_;
+    DraftRestoring restoring_;
     std::shared_ptr<SettingsOpener> settingsWindow_;
     InstanceCommands commands_;
     InstanceServer server_;

@@ -2,6 +2,7 @@
 
 #include "app/shell/WindowFocus.h"
 #include "core/Localisation.h"
+#include "editor/document/DocumentDraft.h"
 #include "editor/views/EditorWindow.h"
 
 #include <QQuickWindow>
@@ -42,6 +43,23 @@ void moveAside(QWindow& window, std::size_t openBefore) {
 
 }  // namespace
 
+/// A document with its window, and its draft where drafts are kept.
+struct EditorWindowCoordinator::OpenEditor {
+    std::unique_ptr<EditorWindow> window;
+    std::unique_ptr<DocumentDraft> draft;
+
+    OpenEditor(const EditorServices& services, const QString& name)
+        : window(std::make_unique<EditorWindow>(services, name)) {}
+
+    EditorViewModel& document() const { return window->controller().editor(); }
+    QString name() const { return window->controller().name(); }
+    void keep(const std::shared_ptr<DraftService>& drafts,
+              std::shared_ptr<DraftFolder> taken = {}) {
+        if (!drafts) return;
+        draft = std::make_unique<DocumentDraft>(document(), name(), drafts, std::move(taken));
+    }
+};
+
 EditorWindowCoordinator::EditorWindowCoordinator(std::function<EditorServices()> makeServices,
                                                  std::shared_ptr<ActivationState> activation,
                                                  QObject* parent)
@@ -50,19 +68,37 @@ EditorWindowCoordinator::EditorWindowCoordinator(std::function<EditorServices()>
 EditorWindowCoordinator::~EditorWindowCoordinator() = default;
 
 void EditorWindowCoordinator::open(const CapturedImage& image, const QString& name) {
+    OpenEditor made(services(), nameOf(image, name));
+    made.window->open(image.image);
+    made.keep(services().drafts);
+    show(std::move(made));
+}
+
+void EditorWindowCoordinator::restore(const DraftDocument& document, const ClaimedDraft& draft) {
+    OpenEditor made(services(), document.name);
+    made.window->open(document.picture);
+    made.document().restoreDraft(document);
+    made.keep(services().drafts, draft.folder);
+    show(std::move(made));
+}
+
+const EditorServices& EditorWindowCoordinator::services() {
     if (!services_) services_ = makeServices_();
-    auto made = std::make_unique<EditorWindow>(*services_, nameOf(image, name));
-    made->open(image.image);
-    show(*made);
-    editors_.push_back(std::move(made));
+    return *services_;
+}
+
+void EditorWindowCoordinator::show(OpenEditor editor) {
+    QWindow& window = *editor.window->window();
+    centre(window);
+    moveAside(window, editors_.size());
+    watchClosing(*editor.window);
+    activation_->set_policy(ActivationPolicy::regular);
+    editors_.push_back(std::move(editor));
     set_isEditorOpen(true);
     bringToFront();
 }
 
-void EditorWindowCoordinator::show(EditorWindow& editor) {
-    centre(*editor.window());
-    moveAside(*editor.window(), editors_.size());
-    activation_->set_policy(ActivationPolicy::regular);
+void EditorWindowCoordinator::watchClosing(EditorWindow& editor) {
     // Queued: the window is still in its own closing call.
     connect(
         editor.window(), &QWindow::visibleChanged, this,
@@ -73,12 +109,14 @@ void EditorWindowCoordinator::show(EditorWindow& editor) {
 }
 
 void EditorWindowCoordinator::removeClosed() {
-    const auto isClosed = [](const auto& each) { return !each->window()->isVisible(); };
+    const auto isClosed = [](const auto& each) { return !each.window->window()->isVisible(); };
     const auto closed =
         std::stable_partition(editors_.begin(), editors_.end(), std::not_fn(isClosed));
     if (closed == editors_.end()) return;
-    for (auto each = closed; each != editors_.end(); ++each)
-        (*each)->controller().editor().cleanUp();
+    for (auto each = closed; each != editors_.end(); ++each) {
+        if (each->draft) each->draft->discard();
+        each->document().cleanUp();
+    }
     editors_.erase(closed, editors_.end());
     if (editors_.empty()) {
         set_isEditorOpen(false);
@@ -88,16 +126,16 @@ void EditorWindowCoordinator::removeClosed() {
 }
 
 EditorViewModel* EditorWindowCoordinator::currentEditorViewModel() {
-    return editors_.empty() ? nullptr : &editors_.back()->controller().editor();
+    return editors_.empty() ? nullptr : &editors_.back().document();
 }
 
 std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
     std::vector<OpenDocument> found;
     for (const auto& each : editors_) {
-        EditorViewModel& document = each->controller().editor();
+        EditorViewModel& document = each.document();
         document.finishEditing();
         if (document.hasUnexportedChanges()) {
-            found.push_back({QPointer(&document), each->controller().name()});
+            found.push_back({QPointer(&document), each.name()});
         }
     }
     return found;
@@ -105,7 +143,19 @@ std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
 
 bool EditorWindowCoordinator::isExporting() const {
     return std::any_of(editors_.begin(), editors_.end(),
-                       [](const auto& each) { return each->controller().editor().isExporting(); });
+                       [](const auto& each) { return each.document().isExporting(); });
+}
+
+void EditorWindowCoordinator::writeDrafts() {
+    if (!services_ || !services_->drafts) return;
+    for (const OpenEditor& each : editors_)
+        if (each.draft) each.draft->writeNow();
+    services_->drafts->settle();
+}
+
+void EditorWindowCoordinator::discardDrafts() {
+    for (const OpenEditor& each : editors_)
+        if (each.draft) each.draft->discard();
 }
 
 bool EditorWindowCoordinator::bringToFront() {
@@ -114,8 +164,8 @@ bool EditorWindowCoordinator::bringToFront() {
 
 bool EditorWindowCoordinator::bringToFront(const EditorViewModel* document) {
     for (const auto& each : editors_) {
-        if (&each->controller().editor() != document) continue;
-        kestrio::bringToFront(*each->window());
+        if (&each.document() != document) continue;
+        kestrio::bringToFront(*each.window->window());
         return true;
     }
     return false;
@@ -124,7 +174,7 @@ bool EditorWindowCoordinator::bringToFront(const EditorViewModel* document) {
 void EditorWindowCoordinator::saveFrame(UserDefaults& defaults) const {
     if (editors_.empty()) return;
     defaults.setString(QStringLiteral("EditorWindowFrame"),
-                       frameText(editors_.back()->window()->geometry()));
+                       frameText(editors_.back().window->window()->geometry()));
 }
 
 }  // namespace kestrio

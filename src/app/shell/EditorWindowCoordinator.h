@@ -3,6 +3,7 @@
 #include "app/shell/ActivationState.h"
 #include "app/shell/EditorOpener.h"
 #include "editor/document/EditorServices.h"
+#include "library/drafts/DraftService.h"
 
 #include <QPointer>
 #include <functional>
@@ -11,6 +12,7 @@
 
 namespace kestrio {
 
+class DocumentDraft;
 class EditorWindow;
 
 /// An open document and the name that heads its window.
@@ -33,10 +35,17 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
     void open(const CapturedImage& image, const QString& name) override;
     EditorViewModel* currentEditorViewModel() override;
     Q_SIGNAL void documentClosed();
+    /// Opens an editor on what was kept of a document; its draft goes on. Throws Error where the
+    /// window cannot be made.
+    void restore(const DraftDocument& document, const ClaimedDraft& draft);
 
     /// Those with changes that were never exported, in the order in which they were opened.
     std::vector<OpenDocument> unexportedDocuments() const;
     bool isExporting() const;
+    /// Changes that are not on the disk yet go there now, for at most a second.
+    void writeDrafts();
+    /// The user has said that the program may end without the changes of all documents.
+    void discardDrafts();
 
     /// Gives the window of the current document the focus; false where none is open.
     bool bringToFront();
@@ -46,13 +55,17 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
     void saveFrame(UserDefaults& defaults) const;
 
   private:
-    void show(EditorWindow& editor);
+    struct OpenEditor;
+
+    const EditorServices& services();
+    void show(OpenEditor editor);
+    void watchClosing(EditorWindow& editor);
     void removeClosed();
 
     std::function<EditorServices()> makeServices_;
     std::optional<EditorServices> services_;
     std::shared_ptr<ActivationState> activation_;
-    std::vector<std::unique_ptr<EditorWindow>> editors_;  // the current one last
+    std::vector<OpenEditor> editors_;  // the current one last
 };
 
 }  // namespace kestrio

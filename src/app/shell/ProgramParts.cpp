@@ -64,15 +64,18 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
         platform.displays, platform.floatingWindows, platform.pasteboard);
     parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
     parts.themes = std::make_shared<ThemeStorageService>(parts.userDefaults);
+    parts.drafts = std::make_shared<DraftService>();
     const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);
     const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
-                               pins = parts.pins, themes = parts.themes, styles] {
+                               pins = parts.pins, themes = parts.themes, drafts = parts.drafts,
+                               styles] {
         EditorServices services = makeEditorServices(platform, defaults);
         // One for all windows, so that a change in one reaches the others.
         services.settings = settings;
         services.themes = themes;
         services.stylePersistence = styles;
         services.pins = pins;
+        services.drafts = drafts;
         return services;
     };
     parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);

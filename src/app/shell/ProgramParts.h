@@ -18,6 +18,7 @@ struct ProgramParts {
     std::shared_ptr<PermissionManager> permissions;
     std::shared_ptr<PinnedScreenshotCoordinator> pins;
     std::shared_ptr<Toasts> toasts;
+    std::shared_ptr<DraftService> drafts;
     std::shared_ptr<EditorWindowCoordinator> editors;
     std::shared_ptr<CaptureCoordinator> captures;
     std::shared_ptr<CountdownPresenter> countdown;

@@ -71,7 +71,10 @@ Task<bool> Quitting::settleDocuments() {
     auto asking = ask(documents);
     const Answer answer = co_await asking;
     if (!self || answer == Answer::cancel) co_return false;
-    if (answer == Answer::discard) co_return true;
+    if (answer == Answer::discard) {
+        with_.editors->discardDrafts();
+        co_return true;
+    }
     auto saving = saveAll(documents);
     co_return co_await saving;
 }

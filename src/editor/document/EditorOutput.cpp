@@ -63,11 +63,15 @@ CompositeRequest EditorViewModel::presentPicture() const {
     return request;
 }
 
-bool EditorViewModel::hasUnexportedChanges() const {
-    CompositeRequest present = presentPicture();
-    // Hidden marks are work too.
-    present.annotations = liveAnnotations();
-    return unexported_.wouldLose(present);
+CompositeRequest EditorViewModel::wholePicture() const {
+    CompositeRequest whole = presentPicture();
+    whole.annotations = liveAnnotations();
+    return whole;
+}
+
+void EditorViewModel::markExported(const CompositeRequest& picture) {
+    unexported_.settle(picture);
+    Q_EMIT exported();
 }
 
 Task<Image> EditorViewModel::prepareRenderedImage() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/drafts/DraftService.h"
 #include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
@@ -26,6 +27,7 @@ struct EditorServices {
     std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
     std::shared_ptr<Sharing> sharing;        ///< may be null: only files are copied
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;  ///< may be null: nothing is pinned
+    std::shared_ptr<DraftService> drafts;  ///< may be null: nothing is kept on the disk
 };
 
 /// The real ones, on a desktop's services and the user's settings.

@@ -7,6 +7,14 @@
 
 namespace kestrio {
 
+/// A canvas as the document keeps it: zoom and pan are the view's.
+inline CanvasState atRest(CanvasState canvas) {
+    const ImageTransform unmoved;
+    canvas.transform.offset = unmoved.offset;
+    canvas.transform.scale = unmoved.scale;
+    return canvas;
+}
+
 /// The values that one step of the editor's undo restores. Zoom and pan are the view's and no part
 /// of the document: the canvas holds their defaults here.
 struct EditorState {

@@ -11,13 +11,6 @@ namespace {
 constexpr std::chrono::milliseconds stylePersistenceDelay{500};
 constexpr double largestCornerRadius = 48;
 
-CanvasState atRest(CanvasState canvas) {
-    const ImageTransform unmoved;
-    canvas.transform.offset = unmoved.offset;
-    canvas.transform.scale = unmoved.scale;
-    return canvas;
-}
-
 }  // namespace
 
 EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
@@ -91,14 +84,20 @@ void EditorViewModel::loadPersistedStyle() {
     if (auto style = services_.stylePersistence->load()) {
         style->mockup.cornerRadius = clampedOr(style->mockup.cornerRadius, 0, largestCornerRadius);
         setStyle(*style);
-        style->backdrop.keepPixels = std::nullopt;
-        for (const PresetTheme& preset : PresetTheme::all())
-            if (preset.style() == *style) set_currentPresetThemeId(preset.id);
+        showPresetOf(*style);
         return;
     }
     const PresetTheme& first = PresetTheme::all().front();
     setStyle(first.style());
     if (!currentPresetThemeId()) set_currentPresetThemeId(first.id);
+}
+
+void EditorViewModel::showPresetOf(EditorStyleSettings style) {
+    style.backdrop.keepPixels = std::nullopt;
+    std::optional<QString> found;
+    for (const PresetTheme& preset : PresetTheme::all())
+        if (preset.style() == style) found = preset.id;
+    set_currentPresetThemeId(found);
 }
 
 void EditorViewModel::setStyle(const EditorStyleSettings& style) {

@@ -7,6 +7,7 @@
 #include "editor/document/ToolMemory.h"
 #include "editor/document/UnexportedChanges.h"
 #include "library/color/ColorPickerViewModel.h"
+#include "library/drafts/DraftDocument.h"
 #include "render/style/Theme.h"
 #include "render/watermark/WatermarkViewModel.h"
 
@@ -89,6 +90,11 @@ class EditorViewModel : public QObject {
     void reset();
     /// Writes the style that still waits and forgets all steps of undo. Once, before the end.
     void cleanUp();
+    /// What is kept on the disk of a document under this name.
+    DraftDocument draft(const QString& name) const;
+    /// Makes a fresh document what it was when its draft was written. All of it counts as never
+    /// exported.
+    void restoreDraft(const DraftDocument& draft);
 
     // Style.
 
@@ -157,9 +163,13 @@ class EditorViewModel : public QObject {
     /// What outputRequest() would be now, without finishing a drawing. Any picture, also none.
     CompositeRequest presentPicture() const;
     /// Tells that the picture of this request has left the editor. Output tells it by itself.
-    void markExported(const CompositeRequest& picture) { unexported_.settle(picture); }
+    void markExported(const CompositeRequest& picture);
+    Q_SIGNAL void exported();
     /// Whether the user changed something since the picture was opened or last left the editor.
-    bool hasUnexportedChanges() const;
+    bool hasUnexportedChanges() const { return unexported_.wouldLose(wholePicture()); }
+    const UnexportedChanges& unexportedChanges() const { return unexported_; }
+    /// presentPicture() with the annotations that are hidden, which are work too.
+    CompositeRequest wholePicture() const;
     Task<Image> prepareRenderedImage();
     /// Throws what rendering, encoding and writing throw; the document is untouched by it.
     Task<SavedFile> exportImage(SaveTarget target, ExportFormat format, EncodeHooks hooks = {});
@@ -173,6 +183,8 @@ class EditorViewModel : public QObject {
     void setAnnotations(std::vector<AnyAnnotation> annotations);
     void turnBy(double degrees);
     void loadPersistedStyle();
+    /// Marks the built-in style that this one is, if any.
+    void showPresetOf(EditorStyleSettings style);
     void setStyle(const EditorStyleSettings& style);
     /// A style that was made for any picture, with what this document does about pixels.
     void setLook(EditorStyleSettings style);

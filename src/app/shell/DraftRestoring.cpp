@@ -1,0 +1,108 @@
+#include "app/shell/DraftRestoring.h"
+
+#include "core/Localisation.h"
+#include "core/Log.h"
+
+#include <QLocale>
+#include <QPointer>
+
+namespace kestrio {
+
+namespace {
+
+constexpr std::size_t mostNames = 6;
+
+QString timeText(const QDateTime& moment) {
+    const QDateTime local = moment.toLocalTime();
+    const QString time = QLocale().toString(local.time(), QLocale::ShortFormat);
+    if (local.date() == QDate::currentDate()) return time;
+    return QLocale().toString(local.date(), QLocale::ShortFormat) + u' ' + time;
+}
+
+QString namesOf(const std::vector<ClaimedDraft>& drafts) {
+    QStringList names;
+    for (const ClaimedDraft& each : drafts)
+        names << QStringLiteral("“%1”, %2").arg(each.name, timeText(each.changed));
+    if (drafts.size() <= mostNames) return names.join(u'\n');
+    names = names.mid(0, mostNames);
+    names << localised("and %1 more").arg(drafts.size() - mostNames);
+    return names.join(u'\n');
+}
+
+AlertRequest question(const std::vector<ClaimedDraft>& drafts) {
+    AlertRequest request;
+    request.style = AlertStyle::warning;
+    const bool isOne = drafts.size() == 1;
+    request.title = isOne ? localised("Restore the unsaved picture?")
+                          : localised("Restore %1 unsaved pictures?").arg(drafts.size());
+    request.text =
+        localised("Kestrio ended before the changes left the editor:") + u'\n' + namesOf(drafts);
+    request.buttons = {isOne ? localised("Restore") : localised("Restore All"),
+                       localised("Discard"), localised("Later")};
+    return request;
+}
+
+}  // namespace
+
+DraftRestoring::DraftRestoring(Collaborators collaborators, QObject* parent)
+    : QObject(parent), with_(std::move(collaborators)) {}
+
+DraftRestoring::~DraftRestoring() {
+    stop_.request_stop();
+}
+
+void DraftRestoring::offer() {
+    launch(run(), this);
+}
+
+Task<> DraftRestoring::run() {
+    const QPointer<DraftRestoring> self(this);
+    const auto drafts = with_.drafts;
+    const auto finding = drafts->claimUnowned();
+    const std::vector<ClaimedDraft> found = co_await finding;
+    if (!self || found.empty()) co_return;
+    auto asking = with_.alerts->show(question(found), stop_.get_token());
+    const int button = co_await asking;
+    if (!self) co_return;
+    if (button == 0) {
+        auto restoring = restoreAll(found);
+        co_await restoring;
+    } else if (button == 1) {
+        for (const ClaimedDraft& each : found)
+            drafts->remove(each);
+    }
+}
+
+// The latest comes to the front.
+Task<> DraftRestoring::restoreAll(std::vector<ClaimedDraft> drafts) {
+    const QPointer<DraftRestoring> self(this);
+    std::ranges::reverse(drafts);
+    for (const ClaimedDraft& each : drafts) {
+        QString failure;
+        try {
+            const auto reading = with_.drafts->read(each);
+            const DraftDocument document = co_await reading;
+            if (!self) co_return;
+            with_.editors->restore(document, each);
+        } catch (const std::exception& error) {
+            failure = describeFailure(error);
+        }
+        if (!self) co_return;
+        if (failure.isEmpty()) continue;
+        auto telling = tellFailure(each.name, failure);
+        co_await telling;
+        if (!self) co_return;
+    }
+}
+
+Task<> DraftRestoring::tellFailure(QString name, QString reason) {
+    AlertRequest request;
+    request.style = AlertStyle::warning;
+    request.title = localised("“%1” Was Not Restored").arg(name);
+    request.text = reason;
+    request.buttons = {localised("OK")};
+    auto shown = with_.alerts->show(std::move(request), stop_.get_token());
+    co_await shown;
+}
+
+}  // namespace kestrio
