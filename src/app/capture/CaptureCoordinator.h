@@ -44,7 +44,7 @@ class CaptureCoordinator : public QObject {
     void forgetLastCapture() { set_lastCapturedImage(std::nullopt); }
 
     /// A capture as another program asks for it. Throws CaptureError, also while another capture is
-    /// under way, and ExportError where the picture cannot be written. A stop cancels it.
+    /// under way, and ExportError where the picture cannot be written or copied. A stop cancels it.
     Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
 
     /// Tells of a failure as the own flows do; cancelling stays silent.
@@ -63,6 +63,7 @@ class CaptureCoordinator : public QObject {
     void endTurn(int turn);
     Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, int turn,
                                  std::stop_token stop);
+    /// Throws ExportError::clipboardFailed.
     Task<> copy(Image image);
     /// The path; empty where the editor has got the picture.
     Task<QString> quickSave(RegionCaptureOutcome outcome, int turn, std::stop_token stop);
