@@ -10,16 +10,21 @@
 namespace {
 
 // Qt would call exit(), whose handlers use the dead connection once more; Xlib then adds words of
-// its own to ours.
-[[noreturn]] void endWithoutDisplay() {
-    std::fprintf(stderr, "kestrio: the connection to the display was lost\n");
+// its own to ours. Where it gets no connection at all, Qt would end with a dump.
+[[noreturn]] void endWithoutDisplay(const char* reason) {
+    std::fprintf(stderr, "kestrio: %s\n", reason);
     std::fflush(nullptr);
     std::_Exit(static_cast<int>(kestrio::ExitStatus::failed));
 }
 
 // Standard error belongs to what a user has to read; Qt's own remarks are for developers.
 void handleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (message.startsWith(u"The X11 connection broke")) endWithoutDisplay();
+    if (message.startsWith(u"The X11 connection broke")) {
+        endWithoutDisplay("the connection to the display was lost");
+    }
+    if (message.startsWith(u"This application failed to start")) {
+        endWithoutDisplay("the display refuses the connection; it may serve too many programs");
+    }
     if (type == QtFatalMsg || type == QtCriticalMsg)
         std::fprintf(stderr, "kestrio: %s\n", qUtf8Printable(message));
 }
