@@ -32,9 +32,9 @@ class Pasteboard {
     // Writing gives false where the desktop refuses, as when another program copies at the same
     // moment.
 
-    /// Puts a picture on it as the only content. `png` is the same
-    /// picture as a PNG file, so that whoever pastes need not wait for it to be encoded; it may be
-    /// empty.
+    /// Puts a picture on it as the only content. `png` is the same picture as a PNG file, so that
+    /// whoever pastes need not wait for it to be encoded. One of both may be empty; without the
+    /// picture, the file is decoded for programs that ask for another format.
     virtual bool writeImage(const QImage& image, const QByteArray& png) = 0;
     /// Puts local files, by absolute path, on it as the only content.
     virtual bool writeFiles(const QStringList& paths) = 0;

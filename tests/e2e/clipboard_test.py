@@ -88,6 +88,7 @@ class ClipboardTest(resident.ResidentTestCase):
                     self.assertEqual((command.returncode, complaint), (0, b""))
             wait_until(lambda: len(keepers(desktop)) == 1, "one process that holds the clipboard")
             self.assertEqual(self.copied(desktop).size, (800, 600))
+            self.assertTrue(desktop.clipboard("image/bmp").startswith(b"BM"))
             self.assertFalse(list(temporary.iterdir()))
             subprocess.run(["xclip", "-selection", "clipboard", "/dev/null"], env=desktop.environment,
                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)

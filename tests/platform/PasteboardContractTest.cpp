@@ -1,3 +1,4 @@
+#include "imaging/codecs/ImageEncoder.h"
 #include "platform/OtherProgram.h"
 #include "platform/PlatformServices.h"
 #include "support/MemoryPasteboard.h"
@@ -41,6 +42,9 @@ TEST_P(PasteboardContract, HoldsTheLastThingOfWhateverKind) {
     EXPECT_EQ(copied.image.convertToFormat(picture.format()), picture);
     EXPECT_EQ(copied.png, "as a file");
     EXPECT_EQ(contentsOf(pasteboard, PasteboardKind::text).text, QString());
+    const QByteArray file = encodeImage(picture, ExportFormat::png);
+    ASSERT_TRUE(pasteboard->writeImage(QImage(), file));
+    EXPECT_EQ(contentsOf(pasteboard).image, picture);
 
     ASSERT_TRUE(pasteboard->writeText(text));
     EXPECT_EQ(contentsOf(pasteboard).text, text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/codecs/ImageDecoder.h"
 #include "platform/Pasteboard.h"
 
 namespace kestrio {
@@ -13,7 +14,7 @@ class MemoryPasteboard : public Pasteboard {
     std::optional<PasteboardError> readFailure;
 
     bool writeImage(const QImage& image, const QByteArray& png) override {
-        if (refusesImages || image.isNull()) return false;
+        if (refusesImages || (image.isNull() && png.isEmpty())) return false;
         if (refusalsToCome > 0) return --refusalsToCome, false;
         return take({image, png, {}, {}});
     }
@@ -31,7 +32,8 @@ class MemoryPasteboard : public Pasteboard {
         if (readFailure) throw *readFailure;
         PasteboardContents found;
         if (wanted.testFlag(PasteboardKind::picture)) {
-            found.image = contents_.image;
+            found.image =
+                contents_.image.isNull() ? decodeImageOrNull(contents_.png) : contents_.image;
             found.png = contents_.png;
         }
         if (found.isEmpty() && wanted.testFlag(PasteboardKind::files))

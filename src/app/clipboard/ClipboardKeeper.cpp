@@ -3,7 +3,6 @@
 #include "app/clipboard/HeldContents.h"
 #include "app/clipboard/KeeperProcess.h"
 #include "imaging/Image.h"
-#include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/ImageEncoder.h"
 
 #include <QClipboard>
@@ -60,9 +59,8 @@ void waitForOtherOwner(const Pasteboard& pasteboard) {
 }
 
 bool put(Pasteboard& pasteboard, const PasteboardContents& contents) {
-    if (!contents.png.isEmpty()) {
-        return pasteboard.writeImage(decodeImage(contents.png), contents.png);
-    }
+    // Not decoded: this process waits for hours with it.
+    if (!contents.png.isEmpty()) return pasteboard.writeImage(QImage(), contents.png);
     if (!contents.files.isEmpty()) return pasteboard.writeFiles(contents.files);
     return pasteboard.writeText(contents.text);
 }

@@ -1,5 +1,6 @@
 #include "platform/linux/QtPasteboard.h"
 
+#include "imaging/codecs/ImageDecoder.h"
 #include "platform/linux/x11/SelectionContents.h"
 #include "platform/linux/x11/SelectionOwner.h"
 
@@ -12,6 +13,25 @@ namespace kestrio {
 namespace {
 
 constexpr auto pngType = "image/png";
+
+constexpr auto imageType = "application/x-qt-image";
+
+/// A picture; where only its file was given, it is decoded for each program that needs that.
+class Picture : public QMimeData {
+  public:
+    QStringList formats() const override {
+        QStringList all = QMimeData::formats();
+        if (!all.contains(QLatin1String(imageType))) all.prepend(QLatin1String(imageType));
+        return all;
+    }
+
+  protected:
+    QVariant retrieveData(const QString& format, QMetaType type) const override {
+        const QVariant present = QMimeData::retrieveData(format, type);
+        if (present.isValid() || format != QLatin1String(imageType)) return present;
+        return decodeImageOrNull(data(QLatin1String(pngType)));
+    }
+};
 
 const char* nameOf(QClipboard::Mode mode) {
     return mode == QClipboard::Selection ? "PRIMARY" : "CLIPBOARD";
@@ -54,9 +74,9 @@ bool QtPasteboard::write(std::unique_ptr<QMimeData> content) {
 }
 
 bool QtPasteboard::writeImage(const QImage& image, const QByteArray& png) {
-    if (image.isNull()) return false;
-    auto content = std::make_unique<QMimeData>();
-    content->setImageData(image);
+    if (image.isNull() && png.isEmpty()) return false;
+    auto content = std::make_unique<Picture>();
+    if (!image.isNull()) content->setImageData(image);
     if (!png.isEmpty()) content->setData(QLatin1String(pngType), png);
     return write(std::move(content));
 }
