@@ -29,8 +29,8 @@ class Pasteboard {
   public:
     virtual ~Pasteboard() = default;
 
-    // Writing gives false where the desktop refuses, as when another program copies at the same
-    // moment.
+    // Writing gives false where the desktop refuses, as it does for a moment after another program
+    // has copied.
 
     /// Puts a picture on it as the only content. `png` is the same picture as a PNG file, so that
     /// whoever pastes need not wait for it to be encoded. One of both may be empty; without the

@@ -82,7 +82,10 @@ class ClipboardTest(resident.ResidentTestCase):
     def test_many_copies_leave_one_process_that_holds_the_last(self):
         with self.alone() as (desktop, temporary):
             for _ in range(3):
-                commands = [self.start_command(desktop, "capture", "display", "--copy") for _ in range(5)]
+                commands = []
+                for _ in range(5):
+                    commands.append(self.start_command(desktop, "capture", "display", "--copy"))
+                    time.sleep(0.1)
                 for command in commands:
                     _, complaint = command.communicate(timeout=30)
                     self.assertEqual((command.returncode, complaint), (0, b""))

@@ -6,6 +6,7 @@
 #include "platform/XDesk.h"
 #include "platform/linux/QtPasteboard.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -93,6 +94,29 @@ TEST_F(ClipboardReading, AReadIsCalledOffAtOnce) {
     QtPasteboard ending;
     auto reading = ending.read(PasteboardKind::text);
     EXPECT_LT(clock.elapsed(), 500);
+}
+
+/// Keeps the X server's notices of changes of selections from Qt, as they stay away before Qt has
+/// asked for them.
+class DeafToSelections : public QAbstractNativeEventFilter {
+  public:
+    DeafToSelections() { QCoreApplication::instance()->installNativeEventFilter(this); }
+    bool nativeEventFilter(const QByteArray&, void* event, qintptr*) override {
+        constexpr int firstOfExtensions = 64;
+        return (static_cast<xcb_generic_event_t*>(event)->response_type & 0x7f) >=
+               firstOfExtensions;
+    }
+};
+
+TEST_F(ClipboardReading, ACopyAfterOneThatWasNotHeardOfIsRepeatedUntilItIsTaken) {
+    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("gives Qt a time of the server")));
+    const OtherProgram heard("UTF8_STRING", "then");
+    const DeafToSelections deaf;
+    const OtherProgram other("UTF8_STRING", "later");
+    const QImage picture = pattern({30, 20});
+    ASSERT_FALSE(pasteboard->writeImage(picture, {})) << "the server finds it older";
+    EXPECT_TRUE(runUntilDone(writeImagePatiently(pasteboard, picture, {})));
+    EXPECT_TRUE(pasteboard->ownsContents());
 }
 
 /// A program of the test's own that starts to answer and then stops.

@@ -68,9 +68,16 @@ QtPasteboard::~QtPasteboard() {
 
 bool QtPasteboard::write(std::unique_ptr<QMimeData> content) {
     QClipboard* clipboard = QGuiApplication::clipboard();
+    const quint32 before = owner();
     clipboard->setMimeData(content.release());
-    // Qt believes that it has it once it has asked for it.
-    return hasSelections() ? isOwn(QClipboard::Clipboard) : clipboard->ownsClipboard();
+    if (!hasSelections()) return clipboard->ownsClipboard();
+    // Qt believes that it has it once it has asked for it. Where a third program has it now, that
+    // one has copied after this one, at the same moment.
+    const quint32 after = owner();
+    if (isOfThisProgram(after) || (after != before && after != 0)) return true;
+    // For the next attempt: Qt may not have heard of what was copied last.
+    bringServerTime();
+    return false;
 }
 
 bool QtPasteboard::writeImage(const QImage& image, const QByteArray& png) {
