@@ -62,8 +62,9 @@ Task<> ImageRendererService::copyToClipboard(Image image) {
     auto work = [bitmap = image.bitmap()] { return encodeImage(bitmap, ExportFormat::png, {}); };
     const auto encoded = runInBackground(std::move(work));
     const QByteArray png = co_await encoded;
-    pasteboard->clearContents();
-    if (!pasteboard->writeImage(image.bitmap(), png)) throw ExportError::clipboardFailed();
+    auto writing = writeImagePatiently(pasteboard, image.bitmap(), png);
+    const bool isWritten = co_await writing;
+    if (!isWritten) throw ExportError::clipboardFailed();
 }
 
 }  // namespace kestrio

@@ -86,6 +86,9 @@ TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {
     InstanceRequest request;
     request.verb = InstanceVerb::edit;
     EXPECT_EQ(ask(request).status, static_cast<int>(InstanceStatus::failed));
+    pasteboard->readFailure = PasteboardError(PasteboardError::Case::notAnswering);
+    EXPECT_EQ(ask(request).message, pasteboard->readFailure->errorDescription());
+    pasteboard->readFailure.reset();
     QImage picture(8, 6, QImage::Format_RGB32);
     picture.fill(Qt::green);
     pasteboard->writeImage(picture, {});

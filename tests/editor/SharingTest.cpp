@@ -49,7 +49,7 @@ TEST_F(SharingTest, EachWayGetsAFileOfTheDocumentsName) {
               QStringList(QStringLiteral("my / shot ") + renderer->savedPaths.value(1)));
     sharing->copyFile();
     runEvents();
-    EXPECT_EQ(pasteboard->readFiles(), QStringList(renderer->savedPaths.value(2)));
+    EXPECT_EQ(pasteboard->contents().files, QStringList(renderer->savedPaths.value(2)));
 }
 
 TEST_F(SharingTest, OneAtATimeAndFailuresAreTold) {

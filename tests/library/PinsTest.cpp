@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QMouseEvent>
 
 namespace kestrio {
@@ -44,6 +45,9 @@ struct PinsTest : testing::Test {
     std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
     PinnedScreenshotCoordinator pins{displays, std::make_shared<PlainFloatingWindows>(), pasteboard};
 
+    // Windows that were closed delete themselves later, while what they refer to still stands.
+    ~PinsTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
     static Image picture(QSize size) {
         QImage bitmap(size, QImage::Format_RGB32);
         bitmap.fill(Qt::blue);
@@ -55,6 +59,13 @@ struct PinsTest : testing::Test {
         const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
         QMouseEvent event(type, at, at + window.position(), button, buttons, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &event);
+    }
+
+    static bool waitFor(const std::function<bool()>& holds) {
+        const QDeadlineTimer limit(std::chrono::seconds(5));
+        while (!holds() && !limit.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        return holds();
     }
 
     static void drag(PinnedScreenshotWindow& window, QPointF from, QPointF by) {
@@ -100,6 +111,21 @@ TEST_F(PinsTest, IsMovedByItsContentAndResizedAtItsEdges) {
     drag(window, {1, 120}, {100, 0});
     EXPECT_EQ(window.size(), QSize(400, 200));
     EXPECT_EQ(window.geometry().right(), wide.right());
+}
+
+TEST_F(PinsTest, CopiesItsPictureOrTellsThatItCannot) {
+    const Image shown = picture({400, 200});
+    PinnedScreenshotWindow& window = *pins.window(pins.pin(shown));
+    QStringList failures;
+    QObject::connect(&pins, &PinnedScreenshotCoordinator::copyFailed,
+                     [&failures](const QString& message) { failures << message; });
+    Q_EMIT window.copyRequested();
+    EXPECT_TRUE(waitFor([this] { return !pasteboard->contents().isEmpty(); }));
+    EXPECT_EQ(pasteboard->contents().image, shown.bitmap());
+    EXPECT_TRUE(failures.isEmpty());
+    pasteboard->refusesImages = true;
+    Q_EMIT window.copyRequested();
+    EXPECT_TRUE(waitFor([&failures] { return !failures.isEmpty(); }));
 }
 
 TEST_F(PinsTest, TheCloseButtonTakesAWholeClick) {

@@ -1,15 +1,15 @@
+#include "imaging/codecs/ImageEncoder.h"
+#include "platform/OtherProgram.h"
 #include "platform/PlatformServices.h"
 #include "support/MemoryPasteboard.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
-#include <QUrl>
 
 #include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {
+
+constexpr PasteboardKinds everything{PasteboardKind::picture, PasteboardKind::files,
+                                     PasteboardKind::text};
 
 struct Candidate {
     const char* name;
@@ -24,59 +24,54 @@ const Candidate candidates[] = {
 
 class PasteboardContract : public testing::TestWithParam<Candidate> {};
 
-TEST_P(PasteboardContract, HoldsTheLastPictureUntilItIsCleared) {
+PasteboardContents contentsOf(const std::shared_ptr<Pasteboard>& pasteboard,
+                              PasteboardKinds wanted = everything) {
+    return runUntilDone(pasteboard->read(wanted));
+}
+
+TEST_P(PasteboardContract, HoldsTheLastThingOfWhateverKind) {
     const auto pasteboard = GetParam().make();
     QImage picture(5, 3, QImage::Format_ARGB32_Premultiplied);
     picture.fill(qRgba(10, 20, 30, 128));
-    pasteboard->clearContents();
-    EXPECT_TRUE(pasteboard->readImage().isNull());
-    ASSERT_TRUE(pasteboard->writeImage(picture, {}));
-    EXPECT_EQ(pasteboard->readImage().convertToFormat(picture.format()), picture);
-    EXPECT_FALSE(pasteboard->writeImage(QImage(), {}));
-    pasteboard->clearContents();
-    EXPECT_TRUE(pasteboard->readImage().isNull());
-}
-
-TEST_P(PasteboardContract, TextsAndPicturesTakeEachOthersPlace) {
-    const auto pasteboard = GetParam().make();
     const QString text = QStringLiteral("rgb(1, 2, 3) \u00e9\u6f22");
-    QImage picture(2, 2, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    ASSERT_TRUE(pasteboard->writeImage(picture, {}));
-    EXPECT_EQ(pasteboard->readText(), QString());
-    ASSERT_TRUE(pasteboard->writeText(text));
-    EXPECT_EQ(pasteboard->readText(), text);
-    EXPECT_TRUE(pasteboard->readImage().isNull());
-    pasteboard->clearContents();
-    EXPECT_EQ(pasteboard->readText(), QString());
-}
-
-TEST_P(PasteboardContract, TellsOfLocalFilesOnly) {
-    const auto pasteboard = GetParam().make();
     const QStringList paths{QStringLiteral("/tmp/a b.png"), QStringLiteral("/tmp/50% \u6f22.png")};
-    if (auto* memory = dynamic_cast<MemoryPasteboard*>(pasteboard.get())) {
-        memory->setFiles(paths);
-    } else {
-        auto* content = new QMimeData;
-        QList<QUrl> urls{QUrl(QStringLiteral("https://example.org/shot.png"))};
-        for (const QString& path : paths)
-            urls << QUrl::fromLocalFile(path);
-        content->setUrls(urls);
-        QGuiApplication::clipboard()->setMimeData(content);
-    }
-    EXPECT_EQ(pasteboard->readFiles(), paths);
-    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("/tmp/a b.png")));
-    EXPECT_EQ(pasteboard->readFiles(), QStringList());
+
+    ASSERT_TRUE(pasteboard->writeImage(picture, "as a file"));
+    EXPECT_FALSE(pasteboard->writeImage(QImage(), {}));
+    const PasteboardContents copied = contentsOf(pasteboard);
+    EXPECT_EQ(copied.image.convertToFormat(picture.format()), picture);
+    EXPECT_EQ(copied.png, "as a file");
+    EXPECT_EQ(contentsOf(pasteboard, PasteboardKind::text).text, QString());
+    const QByteArray file = encodeImage(picture, ExportFormat::png);
+    ASSERT_TRUE(pasteboard->writeImage(QImage(), file));
+    EXPECT_EQ(contentsOf(pasteboard).image, picture);
+
+    ASSERT_TRUE(pasteboard->writeText(text));
+    EXPECT_EQ(contentsOf(pasteboard).text, text);
+    EXPECT_TRUE(contentsOf(pasteboard, PasteboardKind::picture).isEmpty());
+
+    ASSERT_TRUE(pasteboard->writeFiles(paths));
+    EXPECT_EQ(contentsOf(pasteboard).files, paths);
+    EXPECT_TRUE(contentsOf(pasteboard, PasteboardKind::picture).isEmpty());
 }
 
-TEST_P(PasteboardContract, HoldsFiles) {
+TEST_P(PasteboardContract, KnowsItsOwnFromWhatOthersCopied) {
     const auto pasteboard = GetParam().make();
-    const QStringList paths{QStringLiteral("/tmp/50% \u6f22.png")};
-    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("before")));
-    ASSERT_TRUE(pasteboard->writeFiles(paths));
-    EXPECT_EQ(pasteboard->readFiles(), paths);
+    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("own")));
+    const quint32 self = pasteboard->owner();
+    EXPECT_NE(self, 0U);
     EXPECT_TRUE(pasteboard->ownsContents());
-    EXPECT_TRUE(pasteboard->readImage().isNull());
+    std::optional<OtherProgram> other;
+    if (auto* memory = dynamic_cast<MemoryPasteboard*>(pasteboard.get())) {
+        memory->setForeign({{}, {}, {}, QStringLiteral("theirs")});
+    } else {
+        other.emplace("UTF8_STRING", "theirs");
+    }
+    EXPECT_FALSE(pasteboard->ownsContents());
+    EXPECT_NE(pasteboard->owner(), self);
+    EXPECT_EQ(contentsOf(pasteboard).text, QStringLiteral("theirs"));
+    ASSERT_TRUE(pasteboard->writeText(QStringLiteral("own")));
+    EXPECT_TRUE(pasteboard->ownsContents());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),

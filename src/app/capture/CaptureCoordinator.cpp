@@ -1,8 +1,6 @@
 #include "app/capture/CaptureCoordinator.h"
 
 #include "core/Localisation.h"
-#include "core/Log.h"
-#include "imaging/ExportError.h"
 #include "library/FileNaming.h"
 
 #include <QDeadlineTimer>
@@ -219,13 +217,8 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
 
 Task<> CaptureCoordinator::copy(Image image) {
     const auto toasts = collaborators_.toasts;
-    try {
-        auto copying = collaborators_.imageRenderer->copyToClipboard(std::move(image));
-        co_await copying;
-    } catch (const std::exception& error) {
-        // Told as done all the same: the clipboard of some desktops reports failures that are none.
-        logLine("CaptureCoordinator", QStringLiteral("copying: ") + describeFailure(error));
-    }
+    auto copying = collaborators_.imageRenderer->copyToClipboard(std::move(image));
+    co_await copying;
     toasts->show(localised("Copied to clipboard"), toastTime);
 }
 

@@ -45,7 +45,7 @@ class CaptureCoordinator : public QObject {
 
     /// A capture as another program asks for it. Waits while another one is being carried out, and
     /// throws CaptureError while the user chooses for another one or a count is under way; throws
-    /// ExportError where the picture cannot be written. A stop cancels it.
+    /// ExportError where the picture cannot be written or copied. A stop cancels it.
     Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
 
     /// Tells of a failure as the own flows do; cancelling stays silent.
@@ -66,6 +66,7 @@ class CaptureCoordinator : public QObject {
     void endTurn(int turn);
     Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, int turn,
                                  std::stop_token stop);
+    /// Throws ExportError::clipboardFailed.
     Task<> copy(Image image);
     /// The path; empty where the editor has got the picture.
     Task<QString> quickSave(RegionCaptureOutcome outcome, int turn, std::stop_token stop);

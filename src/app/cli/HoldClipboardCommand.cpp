@@ -1,15 +1,19 @@
 #include "app/cli/HoldClipboardCommand.h"
 
 #include "app/clipboard/ClipboardKeeper.h"
+#include "app/clipboard/KeeperProcess.h"
 #include "core/Localisation.h"
 #include "platform/PlatformServices.h"
 
 namespace kestrio {
 
 ExitStatus runHoldClipboard(const QStringList& arguments) {
-    if (arguments.size() != 1) throw UsageError(localised("name the file to hold"));
-    return holdClipboard(*makePasteboard(), arguments.front()) ? ExitStatus::done
-                                                               : ExitStatus::failed;
+    const QByteArray held = takeInheritedContents();
+    if (!arguments.isEmpty() || held.isEmpty()) {
+        throw UsageError(localised("hold-clipboard is for Kestrio itself, which starts it"));
+    }
+    return holdClipboard(*makePasteboard(), held, answerTakenOver) ? ExitStatus::done
+                                                                   : ExitStatus::failed;
 }
 
 }  // namespace kestrio

@@ -1,14 +1,14 @@
 #include "app/clipboard/ClipboardKeeper.h"
 
-#include "core/Log.h"
+#include "app/clipboard/HeldContents.h"
+#include "app/clipboard/KeeperProcess.h"
 #include "imaging/Image.h"
-#include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/ImageEncoder.h"
 
-#include <QCoreApplication>
+#include <QClipboard>
 #include <QEventLoop>
-#include <QProcess>
-#include <QTemporaryFile>
+#include <QGuiApplication>
+#include <QSocketNotifier>
 #include <QTimer>
 
 namespace kestrio {
@@ -16,83 +16,76 @@ namespace kestrio {
 namespace {
 
 constexpr std::chrono::milliseconds patience(4000);
-constexpr std::chrono::milliseconds busyPause(15);
-constexpr std::chrono::milliseconds idlePause(500);
-// The first byte of the file tells what follows.
-constexpr char pictureMark = 'P';
-constexpr char textMark = 'T';
-constexpr char filesMark = 'F';  // their paths, each on a line
+// Beside the desktop's own notice of a change.
+constexpr std::chrono::milliseconds ownerPoll(2000);
 
-QByteArray contentsOf(const Pasteboard& pasteboard) {
-    const QImage picture = pasteboard.readImage();
-    if (!picture.isNull()) {
-        return pictureMark + encodeImage(inCanonicalFormat(picture), ExportFormat::png);
+QByteArray ownContents(Pasteboard& pasteboard) {
+    HeldContents held;
+    held.owner = pasteboard.owner();
+    held.contents = runUntilDone(
+        pasteboard.read({PasteboardKind::picture, PasteboardKind::files, PasteboardKind::text}));
+    const QImage picture = std::exchange(held.contents.image, {});
+    if (!picture.isNull() && held.contents.png.isEmpty()) {
+        held.contents.png = encodeImage(inCanonicalFormat(picture), ExportFormat::png);
     }
-    const QStringList files = pasteboard.readFiles();
-    if (!files.isEmpty()) return filesMark + files.join(u'\n').toUtf8();
-    const QString text = pasteboard.readText();
-    return text.isEmpty() ? QByteArray() : textMark + text.toUtf8();
+    return held.encoded();
 }
 
 // Runs the event loop, through which programs ask for the contents.
-void waitForOtherOwner(const Pasteboard& pasteboard, std::chrono::milliseconds pause,
-                       std::optional<std::chrono::milliseconds> limit) {
+bool waitForAnswer(const KeeperProcess& keeper) {
     QEventLoop loop;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (!pasteboard.ownsContents()) loop.quit();
+    bool hasAnswered = false;
+    QSocketNotifier notifier(keeper.answerDescriptor(), QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &loop, [&] {
+        hasAnswered = true;
+        notifier.setEnabled(false);
+        loop.quit();
     });
-    poll.start(pause);
-    if (limit) QTimer::singleShot(*limit, &loop, &QEventLoop::quit);
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
+    return hasAnswered && keeper.hasTakenOver();
+}
+
+void waitForOtherOwner(const Pasteboard& pasteboard) {
+    QEventLoop loop;
+    const auto look = [&] {
+        if (!pasteboard.ownsContents()) loop.quit();
+    };
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, look);
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &loop, look);
+    poll.start(ownerPoll);
     if (pasteboard.ownsContents()) loop.exec();
 }
 
-void put(Pasteboard& pasteboard, const QByteArray& contents) {
-    const QByteArray payload = contents.mid(1);
-    if (contents.startsWith(pictureMark)) {
-        pasteboard.writeImage(decodeImage(payload), payload);
-    } else if (contents.startsWith(filesMark)) {
-        pasteboard.writeFiles(QString::fromUtf8(payload).split(u'\n'));
-    } else {
-        pasteboard.writeText(QString::fromUtf8(payload));
-    }
+bool put(Pasteboard& pasteboard, const PasteboardContents& contents) {
+    // Not decoded: this process waits for hours with it.
+    if (!contents.png.isEmpty()) return pasteboard.writeImage(QImage(), contents.png);
+    if (!contents.files.isEmpty()) return pasteboard.writeFiles(contents.files);
+    return pasteboard.writeText(contents.text);
 }
 
 }  // namespace
 
 void handOverClipboard(Pasteboard& pasteboard) {
     if (!pasteboard.ownsContents()) return;
-    QTemporaryFile file;
-    file.setAutoRemove(false);
-    try {
-        const QByteArray contents = contentsOf(pasteboard);
-        if (contents.isEmpty() || !file.open() || file.write(contents) != contents.size()) return;
-        file.close();
-    } catch (const std::exception& error) {
-        logLine("ClipboardKeeper", describeFailure(error));
-        return;
+    const KeeperProcess keeper(ownContents(pasteboard));
+    // Where it has not, another program may have copied in the meantime.
+    if (!waitForAnswer(keeper) && pasteboard.ownsContents()) {
+        throw PasteboardError(PasteboardError::Case::notKept);
     }
-    QProcess keeper;
-    keeper.setProgram(QCoreApplication::applicationFilePath());
-    keeper.setArguments({QStringLiteral("hold-clipboard"), file.fileName()});
-    // Whoever reads what this program writes must not wait for that one to end.
-    keeper.setStandardInputFile(QProcess::nullDevice());
-    keeper.setStandardOutputFile(QProcess::nullDevice());
-    keeper.setStandardErrorFile(QProcess::nullDevice());
-    if (!keeper.startDetached()) {
-        QFile::remove(file.fileName());
-        return;
-    }
-    waitForOtherOwner(pasteboard, busyPause, patience);
 }
 
-bool holdClipboard(Pasteboard& pasteboard, const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    const QByteArray contents = file.readAll();
-    file.remove();
-    put(pasteboard, contents);
-    waitForOtherOwner(pasteboard, idlePause, std::nullopt);
+bool holdClipboard(Pasteboard& pasteboard, const QByteArray& bytes,
+                   const std::function<void()>& taken) {
+    const auto held = HeldContents::decoded(bytes);
+    if (!held) return false;
+    // Nobody owns it where the process before was killed just now.
+    const quint32 present = pasteboard.owner();
+    if (present != held->owner && present != 0) return false;
+    if (!put(pasteboard, held->contents)) return false;
+    taken();
+    waitForOtherOwner(pasteboard);
     return true;
 }
 

@@ -27,9 +27,10 @@ class NothingToEdit : public Error {
 
 Task<NamedPicture> pictureFor(InstanceRequest request, std::shared_ptr<Pasteboard> pasteboard) {
     if (request.file.isEmpty()) {
-        const QImage pasted = pasteboard->readImage();
-        if (pasted.isNull()) throw NothingToEdit();
-        co_return NamedPicture{Image(pasted, request.density), localised("Clipboard")};
+        auto reading = pasteboard->read(PasteboardKind::picture);
+        const PasteboardContents pasted = co_await reading;
+        if (pasted.isEmpty()) throw NothingToEdit();
+        co_return NamedPicture{Image(pasted.image, request.density), localised("Clipboard")};
     }
     auto loading = loadPicture(request.file);
     const LoadedPicture loaded = co_await loading;

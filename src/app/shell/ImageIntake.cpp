@@ -34,18 +34,30 @@ ImageIntake::~ImageIntake() {
 }
 
 void ImageIntake::pasteFromClipboard() {
-    launch(paste(), this);
+    if (!isPasting_) launch(paste(), this);
 }
 
 Task<> ImageIntake::paste() {
     const QPointer<ImageIntake> self(this);
-    QImage picture = pasteboard_->readImage();
+    const auto pasteboard = pasteboard_;
+    PasteboardContents found;
+    QString failure;
+    isPasting_ = true;
+    try {
+        auto reading =
+            pasteboard->read({PasteboardKind::picture, PasteboardKind::files}, stop_.get_token());
+        found = co_await reading;
+    } catch (const PasteboardError& error) {
+        failure = error.errorDescription();
+    }
+    if (!self) co_return;
+    isPasting_ = false;
+    QImage picture = found.image;
     QString name = localised("Clipboard");
-    const QStringList files = pasteboard_->readFiles();
-    if (picture.isNull() && !files.isEmpty()) {
-        name = QFileInfo(files.front()).completeBaseName();
+    if (!found.files.isEmpty()) {
+        name = QFileInfo(found.files.front()).completeBaseName();
         try {
-            auto loading = loadPicture(files.front());
+            auto loading = loadPicture(found.files.front());
             const LoadedPicture loaded = co_await loading;
             picture = loaded.bitmap;
         } catch (const Error&) {
@@ -54,18 +66,20 @@ Task<> ImageIntake::paste() {
         if (!self) co_return;
     }
     if (picture.isNull()) {
-        auto telling = tellNothingToPaste();
+        auto telling = tellNothingToPaste(std::move(failure));
         co_await telling;
     } else {
         captures_.openImage(Image(std::move(picture)), name);
     }
 }
 
-Task<> ImageIntake::tellNothingToPaste() {
+Task<> ImageIntake::tellNothingToPaste(QString failure) {
     AlertRequest request;
     request.style = AlertStyle::informational;
     request.title = localised("No Image in Clipboard");
-    request.text = localised("Please copy an image to the clipboard first, then try again.");
+    request.text = failure.isEmpty()
+                       ? localised("Please copy an image to the clipboard first, then try again.")
+                       : failure;
     request.buttons = {localised("OK")};
     auto shown = alerts_->show(std::move(request), stop_.get_token());
     co_await shown;

@@ -25,7 +25,8 @@ class ImageIntake : public QObject {
   private:
     Task<> paste();
     Task<> import();
-    Task<> tellNothingToPaste();
+    /// `failure` is why the clipboard could not be read; empty where it could.
+    Task<> tellNothingToPaste(QString failure);
 
     CaptureCoordinator& captures_;
     std::shared_ptr<Pasteboard> pasteboard_;
@@ -33,6 +34,7 @@ class ImageIntake : public QObject {
     std::shared_ptr<Alerts> alerts_;
     std::stop_source stop_;
     bool isImporting_ = false;
+    bool isPasting_ = false;
 };
 
 }  // namespace kestrio

@@ -16,6 +16,7 @@ namespace kestrio {
 namespace {
 
 constexpr double bodySize = 13;
+constexpr std::chrono::milliseconds failureTime(3500);
 
 // A language that the user chose counts from the next start on.
 void applyLanguage(const UserDefaults& defaults) {
@@ -63,6 +64,9 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
         platform.displays, platform.floatingWindows, platform.pasteboard);
     parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
+    QObject::connect(
+        parts.pins.get(), &PinnedScreenshotCoordinator::copyFailed, parts.pins.get(),
+        [toasts = parts.toasts](const QString& message) { toasts->show(message, failureTime); });
     parts.themes = std::make_shared<ThemeStorageService>(parts.userDefaults);
     parts.drafts = std::make_shared<DraftService>();
     const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);

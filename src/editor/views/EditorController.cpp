@@ -326,11 +326,29 @@ Task<> EditorController::decodeDrop(QByteArray data) {
 }
 
 void EditorController::paste() {
-    const QImage bitmap = services_.pasteboard->readImage();
-    if (bitmap.isNull()) {
+    if (!isPasting_) launch(pasteFromClipboard(), this);
+}
+
+Task<> EditorController::pasteFromClipboard() {
+    const QPointer<EditorController> self(this);
+    const auto pasteboard = services_.pasteboard;
+    PasteboardContents found;
+    QString failure;
+    isPasting_ = true;
+    try {
+        auto reading = pasteboard->read(PasteboardKind::picture);
+        found = co_await reading;
+    } catch (const PasteboardError& error) {
+        failure = error.errorDescription();
+    }
+    if (!self) co_return;
+    isPasting_ = false;
+    if (!failure.isEmpty()) {
+        editor_.set_errorMessage(failure);
+    } else if (found.isEmpty()) {
         editor_.set_toastMessage(localised("There is no picture on the clipboard"));
     } else {
-        editor_.replaceScreenshot(Image(bitmap));
+        editor_.replaceScreenshot(Image(found.image));
     }
 }
 

@@ -182,6 +182,7 @@ class EditorController : public QObject {
     Task<> askForPicture(QString title, void (EditorController::*use)(const QUrl&));
     void setWatermarkImage(const QUrl& file) { watermark_.setPicture(file); }
     Task<> decodeDrop(QByteArray data);
+    Task<> pasteFromClipboard();
     Task<> runEnhance(AIEnhancementMode mode, double strength);
     void hint(const QString& action);
 
@@ -206,6 +207,7 @@ class EditorController : public QObject {
     Image smallPicture_;
     QTimer thumbnailTimer_;
     int thumbnailRevision_ = 0;
+    bool isPasting_ = false;
 };
 
 }  // namespace kestrio

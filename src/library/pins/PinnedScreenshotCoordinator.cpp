@@ -1,8 +1,11 @@
 #include "library/pins/PinnedScreenshotCoordinator.h"
 
+#include "imaging/ExportError.h"
 #include "imaging/codecs/ImageEncoder.h"
 #include "library/pins/PinGeometry.h"
 #include "library/pins/PinnedScreenshotWindow.h"
+
+#include <QPointer>
 
 namespace kestrio {
 
@@ -55,11 +58,16 @@ QUuid PinnedScreenshotCoordinator::pin(Image image) {
 }
 
 Task<> PinnedScreenshotCoordinator::copy(Image image) {
+    const QPointer<PinnedScreenshotCoordinator> self(this);
     const auto pasteboard = pasteboard_;
     const auto encoding = runInBackground(
         [bitmap = image.bitmap()] { return encodeImage(bitmap, ExportFormat::png); });
     const QByteArray png = co_await encoding;
-    pasteboard->writeImage(image.bitmap(), png);
+    auto writing = writeImagePatiently(pasteboard, image.bitmap(), png);
+    const bool isWritten = co_await writing;
+    if (self && !isWritten) {
+        Q_EMIT copyFailed(ExportError::clipboardFailed().errorDescription());
+    }
 }
 
 void PinnedScreenshotCoordinator::close(const QUuid& id) {

@@ -45,6 +45,8 @@ class PinnedScreenshotCoordinator : public QObject, public PinnedScreenshotCoord
     PinnedScreenshotWindow* window(const QUuid& id) const;
 
     Q_SIGNAL void pinnedWindowsChanged();
+    /// A pin's picture could not be copied; `message` is for the user.
+    Q_SIGNAL void copyFailed(const QString& message);
 
   private:
     PinnedScreenshotModel makeModel(Image image) const;

@@ -9,6 +9,7 @@
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/QtStatusItem.h"
 #include "platform/linux/SessionBus.h"
+#include "platform/linux/TextPasting.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/share/XdgSharing.h"
@@ -37,7 +38,9 @@ QString DisplayRefusal::errorDescription() const {
 PlatformServices makePlatformServices() {
     const auto xServer = std::make_shared<XcbConnection>();  // opened by the first that asks it
     PlatformServices services;
-    services.pasteboard = makePasteboard();
+    const auto pasteboard = std::make_shared<QtPasteboard>();
+    TextPasting::install(pasteboard);
+    services.pasteboard = pasteboard;
     services.memoryPressure = std::make_shared<PsiMemoryPressure>();
     services.fileDialogs = std::make_shared<QtFileDialogs>();
     services.fileReveal = std::make_shared<DBusFileReveal>();

@@ -136,7 +136,7 @@ TEST_F(ColorPicker, CopiesInTheChosenFormatAndTellsForAMoment) {
     pasteboard->refusesText = false;
     picker.chooseFormat(ColorFormat::hsl);
     picker.copyCurrentColor();
-    EXPECT_EQ(pasteboard->readText(), QStringLiteral("hsl(0, 100%, 50%)"));
+    EXPECT_EQ(pasteboard->contents().text, QStringLiteral("hsl(0, 100%, 50%)"));
     EXPECT_EQ(picker.toastMessage(), QStringLiteral("Copied!"));
     EXPECT_TRUE(picker.showCopiedFeedback());
     EXPECT_EQ(defaults->string(formatKey), QStringLiteral("hsl"));
