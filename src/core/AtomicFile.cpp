@@ -22,11 +22,6 @@ constexpr mode_t everyonesFolder = 0777;
 constexpr mode_t ownersFolder = 0700;
 constexpr mode_t permissionBits = 07777;
 
-QByteArray folderOf(const QByteArray& path) {
-    const qsizetype slash = path.lastIndexOf('/');
-    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.first(slash);
-}
-
 // The file behind a link; a link that leads nowhere is itself what is replaced.
 QByteArray resolved(const QByteArray& path) {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr),
@@ -71,7 +66,7 @@ void replaceFile(const QString& path, QByteArrayView bytes, FileAccess access) {
     // Renaming over it would succeed all the same.
     if (exists && ::access(target.constData(), W_OK) != 0) throw FileError(path, errno);
     try {
-        PendingFile file(folderOf(target), modeFor(access));
+        PendingFile file(target, modeFor(access));
         file.write(bytes);
         if (exists && access == FileAccess::byUmask) {
             file.setOwnerAndMode(old.st_uid, old.st_gid, old.st_mode & permissionBits);
@@ -87,7 +82,7 @@ QString writeNewFile(const std::function<QString(int)>& pathFor, QByteArrayView 
                      FileAccess access) {
     QString path = pathFor(1);
     try {
-        PendingFile file(folderOf(toNativePath(path)), modeFor(access));
+        PendingFile file(toNativePath(path), modeFor(access));
         file.write(bytes);
         file.flush();
         for (int number = 1; !file.takeName(toNativePath(path));)

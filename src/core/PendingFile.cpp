@@ -2,7 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <QRandomGenerator>
+#include <QHashFunctions>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -11,16 +11,38 @@ namespace kestrio {
 
 namespace {
 
-constexpr int mostNames = 100;
+// More writers of one file than that at the same time are a fault.
+constexpr int mostNames = 1000;
 constexpr std::size_t mostAtOnce = std::size_t(1) << 30;
 
 [[noreturn]] void fail() {
     throw SystemError{errno};
 }
 
-QByteArray someHiddenName(const QByteArray& folder) {
-    return folder + "/.kestrio-" +
-           QByteArray::number(QRandomGenerator::global()->generate64(), 36) + ".part";
+QByteArray folderOf(const QByteArray& path) {
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.first(slash);
+}
+
+// Locked as long as its writer lives, so that others know what nobody writes any more.
+bool lock(int file) {
+    struct flock whole = {};
+    whole.l_type = F_WRLCK;
+    whole.l_whence = SEEK_SET;
+    return ::fcntl(file, F_OFD_SETLK, &whole) == 0;
+}
+
+// False where somebody is writing the file, or has just taken its name.
+bool removeAbandoned(const QByteArray& path) {
+    const Descriptor file(::open(path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat locked = {}, present = {};
+    if (!file.isOpen() || !lock(file.number()) || ::fstat(file.number(), &locked) != 0 ||
+        ::lstat(path.constData(), &present) != 0) {
+        return false;
+    }
+    // Only who holds the lock of a file takes its name away.
+    return locked.st_ino == present.st_ino && locked.st_dev == present.st_dev &&
+           ::unlink(path.constData()) == 0;
 }
 
 // What file systems answer that have no files without names.
@@ -34,30 +56,40 @@ bool cannotRenameToFree(int code) {
 
 }  // namespace
 
-PendingFile::PendingFile(QByteArray folder, mode_t mode)
-    : folder_(std::move(folder)),
+PendingFile::PendingFile(const QByteArray& target, mode_t mode)
+    : folder_(folderOf(target)),
+      hiddenStem_(folder_ + "/.kestrio-" + QByteArray::number(qHash(target), 36)),
       file_(::open(folder_.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode)) {
-    if (file_.isOpen()) return;
-    if (!hasNoNamelessFiles(errno)) fail();
-    openNamed(mode);
+    if (!file_.isOpen()) {
+        if (!hasNoNamelessFiles(errno)) fail();
+        openHidden(mode);
+    }
+    lock(file_.number());
+}
+
+template <typename Take>
+void PendingFile::takeHiddenName(Take take) {
+    for (int number = 1; number <= mostNames; ++number) {
+        const QByteArray name = hiddenStem_ + '-' + QByteArray::number(number) + ".part";
+        if (take(name) || (removeAbandoned(name) && take(name))) {
+            hiddenName_ = name;
+            return;
+        }
+    }
+    throw SystemError{EEXIST};
 }
 
 PendingFile::~PendingFile() {
     if (!hiddenName_.isEmpty()) ::unlink(hiddenName_.constData());
 }
 
-void PendingFile::openNamed(mode_t mode) {
-    for (int tries = 0; tries < mostNames; ++tries) {
-        const QByteArray name = someHiddenName(folder_);
+void PendingFile::openHidden(mode_t mode) {
+    takeHiddenName([&](const QByteArray& name) {
         file_.reset(
             ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
-        if (file_.isOpen()) {
-            hiddenName_ = name;
-            return;
-        }
-        if (errno != EEXIST) fail();
-    }
-    fail();
+        if (!file_.isOpen() && errno != EEXIST) fail();
+        return file_.isOpen();
+    });
 }
 
 void PendingFile::write(QByteArrayView bytes) {
@@ -97,13 +129,7 @@ void PendingFile::renameOver(const QByteArray& path) {
 }
 
 void PendingFile::linkHidden() {
-    for (int tries = 0; tries < mostNames; ++tries) {
-        const QByteArray name = someHiddenName(folder_);
-        if (!linkTo(name)) continue;
-        hiddenName_ = name;
-        return;
-    }
-    throw SystemError{EEXIST};
+    takeHiddenName([this](const QByteArray& name) { return linkTo(name); });
 }
 
 bool PendingFile::linkTo(const QByteArray& path) {
