@@ -30,9 +30,8 @@ void preparePlatform() {
 
 QString DisplayRefusal::errorDescription() const {
     return localised(
-               "the display \"%1\" cannot be opened, or takes no more programs; close some and "
-               "try again")
-        .arg(qEnvironmentVariable("DISPLAY"));
+        "the display refuses the connection; it may serve too many programs, so close some and try "
+        "again");
 }
 
 PlatformServices makePlatformServices() {

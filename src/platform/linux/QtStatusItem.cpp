@@ -60,18 +60,21 @@ void QtStatusItem::tryToShow() {
 
 // Not waited for: a bus that hangs must not hold up the program.
 void QtStatusItem::askForHost() {
-    const QDBusPendingCall call =
-        QDBusConnection::sessionBus().asyncCall(questionForHost(), answerMilliseconds);
-    answer_ = std::make_unique<QDBusPendingCallWatcher>(call);
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    // A call without a connection never finishes.
+    if (!bus.isConnected()) return tryLater();
+    answer_ = std::make_unique<QDBusPendingCallWatcher>(
+        bus.asyncCall(questionForHost(), answerMilliseconds));
     QObject::connect(answer_.get(), &QDBusPendingCallWatcher::finished, answer_.get(), [this] {
         const QDBusPendingReply<QVariant> reply = *answer_;
-        if (reply.isValid() && reply.value().toBool()) {
-            reveal();
-        } else {
-            waiting_.start(nextWait_);
-            nextWait_ = std::min(nextWait_ * 2, longestWait);
-        }
+        if (reply.isValid() && reply.value().toBool()) return reveal();
+        tryLater();
     });
+}
+
+void QtStatusItem::tryLater() {
+    waiting_.start(nextWait_);
+    nextWait_ = std::min(nextWait_ * 2, longestWait);
 }
 
 void QtStatusItem::reveal() {

@@ -28,6 +28,7 @@ class QtStatusItem : public StatusItem {
     bool hasXTray() const;
     void tryToShow();
     void askForHost();
+    void tryLater();
     void reveal();
     void make();
     void rebuild();

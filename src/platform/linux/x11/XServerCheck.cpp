@@ -2,6 +2,7 @@
 
 #include "core/Descriptor.h"
 
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <xcb/xcb.h>
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <thread>
 
 namespace kestrio {
@@ -18,27 +20,44 @@ namespace {
 constexpr std::chrono::seconds patience(5);
 constexpr std::chrono::milliseconds pause(50);
 
-// A server that is full closes connections that it has let in.
-bool isRunning() {
+enum class Answer { accepts, isFull, none };
+
+// Null where the display is elsewhere, reached over a network.
+std::optional<sockaddr_un> localServer() {
     char* host = nullptr;
     int number = 0;
-    if (!xcb_parse_display(nullptr, &host, &number, nullptr)) return false;
+    if (!xcb_parse_display(nullptr, &host, &number, nullptr)) return std::nullopt;
     const bool isLocal = *host == 0;
     std::free(host);
-    if (!isLocal) return false;
+    if (!isLocal) return std::nullopt;
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     std::snprintf(address.sun_path, sizeof address.sun_path, "/tmp/.X11-unix/X%d", number);
-    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    return ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address),
-                     sizeof address) == 0;
+    return address;
 }
 
-bool takesConnection() {
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-    const int fault = xcb_connection_has_error(connection);
-    xcb_disconnect(connection);
-    return fault == 0;
+// By the first words of the protocol and not by Xlib, which adds words of its own to a refusal. A
+// server that wants a key for its display counts as one that accepts.
+Answer askServer(const sockaddr_un& address) {
+    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!socket.isOpen() || ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address),
+                                      sizeof address) != 0) {
+        return Answer::none;
+    }
+    // Byte order, the protocol's version 11.0, and no key.
+    constexpr char greeting[12] = {'l', 0, 11};
+    ::send(socket.number(), greeting, sizeof greeting, MSG_NOSIGNAL);
+    pollfd waiting = {socket.number(), POLLIN, 0};
+    const auto limit = std::chrono::milliseconds(patience).count();
+    char answer[64] = {};
+    if (::poll(&waiting, 1, static_cast<int>(limit)) != 1 ||
+        ::recv(socket.number(), answer, sizeof answer, 0) <= 0) {
+        return Answer::none;
+    }
+    constexpr int reasonAt = 8;
+    const bool isRefused = answer[0] == 0;
+    const QByteArrayView reason(answer + reasonAt, sizeof answer - reasonAt);
+    return isRefused && reason.startsWith("Maximum number") ? Answer::isFull : Answer::accepts;
 }
 
 }  // namespace
@@ -51,13 +70,15 @@ bool isX11Chosen() {
 }
 
 bool waitForXServer() {
+    const auto address = localServer();
+    if (!address) return true;
     const auto limit = std::chrono::steady_clock::now() + patience;
-    while (!takesConnection()) {
-        // One that is elsewhere is not asked again.
-        if (!isRunning() || std::chrono::steady_clock::now() > limit) return false;
+    for (;;) {
+        const Answer answer = askServer(*address);
+        if (answer == Answer::accepts) return true;
+        if (answer == Answer::none || std::chrono::steady_clock::now() > limit) return false;
         std::this_thread::sleep_for(pause);
     }
-    return true;
 }
 
 }  // namespace kestrio
