@@ -18,8 +18,8 @@ constexpr std::chrono::milliseconds numberLeaves(150);
 
 // What a picture usually takes to be written, and more.
 constexpr std::chrono::seconds storageGrace(1);
-// For captures that asked at the same moment.
-constexpr std::chrono::seconds turnLimit(30);
+// For captures that asked at the same moment, a hundred of them at most.
+constexpr std::chrono::seconds turnLimit(120);
 constexpr std::chrono::milliseconds turnPoll(5);
 
 CaptureError goneError() {
