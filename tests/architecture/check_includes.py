@@ -8,7 +8,7 @@ import sys
 from pathlib import Path
 
 # What each room may include besides itself, from the lowest floor up.
-ROOMS = ["core", "imaging", "platform", "settings", "annotation", "render", "text", "library",
+ROOMS = ["core", "imaging", "platform", "settings", "ui", "annotation", "render", "text", "library",
          "capture", "scrolling", "recording", "editor", "app"]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)

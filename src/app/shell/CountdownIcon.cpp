@@ -1,6 +1,7 @@
 #include "app/shell/CountdownIcon.h"
 
 #include "imaging/text/SystemFont.h"
+#include "ui/Palette.h"
 
 #include <QPainter>
 #include <QPixmap>
@@ -10,7 +11,6 @@ namespace kestrio {
 namespace {
 
 constexpr int sides[] = {22, 32, 64};  // pixels, as trays ask for them
-constexpr QColor ground(10, 124, 255);
 // Of the side.
 constexpr double cornerShare = 0.22, numberShare = 0.62;
 
@@ -20,9 +20,9 @@ QPixmap tile(int seconds, int side) {
     QPainter painter(&made);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
+    painter.setBrush(Palette::light().accent);
     painter.drawRoundedRect(made.rect(), side * cornerShare, side * cornerShare);
-    painter.setPen(Qt::white);
+    painter.setPen(Palette::light().accentText);
     painter.setFont(systemFont(side * numberShare, QFont::Bold));
     painter.drawText(made.rect(), Qt::AlignCenter, QString::number(seconds));
     return made;

@@ -2,6 +2,7 @@
 
 #include "core/Localisation.h"
 #include "imaging/text/SystemFont.h"
+#include "ui/Palette.h"
 
 #include <QPainter>
 
@@ -14,8 +15,6 @@ constexpr double numberSize = 40;
 constexpr double hintSize = 11;
 // Of the disc's side: where the words stand below the number.
 constexpr double hintTop = 0.62;
-constexpr QColor ground(29, 29, 31);
-constexpr QColor hintColor(190, 190, 196);
 
 }  // namespace
 
@@ -47,17 +46,18 @@ void CountdownWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF whole(QPointF(), size());
+    const QColor ground = Palette::dark().overlayGround;
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(whole, format().hasAlpha() ? QColor(Qt::transparent) : ground);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     painter.drawEllipse(whole);
-    painter.setPen(Qt::white);
+    painter.setPen(Palette::dark().overlayText);
     painter.setFont(systemFont(numberSize, QFont::DemiBold));
     painter.drawText(whole.adjusted(0, 0, 0, -whole.height() * 0.18), Qt::AlignCenter,
                      QString::number(seconds_));
-    painter.setPen(hintColor);
+    painter.setPen(Palette::dark().secondaryText);
     painter.setFont(systemFont(hintSize, QFont::Normal));
     painter.drawText(whole.adjusted(0, whole.height() * hintTop, 0, 0),
                      Qt::AlignHCenter | Qt::AlignTop, localised("Esc cancels"));

@@ -1,6 +1,6 @@
 #include "app/shell/EditorWindowCoordinator.h"
 
-#include "app/shell/WindowFocus.h"
+#include "ui/WindowPlacement.h"
 #include "core/Localisation.h"
 #include "editor/document/DocumentDraft.h"
 #include "editor/views/EditorWindow.h"

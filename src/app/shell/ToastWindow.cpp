@@ -1,6 +1,7 @@
 #include "app/shell/ToastWindow.h"
 
 #include "imaging/text/SystemFont.h"
+#include "ui/Palette.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -19,15 +20,13 @@ constexpr double tickGap = 8;
 constexpr double largestText = 560;
 constexpr int fadeInMilliseconds = 180;
 constexpr int fadeOutMilliseconds = 250;
-constexpr QColor ground(29, 29, 31);
-constexpr QColor tickColor(50, 215, 75);
 
 void paintTick(QPainter& painter, const QRectF& place) {
     QPainterPath tick;
     tick.moveTo(place.left() + place.width() * 0.1, place.center().y());
     tick.lineTo(place.left() + place.width() * 0.4, place.bottom() - place.height() * 0.2);
     tick.lineTo(place.right() - place.width() * 0.08, place.top() + place.height() * 0.2);
-    painter.setPen(QPen(tickColor, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(Palette::dark().success, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(tick);
 }
@@ -90,6 +89,7 @@ void ToastWindow::paintEvent(QPaintEvent*) {
         painter.setOpacity(opacity_.currentValue().toDouble());
     }
     painter.setPen(Qt::NoPen);
+    const QColor ground = Palette::dark().overlayGround;
     painter.setBrush(ground);
     if (format().hasAlpha()) {
         painter.drawRoundedRect(whole, toastHeight / 2, toastHeight / 2);
@@ -97,7 +97,7 @@ void ToastWindow::paintEvent(QPaintEvent*) {
         painter.fillRect(whole, ground);
     }
     paintTick(painter, {sidePadding, (whole.height() - tickSize) / 2, tickSize, tickSize});
-    painter.setPen(Qt::white);
+    painter.setPen(Palette::dark().overlayText);
     painter.setFont(font());
     painter.drawText(whole.adjusted(sidePadding + tickSize + tickGap, 0, -sidePadding / 2, 0),
                      Qt::AlignVCenter | Qt::AlignLeft, text_);

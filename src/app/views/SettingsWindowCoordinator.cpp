@@ -1,8 +1,8 @@
 #include "app/views/SettingsWindowCoordinator.h"
 
-#include "app/shell/WindowFocus.h"
+#include "ui/WindowPlacement.h"
 #include "app/views/SettingsController.h"
-#include "editor/views/EngineLease.h"
+#include "ui/views/EngineLease.h"
 
 #include <QQmlComponent>
 #include <QQuickWindow>

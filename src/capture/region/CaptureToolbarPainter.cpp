@@ -2,6 +2,7 @@
 
 #include "capture/overlay/OverlayLabel.h"
 #include "imaging/text/SystemFont.h"
+#include "ui/Palette.h"
 
 #include <QImageReader>
 #include <QPainter>
@@ -17,20 +18,6 @@ constexpr double swatchRadius = 8;
 constexpr double ringRadius = 10.5;
 constexpr double toolTipGap = 6;
 constexpr double toolTipSize = 12;
-constexpr QColor accent(0x0a, 0x7c, 0xff);
-
-struct Palette {
-    QColor surface, hairline, hover, pressed, text, edge;
-};
-
-Palette paletteFor(bool isDark) {
-    if (isDark) {
-        return {{0x26, 0x26, 0x2b}, {0x3a, 0x3a, 0x41}, {0x36, 0x36, 0x3d},
-                {0x42, 0x42, 0x4a}, {0xf2, 0xf2, 0xf5}, {255, 255, 255, 70}};
-    }
-    return {{0xfb, 0xfb, 0xfd}, {0xdc, 0xdd, 0xe3}, {0xec, 0xee, 0xf3},
-            {0xdf, 0xe2, 0xea}, {0x1d, 0x1d, 0x1f}, {0, 0, 0, 50}};
-}
 
 OverlayLabel toolTipLabel(const CaptureToolbar& toolbar, const ToolbarLook& look) {
     return {toolbar.buttons().at(static_cast<std::size_t>(look.hovered)).toolTip,
@@ -38,7 +25,7 @@ OverlayLabel toolTipLabel(const CaptureToolbar& toolbar, const ToolbarLook& look
 }
 
 QImage tinted(const QString& name, QColor color, int pixels) {
-    QImageReader reader(QStringLiteral(":/kestrio/capture/%1.svg").arg(name));
+    QImageReader reader(QStringLiteral(":/kestrio/icons/%1.svg").arg(name));
     reader.setScaledSize({pixels, pixels});
     QImage icon = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (icon.isNull()) return icon;
@@ -51,7 +38,7 @@ QImage tinted(const QString& name, QColor color, int pixels) {
 void paintSwatch(QPainter& painter, QPointF center, const CodableColor& color, bool isChosen,
                  bool isHovered, const Palette& colors) {
     if (isChosen || isHovered) {
-        painter.setPen(QPen(isChosen ? accent : colors.pressed, 2));
+        painter.setPen(QPen(isChosen ? colors.accent : colors.pressed, 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(center, ringRadius, ringRadius);
     }
@@ -92,7 +79,7 @@ QRectF CaptureToolbarPainter::toolTipPlace(const CaptureToolbar& toolbar, const 
 
 void CaptureToolbarPainter::paint(QPainter& painter, const CaptureToolbar& toolbar,
                                   const ToolbarLook& look) {
-    const Palette colors = paletteFor(look.isDark);
+    const Palette& colors = Palette::of(look.isDark);
     const QRectF whole(look.origin, toolbar.size());
     painter.setPen(QPen(colors.hairline, 1));
     painter.setBrush(colors.surface);
@@ -111,11 +98,11 @@ void CaptureToolbarPainter::paint(QPainter& painter, const CaptureToolbar& toolb
         }
         if (button.isPrimary || isPressed || isHovered) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(button.isPrimary ? accent.darker(isPressed ? 120 : isHovered ? 108 : 100)
+            painter.setBrush(button.isPrimary ? colors.accent.darker(isPressed ? 120 : isHovered ? 108 : 100)
                                               : isPressed ? colors.pressed : colors.hover);
             painter.drawRoundedRect(place, buttonRadius, buttonRadius);
         }
-        paintIcon(painter, button, place.center(), button.isPrimary ? QColor(Qt::white) : colors.text);
+        paintIcon(painter, button, place.center(), button.isPrimary ? colors.accentText : colors.text);
     }
     if (look.showsToolTip && look.hovered >= 0) {
         toolTipLabel(toolbar, look).paint(painter, toolTipPlace(toolbar, look));

@@ -1,5 +1,7 @@
 #include "capture/region/SelectionPainter.h"
 
+#include "ui/Palette.h"
+
 #include <QPainter>
 
 namespace kestrio {
@@ -7,12 +9,11 @@ namespace kestrio {
 namespace {
 
 constexpr double handleSize = 10;
-constexpr QColor snapColor(0x0a, 0x7c, 0xff);
 // How far borders and handles reach beyond the selection.
 constexpr int borderReach = 8;
 
 void paintHandles(QPainter& painter, const QRectF& selection) {
-    painter.setPen(QPen(snapColor, 1.5));
+    painter.setPen(QPen(Palette::light().accent, 1.5));
     painter.setBrush(Qt::white);
     for (const SelectionHandle handle : selectionHandles) {
         QRectF square(0, 0, handleSize, handleSize);
@@ -28,7 +29,7 @@ void paintSelection(QPainter& painter, const RegionSelection& selection) {
     if (rect.isEmpty()) return;
     painter.setBrush(Qt::NoBrush);
     if (selection.isSnapping()) {
-        painter.setPen(QPen(snapColor, 3));
+        painter.setPen(QPen(Palette::light().accent, 3));
         painter.drawRect(rect);
         return;
     }

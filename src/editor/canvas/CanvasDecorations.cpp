@@ -4,6 +4,7 @@
 #include "annotation/painting/AnnotationPainter.h"
 #include "annotation/painting/ArrowShape.h"
 #include "annotation/painting/Caption.h"
+#include "ui/Palette.h"
 
 #include <QPainterPath>
 
@@ -11,8 +12,8 @@ namespace kestrio {
 
 namespace {
 
-const QColor accent(0x0a, 0x84, 0xff);
-const QColor guideColor(0xff, 0x2d, 0x92);
+const QColor& accent = Palette::light().accent;
+const QColor& guideColor = Palette::light().guide;
 constexpr double handleDiameter = 10;
 constexpr double farAway = 1e5;  // beyond every view, in points
 
@@ -125,7 +126,7 @@ void paintDimensions(QPainter& painter, const DimensionLabel& label) {
     QRectF pill(QPointF(), QSizeF(text.width() + 2 * margin, fontSize * 1.8));
     pill.moveCenter(label.position);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(label.isSnapped ? guideColor : QColor(0x1d, 0x1d, 0x1f, 220));
+    painter.setBrush(label.isSnapped ? guideColor : Palette::light().overlayLabel);
     painter.drawRoundedRect(pill, pill.height() / 2, pill.height() / 2);
     paintCaption(painter, label.text, label.position, fontSize, Qt::white);
 }

@@ -8,7 +8,7 @@
 namespace kestrio {
 
 ColorPanel::ColorPanel(EditorViewModel& editor, QObject* parent)
-    : QObject(parent), editor_(editor) {
+    : ColorPicking(parent), editor_(editor) {
     using Picker = ColorPickerViewModel;
     connect(&picker(), &Picker::isColorPickingModeChanged, this, &ColorPanel::pickingChanged);
     connect(&picker(), &Picker::currentColorChanged, this, &ColorPanel::colorChanged);

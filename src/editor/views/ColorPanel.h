@@ -1,22 +1,12 @@
 #pragma once
 
 #include "editor/document/EditorViewModel.h"
-#include "library/color/CombinedColorInput.h"
-
-#include <QQmlEngine>
-#include <QVariantMap>
+#include "ui/views/ColorPicking.h"
 
 namespace kestrio {
 
-/// The fields in which views let a colour be typed.
-struct ColorInputElement {
-    Q_GADGET
-    QML_FOREIGN(CombinedColorInput)
-    QML_NAMED_ELEMENT(CombinedColorInput)
-};
-
 /// The eyedropper, the colours picked last, and colours as texts. Main thread.
-class ColorPanel : public QObject {
+class ColorPanel : public ColorPicking {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Part of the editor")
@@ -25,7 +15,6 @@ class ColorPanel : public QObject {
     /// The colour as a text in the chosen format; that there is none.
     Q_PROPERTY(QString text READ text NOTIFY colorChanged)
     Q_PROPERTY(bool hasColor READ hasColor NOTIFY colorChanged)
-    Q_PROPERTY(QVariantList recent READ recent NOTIFY recentChanged)
     Q_PROPERTY(QVariantList formats READ formats CONSTANT)
     Q_PROPERTY(QString format READ format NOTIFY colorChanged)
     Q_PROPERTY(bool isCopied READ isCopied NOTIFY copiedChanged)
@@ -37,8 +26,7 @@ class ColorPanel : public QObject {
     QColor swatch() const { return picker().currentSwatch(); }
     QString text() const { return picker().currentText(); }
     bool hasColor() const { return picker().currentColor().has_value(); }
-    /// Newest first.
-    QVariantList recent() const;
+    QVariantList recent() const override;
     QVariantList formats() const;
     QString format() const;
     bool isCopied() const { return picker().showCopiedFeedback(); }
@@ -46,9 +34,7 @@ class ColorPanel : public QObject {
     /// Starts or ends picking. What is picked becomes the tools' colour in annotation mode, with
     /// `forBackdrop` the backdrop's too.
     Q_INVOKABLE void toggle(bool forBackdrop = false);
-    /// Starts picking for one view alone, which hears of the colour by pickedFor().
-    Q_INVOKABLE void pickFor(QObject* receiver);
-    Q_SIGNAL void pickedFor(QObject* receiver, const QColor& color);
+    void pickFor(QObject* receiver) override;
     /// Points of the picture, from its top left corner.
     Q_INVOKABLE void movePointer(const QPointF& point);
     Q_INVOKABLE void pick(const QPointF& point, bool forBackdrop);
@@ -60,7 +46,6 @@ class ColorPanel : public QObject {
 
     Q_SIGNAL void pickingChanged();
     Q_SIGNAL void colorChanged();
-    Q_SIGNAL void recentChanged();
     Q_SIGNAL void copiedChanged();
 
   private:

@@ -7,6 +7,8 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+void qml_register_types_Kestrio_Editor();
+
 namespace kestrio {
 
 namespace {
@@ -34,6 +36,9 @@ EditorWindow::~EditorWindow() {
 void EditorWindow::open(const Image& image) {
     controller_.open(image);
     if (window_) return;
+    // A linker drops a registration that nobody calls.
+    static const bool isRegistered = (qml_register_types_Kestrio_Editor(), true);
+    Q_UNUSED(isRegistered)
     QQmlComponent component(
         &lease_.engine(), QUrl(QStringLiteral("qrc:/qt/qml/Kestrio/Editor/qml/EditorWindow.qml")));
     std::unique_ptr<QObject> made(component.createWithInitialProperties(

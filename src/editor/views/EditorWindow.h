@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/views/EditorController.h"
-#include "editor/views/EngineLease.h"
+#include "ui/views/EngineLease.h"
 
 class QQuickWindow;
 

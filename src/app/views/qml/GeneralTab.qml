@@ -1,6 +1,6 @@
 import QtQuick
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 SettingsPage {
     id: tab

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 // The pattern of file names, with the name that it makes now.
 ColumnLayout {

@@ -1,6 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
+import Kestrio.Ui
 
 // A group of settings that belong together, under an optional heading.
 ColumnLayout {

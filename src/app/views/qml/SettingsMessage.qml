@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 // What went wrong, or what has to be done for a change to count, below the tabs.
 Rectangle {

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
-import Kestrio.Editor
+import Kestrio.Ui
 
 // A tab's content, scrolled where the window is too low for it.
 Flickable {

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 // A switch for one field of the settings, with a line below that says more.
 ColumnLayout {

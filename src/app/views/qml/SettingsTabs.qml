@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 // The row of tabs at the top. Arrow keys move between them.
 Rectangle {

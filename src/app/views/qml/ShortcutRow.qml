@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
-import Kestrio.Editor
 import Kestrio.App
+import Kestrio.Ui
 
 // A hotkey with the button that records it, and what stands against its combination.
 ColumnLayout {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // What can be done with the annotation under the pointer.
 Basic.Menu {

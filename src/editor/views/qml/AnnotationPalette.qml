@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Tools, colour, stroke and fill, floating over the canvas.
 Rectangle {
@@ -84,7 +85,7 @@ Rectangle {
                 }
                 ColorWell {
                     anchors.verticalCenter: parent.verticalCenter
-                    controller: annotator.controller
+                    picking: annotator.controller.colors
                     color: annotator.tool.color
                     quick: annotator.panel.quickColors
                     tip: qsTr("Any other colour")

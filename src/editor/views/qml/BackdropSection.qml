@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 ColumnLayout {
     id: section
@@ -74,7 +75,7 @@ ColumnLayout {
     Component {
         id: solid
         ColorRow {
-            controller: section.controller
+            picking: section.controller.colors
             label: qsTr("Colour")
             color: section.style.solidColor
             onMoved: color => section.controller.set("solidColor", color)

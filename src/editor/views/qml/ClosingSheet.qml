@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Asks before a window closes on changes that are nowhere else.
 Sheet {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Colours of the picture: picked with the eyedropper, kept for a while, copied as texts.
 ColumnLayout {

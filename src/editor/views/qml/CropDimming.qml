@@ -1,4 +1,5 @@
 import QtQuick
+import Kestrio.Ui
 
 // Darkens a rectangle outside another: four rectangles around the inner one.
 Item {
@@ -22,7 +23,7 @@ Item {
             y: modelData.y
             width: Math.max(0, modelData.width)
             height: Math.max(0, modelData.height)
-            color: "#99000000"
+            color: Theme.cropShade
         }
     }
 }

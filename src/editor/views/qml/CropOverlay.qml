@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // The crop frame over the picture. Geometry comes from the crop panel.
 Item {
@@ -23,7 +24,7 @@ Item {
         width: overlay.frame.width
         height: overlay.frame.height
         color: "transparent"
-        border.color: "#ffffff"
+        border.color: Theme.overlayLine
         border.width: 1.5
         Repeater {
             model: 2
@@ -32,13 +33,13 @@ Item {
                 x: parent.width * (index + 1) / 3
                 width: 1
                 height: parent.height
-                color: "#aaffffff"
+                color: Theme.overlayThirds
                 // Seen on light pictures.
                 Rectangle {
                     x: 1
                     width: 1
                     height: parent.height
-                    color: "#30000000"
+                    color: Theme.overlayShadow
                 }
             }
         }
@@ -49,12 +50,12 @@ Item {
                 y: parent.height * (index + 1) / 3
                 height: 1
                 width: parent.width
-                color: "#aaffffff"
+                color: Theme.overlayThirds
                 Rectangle {
                     y: 1
                     width: parent.width
                     height: 1
-                    color: "#30000000"
+                    color: Theme.overlayShadow
                 }
             }
         }
@@ -74,7 +75,7 @@ Item {
             width: overlay.crop.handleSize
             height: width
             radius: width / 2
-            color: "#ffffff"
+            color: Theme.knob
             border.color: Theme.accent
             border.width: 2
             x: place.x - width / 2
@@ -100,13 +101,13 @@ Item {
         width: sizeLabel.implicitWidth + 16
         height: 22
         radius: 11
-        color: "#cc1d1d1f"
+        color: Theme.overlayLabel
         Text {
             id: sizeLabel
             anchors.centerIn: parent
             text: overlay.crop.sizeText
             font.pixelSize: Theme.captionSize
-            color: "#ffffff"
+            color: Theme.overlayText
         }
     }
     CropToolbar {

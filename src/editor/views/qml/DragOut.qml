@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // A grip from which the finished picture is dragged into another program.
 IconButton {

@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Takes a dropped picture: a file, or the bytes that another program drags.
 DropArea {
@@ -20,7 +21,7 @@ DropArea {
         anchors.fill: parent
         anchors.margins: 8
         visible: target.containsDrag
-        color: "#220a7cff"
+        color: Qt.alpha(Theme.accent, 0.13)
         border.color: Theme.accent
         border.width: 2
         radius: Theme.largeRadius

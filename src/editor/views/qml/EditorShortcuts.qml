@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Commands of the whole window. Text fields take those that mean something to them first.
 Item {

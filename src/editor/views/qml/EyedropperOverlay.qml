@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Follows the pointer with a magnifier and picks the pixel under it; with Alt for the backdrop.
 Item {
@@ -35,7 +36,7 @@ Item {
             height: 132
             radius: 66
             color: "transparent"
-            border.color: "#73737a"
+            border.color: Theme.knobEdge
             border.width: 2
         }
         Rectangle {

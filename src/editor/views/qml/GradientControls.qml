@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // The gradients in their groups, and one of the user's own colours.
 ColumnLayout {
@@ -62,7 +63,7 @@ ColumnLayout {
             model: controls.own.length
             ColorWell {
                 required property int index
-                controller: controls.controller
+                picking: controls.controller.colors
                 color: controls.own[index] ?? "transparent"
                 tip: qsTr("Colour %1 of the gradient").arg(index + 1)
                 function changed(color) {

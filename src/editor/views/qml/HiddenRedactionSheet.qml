@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Asks before a picture leaves with blurs that are hidden: what they cover would be readable.
 Sheet {

@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Edits a text annotation where it stands. The annotation has what is typed at once; Escape, a click
 // elsewhere and every other command end the typing. Laid out in points of the screenshot and scaled,

@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // A folding part of the right panel. What it holds is made when it is unfolded.
 ColumnLayout {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 ColumnLayout {
     id: controls
@@ -49,9 +50,9 @@ ColumnLayout {
             text: qsTr("Colour of the pattern")
         }
         ColorWell {
-            controller: controls.controller
+            picking: controls.controller.colors
             color: controls.controller.style.patternColor
-            quick: ["#FFFFFF", "#1D1D1F", "#8E8E93", "#007AFF", "#FF3B30", "#FF9500", "#28CD41", "#AF52DE"]
+            quick: Theme.inkColors
             onMoved: color => controls.controller.set("patternColor", color)
             onPicked: color => controls.controller.choose("patternColor", color)
         }

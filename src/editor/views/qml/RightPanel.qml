@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 Rectangle {
     id: panel

@@ -2,6 +2,7 @@ import QtQml
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Where the finished picture can be handed to.
 Basic.Menu {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Widths of strokes as dots.
 Row {

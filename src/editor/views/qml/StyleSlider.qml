@@ -1,4 +1,5 @@
 import Kestrio.Editor
+import Kestrio.Ui
 
 // A slider of one field of the style.
 SliderRow {

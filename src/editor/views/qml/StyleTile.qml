@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // A whole style as a picture of the document, with its name.
 Basic.AbstractButton {

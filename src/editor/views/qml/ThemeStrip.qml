@@ -1,5 +1,6 @@
 import QtQuick
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Built-in styles and the user's own as pictures of the document.
 Rectangle {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Kestrio.Editor
+import Kestrio.Ui
 
 // Choices as pictures of themselves. Placed by hand: a positioner's own width would follow its
 // tiles, which follow its width.

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Kestrio.Editor
+import Kestrio.Ui
 
 ColumnLayout {
     id: controls
@@ -22,7 +23,7 @@ ColumnLayout {
     }
     ColorRow {
         Layout.fillWidth: true
-        controller: controls.controller
+        picking: controls.controller.colors
         label: qsTr("Colour")
         color: controls.controller.style.watermarkColor
         onMoved: color => controls.controller.set("watermarkColor", color)

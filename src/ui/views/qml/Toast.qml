@@ -19,7 +19,7 @@ Rectangle {
     width: Math.min(label.implicitWidth + 36, parent ? parent.width - 80 : 400)
     height: label.height + 20
     radius: Theme.largeRadius
-    color: isFailure ? Theme.danger : Theme.isDark ? "#4a4a52" : "#e61d1d1f"
+    color: isFailure ? Theme.danger : Theme.note
     anchors.horizontalCenter: parent ? parent.horizontalCenter : undefined
     y: parent ? parent.height - height - bottomGap + (isShown ? 0 : 20) : 0
     visible: opacity > 0
@@ -34,7 +34,7 @@ Rectangle {
         anchors.centerIn: parent
         width: Math.min(implicitWidth, toast.parent ? toast.parent.width - 116 : 360)
         text: toast.text
-        color: "#ffffff"
+        color: Theme.noteText
         font.pixelSize: Theme.bodySize
         wrapMode: Text.Wrap
     }

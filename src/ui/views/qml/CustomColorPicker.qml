@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Kestrio.Ui
 
 // Hue, saturation and brightness, and a field for the digits of a colour.
 ColumnLayout {

@@ -112,7 +112,7 @@ ColumnLayout {
             width: 14
             height: 14
             radius: 7
-            color: "#ffffff"
+            color: Theme.knob
             border.color: slider.visualFocus ? Theme.accent : Qt.darker(Theme.hairline, 1.25)
             border.width: slider.visualFocus ? 2 : 1
         }

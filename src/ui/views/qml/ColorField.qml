@@ -1,6 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
+import Kestrio.Ui
 
 // The digits of a colour: as hex, or as three numbers.
 ColumnLayout {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "core/EnumTable.h"
 #include "core/Published.h"
-#include "library/color/ColorFormat.h"
 
+#include <QColor>
 #include <QObject>
 
 namespace kestrio {

@@ -20,11 +20,11 @@ Loader {
         contentItem: Text {
             text: tip.text
             font.pixelSize: Theme.captionSize
-            color: Theme.isDark ? Theme.text : "#ffffff"
+            color: Theme.noteText
         }
         background: Rectangle {
             radius: Theme.radius
-            color: Theme.isDark ? "#47474f" : "#e61d1d1f"
+            color: Theme.note
         }
         Component.onCompleted: visible = true
     }

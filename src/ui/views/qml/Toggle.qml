@@ -31,7 +31,7 @@ Basic.AbstractButton {
                 width: 16
                 height: 16
                 radius: 8
-                color: "#ffffff"
+                color: Theme.knob
                 Behavior on x { NumberAnimation { duration: Theme.motion } }
             }
         }

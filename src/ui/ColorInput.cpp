@@ -1,4 +1,4 @@
-#include "library/color/ColorInput.h"
+#include "ui/ColorInput.h"
 
 namespace kestrio {
 

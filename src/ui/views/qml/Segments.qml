@@ -12,7 +12,7 @@ Rectangle {
     implicitHeight: 30
     implicitWidth: 200
     radius: Theme.radius
-    color: Theme.isDark ? "#1f1f24" : "#eceef2"
+    color: Theme.well
 
     Row {
         anchors.fill: parent

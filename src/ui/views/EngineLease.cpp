@@ -1,4 +1,4 @@
-#include "editor/views/EngineLease.h"
+#include "ui/views/EngineLease.h"
 
 #include "core/Priority.h"
 
@@ -9,7 +9,7 @@
 #include <QTimer>
 #include <malloc.h>
 
-void qml_register_types_Kestrio_Editor();
+void qml_register_types_Kestrio_Ui();
 
 namespace kestrio {
 
@@ -38,7 +38,7 @@ void releaseEngine() {
 
 void prepareProcess() {
     // A linker drops a registration that nobody calls.
-    qml_register_types_Kestrio_Editor();
+    qml_register_types_Kestrio_Ui();
     preferWindows();
     // Drawn by the processor, windows come up sooner than with a graphics context, and what
     // they show most is a picture that the processor has made.

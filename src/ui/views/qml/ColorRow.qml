@@ -1,15 +1,14 @@
 import QtQuick
 import QtQuick.Layouts
-import Kestrio.Editor
+import Kestrio.Ui
 
 // A labelled colour: quick ones to click, and a well that opens any other.
 ColumnLayout {
     id: row
-    required property EditorController controller
+    required property ColorPicking picking
     property string label
     property color color
-    property var quick: ["#FF3B30", "#FF9500", "#FFCC00", "#28CD41", "#007AFF", "#AF52DE",
-        "#FFFFFF", "#1D1D1F"]
+    property var quick: Theme.quickColors
     // While a slider is dragged, and when a colour is settled on.
     signal moved(color color)
     signal picked(color color)
@@ -23,7 +22,7 @@ ColumnLayout {
             Layout.fillWidth: true
         }
         ColorWell {
-            controller: row.controller
+            picking: row.picking
             color: row.color
             quick: row.quick
             onMoved: color => row.moved(color)

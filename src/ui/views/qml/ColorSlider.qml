@@ -58,8 +58,8 @@ Basic.Slider {
         width: 16
         height: 16
         radius: 8
-        color: "#ffffff"
-        border.color: slider.visualFocus ? Theme.accent : "#8e8e93"
+        color: Theme.knob
+        border.color: slider.visualFocus ? Theme.accent : Theme.knobEdge
         border.width: slider.visualFocus ? 2 : 1
     }
 }

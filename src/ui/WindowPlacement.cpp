@@ -1,4 +1,4 @@
-#include "app/shell/WindowFocus.h"
+#include "ui/WindowPlacement.h"
 
 #include <QMargins>
 #include <QScreen>

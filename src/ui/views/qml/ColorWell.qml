@@ -1,11 +1,11 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
-import Kestrio.Editor
+import Kestrio.Ui
 
 // A colour to click, which opens the popover to change it.
 Basic.AbstractButton {
     id: well
-    required property EditorController controller
+    required property ColorPicking picking
     property color color
     property var quick: []
     property string tip: qsTr("Choose a colour")
@@ -28,7 +28,7 @@ Basic.AbstractButton {
     Hint { isWanted: well.hovered && !popover.active; words: well.tip }
 
     Connections {
-        target: well.controller.colors
+        target: well.picking
         function onPickedFor(receiver, color) { if (receiver === well) well.picked(color) }
     }
     Loader {
@@ -36,14 +36,14 @@ Basic.AbstractButton {
         active: false
         sourceComponent: ColorPopover {
             parent: well
-            controller: well.controller
+            picking: well.picking
             color: well.color
             quick: well.quick
             y: well.height + 6
             x: Math.min(0, well.width - width)
             onMoved: color => well.moved(color)
             onPicked: color => well.picked(color)
-            onEyedropperRequested: well.controller.colors.pickFor(well)
+            onEyedropperRequested: well.picking.pickFor(well)
             onClosed: popover.active = false
             Component.onCompleted: open()
         }

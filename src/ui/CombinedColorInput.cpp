@@ -1,6 +1,6 @@
-#include "library/color/CombinedColorInput.h"
+#include "ui/CombinedColorInput.h"
 
-#include "library/color/ColorInput.h"
+#include "ui/ColorInput.h"
 
 namespace kestrio {
 

@@ -1,12 +1,12 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic as Basic
-import Kestrio.Editor
+import Kestrio.Ui
 
 // Quick colours, those picked last, sliders and fields for any other, and the eyedropper.
 Basic.Popup {
     id: popover
-    required property EditorController controller
+    required property ColorPicking picking
     property color color
     property var quick: []
     property bool showsCustom: false
@@ -43,8 +43,8 @@ Basic.Popup {
         SwatchRow {
             id: recent
             Layout.fillWidth: true
-            visible: popover.controller.colors.recent.length > 0
-            colors: popover.controller.colors.recent
+            visible: popover.picking.recent.length > 0
+            colors: popover.picking.recent
             current: popover.color
             onChosen: color => popover.picked(color)
         }
