@@ -68,13 +68,12 @@ double firstFrameOfEditor(const Image& image) {
     window.open(image);
     double shown = NAN;
     QEventLoop loop;
-    QObject::connect(window.window(), &QQuickWindow::frameSwapped, &loop,
-                     [&] {
-                         if (!std::isnan(shown)) return;
-                         shown = milliseconds(CLOCK_MONOTONIC) - start;
-                         processor = milliseconds(CLOCK_THREAD_CPUTIME_ID) - processorStart;
-                         loop.quit();
-                     });
+    QObject::connect(window.window(), &QQuickWindow::frameSwapped, &loop, [&] {
+        if (!std::isnan(shown)) return;
+        shown = milliseconds(CLOCK_MONOTONIC) - start;
+        processor = milliseconds(CLOCK_THREAD_CPUTIME_ID) - processorStart;
+        loop.quit();
+    });
     QTimer::singleShot(5000, &loop, &QEventLoop::quit);
     loop.exec();
     std::printf("    second editor: %.0f ms of processor time of the main thread\n", processor);

@@ -25,7 +25,8 @@ void grabDisplay(benchmark::State& state) {
     application();
     XcbConnection connection;
     if (!connection.open()) return state.SkipWithError("there is no X server");
-    const QRect all(0, 0, connection.screen().width_in_pixels, connection.screen().height_in_pixels);
+    const QRect all(0, 0, connection.screen().width_in_pixels,
+                    connection.screen().height_in_pixels);
     X11ScreenGrabber grabber;
     for (auto _ : state)
         benchmark::DoNotOptimize(runUntilDone(grabber.grabRectangle(all, {})));
@@ -37,13 +38,13 @@ void copyThroughSharedMemory(benchmark::State& state) {
     XcbConnection connection;
     if (!connection.open()) return state.SkipWithError("there is no X server");
     const xcb_screen_t& screen = connection.screen();
-    const SharedSegment segment(
-        connection, std::size_t{4} * screen.width_in_pixels * screen.height_in_pixels);
+    const SharedSegment segment(connection,
+                                std::size_t{4} * screen.width_in_pixels * screen.height_in_pixels);
     if (!segment.isValid()) return state.SkipWithError("the X server shares no memory");
     for (auto _ : state) {
-        const auto cookie = xcb_shm_get_image(
-            connection.handle(), screen.root, 0, 0, screen.width_in_pixels,
-            screen.height_in_pixels, ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, segment.id(), 0);
+        const auto cookie = xcb_shm_get_image(connection.handle(), screen.root, 0, 0,
+                                              screen.width_in_pixels, screen.height_in_pixels, ~0U,
+                                              XCB_IMAGE_FORMAT_Z_PIXMAP, segment.id(), 0);
         const XcbReply<xcb_shm_get_image_reply_t> reply(
             xcb_shm_get_image_reply(connection.handle(), cookie, nullptr));
         if (!reply) return state.SkipWithError("the X server refuses");

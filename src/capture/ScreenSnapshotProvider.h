@@ -23,8 +23,8 @@ class ScreenSnapshotError : public Error {
 
 /// A display as it was at one moment.
 struct DisplaySnapshot {
-    QImage image;    ///< Format_RGB32
-    QRectF bounds;   ///< points of the desktop
+    QImage image;   ///< Format_RGB32
+    QRectF bounds;  ///< points of the desktop
     double scale = 1;
 };
 

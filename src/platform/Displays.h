@@ -12,11 +12,11 @@ namespace kestrio {
 /// pixels a point. Both coordinate systems have y downwards and start at the desktop's top left.
 /// Displays of different scales leave gaps between each other in points, never in pixels.
 struct Display {
-    QString name;           ///< as the system calls its connector, unique
-    QRectF bounds;          ///< points
-    QRectF visibleFrame;    ///< points; without panels and docks
-    QRect pixels;           ///< the same as `bounds`, in pixels of the whole desktop
-    double scale = 1;       ///< pixels a point, at least 1
+    QString name;         ///< as the system calls its connector, unique
+    QRectF bounds;        ///< points
+    QRectF visibleFrame;  ///< points; without panels and docks
+    QRect pixels;         ///< the same as `bounds`, in pixels of the whole desktop
+    double scale = 1;     ///< pixels a point, at least 1
     bool isPrimary = false;
 
     bool operator==(const Display&) const = default;

@@ -8,20 +8,20 @@ namespace kestrio {
 /// read it here, QML through Theme. What is drawn over pictures and over the screen is the same in
 /// both.
 struct Palette {
-    QColor ground;         ///< behind a document
-    QColor surface;        ///< of windows and panels
-    QColor raised;         ///< of fields and buttons on a surface
-    QColor well;           ///< sunk into a surface
-    QColor hairline;       ///< between parts of a surface
-    QColor edge;           ///< around colours that may be the surface's own
+    QColor ground;    ///< behind a document
+    QColor surface;   ///< of windows and panels
+    QColor raised;    ///< of fields and buttons on a surface
+    QColor well;      ///< sunk into a surface
+    QColor hairline;  ///< between parts of a surface
+    QColor edge;      ///< around colours that may be the surface's own
     QColor hover, pressed;
     QColor text, secondaryText;
     QColor accent, accentText;
     QColor success, danger;
-    QColor dim;            ///< over what a sheet covers
-    QColor knob, knobEdge; ///< of sliders and switches
-    QColor note, noteText; ///< tooltips and toasts
-    QColor cropShade;      ///< over what a crop takes away
+    QColor dim;             ///< over what a sheet covers
+    QColor knob, knobEdge;  ///< of sliders and switches
+    QColor note, noteText;  ///< tooltips and toasts
+    QColor cropShade;       ///< over what a crop takes away
     QColor overlayLine, overlayThirds, overlayShadow;
     QColor guide;          ///< lines that show what a mark snaps to
     QColor overlayLabel;   ///< behind a text over a picture

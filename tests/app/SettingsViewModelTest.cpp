@@ -72,8 +72,9 @@ TEST_F(SettingsViewModelTest, LaunchAtLoginFallsBackWhereTheDesktopRefuses) {
 
 TEST_F(SettingsViewModelTest, TheSaveFolderIsTheOneThatIsChosen) {
     const QString before = model->settings().defaultSavePath;
-    for (const auto& [answer, expected] : {std::pair{QString(), before},
-                                           std::pair{QStringLiteral("/tmp"), QStringLiteral("/tmp")}}) {
+    for (const auto& [answer, expected] :
+         {std::pair{QString(), before},
+          std::pair{QStringLiteral("/tmp"), QStringLiteral("/tmp")}}) {
         auto choosing = model->chooseSavePath();
         EXPECT_EQ(dialogs->openRequests.back().folder, before);
         if (answer.isEmpty()) {

@@ -225,8 +225,8 @@ struct Tour {
     QStringList unseenFiles() const {
         QStringList unseen;
         for (const char* const room : {"editor", "ui"}) {
-            QDir folder(QStringLiteral(KESTRIO_SOURCE_DIR "/src/%1/views/qml")
-                            .arg(QLatin1String(room)));
+            QDir folder(
+                QStringLiteral(KESTRIO_SOURCE_DIR "/src/%1/views/qml").arg(QLatin1String(room)));
             for (const QString& file : folder.entryList({QStringLiteral("*.qml")}))
                 if (!files.contains(file)) unseen << file;
         }

@@ -16,7 +16,7 @@ namespace {
 
 TEST(PinGeometry, PicturesAreFittedThenRaised) {
     const std::pair<QSizeF, QSizeF> cases[] = {
-        {{3000, 1000}, {1200, 400}}, {{50, 50}, {100, 100}},     {{3000, 100}, {1200, 100}},
+        {{3000, 1000}, {1200, 400}}, {{50, 50}, {100, 100}},      {{3000, 100}, {1200, 100}},
         {{640, 480}, {640, 480}},    {{1500, 3000}, {600, 1200}}, {{100, 1e6}, {100, 1200}},
     };
     for (const auto& [image, expected] : cases) {
@@ -33,8 +33,8 @@ TEST(PinGeometry, ResizingKeepsRatioAndLimits) {
         QSizeF expected;
     };
     const Case cases[] = {
-        {{400, 999}, 2, {400, 200}},  {{50, 50}, 1, {100, 100}},    {{5000, 10}, 1.5, {1200, 800}},
-        {{120, 10}, 4, {400, 100}},   {{1200, 10}, 0.5, {600, 1200}},
+        {{400, 999}, 2, {400, 200}}, {{50, 50}, 1, {100, 100}},      {{5000, 10}, 1.5, {1200, 800}},
+        {{120, 10}, 4, {400, 100}},  {{1200, 10}, 0.5, {600, 1200}},
     };
     for (const Case& each : cases)
         EXPECT_EQ(resizedPin(each.asked, each.ratio), each.expected) << each.asked.width();
@@ -43,7 +43,8 @@ TEST(PinGeometry, ResizingKeepsRatioAndLimits) {
 struct PinsTest : testing::Test {
     std::shared_ptr<ScriptedDisplays> displays = std::make_shared<ScriptedDisplays>();
     std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
-    PinnedScreenshotCoordinator pins{displays, std::make_shared<PlainFloatingWindows>(), pasteboard};
+    PinnedScreenshotCoordinator pins{displays, std::make_shared<PlainFloatingWindows>(),
+                                     pasteboard};
 
     // Windows that were closed delete themselves later, while what they refer to still stands.
     ~PinsTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }

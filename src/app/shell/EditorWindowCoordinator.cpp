@@ -1,9 +1,9 @@
 #include "app/shell/EditorWindowCoordinator.h"
 
-#include "ui/WindowPlacement.h"
 #include "core/Localisation.h"
 #include "editor/document/DocumentDraft.h"
 #include "editor/views/EditorWindow.h"
+#include "ui/WindowPlacement.h"
 
 #include <QQuickWindow>
 #include <QScreen>

@@ -47,7 +47,8 @@ ToastWindow::ToastWindow(QString text, std::shared_ptr<FloatingWindows> floating
     opacity_.setDuration(fadeInMilliseconds);
     opacity_.setStartValue(0.0);
     opacity_.setEndValue(1.0);
-    connect(&opacity_, &QVariantAnimation::valueChanged, this, qOverload<>(&QPaintDeviceWindow::update));
+    connect(&opacity_, &QVariantAnimation::valueChanged, this,
+            qOverload<>(&QPaintDeviceWindow::update));
 }
 
 QFont ToastWindow::font() const {

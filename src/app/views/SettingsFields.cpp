@@ -15,10 +15,11 @@ QVariant read(const AppSettings& settings) {
     return QVariant::fromValue(settings.*member);
 }
 
-template <bool AppSettings::* member>
+template <bool AppSettings::*member>
 constexpr Field toggle(const char* name) {
-    return {name, read<member>,
-            [](AppSettings& settings, const QVariant& value) { settings.*member = value.toBool(); }};
+    return {name, read<member>, [](AppSettings& settings, const QVariant& value) {
+                settings.*member = value.toBool();
+            }};
 }
 
 constexpr Field fields[] = {

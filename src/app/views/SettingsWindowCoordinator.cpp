@@ -1,7 +1,7 @@
 #include "app/views/SettingsWindowCoordinator.h"
 
-#include "ui/WindowPlacement.h"
 #include "app/views/SettingsController.h"
+#include "ui/WindowPlacement.h"
 #include "ui/views/EngineLease.h"
 
 #include <QQmlComponent>

@@ -40,8 +40,7 @@ void copyRows(QImage& target, const QImage& source, QRect part, CopyRow copy) {
         for (int row = first; row < last; ++row) {
             const int y = part.y() + row;
             auto* to = reinterpret_cast<quint32*>(bits + y * stride) + part.x();
-            const auto* from =
-                reinterpret_cast<const quint32*>(source.constScanLine(y)) + part.x();
+            const auto* from = reinterpret_cast<const quint32*>(source.constScanLine(y)) + part.x();
             copy(to, from, part.width());
         }
     });

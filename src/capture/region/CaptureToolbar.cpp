@@ -21,8 +21,8 @@ struct NamedColor {
 };
 
 constexpr NamedColor swatches[] = {
-    {"Red", quickColors[0]},  {"Orange", quickColors[1]}, {"Yellow", quickColors[2]},
-    {"Green", quickColors[3]}, {"Blue", quickColors[4]},  {"Black", quickColors[9]},
+    {"Red", quickColors[0]},   {"Orange", quickColors[1]}, {"Yellow", quickColors[2]},
+    {"Green", quickColors[3]}, {"Blue", quickColors[4]},   {"Black", quickColors[9]},
     {"White", quickColors[7]},
 };
 
@@ -49,7 +49,9 @@ std::vector<ToolbarButton> colorButtons() {
     std::vector<ToolbarButton> group;
     for (const NamedColor& swatch : swatches) {
         const QString key = QString::number(group.size() + 1);
-        group.push_back({swatch.color, {}, withKey(localised(swatch.name), key),
+        group.push_back({swatch.color,
+                         {},
+                         withKey(localised(swatch.name), key),
                          QRectF(0, 0, swatchWidth, buttonSide)});
     }
     return group;

@@ -58,16 +58,16 @@ const QImage& CaptureToolbarPainter::icon(const QString& name, QColor color, dou
     return icon;
 }
 
-void CaptureToolbarPainter::paintIcon(QPainter& painter, const ToolbarButton& button, QPointF center,
-                                      QColor ink) {
+void CaptureToolbarPainter::paintIcon(QPainter& painter, const ToolbarButton& button,
+                                      QPointF center, QColor ink) {
     const double scale = painter.device()->devicePixelRatioF();
-    painter.drawImage(center - QPointF(iconSide / 2.0, iconSide / 2.0), icon(button.icon, ink, scale));
+    painter.drawImage(center - QPointF(iconSide / 2.0, iconSide / 2.0),
+                      icon(button.icon, ink, scale));
 }
 
 QRectF CaptureToolbarPainter::toolTipPlace(const CaptureToolbar& toolbar, const ToolbarLook& look) {
-    const QRectF button = toolbar.buttons()
-                              .at(static_cast<std::size_t>(look.hovered))
-                              .place.translated(look.origin);
+    const QRectF button =
+        toolbar.buttons().at(static_cast<std::size_t>(look.hovered)).place.translated(look.origin);
     QRectF place(QPointF(), toolTipLabel(toolbar, look).size());
     place.moveCenter({button.center().x(), 0});
     place.moveTop(look.origin.y() + toolbar.size().height() + toolTipGap);
@@ -98,11 +98,15 @@ void CaptureToolbarPainter::paint(QPainter& painter, const CaptureToolbar& toolb
         }
         if (button.isPrimary || isPressed || isHovered) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(button.isPrimary ? colors.accent.darker(isPressed ? 120 : isHovered ? 108 : 100)
-                                              : isPressed ? colors.pressed : colors.hover);
+            painter.setBrush(button.isPrimary ? colors.accent.darker(isPressed   ? 120
+                                                                     : isHovered ? 108
+                                                                                 : 100)
+                             : isPressed      ? colors.pressed
+                                              : colors.hover);
             painter.drawRoundedRect(place, buttonRadius, buttonRadius);
         }
-        paintIcon(painter, button, place.center(), button.isPrimary ? colors.accentText : colors.text);
+        paintIcon(painter, button, place.center(),
+                  button.isPrimary ? colors.accentText : colors.text);
     }
     if (look.showsToolTip && look.hovered >= 0) {
         toolTipLabel(toolbar, look).paint(painter, toolTipPlace(toolbar, look));

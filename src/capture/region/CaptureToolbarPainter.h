@@ -17,7 +17,7 @@ struct ToolbarLook {
     bool showsToolTip = false;
     CodableColor color;  ///< that tools start with
     bool isDark = false;
-    QSizeF view;       ///< what the tool tip must stay in
+    QSizeF view;  ///< what the tool tip must stay in
 };
 
 /// Paints toolbars, and keeps the icons in the pixels that they were last needed in.

@@ -46,7 +46,8 @@ QRectF toolbarPlace(const QRectF& selection, QSizeF toolbar, QSizeF view) {
 QRectF magnifierPlace(QPointF pointer, QSizeF view) {
     double x = pointer.x() + pointerGap;
     double y = pointer.y() - pointerGap - magnifierSize.height();
-    if (x + magnifierSize.width() > view.width()) x = pointer.x() - pointerGap - magnifierSize.width();
+    if (x + magnifierSize.width() > view.width())
+        x = pointer.x() - pointerGap - magnifierSize.width();
     if (y < 0) y = pointer.y() + pointerGap;
     return {{heldInside(x, magnifierSize.width(), view.width(), 0),
              heldInside(y, magnifierSize.height(), view.height(), 0)},

@@ -9,8 +9,8 @@
 
 namespace kestrio {
 
-/// The overlay on which a region is chosen. Ends once, with what was chosen or with nothing where it
-/// was cancelled; whoever opened it closes it then.
+/// The overlay on which a region is chosen. Ends once, with what was chosen or with nothing where
+/// it was cancelled; whoever opened it closes it then.
 class RegionCaptureWindow : public FrozenWindow {
     Q_OBJECT
 

@@ -42,8 +42,10 @@ void paintSelection(QPainter& painter, const RegionSelection& selection) {
 
 QRegion selectionBorder(const QRectF& rect) {
     if (rect.isEmpty()) return {};
-    const QRect outer = rect.toAlignedRect().adjusted(-borderReach, -borderReach, borderReach, borderReach);
-    const QRect inner = rect.toRect().adjusted(borderReach, borderReach, -borderReach, -borderReach);
+    const QRect outer =
+        rect.toAlignedRect().adjusted(-borderReach, -borderReach, borderReach, borderReach);
+    const QRect inner =
+        rect.toRect().adjusted(borderReach, borderReach, -borderReach, -borderReach);
     return QRegion(outer) - (inner.isValid() ? QRegion(inner) : QRegion());
 }
 

@@ -32,8 +32,9 @@ QList<QPointF> CropPanel::handles() const {
 
 QString CropPanel::sizeText() const {
     const QSizeF pixels = editor_.cropRect().size() * editor_.screenshot().pixelDensity();
-    return QStringLiteral("%1 × %2").arg(std::lround(pixels.width())).arg(
-        std::lround(pixels.height()));
+    return QStringLiteral("%1 × %2")
+        .arg(std::lround(pixels.width()))
+        .arg(std::lround(pixels.height()));
 }
 
 void CropPanel::beginDrag() {
@@ -42,16 +43,15 @@ void CropPanel::beginDrag() {
 
 void CropPanel::dragHandle(int handle, const QPointF& way) {
     if (handle < 0 || handle >= static_cast<int>(cropHandles.size())) return;
-    editor_.set_cropRect(draggedCropRect({cropHandles[static_cast<std::size_t>(handle)],
-                                          dragStart_, mapping().translationToImage(way),
-                                          editor_.screenshot().pointSize(),
-                                          editor_.cropLockedRatio()}));
+    editor_.set_cropRect(
+        draggedCropRect({cropHandles[static_cast<std::size_t>(handle)], dragStart_,
+                         mapping().translationToImage(way), editor_.screenshot().pointSize(),
+                         editor_.cropLockedRatio()}));
 }
 
 void CropPanel::moveFrame(const QPointF& way) {
-    editor_.set_cropRect(
-        clampedCropRect(dragStart_.translated(mapping().translationToImage(way)),
-                        editor_.screenshot().pointSize()));
+    editor_.set_cropRect(clampedCropRect(dragStart_.translated(mapping().translationToImage(way)),
+                                         editor_.screenshot().pointSize()));
 }
 
 void CropPanel::toggleRatio() {

@@ -8,8 +8,8 @@ namespace kestrio {
 inline constexpr double smallestPin = 100;
 inline constexpr double largestPin = 1200;
 
-/// How large a picture of `image` points is pinned: as it is where it fits, else shrunk in its ratio
-/// to the upper limit; then each side is raised to the lower one by itself.
+/// How large a picture of `image` points is pinned: as it is where it fits, else shrunk in its
+/// ratio to the upper limit; then each side is raised to the lower one by itself.
 QSizeF pinnedSize(QSizeF image);
 
 /// Width divided by height; 1 for a picture without height.

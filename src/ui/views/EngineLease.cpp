@@ -2,12 +2,12 @@
 
 #include "core/Priority.h"
 
+#include <malloc.h>
 #include <QCoreApplication>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTimer>
-#include <malloc.h>
 
 void qml_register_types_Kestrio_Ui();
 

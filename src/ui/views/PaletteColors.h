@@ -6,10 +6,12 @@
 #include <QQmlEngine>
 
 // A colour of the palette as a property of the same name.
-#define KESTRIO_PALETTE_COLOR(name)                             \
-    Q_PROPERTY(QColor name READ name NOTIFY isDarkChanged)      \
-  public:                                                       \
-    QColor name() const { return Palette::of(isDark()).name; }
+#define KESTRIO_PALETTE_COLOR(name)                        \
+    Q_PROPERTY(QColor name READ name NOTIFY isDarkChanged) \
+  public:                                                  \
+    QColor name() const {                                  \
+        return Palette::of(isDark()).name;                 \
+    }
 
 namespace kestrio {
 

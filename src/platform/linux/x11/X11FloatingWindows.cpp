@@ -1,12 +1,12 @@
 #include "platform/linux/x11/X11FloatingWindows.h"
 
+#include <xcb/xcb.h>
 #include <QGuiApplication>
 #include <QRegion>
 #include <QWindow>
 #include <array>
 #include <cstdlib>
 #include <memory>
-#include <xcb/xcb.h>
 
 namespace kestrio {
 
@@ -23,8 +23,8 @@ xcb_connection_t* connection() {
 
 xcb_atom_t atom(xcb_connection_t* connection, const char* name) {
     const auto length = static_cast<std::uint16_t>(qstrlen(name));
-    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, length, name), nullptr));
+    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(
+        xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, length, name), nullptr));
     return reply ? reply->atom : XCB_ATOM_NONE;
 }
 
@@ -43,8 +43,8 @@ bool X11FloatingWindows::supportsTranslucency() const {
     if (!to) return false;
     // Desktops with several X screens are long gone; a compositor owns the selection of the first.
     const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> owner(
-        xcb_get_selection_owner_reply(
-            to, xcb_get_selection_owner(to, atom(to, "_NET_WM_CM_S0")), nullptr));
+        xcb_get_selection_owner_reply(to, xcb_get_selection_owner(to, atom(to, "_NET_WM_CM_S0")),
+                                      nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
@@ -66,9 +66,9 @@ void X11FloatingWindows::roundCorners(QWindow& window, double radius) {
     const int side = static_cast<int>(2 * radius);
     QRegion shape(frame.adjusted(side / 2, 0, -side / 2, 0));
     shape += QRegion(frame.adjusted(0, side / 2, 0, -side / 2));
-    for (const QPoint& corner :
-         {frame.topLeft(), frame.topRight() - QPoint(side - 1, 0),
-          frame.bottomLeft() - QPoint(0, side - 1), frame.bottomRight() - QPoint(side - 1, side - 1)})
+    for (const QPoint& corner : {frame.topLeft(), frame.topRight() - QPoint(side - 1, 0),
+                                 frame.bottomLeft() - QPoint(0, side - 1),
+                                 frame.bottomRight() - QPoint(side - 1, side - 1)})
         shape += QRegion(QRect(corner, QSize(side, side)), QRegion::Ellipse);
     window.setMask(shape);
 }
