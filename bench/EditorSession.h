@@ -5,7 +5,7 @@
 #include "core/UserDefaults.h"
 #include "editor/document/DocumentDraft.h"
 #include "editor/views/EditorWindow.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 #include "platform/PlatformServices.h"
 
 #include <QFile>

@@ -1,27 +1,16 @@
 #pragma once
 
 #include "core/Task.h"
-#include "imaging/codecs/ImageEncoder.h"
-#include "platform/Pasteboard.h"
 #include "render/CompositeRequest.h"
 #include "render/ImageComposer.h"
-#include "render/SaveTarget.h"
 #include "render/watermark/WatermarkService.h"
 
 #include <memory>
 
 namespace kestrio {
 
-/// What became of a picture that was saved.
-struct SavedFile {
-    QString path;
-    qint64 byteCount = 0;
-    double encodeMilliseconds = 0;
-    double writeMilliseconds = 0;
-};
-
-/// Turns a screenshot and its style into the finished picture and hands that on. The flows run on
-/// the main thread and leave all work to the background; each takes its values by copy.
+/// Turns a screenshot and its style into the finished picture. Flows run on the main thread and
+/// leave all work to the background; each takes its values by copy.
 class ImageRendererServiceProtocol {
   public:
     virtual ~ImageRendererServiceProtocol() = default;
@@ -39,33 +28,20 @@ class ImageRendererServiceProtocol {
 
     /// An overlay alone on a transparent picture; `opacity` is a percentage. Blocks.
     virtual Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) = 0;
-
-    /// Encodes, then writes. Nothing is written when encoding fails. Throws
-    /// ExportError::renderingFailed, fileWriteFailed and userCancelled.
-    virtual Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
-                                      EncodeHooks hooks = {}) = 0;
-
-    /// Encodes, then replaces what is on the clipboard. Throws ExportError::clipboardFailed.
-    virtual Task<> copyToClipboard(Image image) = 0;
 };
 
-/// The renderer on the real composer, encoders and clipboard.
+/// The renderer on the real composer.
 class ImageRendererService : public ImageRendererServiceProtocol {
   public:
-    ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService,
-                         std::shared_ptr<Pasteboard> pasteboard);
+    explicit ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService);
 
     Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) override;
     Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) override;
     Image applyEffects(const Image& image, const BackdropEffects& effects, double scale) override;
     Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) override;
-    Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
-                              EncodeHooks hooks = {}) override;
-    Task<> copyToClipboard(Image image) override;
 
   private:
     std::shared_ptr<ImageComposer> composer_;
-    std::shared_ptr<Pasteboard> pasteboard_;
 };
 
 }  // namespace kestrio

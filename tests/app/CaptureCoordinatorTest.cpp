@@ -42,8 +42,8 @@ TEST_F(CaptureCoordinatorTest, EachDecisionAboutARegionGoesItsWay) {
             EXPECT_TRUE(toasts->texts.value(0).startsWith(each.toast));
         }
     }
-    ASSERT_EQ(renderer->savedPaths.size(), 1);
-    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), folder.path());
+    ASSERT_EQ(exporter->savedPaths.size(), 1);
+    EXPECT_EQ(QFileInfo(exporter->savedPaths.front()).path(), folder.path());
     EXPECT_TRUE(alerts->requests.empty());
 }
 
@@ -119,11 +119,11 @@ TEST_F(CaptureCoordinatorTest, WhatNoPermissionWouldChangeIsToldWithoutADeadButt
 
 TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) {
     const QTemporaryDir other;
-    renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
+    exporter->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::save));
     ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
-    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
+    EXPECT_TRUE(alerts->requests.back().text.contains(exporter->saveFailure->errorDescription()));
     EXPECT_TRUE(toasts->texts.isEmpty()) << "no tick";
     EXPECT_FALSE(captures->isCapturing()) << "the next capture need not wait";
     captures->startWindowCapture();
@@ -136,12 +136,12 @@ TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) 
     ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
     dialogs->dismiss();
     ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 3; })) << "still there";
-    renderer->saveFailure.reset();
+    exporter->saveFailure.reset();
     alerts->answer(0);
     ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
     dialogs->answer(other.path());
-    ASSERT_TRUE(waitFor([this] { return !renderer->savedPaths.isEmpty(); }));
-    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), other.path());
+    ASSERT_TRUE(waitFor([this] { return !exporter->savedPaths.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(exporter->savedPaths.front()).path(), other.path());
     EXPECT_TRUE(toasts->texts.value(0).startsWith(QStringLiteral("Saved to ")));
     EXPECT_TRUE(captures->isCapturing()) << "the capture that began meanwhile goes on";
     service->fail(ErrorCase::cancelled);
@@ -149,7 +149,7 @@ TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) 
 }
 
 TEST_F(CaptureCoordinatorTest, EscapeKeepsAPictureThatCouldNotBeSaved) {
-    renderer->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
+    exporter->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     auto capturing = captures->capture({CaptureKind::region});
     service->finish(outcome(CaptureAction::save));
     ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
@@ -166,7 +166,7 @@ TEST_F(CaptureCoordinatorTest, EscapeKeepsAPictureThatCouldNotBeSaved) {
 }
 
 TEST_F(CaptureCoordinatorTest, AClipboardThatRefusesIsToldOf) {
-    renderer->copyFailure = ExportError::clipboardFailed();
+    exporter->copyFailure = ExportError::clipboardFailed();
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::copy));
     ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
@@ -259,7 +259,7 @@ TEST_F(CaptureCoordinatorTest, ARequestHasItsOwnWayUnlessTheUserDecidesOtherwise
     for (const Case& each : cases) {
         editors->opened.clear();
         pins->pinned.clear();
-        renderer->savedPaths.clear();
+        exporter->savedPaths.clear();
         auto capturing = captures->capture(
             {CaptureKind::region, 0, each.asked, each.hasOutput ? file : QString()});
         service->finish(outcome(each.decided));
@@ -267,7 +267,7 @@ TEST_F(CaptureCoordinatorTest, ARequestHasItsOwnWayUnlessTheUserDecidesOtherwise
         EXPECT_EQ(report.savedPath, each.hasOutput ? file : QString());
         EXPECT_EQ(editors->opened.size(), each.editors);
         EXPECT_EQ(pins->pinned.size(), each.pins);
-        EXPECT_EQ(renderer->savedPaths.size(), each.saved);
+        EXPECT_EQ(exporter->savedPaths.size(), each.saved);
     }
 }
 

@@ -4,8 +4,8 @@
 #include "capture/CaptureError.h"
 
 #include "support/ScriptedAlerts.h"
+#include "support/ScriptedExporter.h"
 #include "support/ScriptedFileDialogs.h"
-#include "support/ScriptedRenderer.h"
 #include "support/ScriptedScreenPermission.h"
 
 #include <gtest/gtest.h>
@@ -89,7 +89,7 @@ struct CaptureFixture : testing::Test {
     std::shared_ptr<ScriptedScreenCapture> service = std::make_shared<ScriptedScreenCapture>();
     std::shared_ptr<RecordingEditors> editors = std::make_shared<RecordingEditors>();
     std::shared_ptr<RecordingPins> pins = std::make_shared<RecordingPins>();
-    std::shared_ptr<ScriptedRenderer> renderer = std::make_shared<ScriptedRenderer>();
+    std::shared_ptr<ScriptedExporter> exporter = std::make_shared<ScriptedExporter>();
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<AppSettingsService> settings = std::make_shared<AppSettingsService>(defaults);
     std::shared_ptr<ScriptedScreenPermission> permission =
@@ -105,7 +105,7 @@ struct CaptureFixture : testing::Test {
         chosen.defaultSavePath = folder.path();
         settings->save(chosen);
         captures = std::make_unique<CaptureCoordinator>(CaptureCollaborators{
-            service, editors, pins, renderer, settings,
+            service, editors, pins, exporter, settings,
             std::make_shared<PermissionManager>(permission, alerts), alerts, toasts, dialogs});
     }
 

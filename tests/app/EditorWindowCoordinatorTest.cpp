@@ -6,6 +6,7 @@
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/ScriptedRenderer.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -15,8 +16,8 @@
 namespace kestrio {
 namespace {
 
-/// A renderer whose files take as long as the test wants; the windows' previews do not wait.
-struct SlowSaver : ScriptedRenderer {
+/// Its files take as long as the test wants.
+struct SlowSaver : ScriptedExporter {
     std::optional<Completion<>> saveGate;
 
     Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat format,
@@ -26,14 +27,15 @@ struct SlowSaver : ScriptedRenderer {
             co_await opened;
         }
         auto saving =
-            ScriptedRenderer::saveImage(std::move(image), std::move(target), format, hooks);
+            ScriptedExporter::saveImage(std::move(image), std::move(target), format, hooks);
         co_return co_await saving;
     }
 };
 
 struct EditorWindowCoordinatorTest : testing::Test {
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
-    std::shared_ptr<SlowSaver> renderer = std::make_shared<SlowSaver>();
+    std::shared_ptr<ScriptedRenderer> renderer = std::make_shared<ScriptedRenderer>();
+    std::shared_ptr<SlowSaver> exporter = std::make_shared<SlowSaver>();
     std::shared_ptr<AppSettingsService> settings = std::make_shared<AppSettingsService>(defaults);
     std::shared_ptr<ActivationState> activation = std::make_shared<ActivationState>();
     std::shared_ptr<ScriptedAlerts> alerts = std::make_shared<ScriptedAlerts>();
@@ -55,6 +57,7 @@ struct EditorWindowCoordinatorTest : testing::Test {
     EditorServices services() {
         EditorServices all;
         all.imageRenderer = renderer;
+        all.exporter = exporter;
         all.stylePersistence = std::make_shared<EditorStylePersistenceService>(defaults);
         all.themes = std::make_shared<ThemeStorageService>(defaults);
         all.watermark = std::make_shared<WatermarkService>(defaults);
@@ -145,7 +148,7 @@ TEST_F(EditorWindowCoordinatorTest, AChangedDocumentAsksInItsWindowBeforeItClose
     QMetaObject::invokeMethod(discard, "clicked");
     runEvents();
     EXPECT_FALSE(editors->isEditorOpen());
-    EXPECT_TRUE(renderer->savedPaths.empty());
+    EXPECT_TRUE(exporter->savedPaths.empty());
 }
 
 TEST_F(EditorWindowCoordinatorTest, QuittingAsksOnceForAll) {
@@ -168,23 +171,23 @@ TEST_F(EditorWindowCoordinatorTest, QuittingAsksOnceForAll) {
     alerts->answer(1);
     runEvents();
     EXPECT_EQ(endings, 2) << "discarded";
-    EXPECT_TRUE(renderer->savedPaths.empty());
+    EXPECT_TRUE(exporter->savedPaths.empty());
     quitting->request();
     alerts->answer(0);
     runEvents();
     EXPECT_EQ(endings, 3) << "saved";
-    EXPECT_EQ(renderer->savedPaths.size(), 2);
+    EXPECT_EQ(exporter->savedPaths.size(), 2);
     EXPECT_TRUE(editors->unexportedDocuments().empty());
 }
 
 TEST_F(EditorWindowCoordinatorTest, QuittingEndsNothingThatCouldNotBeSaved) {
     open("one").rotateClockwise();
-    renderer->saveFailure = ExportError::fileWriteFailed(folder.path());
+    exporter->saveFailure = ExportError::fileWriteFailed(folder.path());
     quitting->request();
     alerts->answer(0);
     runEvents();
     ASSERT_EQ(alerts->requests.size(), 2U);
-    EXPECT_TRUE(alerts->requests.back().text.contains(renderer->saveFailure->errorDescription()));
+    EXPECT_TRUE(alerts->requests.back().text.contains(exporter->saveFailure->errorDescription()));
     alerts->answer(0);
     runEvents();
     EXPECT_EQ(endings, 0);
@@ -276,17 +279,17 @@ TEST_F(EditorWindowCoordinatorTest, WhatASignalEndedIsOfferedUntilItIsAnswered) 
 TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EditorViewModel& document = open("one");
     document.rotateClockwise();
-    renderer->saveGate.emplace();
+    exporter->saveGate.emplace();
     auto exporting =
         document.exportImage(folder.filePath(QStringLiteral("x.png")), ExportFormat::png);
     quitting->request();
     runEvents();
     EXPECT_EQ(endings, 0);
     EXPECT_TRUE(alerts->requests.empty());
-    renderer->saveGate->succeed();
+    exporter->saveGate->succeed();
     runUntilDone(std::move(exporting));
     EXPECT_TRUE(CaptureFixture::waitFor([this] { return endings == 1; }));
-    EXPECT_EQ(renderer->savedPaths.size(), 1);
+    EXPECT_EQ(exporter->savedPaths.size(), 1);
 }
 
 }  // namespace

@@ -63,11 +63,11 @@ TEST_F(InstanceTest, VerbsAreCarriedOutAndTheirOutcomeComesBack) {
     EXPECT_EQ(pins->pinned.size(), 1U);
 
     later([this] { service->fail(CaptureError::Case::cancelled); });
-    EXPECT_EQ(ask(captureRequest()).status, static_cast<int>(InstanceStatus::cancelled));
+    EXPECT_EQ(ask(captureRequest()).status, static_cast<int>(ExitStatus::cancelled));
 
     later([this] { service->fail(CaptureError::Case::windowNotFound); });
     const InstanceReply failed = ask(captureRequest());
-    EXPECT_EQ(failed.status, static_cast<int>(InstanceStatus::failed));
+    EXPECT_EQ(failed.status, static_cast<int>(ExitStatus::failed));
     EXPECT_EQ(failed.message, u"Target window not found");
     EXPECT_TRUE(alerts->requests.empty()) << "the command tells of it";
 }
@@ -85,7 +85,7 @@ TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {
     ASSERT_TRUE(server->listen(socket));
     InstanceRequest request;
     request.verb = InstanceVerb::edit;
-    EXPECT_EQ(ask(request).status, static_cast<int>(InstanceStatus::failed));
+    EXPECT_EQ(ask(request).status, static_cast<int>(ExitStatus::failed));
     pasteboard->readFailure = PasteboardError(PasteboardError::Case::notAnswering);
     EXPECT_EQ(ask(request).message, pasteboard->readFailure->errorDescription());
     pasteboard->readFailure.reset();
@@ -95,7 +95,7 @@ TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {
     EXPECT_EQ(ask(request).status, 0);
     request.file = folder.filePath(QStringLiteral("my shot.png"));
     request.density = 2;
-    EXPECT_EQ(ask(request).status, static_cast<int>(InstanceStatus::failed));
+    EXPECT_EQ(ask(request).status, static_cast<int>(ExitStatus::failed));
     QFile file(request.file);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(encodeImage(picture, ExportFormat::png));

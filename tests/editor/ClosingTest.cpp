@@ -97,12 +97,12 @@ TEST_F(ClosingTest, AnUntouchedDocumentClosesAtOnceAndAChangedOneAsks) {
     closing->discard();
     EXPECT_EQ(closable, 1);
     EXPECT_TRUE(closing->requestClose());
-    EXPECT_TRUE(renderer->savedPaths.empty());
+    EXPECT_TRUE(exporter->savedPaths.empty());
 }
 
 TEST_F(ClosingTest, SavingClosesOnlyWhereItSucceeds) {
     editor->rotateClockwise();
-    renderer->saveFailure = ExportError::fileWriteFailed(folder.path());
+    exporter->saveFailure = ExportError::fileWriteFailed(folder.path());
     EXPECT_FALSE(closing->requestClose());
     closing->save();
     runEvents();
@@ -110,7 +110,7 @@ TEST_F(ClosingTest, SavingClosesOnlyWhereItSucceeds) {
     EXPECT_FALSE(closing->errorMessage().isEmpty());
     EXPECT_EQ(closable, 0);
 
-    renderer->saveFailure.reset();
+    exporter->saveFailure.reset();
     const QTemporaryDir other;
     closing->saveElsewhere(nullptr);
     ASSERT_TRUE(dialogs->isPending());
@@ -121,8 +121,8 @@ TEST_F(ClosingTest, SavingClosesOnlyWhereItSucceeds) {
     dialogs->answer(other.path());
     runEvents();
     EXPECT_EQ(closable, 1);
-    ASSERT_EQ(renderer->savedPaths.size(), 1);
-    EXPECT_EQ(QFileInfo(renderer->savedPaths.front()).path(), other.path());
+    ASSERT_EQ(exporter->savedPaths.size(), 1);
+    EXPECT_EQ(QFileInfo(exporter->savedPaths.front()).path(), other.path());
 }
 
 TEST_F(ClosingTest, HiddenBlursAreShownInWhatIsSavedByItself) {
@@ -140,7 +140,7 @@ TEST_F(ClosingTest, AnExportUnderWayIsWaitedFor) {
     for (const bool succeeds : {true, false}) {
         editor->rotateClockwise();
         renderer->gate.emplace();
-        if (!succeeds) renderer->saveFailure = ExportError::fileWriteFailed(folder.path());
+        if (!succeeds) exporter->saveFailure = ExportError::fileWriteFailed(folder.path());
         auto exporting = editor->exportImage(QStringLiteral("/x/y.png"), ExportFormat::png);
         EXPECT_FALSE(closing->requestClose());
         EXPECT_EQ(closing->state(), ClosingState::waiting);

@@ -5,6 +5,7 @@
 #include "support/MemoryPasteboard.h"
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
+#include "support/ScriptedExporter.h"
 #include "support/ScriptedFileDialogs.h"
 #include "support/ScriptedRenderer.h"
 
@@ -15,6 +16,7 @@ namespace kestrio {
 /// An editor on doubles.
 struct EditorFixture : testing::Test {
     std::shared_ptr<ScriptedRenderer> renderer = std::make_shared<ScriptedRenderer>();
+    std::shared_ptr<ScriptedExporter> exporter = std::make_shared<ScriptedExporter>();
     std::shared_ptr<MemoryUserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<EditorStylePersistenceService> styles =
         std::make_shared<EditorStylePersistenceService>(defaults);
@@ -28,6 +30,7 @@ struct EditorFixture : testing::Test {
     EditorServices services() {
         EditorServices all;
         all.imageRenderer = renderer;
+        all.exporter = exporter;
         all.stylePersistence = styles;
         all.themes = themes;
         all.watermark = std::make_shared<WatermarkService>(defaults);

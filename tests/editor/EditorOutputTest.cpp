@@ -55,13 +55,13 @@ TEST_F(EditorOutput, FailsAndRecovers) {
     renderer->renderFailure = ExportError::renderingFailed();
     EXPECT_EQ(failureOfExport(), ExportError::Case::renderingFailed);
     renderer->renderFailure.reset();
-    renderer->saveFailure = ExportError::fileWriteFailed(path);
+    exporter->saveFailure = ExportError::fileWriteFailed(path);
     EXPECT_EQ(failureOfExport(), ExportError::Case::fileWriteFailed);
-    renderer->saveFailure.reset();
-    renderer->copyFailure = ExportError::clipboardFailed();
+    exporter->saveFailure.reset();
+    exporter->copyFailure = ExportError::clipboardFailed();
     EXPECT_THROW(runUntilDone(editor->copyToClipboard()), ExportError);
     EXPECT_EQ(failureOfExport(), std::nullopt);
-    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+    EXPECT_EQ(exporter->savedPaths, QStringList{path});
     EXPECT_EQ(told, (QList<bool>{true, false, true, false, true, false, true, false}));
     EXPECT_FALSE(editor->canUndo());
 }
@@ -84,7 +84,7 @@ TEST_F(EditorOutput, OutlivesItsEditor) {
     editor.reset();
     renderer->gate->succeed();
     EXPECT_EQ(runUntilDone(std::move(pending)).byteCount, 200);
-    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+    EXPECT_EQ(exporter->savedPaths, QStringList{path});
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ TEST_F(ExportSheet, AsksInTheUsersWayAndTellsWhereThePictureWent) {
     dialogs->answer(path);
     settle();
     EXPECT_EQ(options->state(), ExportState::success);
-    EXPECT_EQ(renderer->savedPaths, QStringList{path});
+    EXPECT_EQ(exporter->savedPaths, QStringList{path});
     options->reveal();
     EXPECT_EQ(reveal->revealed, QStringList{path});
     options->restart();
@@ -69,7 +69,7 @@ TEST_F(ExportSheet, ADismissedQuestionAndACancelledExportEndIdle) {
     settle();
     EXPECT_EQ(options->state(), ExportState::idle);
 
-    renderer->saveFailure = ExportError::userCancelled();
+    exporter->saveFailure = ExportError::userCancelled();
     exportTo(QStringLiteral("a.jpeg"));
     EXPECT_EQ(options->state(), ExportState::idle);
     EXPECT_EQ(options->errorMessage(), QString());
@@ -78,12 +78,12 @@ TEST_F(ExportSheet, ADismissedQuestionAndACancelledExportEndIdle) {
 
 TEST_F(ExportSheet, AFailureIsToldAndTheNextTrySucceeds) {
     const QString path = folder.filePath(QStringLiteral("a.jpeg"));
-    renderer->saveFailure = ExportError::fileWriteFailed(path, QStringLiteral("No space left"));
+    exporter->saveFailure = ExportError::fileWriteFailed(path, QStringLiteral("No space left"));
     exportTo(QStringLiteral("a.jpeg"));
     EXPECT_EQ(options->state(), ExportState::failure);
     EXPECT_EQ(options->errorMessage(),
               QStringLiteral("Failed to write file: %1 (No space left)").arg(path));
-    renderer->saveFailure.reset();
+    exporter->saveFailure.reset();
     exportTo(QStringLiteral("a.jpeg"));
     EXPECT_EQ(options->state(), ExportState::success);
     EXPECT_EQ(options->errorMessage(), QString());

@@ -38,7 +38,7 @@ TEST_F(SharingTest, EachWayGetsAFileOfTheDocumentsName) {
     ASSERT_EQ(sharing->programs().size(), 1U);
     sharing->openWith(QStringLiteral("viewer"));
     runEvents();
-    const QString path = renderer->savedPaths.value(0);
+    const QString path = exporter->savedPaths.value(0);
     EXPECT_EQ(QFileInfo(path).fileName(), u"my - shot.png");
     EXPECT_TRUE(path.startsWith(cache.path()));
     EXPECT_EQ(programs->opened, QStringList(QStringLiteral("viewer ") + path));
@@ -46,10 +46,10 @@ TEST_F(SharingTest, EachWayGetsAFileOfTheDocumentsName) {
     sharing->email();
     runEvents();
     EXPECT_EQ(programs->mailed,
-              QStringList(QStringLiteral("my / shot ") + renderer->savedPaths.value(1)));
+              QStringList(QStringLiteral("my / shot ") + exporter->savedPaths.value(1)));
     sharing->copyFile();
     runEvents();
-    EXPECT_EQ(pasteboard->contents().files, QStringList(renderer->savedPaths.value(2)));
+    EXPECT_EQ(pasteboard->contents().files, QStringList(exporter->savedPaths.value(2)));
 }
 
 TEST_F(SharingTest, OneAtATimeAndFailuresAreTold) {
@@ -69,11 +69,11 @@ TEST_F(SharingTest, OneAtATimeAndFailuresAreTold) {
     EXPECT_TRUE(editor->errorMessage()->startsWith(QStringLiteral("Share failed: ")));
     EXPECT_FALSE(sharing->isSharing());
     editor->set_errorMessage(std::nullopt);
-    const auto saved = renderer->savedPaths;
+    const auto saved = exporter->savedPaths;
     programs->hasMail = false;
     sharing->email();
     EXPECT_TRUE(editor->errorMessage()->contains(QStringLiteral("mail program")));
-    EXPECT_EQ(renderer->savedPaths, saved) << "nothing is made in vain";
+    EXPECT_EQ(exporter->savedPaths, saved) << "nothing is made in vain";
 }
 
 TEST_F(SharingTest, NothingIsSharedWhileBlursAreHidden) {
@@ -82,7 +82,7 @@ TEST_F(SharingTest, NothingIsSharedWhileBlursAreHidden) {
     sharing->copyFile();
     runEvents();
     EXPECT_TRUE(editor->errorMessage());
-    EXPECT_TRUE(renderer->savedPaths.isEmpty());
+    EXPECT_TRUE(exporter->savedPaths.isEmpty());
 }
 
 TEST_F(SharingTest, FilesAreNeverReplacedAndGoAfterAWeek) {

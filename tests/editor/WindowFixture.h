@@ -19,7 +19,8 @@ inline void runEventsFor(int milliseconds) {
 struct EditorWindowTest : EditorFixture {
     EditorServices services() {
         EditorServices real = EditorFixture::services();
-        real.imageRenderer = std::make_shared<ImageRendererService>(real.watermark, pasteboard);
+        real.imageRenderer = std::make_shared<ImageRendererService>(real.watermark);
+        real.exporter = std::make_shared<PictureExporter>(pasteboard);
         return real;
     }
 };

@@ -44,7 +44,7 @@ struct PinsTest : testing::Test {
     std::shared_ptr<ScriptedDisplays> displays = std::make_shared<ScriptedDisplays>();
     std::shared_ptr<MemoryPasteboard> pasteboard = std::make_shared<MemoryPasteboard>();
     PinnedScreenshotCoordinator pins{displays, std::make_shared<PlainFloatingWindows>(),
-                                     pasteboard};
+                                     std::make_shared<PictureExporter>(pasteboard)};
 
     // Windows that were closed delete themselves later, while what they refer to still stands.
     ~PinsTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }

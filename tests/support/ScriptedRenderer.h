@@ -10,10 +10,9 @@ namespace kestrio {
 class ScriptedRenderer : public ImageRendererServiceProtocol {
   public:
     std::vector<CompositeRequest> requests;
-    std::optional<ExportError> renderFailure, saveFailure, copyFailure;
+    std::optional<ExportError> renderFailure;
     /// Rendering waits for it where there is one.
     std::optional<Completion<>> gate;
-    QStringList savedPaths;
 
     Task<Image> renderComposite(CompositeRequest request, std::stop_token) override {
         requests.push_back(request);
@@ -23,20 +22,6 @@ class ScriptedRenderer : public ImageRendererServiceProtocol {
         }
         if (renderFailure) throw *renderFailure;
         co_return request.screenshot;
-    }
-
-    Task<SavedFile> saveImage(Image image, SaveTarget target, ExportFormat, EncodeHooks) override {
-        if (saveFailure) throw *saveFailure;
-        savedPaths << target.path();
-        SavedFile saved;
-        saved.path = target.path();
-        saved.byteCount = image.pixelSize().width();
-        co_return saved;
-    }
-
-    Task<> copyToClipboard(Image) override {
-        if (copyFailure) throw *copyFailure;
-        co_return;
     }
 
     Image renderBackdrop(const BackdropSettings&, QSize, double) override { return {}; }

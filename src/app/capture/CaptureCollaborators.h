@@ -4,10 +4,10 @@
 #include "app/shell/PermissionManager.h"
 #include "app/shell/Toasts.h"
 #include "capture/ScreenCaptureServiceProtocol.h"
+#include "library/export/PictureExporter.h"
 #include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/Alerts.h"
 #include "platform/FileDialogs.h"
-#include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"
 
 namespace kestrio {
@@ -17,7 +17,7 @@ struct CaptureCollaborators {
     std::shared_ptr<ScreenCaptureServiceProtocol> screenCapture;
     std::shared_ptr<EditorOpener> editors;
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;
-    std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
+    std::shared_ptr<PictureExporterProtocol> exporter;
     std::shared_ptr<AppSettingsServiceProtocol> settings;
     std::shared_ptr<PermissionManager> permissions;
     std::shared_ptr<Alerts> alerts;

@@ -1,7 +1,7 @@
 #include "app/capture/CaptureCoordinator.h"
 
 #include "core/Localisation.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 #include <QDeadlineTimer>
 #include <QFileInfo>
@@ -186,7 +186,7 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
     if (!output.isEmpty()) {
         const ExportFormat format =
             formatNamed(QFileInfo(output).suffix()).value_or(ExportFormat::png);
-        auto saving = collaborators_.imageRenderer->saveImage(image, output, format, {});
+        auto saving = collaborators_.exporter->saveImage(image, output, format, {});
         co_await saving;
         report.savedPath = output;
         if (!self || outcome.action == CaptureAction::edit) co_return report;
@@ -217,7 +217,7 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
 
 Task<> CaptureCoordinator::copy(Image image) {
     const auto toasts = collaborators_.toasts;
-    auto copying = collaborators_.imageRenderer->copyToClipboard(std::move(image));
+    auto copying = collaborators_.exporter->copyToClipboard(std::move(image));
     co_await copying;
     toasts->show(localised("Copied to clipboard"), toastTime);
 }

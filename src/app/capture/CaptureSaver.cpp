@@ -2,7 +2,7 @@
 
 #include "core/Localisation.h"
 #include "core/Log.h"
-#include "library/QuickSave.h"
+#include "library/export/QuickSave.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -39,8 +39,7 @@ Task<Attempt> tryToSave(CaptureCollaborators with, Image image, QString folder) 
     Attempt attempt;
     SaveTarget target = quickSaveTarget(settings, QDateTime::currentDateTime(), format);
     try {
-        auto saving =
-            with.imageRenderer->saveImage(std::move(image), std::move(target), format, {});
+        auto saving = with.exporter->saveImage(std::move(image), std::move(target), format, {});
         const SavedFile saved = co_await saving;
         attempt.path = saved.path;
     } catch (const std::exception& error) {

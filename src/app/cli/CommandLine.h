@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ExitStatus.h"
 #include "core/Error.h"
 
 #include <QStringList>
@@ -8,9 +9,6 @@
 class QCommandLineParser;
 
 namespace kestrio {
-
-/// What the process tells its caller when it ends.
-enum class ExitStatus { done = 0, failed = 1, wrongUsage = 2, cancelled = 3 };
 
 /// The command line makes no sense; nothing was done.
 class UsageError : public Error {

@@ -10,7 +10,8 @@
 #include "imaging/ExportError.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/codecs/PictureLoading.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
+#include "library/export/PictureExporter.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
 #include "settings/AppSettingsService.h"
@@ -118,8 +119,13 @@ void requireFolder(const SaveTarget& output) {
     }
 }
 
-Task<RenderedFile> renderOne(ImageRendererServiceProtocol* renderer, CommandLineStyle style,
-                             RenderJob job, EncodeHooks hooks) {
+struct Outputs {
+    std::shared_ptr<ImageRendererServiceProtocol> renderer;
+    std::shared_ptr<PictureExporterProtocol> exporter;
+};
+
+Task<RenderedFile> renderOne(Outputs outputs, CommandLineStyle style, RenderJob job,
+                             EncodeHooks hooks) {
     RenderedFile file;
     file.job = job;
     Stopwatch stopwatch;
@@ -129,11 +135,12 @@ Task<RenderedFile> renderOne(ImageRendererServiceProtocol* renderer, CommandLine
     CompositeRequest request = style.requestFor(loaded.bitmap);
     loaded = {};
     requireEncodable(finishedSize(request), job.format);
-    const auto composing = renderer->renderComposite(std::move(request), hooks.stop);
+    const auto composing = outputs.renderer->renderComposite(std::move(request), hooks.stop);
     Image picture = co_await composing;
     file.composeMilliseconds = stopwatch.lap();
     file.pixels = picture.pixelSize();
-    const auto saving = renderer->saveImage(std::move(picture), job.output, job.format, hooks);
+    const auto saving =
+        outputs.exporter->saveImage(std::move(picture), job.output, job.format, hooks);
     file.saved = co_await saving;
     co_return file;
 }
@@ -144,9 +151,7 @@ bool isStop(const std::exception& error) {
            (exportError && exportError->errorCase() == ExportError::Case::userCancelled);
 }
 
-Task<RenderReport> renderAll(RenderOptions options,
-                             std::shared_ptr<ImageRendererServiceProtocol> renderer,
-                             std::stop_token stop) {
+Task<RenderReport> renderAll(RenderOptions options, Outputs outputs, std::stop_token stop) {
     RenderReport report;
     ProgressLine progress(static_cast<int>(options.jobs.size()));
     EncodeHooks hooks;
@@ -158,7 +163,7 @@ Task<RenderReport> renderAll(RenderOptions options,
         try {
             // The save folder is Kestrio's own choice on a fresh account, so it makes it.
             if (!options.isQuickSave) requireFolder(job.output);
-            const auto rendering = renderOne(renderer.get(), options.style, job, hooks);
+            const auto rendering = renderOne(outputs, options.style, job, hooks);
             RenderedFile file = co_await rendering;
             report.files.push_back(std::move(file));
         } catch (const std::exception& error) {
@@ -239,8 +244,9 @@ ExitStatus runRender(const QStringList& arguments) {
     const StopSignals stopSignals;
     const auto watermarks =
         std::make_shared<WatermarkService>(std::make_shared<MemoryUserDefaults>());
-    const auto renderer = std::make_shared<ImageRendererService>(watermarks, makePasteboard());
-    const RenderReport report = runUntilDone(renderAll(options, renderer, stopSignals.token()));
+    const Outputs outputs{std::make_shared<ImageRendererService>(watermarks),
+                          std::make_shared<PictureExporter>(makePasteboard())};
+    const RenderReport report = runUntilDone(renderAll(options, outputs, stopSignals.token()));
     return tell(options, report);
 }
 

@@ -3,8 +3,8 @@
 #include "app/cli/CommandLine.h"
 #include "core/FileSystem.h"
 #include "core/Localisation.h"
-#include "library/FileNaming.h"
-#include "library/QuickSave.h"
+#include "library/export/FileNaming.h"
+#include "library/export/QuickSave.h"
 
 #include <QFileInfo>
 

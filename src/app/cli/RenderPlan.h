@@ -1,7 +1,7 @@
 #pragma once
 
 #include "imaging/ExportFormat.h"
-#include "render/SaveTarget.h"
+#include "library/export/SaveTarget.h"
 #include "settings/AppSettings.h"
 
 #include <QStringList>

@@ -20,8 +20,8 @@ const QString& interfaceName() {
 }
 
 QString errorName(int status) {
-    const char* const kind = status == static_cast<int>(InstanceStatus::cancelled)    ? "Cancelled"
-                             : status == static_cast<int>(InstanceStatus::wrongUsage) ? "WrongUsage"
+    const char* const kind = status == static_cast<int>(ExitStatus::cancelled)    ? "Cancelled"
+                             : status == static_cast<int>(ExitStatus::wrongUsage) ? "WrongUsage"
                                                                                       : "Failed";
     return interfaceName() + QStringLiteral(".Error.") + QLatin1String(kind);
 }
@@ -121,7 +121,7 @@ QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
 
 void InstanceBus::refuse(const QDBusMessage& message, const QString& reason) {
     QDBusConnection::sessionBus().send(
-        message.createErrorReply(errorName(static_cast<int>(InstanceStatus::wrongUsage)), reason));
+        message.createErrorReply(errorName(static_cast<int>(ExitStatus::wrongUsage)), reason));
 }
 
 Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message, QString reserved) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ExitStatus.h"
 #include "app/capture/CaptureRequest.h"
 #include "core/Json.h"
 
@@ -61,8 +62,6 @@ struct InstanceRequest {
     }
 };
 
-enum class InstanceStatus { done = 0, failed = 1, wrongUsage = 2, cancelled = 3 };
-
 /// How it went; the numbers are exit statuses.
 struct InstanceReply {
     int status = 0;
@@ -71,13 +70,13 @@ struct InstanceReply {
 
     static InstanceReply done(QString path = {}) { return {0, {}, std::move(path)}; }
     static InstanceReply failed(QString message) {
-        return {static_cast<int>(InstanceStatus::failed), std::move(message), {}};
+        return {static_cast<int>(ExitStatus::failed), std::move(message), {}};
     }
     static InstanceReply wrongUsage(QString message) {
-        return {static_cast<int>(InstanceStatus::wrongUsage), std::move(message), {}};
+        return {static_cast<int>(ExitStatus::wrongUsage), std::move(message), {}};
     }
     static InstanceReply cancelled() {
-        return {static_cast<int>(InstanceStatus::cancelled), {}, {}};
+        return {static_cast<int>(ExitStatus::cancelled), {}, {}};
     }
 
     static constexpr auto jsonFields() {

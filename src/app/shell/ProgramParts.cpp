@@ -37,8 +37,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
         std::make_shared<OverlayWindowPicker>(overlay)});
     made.editors = parts.editors;
     made.pins = parts.pins;
-    made.imageRenderer = std::make_shared<ImageRendererService>(
-        std::make_shared<WatermarkService>(parts.userDefaults), parts.platform.pasteboard);
+    made.exporter = parts.exporter;
     made.settings = parts.settings;
     made.permissions = parts.permissions;
     made.alerts = parts.platform.alerts;
@@ -61,8 +60,9 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.activation = std::make_shared<ActivationState>();
     parts.permissions =
         std::make_shared<PermissionManager>(platform.screenPermission, platform.alerts);
+    parts.exporter = std::make_shared<PictureExporter>(platform.pasteboard);
     parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
-        platform.displays, platform.floatingWindows, platform.pasteboard);
+        platform.displays, platform.floatingWindows, parts.exporter);
     parts.toasts = std::make_shared<ToastPresenter>(platform.displays, platform.floatingWindows);
     QObject::connect(
         parts.pins.get(), &PinnedScreenshotCoordinator::copyFailed, parts.pins.get(),
@@ -71,14 +71,15 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.drafts = std::make_shared<DraftService>();
     const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);
     const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
-                               pins = parts.pins, themes = parts.themes, drafts = parts.drafts,
-                               styles] {
+                               pins = parts.pins, exporter = parts.exporter, themes = parts.themes,
+                               drafts = parts.drafts, styles] {
         EditorServices services = makeEditorServices(platform, defaults);
         // One for all windows, so that a change in one reaches the others.
         services.settings = settings;
         services.themes = themes;
         services.stylePersistence = styles;
         services.pins = pins;
+        services.exporter = exporter;
         services.drafts = drafts;
         return services;
     };

@@ -2,7 +2,7 @@
 
 #include "app/views/SettingsFields.h"
 #include "core/Localisation.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 #include <QCoreApplication>
 

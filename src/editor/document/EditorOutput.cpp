@@ -86,11 +86,12 @@ Task<SavedFile> EditorViewModel::exportImage(SaveTarget target, ExportFormat for
     const OutputUnderWay exporting(this);
     const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
+    const auto exporter = services_.exporter;
     const CompositeRequest request = outputRequest();
     requireEncodable(finishedSize(request), format);
     auto rendering = renderer->renderComposite(request, hooks.stop);
     Image picture = co_await rendering;
-    auto saving = renderer->saveImage(std::move(picture), std::move(target), format, hooks);
+    auto saving = exporter->saveImage(std::move(picture), std::move(target), format, hooks);
     const SavedFile saved = co_await saving;
     if (self) self->markExported(request);
     co_return saved;
@@ -100,10 +101,11 @@ Task<> EditorViewModel::copyToClipboard() {
     const OutputUnderWay exporting(this);
     const QPointer<EditorViewModel> self(this);
     const auto renderer = services_.imageRenderer;
+    const auto exporter = services_.exporter;
     const CompositeRequest request = outputRequest();
     auto rendering = renderer->renderComposite(request);
     const Image picture = co_await rendering;
-    auto copying = renderer->copyToClipboard(picture);
+    auto copying = exporter->copyToClipboard(picture);
     co_await copying;
     if (self) self->markExported(request);
 }

@@ -6,8 +6,8 @@ EditorServices makeEditorServices(const PlatformServices& platform,
                                   std::shared_ptr<UserDefaults> userDefaults) {
     EditorServices services;
     services.watermark = std::make_shared<WatermarkService>(userDefaults);
-    services.imageRenderer =
-        std::make_shared<ImageRendererService>(services.watermark, platform.pasteboard);
+    services.imageRenderer = std::make_shared<ImageRendererService>(services.watermark);
+    services.exporter = std::make_shared<PictureExporter>(platform.pasteboard);
     services.stylePersistence = std::make_shared<EditorStylePersistenceService>(userDefaults);
     services.themes = std::make_shared<ThemeStorageService>(userDefaults);
     services.enhancement = std::make_shared<AIEnhancementService>();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/drafts/DraftService.h"
+#include "library/export/PictureExporter.h"
 #include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/PlatformServices.h"
 #include "render/ImageRendererService.h"
@@ -14,6 +15,7 @@ namespace kestrio {
 /// What an editor works with.
 struct EditorServices {
     std::shared_ptr<ImageRendererServiceProtocol> imageRenderer;
+    std::shared_ptr<PictureExporterProtocol> exporter;
     std::shared_ptr<EditorStylePersistenceServiceProtocol> stylePersistence;
     std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<WatermarkServiceProtocol> watermark;

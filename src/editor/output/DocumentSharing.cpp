@@ -3,7 +3,7 @@
 #include "core/Localisation.h"
 #include "editor/output/SharedFiles.h"
 #include "imaging/ExportError.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 #include <QPointer>
 

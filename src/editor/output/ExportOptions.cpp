@@ -2,7 +2,7 @@
 
 #include "core/Cancelled.h"
 #include "imaging/ExportError.h"
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 #include <QCoreApplication>
 #include <QDir>

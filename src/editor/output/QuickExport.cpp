@@ -1,6 +1,6 @@
 #include "editor/output/QuickExport.h"
 
-#include "library/QuickSave.h"
+#include "library/export/QuickSave.h"
 
 namespace kestrio {
 

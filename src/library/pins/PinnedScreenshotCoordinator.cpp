@@ -1,7 +1,5 @@
 #include "library/pins/PinnedScreenshotCoordinator.h"
 
-#include "imaging/ExportError.h"
-#include "imaging/codecs/ImageEncoder.h"
 #include "library/pins/PinGeometry.h"
 #include "library/pins/PinnedScreenshotWindow.h"
 
@@ -16,14 +14,13 @@ constexpr QRectF fallbackFrame(0, 0, 1440, 900);
 
 }  // namespace
 
-PinnedScreenshotCoordinator::PinnedScreenshotCoordinator(std::shared_ptr<Displays> displays,
-                                                         std::shared_ptr<FloatingWindows> floating,
-                                                         std::shared_ptr<Pasteboard> pasteboard,
-                                                         QObject* parent)
+PinnedScreenshotCoordinator::PinnedScreenshotCoordinator(
+    std::shared_ptr<Displays> displays, std::shared_ptr<FloatingWindows> floating,
+    std::shared_ptr<PictureExporterProtocol> exporter, QObject* parent)
     : QObject(parent),
       displays_(std::move(displays)),
       floating_(std::move(floating)),
-      pasteboard_(std::move(pasteboard)) {}
+      exporter_(std::move(exporter)) {}
 
 PinnedScreenshotCoordinator::~PinnedScreenshotCoordinator() {
     for (const auto& [id, window] : pinnedWindows_)
@@ -59,15 +56,14 @@ QUuid PinnedScreenshotCoordinator::pin(Image image) {
 
 Task<> PinnedScreenshotCoordinator::copy(Image image) {
     const QPointer<PinnedScreenshotCoordinator> self(this);
-    const auto pasteboard = pasteboard_;
-    const auto encoding = runInBackground(
-        [bitmap = image.bitmap()] { return encodeImage(bitmap, ExportFormat::png); });
-    const QByteArray png = co_await encoding;
-    auto writing = writeImagePatiently(pasteboard, image.bitmap(), png);
-    const bool isWritten = co_await writing;
-    if (self && !isWritten) {
-        Q_EMIT copyFailed(ExportError::clipboardFailed().errorDescription());
+    QString failure;
+    try {
+        auto copying = exporter_->copyToClipboard(std::move(image));
+        co_await copying;
+    } catch (const std::exception& error) {
+        failure = describeFailure(error);
     }
+    if (self && !failure.isEmpty()) Q_EMIT copyFailed(failure);
 }
 
 void PinnedScreenshotCoordinator::close(const QUuid& id) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/Task.h"
+#include "library/export/PictureExporter.h"
 #include "library/pins/PinnedScreenshotModel.h"
 #include "platform/Displays.h"
 #include "platform/FloatingWindows.h"
-#include "platform/Pasteboard.h"
 
 #include <map>
 #include <memory>
@@ -32,7 +32,8 @@ class PinnedScreenshotCoordinator : public QObject, public PinnedScreenshotCoord
   public:
     PinnedScreenshotCoordinator(std::shared_ptr<Displays> displays,
                                 std::shared_ptr<FloatingWindows> floating,
-                                std::shared_ptr<Pasteboard> pasteboard, QObject* parent = nullptr);
+                                std::shared_ptr<PictureExporterProtocol> exporter,
+                                QObject* parent = nullptr);
     ~PinnedScreenshotCoordinator() override;
 
     QUuid pin(Image image) override;
@@ -50,12 +51,11 @@ class PinnedScreenshotCoordinator : public QObject, public PinnedScreenshotCoord
 
   private:
     PinnedScreenshotModel makeModel(Image image) const;
-    /// Encodes off the main loop; done when asked for, it would stall this and the asking program.
     Task<> copy(Image image);
 
     std::shared_ptr<Displays> displays_;
     std::shared_ptr<FloatingWindows> floating_;
-    std::shared_ptr<Pasteboard> pasteboard_;
+    std::shared_ptr<PictureExporterProtocol> exporter_;
     std::map<QUuid, PinnedScreenshotWindow*> pinnedWindows_;
     std::map<QUuid, PinnedScreenshotModel> windowModels_;
 };

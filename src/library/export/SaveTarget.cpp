@@ -1,4 +1,4 @@
-#include "render/SaveTarget.h"
+#include "library/export/SaveTarget.h"
 
 #include "core/AtomicFile.h"
 #include "imaging/ExportError.h"

@@ -1,6 +1,6 @@
-#include "library/QuickSave.h"
+#include "library/export/QuickSave.h"
 
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 namespace kestrio {
 

@@ -1,6 +1,6 @@
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
-#include "library/QuickSave.h"
+#include "library/export/QuickSave.h"
 
 #include <gtest/gtest.h>
 #include <QFile>

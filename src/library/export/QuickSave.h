@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/SaveTarget.h"
+#include "library/export/SaveTarget.h"
 #include "settings/AppSettings.h"
 
 #include <QDateTime>

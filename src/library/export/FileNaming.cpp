@@ -1,4 +1,4 @@
-#include "library/FileNaming.h"
+#include "library/export/FileNaming.h"
 
 #include "core/NativePath.h"
 
