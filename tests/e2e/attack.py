@@ -3,6 +3,7 @@ connections and senseless calls. Each function attacks `count` times, checks tha
 hung, and returns what it counted. The test suite runs them for seconds, scripts/soak for long.
 """
 import concurrent.futures
+import contextlib
 import os
 import random
 import shutil
@@ -246,3 +247,50 @@ def removals_of_socket(program, desktop, count):
         wait_until(lambda: list(folder.glob("*.socket")), "the socket", 5)
         require_command(program, desktop)
     return {"removals": count}
+
+
+def stalling_owners(program, desktop, count):
+    """Owners of the clipboard that do not answer hold up neither captures nor, for long, a paste."""
+    slowest_capture = slowest_paste = 0
+    for number in range(count):
+        owner = start(desktop, ["xclip", "-quiet", "-selection", "clipboard", "/etc/passwd"])
+        wait_until(lambda: b"root" in (desktop.clipboard("STRING") or b""), "another program's text")
+        owner.send_signal(signal.SIGSTOP)
+        try:
+            began = time.monotonic()
+            paste = start(desktop, [program, "edit"])
+            slowest_capture = max(slowest_capture, require_command(program, desktop))
+            if paste.wait(10) != 1:
+                raise Failure(f"pasting what nobody gives ends with {paste.returncode}")
+            slowest_paste = max(slowest_paste, time.monotonic() - began)
+            if number % 2 and run(desktop, [program, "capture", "display", "--copy"], 20).returncode:
+                raise Failure("a copy over a silent owner fails")
+        finally:
+            owner.kill()
+            owner.wait()
+    if slowest_capture > 2 or slowest_paste > 5:
+        raise Failure(f"captures took {slowest_capture:.1f} s, pastes {slowest_paste:.1f} s")
+    return {"owners": count, "slowest capture": f"{slowest_capture:.2f} s",
+            "slowest paste": f"{slowest_paste:.2f} s"}
+
+
+def keepers(desktop):
+    """The processes of this desktop that hold a clipboard."""
+    found = []
+    home = f"HOME={desktop.environment['HOME']}".encode()
+    for process in Path("/proc").glob("[0-9]*"):
+        with contextlib.suppress(OSError):
+            words = (process / "cmdline").read_bytes().split(b"\0")
+            if b"hold-clipboard" in words and home in (process / "environ").read_bytes().split(b"\0"):
+                found.append(int(process.name))
+    return found
+
+
+def lone_copies(program, desktop, count):
+    """However many programs copy and end, one process holds what was copied last."""
+    require_done(together(desktop, [[program, "capture", "display", "--copy"]] * count, 4))
+    wait_until(lambda: len(keepers(desktop)) == 1, "one process that holds the clipboard", 10)
+    if "image/png" not in desktop.clipboard_targets():
+        raise Failure("the clipboard is empty")
+    os.kill(keepers(desktop)[0], signal.SIGTERM)
+    return {"copies": count, "processes left": 1}

@@ -13,6 +13,7 @@ from PIL import Image
 
 import pictures
 import resident
+from attack import keepers
 from desktop import Desktop, Rect, wait_until
 from resident import EDITOR, with_tray
 
@@ -20,18 +21,6 @@ LONGEST_STALL = 1.0  # seconds without an answer of the main loop; a machine und
 FAILURE_COLOR = (217, 45, 32)
 RED = (250, 20, 30)
 OWNER = "other program"
-
-
-def keepers(desktop):
-    """The processes of this desktop that hold a clipboard."""
-    found = []
-    home = f"HOME={desktop.environment['HOME']}".encode()
-    for process in Path("/proc").glob("[0-9]*"):
-        with contextlib.suppress(OSError):
-            words = (process / "cmdline").read_bytes().split(b"\0")
-            if b"hold-clipboard" in words and home in (process / "environ").read_bytes().split(b"\0"):
-                found.append(int(process.name))
-    return found
 
 
 class Heartbeat:
