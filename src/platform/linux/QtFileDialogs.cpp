@@ -53,61 +53,68 @@ auto dropWhenDone(const QPointer<Panel>& panel) {
     });
 }
 
-}  // namespace
-
-Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
-                                                       std::stop_token stop) {
-    const QPointer<const QObject> lifetime(&lifetime_);
-    const QPointer<QWindow> parent(request.parent);
-    auto looking = reachableFolder(request.folder);
-    request.folder = co_await looking;
-    if (!lifetime) co_return std::nullopt;
-    if (stop.stop_requested()) throw Cancelled();
-    const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
-    const auto cleanup = dropWhenDone(panel);
+QFileDialog* makeOpenPanel(const OpenPanelRequest& request) {
+    auto* panel = new QFileDialog(nullptr, request.title, request.folder);
     panel->setFileMode(QFileDialog::ExistingFile);
     QStringList filters;
     for (const FileType& type : request.types)
         filters << nameFilter(type);
     if (!filters.isEmpty()) panel->setNameFilters(filters);
-    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
+    return panel;
+}
+
+QFileDialog* makeFolderPanel(const OpenPanelRequest& request) {
+    auto* panel = new QFileDialog(nullptr, request.title, request.folder);
+    panel->setFileMode(QFileDialog::Directory);
+    panel->setOption(QFileDialog::ShowDirsOnly);
+    return panel;
+}
+
+QtSavePanel* makeSavePanel(const SavePanelRequest& request) {
+    return new QtSavePanel(request);
+}
+
+QString chosenIn(const QFileDialog& panel) {
+    return panel.selectedFiles().value(0);
+}
+
+QString savedIn(const QtSavePanel& panel) {
+    return panel.chosenFile();
+}
+
+// Shows the panel that `make` makes of the request, and gives what `chosen` finds in it.
+template <typename Request, typename Panel>
+Task<std::optional<QString>> ask(Request request, Panel* (*make)(const Request&),
+                                 QString (*chosen)(const Panel&), QPointer<const QObject> dialogs,
+                                 std::stop_token stop) {
+    const QPointer<QWindow> parent(request.parent);
+    auto looking = reachableFolder(request.folder);
+    request.folder = co_await looking;
+    if (!dialogs) co_return std::nullopt;
+    if (stop.stop_requested()) throw Cancelled();
+    const QPointer<Panel> panel(make(request));
+    const auto cleanup = dropWhenDone(panel);
+    const auto closed = openPanel(panel, dialogs, parent, std::move(stop));
     const bool isAccepted = co_await closed;
     if (!isAccepted || !panel) co_return std::nullopt;
-    co_return panel->selectedFiles().value(0);
+    co_return chosen(*panel);
+}
+
+}  // namespace
+
+Task<std::optional<QString>> QtFileDialogs::chooseOpen(OpenPanelRequest request,
+                                                       std::stop_token stop) {
+    return ask(std::move(request), makeOpenPanel, chosenIn, &lifetime_, std::move(stop));
 }
 
 Task<std::optional<QString>> QtFileDialogs::chooseFolder(OpenPanelRequest request,
                                                          std::stop_token stop) {
-    const QPointer<const QObject> lifetime(&lifetime_);
-    const QPointer<QWindow> parent(request.parent);
-    auto looking = reachableFolder(request.folder);
-    request.folder = co_await looking;
-    if (!lifetime) co_return std::nullopt;
-    if (stop.stop_requested()) throw Cancelled();
-    const QPointer panel(new QFileDialog(nullptr, request.title, request.folder));
-    const auto cleanup = dropWhenDone(panel);
-    panel->setFileMode(QFileDialog::Directory);
-    panel->setOption(QFileDialog::ShowDirsOnly);
-    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
-    const bool isAccepted = co_await closed;
-    if (!isAccepted || !panel) co_return std::nullopt;
-    co_return panel->selectedFiles().value(0);
+    return ask(std::move(request), makeFolderPanel, chosenIn, &lifetime_, std::move(stop));
 }
 
 Task<std::optional<QString>> QtFileDialogs::chooseSave(SavePanelRequest request,
                                                        std::stop_token stop) {
-    const QPointer<const QObject> lifetime(&lifetime_);
-    const QPointer<QWindow> parent(request.parent);
-    auto looking = reachableFolder(request.folder);
-    request.folder = co_await looking;
-    if (!lifetime) co_return std::nullopt;
-    if (stop.stop_requested()) throw Cancelled();
-    const QPointer panel(new QtSavePanel(request));
-    const auto cleanup = dropWhenDone(panel);
-    const auto closed = openPanel(panel, &lifetime_, parent, std::move(stop));
-    const bool isAccepted = co_await closed;
-    if (!isAccepted || !panel) co_return std::nullopt;
-    co_return panel->chosenFile();
+    return ask(std::move(request), makeSavePanel, savedIn, &lifetime_, std::move(stop));
 }
 
 }  // namespace kestrio
