@@ -97,11 +97,4 @@ QRectF contentRect(const CompositeLayout& layout) {
             padding.y() + titleBar + (availableHeight - height) * 0.5, width, height};
 }
 
-QRectF mapToOutput(const QRectF& rect, const CompositeLayout& layout) {
-    if (!layout.isValid()) return rect;
-    const double x = layout.outputSize.width() / layout.canvasSize.width();
-    const double y = layout.outputSize.height() / layout.canvasSize.height();
-    return {rect.x() * x, rect.y() * y, rect.width() * x, rect.height() * y};
-}
-
 }  // namespace kestrio

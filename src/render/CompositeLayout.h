@@ -53,7 +53,4 @@ QRectF contentRect(const CompositeLayout& layout);
 /// The padding in output pixels along x and y; in points where the layout is not valid.
 QPointF scaledPadding(const CompositeLayout& layout);
 
-/// A rectangle of the canvas in output pixels; unchanged where the layout is not valid.
-QRectF mapToOutput(const QRectF& rect, const CompositeLayout& layout);
-
 }  // namespace kestrio

@@ -1,7 +1,5 @@
 #include "render/ImageRendererService.h"
 
-#include "render/backdrop/OverlayPainter.h"
-
 namespace kestrio {
 
 ImageRendererService::ImageRendererService(
@@ -15,20 +13,6 @@ Task<Image> ImageRendererService::renderComposite(CompositeRequest request, std:
     };
     const auto picture = runInBackground(std::move(work));
     co_return co_await picture;
-}
-
-Image ImageRendererService::renderBackdrop(const BackdropSettings& backdrop, QSize pixels,
-                                           double scale) {
-    return composer_->renderBackdrop(backdrop, pixels, scale);
-}
-
-Image ImageRendererService::applyEffects(const Image& image, const BackdropEffects& effects,
-                                         double scale) {
-    return composer_->applyEffects(image, effects, scale);
-}
-
-Image ImageRendererService::renderOverlayImage(OverlayType type, QSize pixels, double opacity) {
-    return Image(kestrio::renderOverlayImage(type, pixels, opacity));
 }
 
 }  // namespace kestrio

@@ -18,16 +18,6 @@ class ImageRendererServiceProtocol {
     /// The finished picture, one pixel a point. Throws ExportError::renderingFailed for a request
     /// without a screenshot or with an impossible size, and Cancelled.
     virtual Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) = 0;
-
-    /// The backdrop alone, without its effects; pixels, and pixels a point. Blocks; any thread.
-    virtual Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) = 0;
-
-    /// A picture with backdrop effects applied; the very same where they are neutral. Blocks.
-    virtual Image applyEffects(const Image& image, const BackdropEffects& effects,
-                               double scale) = 0;
-
-    /// An overlay alone on a transparent picture; `opacity` is a percentage. Blocks.
-    virtual Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) = 0;
 };
 
 /// The renderer on the real composer.
@@ -36,9 +26,6 @@ class ImageRendererService : public ImageRendererServiceProtocol {
     explicit ImageRendererService(std::shared_ptr<WatermarkServiceProtocol> watermarkService);
 
     Task<Image> renderComposite(CompositeRequest request, std::stop_token stop = {}) override;
-    Image renderBackdrop(const BackdropSettings& backdrop, QSize pixels, double scale) override;
-    Image applyEffects(const Image& image, const BackdropEffects& effects, double scale) override;
-    Image renderOverlayImage(OverlayType type, QSize pixels, double opacity) override;
 
   private:
     std::shared_ptr<ImageComposer> composer_;

@@ -9,7 +9,7 @@
 namespace kestrio {
 namespace {
 
-/// A step that can be told from others by its number.
+/// A step that is known from others by its number.
 AnnotationOperation step(int number) {
     return {ReorderOperation{{}, static_cast<std::size_t>(number), 0}};
 }

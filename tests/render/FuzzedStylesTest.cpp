@@ -12,7 +12,7 @@
 namespace kestrio {
 namespace {
 
-// Every request ends, with a picture or with the one error that tells it cannot be rendered.
+// Every request ends, with a picture or with the one error that says it cannot be rendered.
 bool isRefused(const CompositeRequest& request) {
     try {
         EXPECT_FALSE(testComposer().compose(request).isNull());

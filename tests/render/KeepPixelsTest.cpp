@@ -95,9 +95,9 @@ TEST(KeepPixels, AShapedOrFixedCanvasGrowsAsFarAsIsNeeded) {
 
     CompositeRequest large = small;
     large.canvasState.canvasSize = {500, 401};
-    const QImage roomy = testComposer().compose(large).bitmap();
-    EXPECT_TRUE(foundIn(roomy, large)) << "it is not enlarged either";
-    EXPECT_EQ(roomy.size(), QSize(500, 401));
+    const QImage withMargin = testComposer().compose(large).bitmap();
+    EXPECT_TRUE(foundIn(withMargin, large)) << "it is not enlarged either";
+    EXPECT_EQ(withMargin.size(), QSize(500, 401));
 }
 
 TEST(KeepPixels, APreviewHasTheSameGeometry) {

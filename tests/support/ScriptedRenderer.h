@@ -6,7 +6,7 @@
 namespace kestrio {
 
 /// A renderer that keeps what it is asked for, gives the bare screenshot back, and waits or fails
-/// when told to.
+/// on demand.
 class ScriptedRenderer : public ImageRendererServiceProtocol {
   public:
     std::vector<CompositeRequest> requests;
@@ -23,12 +23,6 @@ class ScriptedRenderer : public ImageRendererServiceProtocol {
         if (renderFailure) throw *renderFailure;
         co_return request.screenshot;
     }
-
-    Image renderBackdrop(const BackdropSettings&, QSize, double) override { return {}; }
-    Image applyEffects(const Image& image, const BackdropEffects&, double) override {
-        return image;
-    }
-    Image renderOverlayImage(OverlayType, QSize, double) override { return {}; }
 };
 
 }  // namespace kestrio

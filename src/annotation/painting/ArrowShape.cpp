@@ -74,10 +74,4 @@ QPainterPath arrowOutline(const ArrowGeometry& arrow, double headSize) {
     return outline;
 }
 
-QPolygonF arrowBand(const ArrowGeometry& arrow, double width) {
-    const double length = lengthOf(arrow);
-    if (!(length > 0)) return {};
-    return band(arrow.start, arrow.end, axesOf(arrow, length).across * (width / 2));
-}
-
 }  // namespace kestrio

@@ -29,7 +29,4 @@ QPolygonF arrowhead(const ArrowGeometry& arrow, double headSize);
 /// are even where both meet.
 QPainterPath arrowOutline(const ArrowGeometry& arrow, double headSize);
 
-/// The band along the line in which pointing at an arrow means it, `width` across.
-QPolygonF arrowBand(const ArrowGeometry& arrow, double width);
-
 }  // namespace kestrio

@@ -16,7 +16,7 @@ void ThemeViewModel::reload() {
     try {
         user = storageService_->loadThemes();
     } catch (const ThemeStorageError& error) {
-        // What a save or deletion has just told is the better message.
+        // What a save or deletion has just reported is the better message.
         if (errorMessage().isEmpty()) set_errorMessage(error.errorDescription());
     }
     std::vector<Theme> all = defaults_;

@@ -20,11 +20,11 @@ class ThemeViewModel : public QObject {
     explicit ThemeViewModel(std::shared_ptr<ThemeStorageServiceProtocol> storageService,
                             QObject* parent = nullptr);
 
-    /// Reads the user's themes again. Where that fails the defaults stay and errorMessage tells.
+    /// Reads the user's themes again. Where that fails the defaults stay and errorMessage says.
     void reload();
-    /// Saves a style under a name and selects it. Failure is told in errorMessage.
+    /// Saves a style under a name and selects it. Failure is reported in errorMessage.
     void saveTheme(const QString& name, const EditorStyleSettings& style);
-    /// Replaces the theme of the same id. Failure is told in errorMessage.
+    /// Replaces the theme of the same id. Failure is reported in errorMessage.
     void updateTheme(const Theme& theme);
     void deleteTheme(QUuid id);
     void select(const std::optional<Theme>& theme) { set_selectedTheme(theme); }

@@ -24,7 +24,7 @@ class WatermarkViewModel : public QObject {
     /// The picture itself while the watermark is off, else with the mark burned in.
     Image applied(const Image& image) const;
 
-    /// Outcomes are told in successMessage or errorMessage.
+    /// Outcomes are reported in successMessage or errorMessage.
     void savePreset(const QString& name);
     void deletePreset(QUuid id);
     /// Takes a stored preset's settings over; an unknown id changes nothing.

@@ -53,7 +53,6 @@ TEST(ArrowShape, TheShaftEndsInsideTheHead) {
     const ArrowGeometry arrow{{0, 50}, {100, 50}, 4};
     EXPECT_NEAR(arrowShaft(arrow, 20).boundingRect().right(), 84, 1e-9);
     EXPECT_EQ(arrowhead(arrow, 20).boundingRect(), QRectF(80, 40, 20, 20));
-    EXPECT_EQ(arrowBand(arrow, 20).boundingRect(), QRectF(0, 40, 100, 20));
 }
 
 TEST(ArrowShape, ShortArrowsRunBackAndEmptyOnesAreNothing) {
