@@ -106,7 +106,7 @@ void annotateForm(benchmark::State& state, BlurType type) {
     measure(state, form(type));
 }
 
-// The wall clock counts; the time of all cores beside it tells ratios on a machine that others use.
+// The wall clock counts; the time of all cores beside it gives ratios on a machine that others use.
 void setUp(benchmark::internal::Benchmark* measured) {
     measured->MeasureProcessCPUTime()->UseRealTime()->Unit(benchmark::kMillisecond);
 }

@@ -26,7 +26,7 @@ namespace {
 
 // Starting.
 
-/// Ends the event loop with the first frame of any window and tells the time since `start`.
+/// Ends the event loop with the first frame of any window and prints the time since `start`.
 class FirstFrame : public QObject {
   public:
     explicit FirstFrame(double start) : start_(start) {}

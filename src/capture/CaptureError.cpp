@@ -2,6 +2,7 @@
 
 #include "core/Cancelled.h"
 #include "core/Localisation.h"
+#include "platform/DesktopWords.h"
 
 namespace kestrio {
 
@@ -29,9 +30,8 @@ QString CaptureError::errorDescription() const {
             return localised("System error: ") + reason_;
         case Case::permissionDenied:
             if (!reason_.isEmpty()) return reason_;
-            return localised(
-                "Screen recording permission denied. Please allow Kestrio in System Settings > "
-                "Privacy & Security > Screen Recording.");
+            return localised("Screen recording permission denied. Please allow Kestrio in %1.")
+                .arg(desktopWords().screenRecordingPage);
         case Case::captureTimeout:
             return localised("Capture timed out. Please try again.");
         case Case::invalidRegion:

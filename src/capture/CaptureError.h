@@ -4,7 +4,7 @@
 
 namespace kestrio {
 
-/// Why a capture yielded no picture. Cancelled captures are told to nobody.
+/// Why a capture yielded no picture. Cancelled captures are reported to nobody.
 class CaptureError : public Error {
   public:
     enum class Case {

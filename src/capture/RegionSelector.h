@@ -16,7 +16,7 @@ struct RegionSelectionOptions {
     bool confirms = true;   ///< the user adjusts and decides before anything happens
     bool snaps = true;      ///< a click takes the window under the pointer
     bool magnifies = true;  ///< a magnifier follows the pointer
-    /// Told of each input, where it is set; a choice without any is taken for hung.
+    /// Called at each input, where it is set; a choice without any is taken for hung.
     std::function<void()> onInput = nullptr;
 };
 

@@ -14,7 +14,7 @@ class WindowPicker {
     virtual ~WindowPicker() = default;
 
     /// Nothing where the user clicked beside all windows. Throws Cancelled where the user or a stop
-    /// ends it, and CaptureError. `onInput` is told of each input; a choice without any is taken
+    /// ends it, and CaptureError. `onInput` is called at each input; a choice without any is taken
     /// for hung.
     virtual Task<std::optional<WindowInfo>> pick(std::function<void()> onInput,
                                                  std::stop_token stop) = 0;

@@ -19,7 +19,7 @@ class Error : public std::exception {
     mutable QByteArray text_;
 };
 
-/// One line that tells a user what went wrong, whatever was thrown.
+/// One line that says to a user what went wrong, whatever was thrown.
 QString describeFailure(const std::exception& error);
 
 }  // namespace kestrio

@@ -59,7 +59,7 @@ class JsonObject : private detail::JsonMembers<Key, T, Allocator> {
         insert(first, last);
     }
 
-    /// Keeps the member of this key where there is one; the second value tells if it is new.
+    /// Keeps the member of this key where there is one; the second value says if it is new.
     template <typename AnyKey>
     std::pair<iterator, bool> emplace(AnyKey&& key, T&& value) {
         if (const iterator old = find(key); old != end()) return {old, false};

@@ -37,7 +37,7 @@ void SerialQueue::async(std::function<void()> work) {
 }
 
 void SerialQueue::run() {
-    // The kernel keeps 15 characters; the label's last part is the telling one.
+    // The kernel keeps 15 characters; the label's last part is the distinctive one.
     pthread_setname_np(pthread_self(), label_.section(u'.', -1).left(15).toUtf8().constData());
     std::unique_lock lock(mutex_);
     while (true) {

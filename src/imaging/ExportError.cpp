@@ -30,7 +30,7 @@ QString ExportError::errorDescription() const {
         case Case::unsupportedFormat:
             if (format_ == ExportFormat::webp) {
                 return localised(
-                    "WebP export is not available on this macOS runtime. Please export as PNG or "
+                    "WebP export is not available on this system. Please export as PNG or "
                     "JPEG.");
             }
             return localised("Unsupported export format: ") + fileExtension(format_).toUpper();

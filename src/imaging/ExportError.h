@@ -21,7 +21,7 @@ class ExportError : public Error {
     /// `reason` is what the system said, such as "No space left on device".
     static ExportError fileWriteFailed(QString path, QString reason = {});
     static ExportError unsupportedFormat(ExportFormat format);
-    /// `reason` tells users more than that it failed; may be empty.
+    /// `reason` adds to the fact that it failed, for users; may be empty.
     static ExportError renderingFailed(QString reason = {});
     static ExportError clipboardFailed() { return ExportError(Case::clipboardFailed); }
     static ExportError invalidFormat() { return ExportError(Case::invalidFormat); }

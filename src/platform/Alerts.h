@@ -17,8 +17,8 @@ struct AlertRequest {
     QStringList buttons;  ///< "OK" alone where empty
 };
 
-/// Asks or tells the user something that must be answered. The main loop goes on meanwhile. Main
-/// thread only. Destroying the service dismisses what is open.
+/// Shows the user a question or a notice that must be answered. The main loop goes on meanwhile.
+/// Main thread only. Destroying the service dismisses what is open.
 class Alerts {
   public:
     virtual ~Alerts() = default;

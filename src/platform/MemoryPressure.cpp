@@ -11,7 +11,7 @@ std::shared_ptr<MemoryPressureSource> MemoryPressure::makeMemoryPressureSource(
 }
 
 void MemoryPressure::announce(MemoryPressureLevel level) {
-    const auto sources = sources_;  // handlers may subscribe anew
+    const auto sources = sources_;  // handlers may subscribe again
     for (const auto& each : sources) {
         if (const auto source = each.lock()) source->call(level);
     }

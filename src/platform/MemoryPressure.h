@@ -21,7 +21,7 @@ class MemoryPressureSource {
     Handler handler_;
 };
 
-/// Tells when the machine runs short of memory. Main thread only. A platform's class watches the
+/// Says when the machine runs short of memory. Main thread only. A platform's class watches the
 /// system and announces what it learns; one that cannot know stays silent.
 class MemoryPressure {
   public:

@@ -8,7 +8,7 @@ Task<bool> writeImagePatiently(std::shared_ptr<Pasteboard> pasteboard, QImage im
     constexpr std::chrono::milliseconds interval(30);
     for (int attempt = 1; !pasteboard->writeImage(image, png); ++attempt) {
         if (attempt == attempts) co_return false;
-        // The desktop's events, which come meanwhile, tell when the other program has copied; what
+        // The desktop's events, which come meanwhile, say when the other program has copied; what
         // claims to be older than that is refused.
         const auto pause = sleepFor(interval);
         co_await pause;

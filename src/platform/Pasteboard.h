@@ -46,7 +46,7 @@ class Pasteboard {
     virtual Task<PasteboardContents> read(PasteboardKinds wanted, std::stop_token stop = {}) = 0;
 
     /// A number of whoever owns its contents: another one after another program has copied. 0 where
-    /// nobody does, and where the desktop does not tell.
+    /// nobody does, and where the desktop does not say.
     virtual quint32 owner() const = 0;
     /// Whether the desktop names this program as the owner of the contents, which end with it.
     virtual bool ownsContents() const = 0;

@@ -31,7 +31,7 @@ class StatusItem {
 
     /// Whether the desktop has a tray now. One that comes later gets the icon then.
     virtual bool isAvailable() const = 0;
-    /// Shows the icon. `menu` is asked anew each time the menu opens; actions run after the menu
+    /// Shows the icon. `menu` is asked again each time the menu opens; actions run after the menu
     /// has left the screen.
     virtual void show(const QIcon& icon, const QString& toolTip,
                       std::function<StatusMenu()> menu) = 0;

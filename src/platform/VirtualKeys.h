@@ -46,7 +46,7 @@ std::optional<KeyCombination> combinationOf(const QKeyEvent& event);
 /// The same of keys as Qt names them on a US keyboard.
 std::optional<KeyCombination> combinationOf(QKeyCombination keys);
 
-/// How a platform tells the code of an event's key without modifiers; none for keys that it does
+/// How a platform finds the code of an event's key without modifiers; none for keys that it does
 /// not know. Without a lookup, or where it has no answer, the event's own key counts as one of a US
 /// keyboard.
 using UnshiftedKeyLookup = std::function<std::optional<int>(const QKeyEvent&)>;

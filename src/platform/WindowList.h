@@ -9,7 +9,7 @@ namespace kestrio {
 /// A program's top-level window.
 struct WindowInfo {
     quint64 windowID = 0;
-    QString ownerName;   ///< the program's; "Unknown" where it does not tell
+    QString ownerName;   ///< the program's; "Unknown" where it does not say
     QString windowName;  ///< the title; may be empty
     QRectF bounds;       ///< points of the desktop; with title bar, without shadow
     bool isOnScreen = false;

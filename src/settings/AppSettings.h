@@ -18,7 +18,7 @@ constexpr const auto& enumTable(ScrollingCaptureMode) {
     return scrollingCaptureModes;
 }
 
-/// The user's desktop folder, where pictures are saved unless told otherwise.
+/// The user's desktop folder, where pictures are saved unless set otherwise.
 QString standardSavePath();
 
 /// All preferences. Each key falls back to its default on its own when it is missing or unreadable,

@@ -6,7 +6,7 @@
 
 namespace kestrio {
 
-/// What a typed text means: a colour at alpha 1, or a message that tells what is wrong, or neither
+/// What a typed text means: a colour at alpha 1, or a message that says what is wrong, or neither
 /// while nothing is typed.
 struct ColorInputResult {
     std::optional<CodableColor> color;

@@ -90,7 +90,7 @@ struct AnnotationLayerTest : testing::Test {
         ASSERT_TRUE(isRedrawn);
     }
 
-    /// What changes at once must lie within what is told, and be as if painted anew.
+    /// What changes at once must lie within what is reported, and be as if painted again.
     void expectPatched(const Records& records, const char* what) {
         const QImage before = shownBy(layer);
         const QRect stale = show(records);

@@ -365,7 +365,7 @@ TEST_F(EditorWindowTest, ThemesAreReplacedRenamedAndSharedByAllWindows) {
     EXPECT_TRUE(first.themes()->userThemes().empty());
 }
 
-// What the user saved and cannot be read is told, once the window can show it.
+// What the user saved and cannot be read is reported, once the window can show it.
 TEST_F(EditorWindowTest, UnreadableThemesAreTold) {
     defaults->setData(QStringLiteral("com.kestrio.savedThemes"), "rubbish");
     EditorController controller(services(), QStringLiteral("shot"));

@@ -107,7 +107,7 @@ TEST_P(DisplaysContract, KnowTheOneUnderThePointer) {
 INSTANTIATE_TEST_SUITE_P(All, DisplaysContract, testing::ValuesIn(candidates),
                          [](const auto& each) { return std::string(each.param.name); });
 
-/// Tells the displays of a program of its own; Qt reads scale factors at its start only.
+/// Prints the displays of a program of its own; Qt reads scale factors at its start only.
 QStringList displaysUnder(const QString& factors) {
     QProcess program;
     auto environment = QProcessEnvironment::systemEnvironment();

@@ -200,7 +200,7 @@ TEST_F(X11Windows, MayGoWhileTheyAreRead) {
 }
 
 TEST_F(X11Windows, AreReadWhileACompositingManagerRuns) {
-    // Redirected by somebody, and the selection that tells of it.
+    // Redirected by somebody, and the selection that reports it.
     ForeignWindow window({100, 100, 60, 40}, orange, false);
     window.map();
     ForeignWindow cover({90, 90, 200, 200}, 0, false);

@@ -18,7 +18,7 @@ bool waitUntil(Condition holds) {
         if (isMet || limit.hasExpired()) QCoreApplication::exit();
     });
     poll.start(std::chrono::milliseconds(2));
-    // Not a nested loop: Qt tells of palettes only while the application itself runs.
+    // Not a nested loop: Qt reports palettes only while the application itself runs.
     if (!isMet) QCoreApplication::exec();
     return isMet;
 }

@@ -5,7 +5,7 @@
 
 namespace kestrio {
 
-/// A clipboard in memory that refuses pictures or texts, and fails to be read, when told to.
+/// A clipboard in memory that refuses pictures or texts, and fails to be read, on demand.
 class MemoryPasteboard : public Pasteboard {
   public:
     bool refusesImages = false;

@@ -4,7 +4,7 @@
 
 namespace kestrio {
 
-/// A desktop without translucency that does as it is told.
+/// A desktop without translucency that does as it is asked.
 class PlainFloatingWindows : public FloatingWindows {
   public:
     int preparedCount = 0;

@@ -5,7 +5,7 @@
 
 namespace kestrio {
 
-/// An exporter that notes what it is given and fails when told to.
+/// An exporter that notes what it is given and fails on demand.
 class ScriptedExporter : public PictureExporterProtocol {
   public:
     std::optional<ExportError> saveFailure, copyFailure;

@@ -29,7 +29,7 @@ struct DrawnGesture {
     qint64 nextNumber = 1;
 };
 
-/// Everything that tells one tool from another.
+/// Everything in which one tool differs from another.
 struct AnnotationToolInfo {
     AnnotationTool tool;
     const char* name;         ///< English

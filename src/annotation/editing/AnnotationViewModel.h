@@ -189,7 +189,7 @@ class AnnotationViewModel : public QObject {
     void startNumberEditing(const AnyAnnotation& annotation);
     void commitNumberEdit();
     void cancelNumberEdit();
-    /// Counts the badges anew in the order of their numbers, from one of them or from the lowest.
+    /// Counts the badges again in the order of their numbers, from one of them or from the lowest.
     void renumber(const std::optional<QUuid>& from, qint64 startingAt);
     void recomputeNextNumber();
 

@@ -11,7 +11,7 @@ constexpr qint64 successor(qint64 number) {
     return number == std::numeric_limits<qint64>::max() ? number : number + 1;
 }
 
-/// The badges that change when they are counted anew, with their new numbers, in the order of the
+/// The badges that change when they are counted again, with their new numbers, in the order of the
 /// old ones: from the badge `from` on, or all where that is none of them.
 std::vector<NumberAnnotation> renumbered(const std::vector<AnyAnnotation>& annotations,
                                          const std::optional<QUuid>& from, qint64 startingAt);

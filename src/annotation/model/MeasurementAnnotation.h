@@ -5,7 +5,7 @@
 
 namespace kestrio {
 
-/// A line that tells its own length.
+/// A line that shows its own length.
 struct MeasurementAnnotation {
     QUuid id = {};
     QPointF startPoint = {};

@@ -29,10 +29,11 @@ bool isOutOfSight(const QPainter& painter, const AnyAnnotation& annotation,
                   const AnnotationMapping& mapping) {
     if (annotation.as<TextAnnotation>() || annotation.as<EmojiAnnotation>()) return false;
     // Heads, ticks and labels, and the corners of turned records.
-    constexpr double furniture = 100;
+    constexpr double decorationMargin = 100;
     const QRectF bounds = mapping.mapped(annotation.bounds()).normalized();
-    const double reach = std::hypot(bounds.width(), bounds.height()) / 2 +
-                         (furniture + 4 * std::abs(annotation.strokeWidth())) * mapping.strokeScale;
+    const double reach =
+        std::hypot(bounds.width(), bounds.height()) / 2 +
+        (decorationMargin + 4 * std::abs(annotation.strokeWidth())) * mapping.strokeScale;
     const QRectF around = QRectF(bounds.center(), QSizeF()).adjusted(-reach, -reach, reach, reach);
     return !around.intersects(paintedPixels(painter));
 }

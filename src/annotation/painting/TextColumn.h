@@ -17,7 +17,7 @@ struct TextSetting {
         0;  ///< of the column in sizes of the font, above 0; words wider than it are broken
 };
 
-/// A text laid out in a column; paragraphs end at line feeds and tell their own direction.
+/// A text laid out in a column; paragraphs end at line feeds and say their own direction.
 class TextColumn {
   public:
     TextColumn(const QString& text, const TextSetting& setting);

@@ -49,10 +49,10 @@ void CaptureCoordinator::startWindowCapture() {
 
 void CaptureCoordinator::begin(CaptureKind kind) {
     if (isCapturing()) return;
-    launch(runAndTell(kind), this);
+    launch(runAndReport(kind), this);
 }
 
-Task<> CaptureCoordinator::runAndTell(CaptureKind kind) {
+Task<> CaptureCoordinator::runAndReport(CaptureKind kind) {
     const QPointer<CaptureCoordinator> self(this);
     std::optional<CaptureError> failure;
     try {
@@ -61,7 +61,7 @@ Task<> CaptureCoordinator::runAndTell(CaptureKind kind) {
     } catch (const std::exception& error) {
         failure = CaptureError::from(error);
     }
-    if (self && failure) tell(*failure);
+    if (self && failure) report(*failure);
 }
 
 void CaptureCoordinator::startDelayedCapture(int seconds, CaptureKind kind) {
@@ -260,7 +260,7 @@ void CaptureCoordinator::openImage(Image image, QString name) {
     openEditor(outcome, name);
 }
 
-void CaptureCoordinator::tell(const CaptureError& error) {
+void CaptureCoordinator::report(const CaptureError& error) {
     if (error.which() == CaptureError::Case::cancelled) return;
     set_lastError(error);
     if (error.which() == CaptureError::Case::permissionDenied) {

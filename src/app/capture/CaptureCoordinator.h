@@ -8,14 +8,14 @@
 namespace kestrio {
 
 /// Every capture goes through here: it lets one happen at a time, asks the service for a picture,
-/// does with it what was decided, and tells of failures. One for the life of the program; main
+/// does with it what was decided, and reports failures. One for the life of the program; main
 /// thread. Its end stops what is under way.
 class CaptureCoordinator : public QObject {
     Q_OBJECT
     PUBLISHED(bool, isCapturing, false)
     /// The last picture that reached the editor, until that is closed.
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
-    /// The last failure that was told; cancelling is none.
+    /// The last failure that was reported; cancelling is none.
     PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
     /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has
     /// left the screen.
@@ -27,7 +27,7 @@ class CaptureCoordinator : public QObject {
     ~CaptureCoordinator() override;
 
     // As menus and hotkeys ask for them: nothing happens while a capture is under way, and failures
-    // are told by alerts.
+    // are shown in alerts.
 
     void startRegionCapture();
     void startWindowCapture();
@@ -48,12 +48,12 @@ class CaptureCoordinator : public QObject {
     /// ExportError where the picture cannot be written or copied. A stop cancels it.
     Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
 
-    /// Tells of a failure as the own flows do; cancelling stays silent.
-    void tell(const CaptureError& error);
+    /// Reports a failure as the own flows do; cancelling stays silent.
+    void report(const CaptureError& error);
 
   private:
     void begin(CaptureKind kind);
-    Task<> runAndTell(CaptureKind kind);
+    Task<> runAndReport(CaptureKind kind);
     Task<> countDownAndBegin(int seconds, CaptureKind kind);
     /// False where the count was called off.
     Task<bool> countDown(int seconds, std::stop_token stop);

@@ -28,8 +28,7 @@ void addCaptureOptions(QCommandLineParser& parser) {
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
                       localised("write it to this file, as PNG, JPEG or WebP by its ending"),
                       QStringLiteral("FILE")});
-    parser.addOption(
-        {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
 }
 
 CaptureKind kindFrom(const QStringList& positional) {

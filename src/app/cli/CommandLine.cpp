@@ -77,7 +77,7 @@ bool asksForHelp(const QStringList& arguments) {
     return options.contains(QStringLiteral("--help")) || options.contains(QStringLiteral("-h"));
 }
 
-// The status that a failure of `work` comes to, which it tells.
+// The status that a failure of `work` comes to, which it reports.
 template <typename Work>
 auto guarded(Work work) -> decltype(work()) {
     try {

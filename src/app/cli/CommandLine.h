@@ -48,10 +48,10 @@ DisplayNeed displayNeed(const QStringList& arguments);
 std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments);
 
 /// Runs the verb that the first argument names, without arguments the resident program. "--help"
-/// tells the verbs, "--version" the version; both have a short form.
+/// prints the verbs, "--version" the version; both have a short form.
 ExitStatus runCommandLine(const QStringList& arguments);
 
-/// Tells the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its
+/// Prints the options of a verb, headed by how it is used ("edit [options] [FILE]"): Qt heads its
 /// own help with the path of the program, which knows nothing of verbs. Throws Error where standard
 /// output cannot be written to.
 void printHelp(const QCommandLineParser& parser, const char* usage);

@@ -20,8 +20,7 @@ void addEditOptions(QCommandLineParser& parser) {
     parser.addOption({QStringLiteral("density"),
                       localised("pixels per point of the picture, 1 unless given"),
                       QStringLiteral("F")});
-    parser.addOption(
-        {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
 }
 
 double densityOption(const QCommandLineParser& parser) {

@@ -33,13 +33,13 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request) {
     }
     const StopSignals signals;
     try {
-        return tellReply(runUntilDone(client.ask(request, signals.token())));
+        return reportReply(runUntilDone(client.ask(request, signals.token())));
     } catch (const Cancelled&) {
         return ExitStatus::cancelled;
     }
 }
 
-ExitStatus tellReply(const InstanceReply& reply) {
+ExitStatus reportReply(const InstanceReply& reply) {
     const bool isPrinted = reply.path.isEmpty() || printPath(reply.path);
     if (!reply.message.isEmpty()) printError(reply.message);
     return isPrinted ? static_cast<ExitStatus>(reply.status) : ExitStatus::failed;

@@ -8,7 +8,7 @@
 
 namespace kestrio {
 
-/// Lets the running program carry out a request, waits for it and tells how it went; nothing where
+/// Lets the running program carry out a request, waits for it and says how it went; nothing where
 /// none runs. Needs an application, no GUI.
 std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request);
 
@@ -16,6 +16,6 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request);
 std::unique_ptr<InstanceLock> takeInstanceLock();
 
 /// What a reply means to the caller of a command; prints the path or the failure.
-ExitStatus tellReply(const InstanceReply& reply);
+ExitStatus reportReply(const InstanceReply& reply);
 
 }  // namespace kestrio

@@ -60,7 +60,7 @@ ExitStatus runAlone(const InstanceRequest& request) {
     const StopSignals signals;
     const ProgramParts parts = ProgramParts::make(makePlatformServices());
     InstanceCommands commands(*parts.captures, parts.platform.pasteboard, [] {});
-    const ExitStatus status = tellReply(runUntilDone(commands.run(request, signals.token())));
+    const ExitStatus status = reportReply(runUntilDone(commands.run(request, signals.token())));
     DraftRestoring restoring({parts.drafts, parts.editors, parts.platform.alerts});
     if (request.verb == InstanceVerb::edit && status == ExitStatus::done) restoring.offer();
     waitForWindows(parts, signals.token());

@@ -6,7 +6,7 @@
 
 namespace kestrio {
 
-/// One line on a terminal's standard error that tells how far a command is and vanishes when it is
+/// One line on a terminal's standard error that says how far a command is and vanishes when it is
 /// done. Silent where standard error is no terminal.
 class ProgressLine {
   public:

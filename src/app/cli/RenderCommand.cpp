@@ -42,7 +42,7 @@ struct RenderedFile {
 struct FailedFile {
     QString input;
     QString message;
-    bool namesInput;  // the message tells the input's name itself
+    bool namesInput;  // the message names the input itself
 };
 
 struct RenderReport {
@@ -62,13 +62,13 @@ void addRenderOptions(QCommandLineParser& parser) {
                       QStringLiteral("OUTPUT")});
     parser.addOption({QStringLiteral("quick-save"),
                       localised("write to the save folder of the settings instead")});
-    parser.addOption({QStringLiteral("format"),
-                      localised("png, jpeg or webp; told by the output's ending unless given"),
-                      QStringLiteral("FORMAT")});
-    parser.addOption({QStringLiteral("json"), localised("tell what was written as JSON")});
-    addStyleOptions(parser);
     parser.addOption(
-        {{QStringLiteral("h"), QStringLiteral("help")}, localised("tell all options")});
+        {QStringLiteral("format"),
+         localised("png, jpeg or webp; inferred from the output's ending unless given"),
+         QStringLiteral("FORMAT")});
+    parser.addOption({QStringLiteral("json"), localised("print what was written as JSON")});
+    addStyleOptions(parser);
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
 }
 
 std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
@@ -84,7 +84,7 @@ AppSettings userSettings() {
         .load();
 }
 
-// A missing picture is told before anything that is wrong with the output.
+// A missing picture is reported before anything that is wrong with the output.
 void requireExisting(const QStringList& inputs) {
     if (inputs.size() == 1 && fileKind(inputs.front()) == FileKind::missing) {
         loadImageFile(inputs.front());
@@ -216,7 +216,7 @@ bool printResults(const RenderOptions& options, const RenderReport& report) {
     });
 }
 
-ExitStatus tell(const RenderOptions& options, const RenderReport& report) {
+ExitStatus reportOutcome(const RenderOptions& options, const RenderReport& report) {
     for (const FailedFile& failure : report.failures) {
         printError(failure.namesInput ? failure.message
                                       : failure.input + QStringLiteral(": ") + failure.message);
@@ -247,7 +247,7 @@ ExitStatus runRender(const QStringList& arguments) {
     const Outputs outputs{std::make_shared<ImageRendererService>(watermarks),
                           std::make_shared<PictureExporter>(makePasteboard())};
     const RenderReport report = runUntilDone(renderAll(options, outputs, stopSignals.token()));
-    return tell(options, report);
+    return reportOutcome(options, report);
 }
 
 }  // namespace kestrio

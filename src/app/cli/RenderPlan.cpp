@@ -21,7 +21,8 @@ ExportFormat formatOfFile(const OutputChoice& choice) {
     const QString extension = QFileInfo(choice.output).suffix();
     if (const auto format = formatNamed(extension)) return *format;
     throw UsageError(
-        localised("\"%1\" does not tell a format; end it in .png, .jpeg or .webp, or give --format")
+        localised(
+            "cannot infer the format of \"%1\"; end it in .png, .jpeg or .webp, or give --format")
             .arg(choice.output));
 }
 

@@ -12,8 +12,9 @@ namespace kestrio {
 
 /// Where finished pictures of a command go.
 struct OutputChoice {
-    QString output;                      ///< a file, or a folder; empty for a quick save
-    std::optional<ExportFormat> format;  ///< as asked for; else told by the output's extension
+    QString output;  ///< a file, or a folder; empty for a quick save
+    std::optional<ExportFormat>
+        format;  ///< as asked for; else inferred from the output's extension
 };
 
 /// One picture to make.

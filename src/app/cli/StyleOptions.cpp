@@ -93,7 +93,7 @@ void applyImage(BackdropSettings& backdrop, const QString& path) {
     ImageBackdropSettings settings;
     settings.imageData = readImageFile(path);
     settings.imagePath = path;
-    // A picture that cannot be read is told now, not drawn grey.
+    // A picture that cannot be read is reported now, not drawn grey.
     DecodedPictures::shared()->whole(*settings.imageData);
     backdrop.imageSettings = settings;
 }

@@ -106,7 +106,7 @@ void answerTakenOver() {
     // The other process may have been killed.
     std::signal(SIGPIPE, SIG_IGN);
     [[maybe_unused]] const auto written = ::write(STDOUT_FILENO, &takenOver, 1);
-    // The end of the pipe tells the other process that there is nothing to wait for.
+    // The end of the pipe shows the other process that there is nothing to wait for.
     replaceByNothing(STDOUT_FILENO);
 }
 

@@ -30,7 +30,7 @@ class KeeperProcess {
 /// anybody else.
 QByteArray takeInheritedContents();
 
-/// In the process that was started: tells the one before that it has taken over.
+/// In the process that was started: answers the one before that it has taken over.
 void answerTakenOver();
 
 }  // namespace kestrio

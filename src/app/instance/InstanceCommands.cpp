@@ -100,10 +100,10 @@ Task<InstanceReply> InstanceCommands::capture(InstanceRequest request, std::stop
         reply = InstanceReply::done(report.savedPath);
     } catch (const CaptureError& error) {
         reply = replyFor(error);
-        if (captures && request.isUnattended) captures->tell(error);
+        if (captures && request.isUnattended) captures->report(error);
     } catch (const std::exception& error) {
         reply = replyFor(error);
-        if (captures && request.isUnattended) captures->tell(CaptureError::from(error));
+        if (captures && request.isUnattended) captures->report(CaptureError::from(error));
     }
     co_return reply;
 }

@@ -47,7 +47,7 @@ struct InstanceRequest {
     int delay = 0;
     std::optional<CaptureAction> action;
     QString output;
-    /// Nobody reads what the asking program writes, so failures are told on the desktop too.
+    /// Nobody reads what the asking program writes, so failures are reported on the desktop too.
     bool isUnattended = false;
 
     CaptureRequest captureRequest() const { return {kind, delay, action, output}; }
@@ -75,9 +75,7 @@ struct InstanceReply {
     static InstanceReply wrongUsage(QString message) {
         return {static_cast<int>(ExitStatus::wrongUsage), std::move(message), {}};
     }
-    static InstanceReply cancelled() {
-        return {static_cast<int>(ExitStatus::cancelled), {}, {}};
-    }
+    static InstanceReply cancelled() { return {static_cast<int>(ExitStatus::cancelled), {}, {}}; }
 
     static constexpr auto jsonFields() {
         using R = InstanceReply;

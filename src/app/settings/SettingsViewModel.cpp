@@ -67,7 +67,7 @@ void SettingsViewModel::setLaunchAtLogin(bool isOn) {
         change(changed);
     } catch (const Error& error) {
         set_message(localised("Failed to set launch at login: ") + describeFailure(error));
-        // A view shows the value that was asked for until it is told otherwise.
+        // A view shows the value that was asked for until it hears of another.
         Q_EMIT settingsChanged();
     }
 }

@@ -22,7 +22,7 @@ class ShortcutRecorder : public QObject {
   public:
     using Validate = std::function<QString(const HotkeyConfig&)>;
 
-    /// `validate` tells what stands against a combination, or nothing.
+    /// `validate` says what stands against a combination, or nothing.
     ShortcutRecorder(std::shared_ptr<HotkeyManager> hotkeys, Validate validate,
                      QObject* parent = nullptr);
     /// Ends recording.

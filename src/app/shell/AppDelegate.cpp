@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds noticeTime(3500);
 constexpr std::chrono::seconds idleTime(3);
 
 QIcon idleStatusBarIcon() {
-    // On a tile of its own: trays are dark or light, and do not tell which.
+    // On a tile of its own: trays are dark or light, and do not say which.
     return QIcon(QStringLiteral(":/kestrio/app/viewfinder.svg"));
 }
 
@@ -145,11 +145,11 @@ void AppDelegate::bindShortcuts() {
 
 void AppDelegate::watchForTray() {
     QTimer::singleShot(trayPatience, this, [this] {
-        if (!parts_.platform.statusItem->isAvailable()) launch(tellHowToReach(), this);
+        if (!parts_.platform.statusItem->isAvailable()) launch(explainHowToReach(), this);
     });
 }
 
-Task<> AppDelegate::tellHowToReach() {
+Task<> AppDelegate::explainHowToReach() {
     const QPointer<AppDelegate> self(this);
     AlertRequest request;
     request.style = AlertStyle::informational;

@@ -36,7 +36,7 @@ class AppDelegate : public QObject {
     void showStatusItem();
     void showCountdown();
     void watchForTray();
-    Task<> tellHowToReach();
+    Task<> explainHowToReach();
     void giveBackMemoryWhenIdle();
     void activate();
     void applicationWillTerminate();

@@ -89,13 +89,13 @@ Task<> DraftRestoring::restoreAll(std::vector<ClaimedDraft> drafts) {
         }
         if (!self) co_return;
         if (failure.isEmpty()) continue;
-        auto telling = tellFailure(each.name, failure);
+        auto telling = reportFailure(each.name, failure);
         co_await telling;
         if (!self) co_return;
     }
 }
 
-Task<> DraftRestoring::tellFailure(QString name, QString reason) {
+Task<> DraftRestoring::reportFailure(QString name, QString reason) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     request.title = localised("“%1” Was Not Restored").arg(name);

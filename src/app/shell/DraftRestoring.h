@@ -27,7 +27,7 @@ class DraftRestoring : public QObject {
   private:
     Task<> run();
     Task<> restoreAll(std::vector<ClaimedDraft> drafts);
-    Task<> tellFailure(QString name, QString reason);
+    Task<> reportFailure(QString name, QString reason);
 
     Collaborators with_;
     std::stop_source stop_;

@@ -61,19 +61,19 @@ Task<> ImageIntake::paste() {
             const LoadedPicture loaded = co_await loading;
             picture = loaded.bitmap;
         } catch (const Error&) {
-            // Told below, as for every other clipboard without a picture.
+            // Reported below, as for every other clipboard without a picture.
         }
         if (!self) co_return;
     }
     if (picture.isNull()) {
-        auto telling = tellNothingToPaste(std::move(failure));
+        auto telling = reportNothingToPaste(std::move(failure));
         co_await telling;
     } else {
         captures_.openImage(Image(std::move(picture)), name);
     }
 }
 
-Task<> ImageIntake::tellNothingToPaste(QString failure) {
+Task<> ImageIntake::reportNothingToPaste(QString failure) {
     AlertRequest request;
     request.style = AlertStyle::informational;
     request.title = localised("No Image in Clipboard");

@@ -16,7 +16,7 @@ class ImageIntake : public QObject {
                 QObject* parent = nullptr);
     ~ImageIntake() override;
 
-    /// Opens the clipboard's picture, or the first file on it where that is a picture; tells where
+    /// Opens the clipboard's picture, or the first file on it where that is a picture; says where
     /// there is none.
     void pasteFromClipboard();
     /// Asks for a file and opens it. A file that is no picture opens nothing.
@@ -26,7 +26,7 @@ class ImageIntake : public QObject {
     Task<> paste();
     Task<> import();
     /// `failure` is why the clipboard could not be read; empty where it could.
-    Task<> tellNothingToPaste(QString failure);
+    Task<> reportNothingToPaste(QString failure);
 
     CaptureCoordinator& captures_;
     std::shared_ptr<Pasteboard> pasteboard_;

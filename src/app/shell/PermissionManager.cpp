@@ -1,6 +1,7 @@
 #include "app/shell/PermissionManager.h"
 
 #include "core/Localisation.h"
+#include "platform/DesktopWords.h"
 
 #include <QGuiApplication>
 
@@ -16,11 +17,10 @@ QString programName() {
 QString permissionText() {
     const QString text = localised(
         "%1 requires screen recording permission to capture the screen.\n\n"
-        "Please go to System Settings → Privacy & Security → Screen Recording, find %1 and enable "
-        "the permission, then restart %1.\n\n"
+        "Please go to %2, find %1 and enable the permission, then restart %1.\n\n"
         "If %1 already appears enabled, toggle it off and on again (or remove it with “−” and let "
         "%1 re-add itself), then restart.");
-    return text.arg(programName());
+    return text.arg(programName(), desktopWords().screenRecordingPage);
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ Task<> PermissionManager::showPermissionAlert() {
     request.style = AlertStyle::informational;
     request.title = localised("Screen Recording Permission Required");
     request.text = permissionText();
-    request.buttons = {localised("Open System Settings"), localised("Later")};
+    request.buttons = {desktopWords().openSettings, localised("Later")};
     auto shown = alerts_->show(std::move(request));
     if (co_await shown == 0) permission->openSettings();
 }

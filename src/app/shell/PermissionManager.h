@@ -25,7 +25,7 @@ class PermissionManager : public QObject {
     void openSettings() { permission_->openSettings(); }
     /// What no permission would change, for users; empty where it can be granted.
     QString obstacle() const { return permission_->obstacle(); }
-    /// Tells how to grant it and offers the place to do so, or what stands against it.
+    /// Says how to grant it and offers the place to do so, or what stands against it.
     Task<> showPermissionAlert();
 
   private:

@@ -111,14 +111,14 @@ Task<bool> Quitting::saveAll(std::vector<OpenDocument> documents) {
         }
         if (!self) co_return false;
         if (failure.isEmpty()) continue;
-        auto telling = tellFailure(each, failure);
+        auto telling = reportFailure(each, failure);
         co_await telling;
         co_return false;
     }
     co_return true;
 }
 
-Task<> Quitting::tellFailure(OpenDocument document, QString reason) {
+Task<> Quitting::reportFailure(OpenDocument document, QString reason) {
     const auto editors = with_.editors;
     AlertRequest request;
     request.style = AlertStyle::warning;

@@ -37,7 +37,7 @@ class Quitting : public QObject {
     Task<> waitForExports();
     Task<Answer> ask(std::vector<OpenDocument> documents);
     Task<bool> saveAll(std::vector<OpenDocument> documents);
-    Task<> tellFailure(OpenDocument document, QString reason);
+    Task<> reportFailure(OpenDocument document, QString reason);
 
     Collaborators with_;
     std::function<void()> end_;

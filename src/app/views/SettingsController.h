@@ -4,6 +4,7 @@
 #include "app/settings/ShortcutRecorder.h"
 #include "app/shell/PermissionManager.h"
 #include "platform/Appearance.h"
+#include "platform/DesktopWords.h"
 
 #include <QQmlEngine>
 #include <QVariantMap>
@@ -34,6 +35,7 @@ class SettingsController : public QObject {
     /// Why the screen cannot be read whatever the user grants; empty where that would help.
     Q_PROPERTY(QString screenObstacle READ screenObstacle NOTIFY permissionChanged)
     Q_PROPERTY(QString version READ version CONSTANT)
+    Q_PROPERTY(QString openSettingsText READ openSettingsText CONSTANT)
     Q_PROPERTY(bool isDark READ isDark NOTIFY appearanceChanged)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY appearanceChanged)
 
@@ -59,6 +61,7 @@ class SettingsController : public QObject {
     QString screenObstacle() const {
         return isScreenReadable() ? QString() : permissions_->obstacle();
     }
+    QString openSettingsText() const { return desktopWords().openSettings; }
     QString version() const;
     bool isDark() const;
     bool isMotionReduced() const;

@@ -24,7 +24,7 @@ OverlayLabel labelOf(const QString& text) {
     return {text, systemFont(labelSize, QFont::Medium)};
 }
 
-QRect roomy(const QRectF& rect) {
+QRect withMargin(const QRectF& rect) {
     return rect.isEmpty() ? QRect() : rect.toAlignedRect().adjusted(-3, -3, 3, 3);
 }
 
@@ -91,11 +91,11 @@ ToolbarLook RegionCaptureWindow::toolbarLook() const {
 
 QRegion RegionCaptureWindow::decorations() const {
     QRegion all = selectionBorder(selection_.cutOut());
-    all += roomy(labelRect());
+    all += withMargin(labelRect());
     if (isAdjusting()) {
-        all += roomy(toolbarRect());
+        all += withMargin(toolbarRect());
         if (showsToolTip_ && hoveredButton_ >= 0) {
-            all += roomy(CaptureToolbarPainter::toolTipPlace(toolbar_, toolbarLook()));
+            all += withMargin(CaptureToolbarPainter::toolTipPlace(toolbar_, toolbarLook()));
         }
     }
     if (showsPointerAids()) {
@@ -103,7 +103,7 @@ QRegion RegionCaptureWindow::decorations() const {
         all += QRect(0, at.y() - 2, width(), 5);
         all += QRect(at.x() - 2, 0, 5, height());
     }
-    if (showsMagnifier()) all += roomy(magnifierPlace(selection_.pointer(), size()));
+    if (showsMagnifier()) all += withMargin(magnifierPlace(selection_.pointer(), size()));
     return all;
 }
 

@@ -37,7 +37,7 @@ class RegionCaptureWindow : public FrozenWindow {
     QRectF toolbarRect() const;
     QRectF labelRect() const;
     ToolbarLook toolbarLook() const;
-    /// All that may differ from the picture, for telling what has changed.
+    /// All that may differ from the picture, for reporting what has changed.
     QRegion decorations() const;
     /// Repaints what differs between before and now.
     void follow(const QRegion& before, const QRectF& cutOutBefore);

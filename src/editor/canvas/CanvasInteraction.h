@@ -6,7 +6,7 @@
 
 namespace kestrio {
 
-/// What a pointer event tells, in points of the view.
+/// What a pointer event holds, in points of the view.
 struct PointerEvent {
     QPointF position;
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;

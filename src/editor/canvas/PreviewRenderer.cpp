@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 // While zooming goes on, the preview so far is scaled and the machine left to that.
 constexpr auto restAfterZooming = 80ms;
-// A blur that moves is made anew once it rests, since it would be late at every step.
+// A blur that moves is made again once it rests, since it would be late at every step.
 constexpr auto restAfterMoving = 120ms;
 
 }  // namespace
@@ -206,7 +206,7 @@ Task<> PreviewRenderer::renderPreviews(std::stop_token stop) {
             shownLayout_ = layout;
             set_preview(picture.bitmap());
         } catch (const Error&) {
-            // The last preview stands; output tells its own failure.
+            // The last preview stands; output reports its own failure.
             if (stop.stop_requested()) co_return;
         }
     }

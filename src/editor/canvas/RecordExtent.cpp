@@ -45,8 +45,8 @@ QRectF paintedExtent(const AnyAnnotation& record) {
     if (const auto* text = record.as<TextAnnotation>()) return textExtent(*text);
     if (const auto* emoji = record.as<EmojiAnnotation>()) return emojiExtent(*emoji);
     // Heads, ticks, labels and mitred corners.
-    constexpr double furniture = 100;
-    const double beyond = furniture + 4 * std::abs(record.strokeWidth());
+    constexpr double decorationMargin = 100;
+    const double beyond = decorationMargin + 4 * std::abs(record.strokeWidth());
     const QRectF bounds = record.bounds().normalized();
     const auto* rectangle = record.as<RectangleAnnotation>();
     const bool isTurned = rectangle && rectangle->rotation != 0;

@@ -61,7 +61,7 @@ struct CropMapping {
 /// The middle line of the toolbar of a frame (both in the view): below the frame, or above it where
 /// the view ends too soon.
 double cropToolbarY(const QRectF& frame, double viewHeight);
-/// The middle line of the label above a frame that tells its size.
+/// The middle line of the label above a frame that shows its size.
 double cropSizeLabelY(const QRectF& frame);
 
 }  // namespace kestrio

@@ -21,7 +21,7 @@ DocumentDraft::DocumentDraft(EditorViewModel& editor, QString name,
       writer_(std::move(drafts), std::move(taken)) {
     delay_.setSingleShot(true);
     connect(&delay_, &QTimer::timeout, this, &DocumentDraft::update);
-    connect(&writer_, &DraftWriter::failed, this, &DocumentDraft::tellFailure);
+    connect(&writer_, &DraftWriter::failed, this, &DocumentDraft::reportFailure);
     connectDocument();
 }
 
@@ -74,8 +74,8 @@ void DocumentDraft::discard() {
     writer_.update([] { return std::nullopt; });
 }
 
-void DocumentDraft::tellFailure(const QString& reason) {
-    if (isDiscarded_ || std::exchange(isFailureTold_, true)) return;
+void DocumentDraft::reportFailure(const QString& reason) {
+    if (isDiscarded_ || std::exchange(isFailureReported_, true)) return;
     logLine("DocumentDraft", reason);
     editor_.set_errorMessage(localised("Changes are not being kept on disk: ") + reason);
 }

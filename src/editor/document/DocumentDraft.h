@@ -29,7 +29,7 @@ class DocumentDraft : public QObject {
     void connectDocument();
     void changed();
     void update();
-    void tellFailure(const QString& reason);
+    void reportFailure(const QString& reason);
 
     EditorViewModel& editor_;
     QString name_;
@@ -37,7 +37,7 @@ class DocumentDraft : public QObject {
     QTimer delay_;
     QDeadlineTimer latest_;  ///< when a change is written although others follow
     bool isDiscarded_ = false;
-    bool isFailureTold_ = false;
+    bool isFailureReported_ = false;
 };
 
 }  // namespace kestrio

@@ -116,8 +116,8 @@ void EditorViewModel::persistStyle() {
     if (!isCleanedUp_) services_.stylePersistence->save(style());
 }
 
-// A state that nothing tells from the current one, not even a colour, would be a step of undo that
-// does nothing.
+// A state that differs from the current one in nothing, not even a colour, would be a step of undo
+// that does nothing.
 void EditorViewModel::recordSnapshot() {
     finishEditing();
     EditorSnapshot snapshot{{liveAnnotations(), atRest(canvasState()), backdrop(), mockup(),

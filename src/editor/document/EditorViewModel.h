@@ -162,7 +162,7 @@ class EditorViewModel : public QObject {
     CompositeRequest outputRequest();
     /// What outputRequest() would be now, without finishing a drawing. Any picture, also none.
     CompositeRequest presentPicture() const;
-    /// Tells that the picture of this request has left the editor. Output tells it by itself.
+    /// Notes that the picture of this request has left the editor. Output does so by itself.
     void markExported(const CompositeRequest& picture);
     Q_SIGNAL void exported();
     /// Whether the user changed something since the picture was opened or last left the editor.

@@ -7,7 +7,7 @@
 
 namespace kestrio {
 
-/// A key that was pressed in the editor's window, as the toolkit tells it: the command key is
+/// A key that was pressed in the editor's window, as the toolkit reports it: the command key is
 /// Qt::ControlModifier, control Qt::MetaModifier, option Qt::AltModifier.
 struct KeyPress {
     int key = 0;  ///< Qt::Key

@@ -19,7 +19,7 @@ constexpr const auto& enumTable(LayoutMode) {
     return layoutModes;
 }
 
-/// Tells the panel's views which of them fit. Sizes are in points. Main thread.
+/// Says which of the panel's views fit. Sizes are in points. Main thread.
 class ResponsiveLayoutManager : public QObject {
     Q_OBJECT
     PUBLISHED(LayoutMode, currentMode, LayoutMode::full)

@@ -9,7 +9,7 @@ namespace kestrio {
 
 DocumentClosing::DocumentClosing(EditorViewModel& editor, EditorServices services, QObject* parent)
     : QObject(parent), editor_(editor), services_(std::move(services)) {
-    // Queued: what was exported counts only once the export has told so.
+    // Queued: what was exported counts only once the export has reported so.
     connect(&editor, &EditorViewModel::isExportingChanged, this, &DocumentClosing::exportEnded,
             Qt::QueuedConnection);
 }

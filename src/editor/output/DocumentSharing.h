@@ -17,7 +17,7 @@ class DocumentSharing : public QObject {
 
     std::vector<SharingProgram> programs() const;
 
-    /// Tells why where there is no mail program.
+    /// Says why where there is no mail program.
     void email();
     void openWith(const QString& programId);
     /// Puts the file itself on the clipboard.

@@ -22,7 +22,7 @@ class ClosingPanel : public QObject {
     QString state() const { return rawString(closing_.state()); }
     QString errorMessage() const { return closing_.errorMessage(); }
 
-    /// Whether the window may close now; where not, mayCloseNow() tells when it may.
+    /// Whether the window may close now; where not, mayCloseNow() says when it may.
     Q_INVOKABLE bool requestClose() { return closing_.requestClose(); }
     Q_INVOKABLE void save() { closing_.save(); }
     Q_INVOKABLE void saveElsewhere();

@@ -7,8 +7,8 @@
 
 namespace kestrio {
 
-/// The crop frame as its overlay shows it: in points of the view, once the view has told where the
-/// picture stands. Main thread.
+/// The crop frame as its overlay shows it: in points of the view, once the view has reported where
+/// the picture stands. Main thread.
 class CropPanel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -19,7 +19,7 @@ class CropPanel : public QObject {
     Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
     /// Where the handles stand in the view, in the order of CropHandle.
     Q_PROPERTY(QList<QPointF> handles READ handles NOTIFY frameChanged)
-    /// Middle lines of the toolbar and of the label that tells the size.
+    /// Middle lines of the toolbar and of the label that shows the size.
     Q_PROPERTY(double toolbarY READ toolbarY NOTIFY frameChanged)
     Q_PROPERTY(double labelY READ labelY NOTIFY frameChanged)
     Q_PROPERTY(QString sizeText READ sizeText NOTIFY frameChanged)

@@ -128,7 +128,7 @@ class EditorController : public QObject {
     Q_INVOKABLE void setAspect(const QString& name, double ratio);
     /// A ratio of two typed numbers; what is wrong with them, and empty where it was taken.
     Q_INVOKABLE QString setCustomAspect(const QString& width, const QString& height);
-    /// Tells the right panel's size, in points.
+    /// Sets the right panel's size, in points.
     Q_INVOKABLE void updatePanel(double width, double height) { layout_.update(width, height); }
     Q_INVOKABLE void togglePanel(const QString& section);
 
@@ -157,9 +157,9 @@ class EditorController : public QObject {
     /// The same of a drop's bytes.
     Q_INVOKABLE void openData(const QByteArray& data);
     Q_INVOKABLE void paste();
-    /// Tells what saved themes and presets could not be read, once the window can show it.
+    /// Reports which saved themes and presets could not be read, once the window can show it.
     Q_INVOKABLE void reportLoadProblems();
-    /// Tells that a drop held no picture.
+    /// Says that a drop held no picture.
     Q_INVOKABLE void refuseDrop();
 
     Q_SIGNAL void styleChanged();

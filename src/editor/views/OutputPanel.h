@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/output/ExportOptions.h"
+#include "platform/DesktopWords.h"
 
 #include <QQmlEngine>
 #include <QTemporaryDir>
@@ -23,6 +24,7 @@ class OutputPanel : public QObject {
     Q_PROPERTY(QString exportState READ exportState NOTIFY exportChanged)
     Q_PROPERTY(QString exportMessage READ exportMessage NOTIFY exportChanged)
     Q_PROPERTY(QString savedPath READ savedPath NOTIFY exportChanged)
+    Q_PROPERTY(QString revealText READ revealText CONSTANT)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY busyChanged)
     Q_PROPERTY(bool canPin READ canPin CONSTANT)
@@ -39,6 +41,7 @@ class OutputPanel : public QObject {
     void setFormat(const QString& id);
     QString exportState() const { return rawString(export_.state()); }
     QString exportMessage() const { return export_.errorMessage(); }
+    QString revealText() const { return desktopWords().showInFileViewer; }
     QString savedPath() const { return export_.savedPath(); }
     double progress() const { return export_.progress(); }
     bool isBusy() const { return editor_.isExporting(); }

@@ -23,7 +23,7 @@ E enumOf(const QVariant& value, E otherwise) {
 struct StyleField {
     const char* name;
     QVariant (*get)(const EditorViewModel&);
-    void (*set)(EditorViewModel&, const QVariant&);  ///< null where it only tells
+    void (*set)(EditorViewModel&, const QVariant&);  ///< null where it is only shown
 };
 
 /// A change of one part of the style, through a copy of it.

@@ -41,7 +41,7 @@ class ThemePanel : public QObject {
     Q_INVOKABLE void overwrite(const QString& id);
     Q_INVOKABLE void rename(const QString& id, const QString& name);
     Q_INVOKABLE void remove(const QString& id);
-    /// Tells that saved themes cannot be read.
+    /// Says that saved themes cannot be read.
     void reportLoadProblem();
 
     Q_SIGNAL void themesChanged();

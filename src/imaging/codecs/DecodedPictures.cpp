@@ -36,7 +36,7 @@ std::shared_ptr<DecodedPictures> DecodedPictures::shared() {
     return pictures;
 }
 
-// Copies of a style share their bytes, so most often two pointers tell.
+// Copies of a style share their bytes, so most often comparing two pointers suffices.
 DecodedPictures::EntryPointer DecodedPictures::entryOf(const QByteArray& bytes) {
     const std::lock_guard lock(mutex_);
     const auto found = std::ranges::find_if(slots_, [&](const Slot& slot) {

@@ -44,7 +44,7 @@ class DecodedPictures {
     };
     using EntryPointer = std::shared_ptr<Entry>;
 
-    // The same, with sizes as last told, so that counting waits for no decoder.
+    // The same, with sizes as last reported, so that counting waits for no decoder.
     struct Slot {
         EntryPointer entry;
         qint64 wholeSize = 0;

@@ -7,8 +7,8 @@ namespace kestrio {
 
 /// How a caller follows and ends a long encoding.
 struct EncodeHooks {
-    /// Told the done part from 0 to 1, never decreasing, from one thread at a time, which may be a
-    /// worker of the encoder.
+    /// Called with the done part from 0 to 1, never decreasing, from one thread at a time, which
+    /// may be a worker of the encoder.
     std::function<void(double fraction)> progress;
     std::stop_token stop;
 

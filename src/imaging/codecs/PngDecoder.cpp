@@ -94,7 +94,7 @@ class PngReader {
         constexpr qsizetype widthOffset = 16;
         constexpr qsizetype heightOffset = 20;
         if (bytes_.size() < heightOffset + 4) {
-            throw ImageLoadError::damaged(localised("it ends before its size is told"));
+            throw ImageLoadError::damaged(localised("it ends before its size is given"));
         }
         return QSize(qFromBigEndian<qint32>(bytes_.constData() + widthOffset),
                      qFromBigEndian<qint32>(bytes_.constData() + heightOffset));

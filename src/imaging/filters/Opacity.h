@@ -4,7 +4,7 @@
 
 namespace kestrio {
 
-/// True where every pixel is opaque. Reads the pixels only where the format does not tell.
+/// True where every pixel is opaque. Reads the pixels only where the format does not say.
 bool isOpaque(const QImage& bitmap);
 
 /// The same bitmap, relabelled as Format_RGB32 where every pixel is opaque; copies nothing.

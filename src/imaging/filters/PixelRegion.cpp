@@ -30,7 +30,7 @@ std::vector<Event> eventsOf(const std::vector<QRect>& rects, const QRect& limit)
     return events;
 }
 
-/// How many rectangles cover each column, told by where the number changes.
+/// How many rectangles cover each column, by the places where the number changes.
 class Columns {
   public:
     explicit Columns(const QRect& limit) : first_(limit.left()), changes_(limit.width() + 1) {}

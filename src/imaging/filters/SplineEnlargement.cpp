@@ -133,7 +133,7 @@ void enlargeBySplines(const Plane<Fixed>& cells, const GaussianKernel& kernel, i
     std::vector<QRect> blocks;
     for (const QRect& rect : region.rects())
         blocks.push_back(blocksUnder(rect, step));
-    // Where parts of a strip lie near each other, starting anew costs more than the rows between.
+    // Where parts of a strip lie near each other, starting again costs more than the rows between.
     const PixelRegion::Tiling tiling{std::max(stripPixels / step, 1),
                                      std::max(widestTile / step, 1), std::max(tileRows / step, 1),
                                      kernel.vertical.reach() / 2};

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int cellMargin = 4;
 
-// Processors fetch memory ahead along rows but not from row to row, which tells in narrow tiles.
+// Processors fetch memory ahead along rows but not from row to row, which shows in narrow tiles.
 constexpr int prefetchedBytes = 4096, cacheLine = 64;
 
 // In pixels; wide tiles read memory in its order.

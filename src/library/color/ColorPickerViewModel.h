@@ -48,7 +48,7 @@ class ColorPickerViewModel : public QObject {
 
     /// Chooses how colours are written, for later runs too.
     void chooseFormat(ColorFormat format);
-    /// Puts the current colour's text on the clipboard and tells so for a moment.
+    /// Puts the current colour's text on the clipboard and says so for a moment.
     Q_INVOKABLE void copyCurrentColor();
 
     /// Transparent without a current colour.

@@ -4,11 +4,11 @@
 
 namespace kestrio {
 
-/// What document.json tells about a picture that lies beside it.
+/// What document.json says about a picture that lies beside it.
 struct DraftPictureRecord {
     QString file;  ///< its name in the draft's folder
     QSizeF pointSize;
-    /// Files without a transparent pixel do not tell whether their picture may have some.
+    /// Files without a transparent pixel do not say whether their picture may have some.
     bool isOpaque = true;
 
     static constexpr auto jsonFields() {

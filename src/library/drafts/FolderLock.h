@@ -13,7 +13,7 @@ class FolderLock {
     static constexpr char fileName[] = "lock";
 
     /// Null where the folder is gone, belongs to another holder or cannot be locked; `errno` then
-    /// tells why.
+    /// says why.
     static std::unique_ptr<FolderLock> take(const QString& folder);
     ~FolderLock();
 

@@ -62,7 +62,7 @@ Task<> PortalAppearance::listen(QString busAddress) {
     if (!self || !bus.isConnected()) co_return;
     // Qt finds the slot by the names of its types, and may not have met this one yet.
     qRegisterMetaType<QDBusVariant>();
-    // Naming the portal here would make Qt wait for the bus to tell who that is.
+    // Naming the portal here would make Qt wait for the bus to say who that is.
     bus.connect(QString(), portalPath, settings, QStringLiteral("SettingChanged"), this,
                 SLOT(onSettingChanged(QString, QString, QDBusVariant)));
     read(bus, appearance, colorScheme);

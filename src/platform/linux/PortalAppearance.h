@@ -9,9 +9,9 @@
 
 namespace kestrio {
 
-/// The appearance that the desktop's settings portal tells, and the lightness of Qt's palette where
-/// none answers or it has no preference. KESTRIO_APPEARANCE=light or =dark forces one, for trying.
-/// The bus is asked in the background; the palette counts until it answers.
+/// The appearance that the desktop's settings portal reports, and the lightness of Qt's palette
+/// where none answers or it has no preference. KESTRIO_APPEARANCE=light or =dark forces one, for
+/// trying. The bus is asked in the background; the palette counts until it answers.
 class PortalAppearance : public Appearance {
     Q_OBJECT
 

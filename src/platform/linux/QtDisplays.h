@@ -22,7 +22,7 @@ class QtDisplays : public Displays {
 
   private:
     void follow(QScreen* screen);
-    /// Tells of any number of changes once, after what Qt has to say about them.
+    /// Signals any number of changes once, after what Qt has to say about them.
     void noteChange();
 
     std::shared_ptr<XcbConnection> connection_;

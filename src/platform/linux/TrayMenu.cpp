@@ -45,7 +45,7 @@ void showEntry(QAction& action, const StatusMenuEntry& entry) {
         fillMenu(*action.menu(), entry.entries);
         return;
     }
-    // In the application's name: the action is gone if the menu is filled anew meanwhile.
+    // In the application's name: the action is gone if the menu is filled again meanwhile.
     QObject::disconnect(&action, &QAction::triggered, qApp, nullptr);
     if (!entry.action) return;
     QObject::connect(&action, &QAction::triggered, qApp,

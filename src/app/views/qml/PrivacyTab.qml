@@ -30,7 +30,7 @@ SettingsPage {
             }
             Chip {
                 visible: !tab.controller.isScreenReadable && tab.controller.screenObstacle === ""
-                text: qsTr("Open System Settings")
+                text: tab.controller.openSettingsText
                 onClicked: tab.controller.openScreenSettings()
             }
         }

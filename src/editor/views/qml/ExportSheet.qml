@@ -133,7 +133,7 @@ Sheet {
             spacing: Theme.small
             Item { Layout.fillWidth: true }
             IconButton {
-                text: qsTr("Show in Finder")
+                text: sheet.output.revealText
                 onClicked: sheet.output.reveal()
             }
             IconButton {

@@ -43,7 +43,7 @@ ColumnLayout {
             symbol: "minus"
             implicitWidth: 26
             implicitHeight: 26
-            tip: qsTr("Take the last colour away")
+            tip: qsTr("Remove the last colour")
             onClicked: controls.controller.choose("customGradient", controls.own.slice(0, -1))
         }
         IconButton {

@@ -21,7 +21,7 @@ ColumnLayout {
         visible: !/Center$|^center$/.test(place.position)
         controller: place.controller
         field: "watermarkOffsetX"
-        label: qsTr("From the side")
+        label: qsTr("Horizontal offset")
         to: 200
         usual: 20
         unit: " pt"
@@ -31,7 +31,7 @@ ColumnLayout {
         visible: !/^middle|^center$/.test(place.position)
         controller: place.controller
         field: "watermarkOffsetY"
-        label: qsTr("From the edge")
+        label: qsTr("Vertical offset")
         to: 200
         usual: 20
         unit: " pt"

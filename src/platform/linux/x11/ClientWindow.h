@@ -8,7 +8,7 @@
 
 namespace kestrio {
 
-/// What the server tells about a program's top-level window.
+/// What the server says about a program's top-level window.
 struct ClientWindow {
     xcb_window_t id = XCB_WINDOW_NONE;
     QRect visible;  ///< pixels of the root; with title bar, without shadow

@@ -13,7 +13,7 @@ struct Monitor {
     QRect pixels;  ///< of the root window
 };
 
-/// All that are lit; empty where the server cannot tell.
+/// All that are lit; empty where the server cannot say.
 std::vector<Monitor> readMonitors(XcbConnection& connection);
 
 }  // namespace kestrio

@@ -162,7 +162,7 @@ QImage PixelReader::read(xcb_drawable_t drawable, QRect part, PixelLayout layout
         hasBands ? readByBands(drawable, part, image) : readAtOnce(drawable, part, image);
     connection_.dropEvents();
     if (!isRead) {
-        segment_.reset();  // the connection may have been opened anew
+        segment_.reset();  // the connection may have been opened again
         return {};
     }
     const QImage::Format wanted =

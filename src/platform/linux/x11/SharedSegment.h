@@ -9,7 +9,7 @@
 namespace kestrio {
 
 /// Memory that the X server writes into. It goes with this object, even where the program dies. Of
-/// no use once the connection, which outlives it, was opened anew.
+/// no use once the connection, which outlives it, was opened again.
 class SharedSegment {
   public:
     SharedSegment(const XcbConnection& connection, std::size_t bytes);

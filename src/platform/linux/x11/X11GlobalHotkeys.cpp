@@ -36,7 +36,7 @@ X11GlobalHotkeys::X11GlobalHotkeys() {
     connect(&heldTimer_, &QTimer::timeout, this, &X11GlobalHotkeys::lookForRelease);
     keymapTimer_.setInterval(keymapPause);
     keymapTimer_.setSingleShot(true);
-    connect(&keymapTimer_, &QTimer::timeout, this, &X11GlobalHotkeys::grabAnew);
+    connect(&keymapTimer_, &QTimer::timeout, this, &X11GlobalHotkeys::regrab);
 }
 
 X11GlobalHotkeys::~X11GlobalHotkeys() {
@@ -110,7 +110,7 @@ void X11GlobalHotkeys::release(const Hotkey& hotkey) {
             xcb_ungrab_key(connection_, each.keycode, root_, each.modifiers | locks);
 }
 
-void X11GlobalHotkeys::grabAnew() {
+void X11GlobalHotkeys::regrab() {
     for (auto& [id, hotkey] : hotkeys_) {
         release(hotkey);
         hotkey.grabs.clear();
@@ -132,7 +132,7 @@ bool X11GlobalHotkeys::nativeEventFilter(const QByteArray& type, void* message, 
         if (number == XCB_KEY_PRESS) onPress(press);
         return true;
     }
-    // The extension's events tell their kind in the second byte.
+    // The extension's events say their kind in the second byte.
     constexpr int newKeyboard = 0;
     constexpr int mapChanged = 1;
     const bool isNewMap =
@@ -166,7 +166,7 @@ void X11GlobalHotkeys::lookForRelease() {
     constexpr int bitsPerByte = 8;
     const bool isDown =
         reply && (reply->keys[heldKey_ / bitsPerByte] >> (heldKey_ % bitsPerByte) & 1) != 0;
-    // The answer may have overtaken repeats that Qt has read and not told yet, so that the key
+    // The answer may have overtaken repeats that Qt has read and not reported yet, so that the key
     // counts as held until the next look.
     if (!std::exchange(isReleased_, !isDown) || isDown) return;
     heldKey_ = 0;

@@ -10,7 +10,7 @@
 namespace kestrio {
 
 /// Hotkeys as passive grabs on the root window, through Qt's own connection. The keyboard is free
-/// again as soon as a press has come, so that whoever is told can take it.
+/// again as soon as a press has come, so that whoever is informed can take it.
 class X11GlobalHotkeys : public GlobalHotkeys, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ class X11GlobalHotkeys : public GlobalHotkeys, private QAbstractNativeEventFilte
     void onPress(const xcb_key_press_event_t& event);
     /// Repeats of a held key come as presses; the release goes to the window with the focus.
     void lookForRelease();
-    void grabAnew();
+    void regrab();
     HotkeyRegistration grab(Hotkey& hotkey);
     void release(const Hotkey& hotkey);
 

@@ -11,7 +11,7 @@ QImage readScreen(XcbConnection& connection, PixelReader& reader, QRect pixels) 
     QImage image;
     if (connection.open()) {
         const xcb_screen_t& screen = connection.screen();
-        // Asked anew: the desktop changes its size while the connection stays.
+        // Asked again: the desktop changes its size while the connection stays.
         const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(
             connection.handle(), xcb_get_geometry(connection.handle(), screen.root), nullptr));
         const QRect desktop = size ? QRect(0, 0, size->width, size->height) : QRect();

@@ -6,7 +6,7 @@
 
 namespace kestrio {
 
-/// The windows that the window manager tells of, and without one the windows on the root. Two round
+/// The windows that the window manager reports, and without one the windows on the root. Two round
 /// trips to the server whatever their number: an overlay waits for the list.
 class X11WindowList : public WindowList {
   public:

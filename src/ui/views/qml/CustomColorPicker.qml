@@ -24,7 +24,7 @@ ColumnLayout {
         brightness = color.hsvValue
     }
 
-    function tell(signal) {
+    function report(signal) {
         isOwnChange = true
         signal(Qt.hsva(hue, saturation, brightness, 1))
         isOwnChange = false
@@ -35,24 +35,24 @@ ColumnLayout {
         name: qsTr("Hue")
         value: picker.hue
         stops: ["#ff0000", "#ffff00", "#00ff00", "#00ffff", "#0000ff", "#ff00ff", "#ff0000"]
-        onDragged: value => { picker.hue = value; picker.tell(picker.moved) }
-        onSettled: picker.tell(picker.picked)
+        onDragged: value => { picker.hue = value; picker.report(picker.moved) }
+        onSettled: picker.report(picker.picked)
     }
     ColorSlider {
         Layout.fillWidth: true
         name: qsTr("Saturation")
         value: picker.saturation
         stops: [Qt.hsva(picker.hue, 0, picker.brightness, 1), Qt.hsva(picker.hue, 1, picker.brightness, 1)]
-        onDragged: value => { picker.saturation = value; picker.tell(picker.moved) }
-        onSettled: picker.tell(picker.picked)
+        onDragged: value => { picker.saturation = value; picker.report(picker.moved) }
+        onSettled: picker.report(picker.picked)
     }
     ColorSlider {
         Layout.fillWidth: true
         name: qsTr("Brightness")
         value: picker.brightness
         stops: ["#000000", Qt.hsva(picker.hue, picker.saturation, 1, 1)]
-        onDragged: value => { picker.brightness = value; picker.tell(picker.moved) }
-        onSettled: picker.tell(picker.picked)
+        onDragged: value => { picker.brightness = value; picker.report(picker.moved) }
+        onSettled: picker.report(picker.picked)
     }
     ColorField {
         Layout.fillWidth: true
