@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QPointer>
+#include <stdexcept>
 
 namespace kestrio {
 
@@ -24,6 +25,25 @@ constexpr std::chrono::milliseconds turnPoll(5);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
+}
+
+// Whether the user, who may take long, takes part in it.
+bool needsUser(CaptureKind kind) {
+    switch (kind) {
+        case CaptureKind::region:
+        case CaptureKind::window:
+            return true;
+        case CaptureKind::display:
+            return false;
+    }
+    return true;
+}
+
+// For kinds that leave the user no choice but the picture.
+Task<RegionCaptureOutcome> outcomeOf(Task<CapturedImage> taking) {
+    RegionCaptureOutcome outcome;
+    outcome.capturedImage = co_await taking;
+    co_return outcome;
 }
 
 CaptureError busyError() {
@@ -131,7 +151,7 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
     }
     const int turn = beginTurn();
     try {
-        isUserChoosing_ = request.kind != CaptureKind::display;
+        isUserChoosing_ = needsUser(request.kind);
         auto acquiring = acquire(request.kind, either.get_token());
         RegionCaptureOutcome outcome = co_await acquiring;
         if (!self) throw goneError();
@@ -164,17 +184,23 @@ void CaptureCoordinator::endTurn(int turn) {
 }
 
 Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {
+    // Held by this flow, which may outlive the coordinator.
     const auto service = collaborators_.screenCapture;
-    if (kind == CaptureKind::region) {
-        auto selecting = service->startRegionCapture(stop);
-        co_return co_await selecting;
+    switch (kind) {
+        case CaptureKind::region: {
+            auto selecting = service->startRegionCapture(std::move(stop));
+            co_return co_await selecting;
+        }
+        case CaptureKind::window: {
+            auto taking = outcomeOf(service->startWindowCapture(std::move(stop)));
+            co_return co_await taking;
+        }
+        case CaptureKind::display: {
+            auto taking = outcomeOf(service->captureDisplay(std::move(stop)));
+            co_return co_await taking;
+        }
     }
-    auto taking = kind == CaptureKind::window ? service->startWindowCapture(stop)
-                                              : service->captureDisplay(stop);
-    CapturedImage taken = co_await taking;
-    RegionCaptureOutcome outcome;
-    outcome.capturedImage = std::move(taken);
-    co_return outcome;
+    throw std::logic_error("an unknown kind of capture");
 }
 
 Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output,
