@@ -41,6 +41,9 @@ InstanceServer::InstanceServer(InstanceHandler handler, QObject* parent)
 
 InstanceServer::~InstanceServer() {
     stop_.request_stop();
+    // They go with the server, after the list that their end would be noted in.
+    for (QLocalSocket* each : idle_)
+        each->disconnect(this);
 }
 
 bool InstanceServer::listen(const QString& socket) {
