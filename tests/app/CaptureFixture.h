@@ -119,13 +119,13 @@ struct CaptureFixture : testing::Test {
         return made;
     }
 
-    /// Runs the event loop until the condition holds; false after two seconds.
+    /// Runs the event loop until the condition holds; false after ten seconds.
     template <typename Condition>
     static bool waitFor(Condition holds) {
         QElapsedTimer timer;
         timer.start();
         while (!holds()) {
-            if (timer.elapsed() > 2000) return false;
+            if (timer.elapsed() > 10000) return false;
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         }
         return true;
