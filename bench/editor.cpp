@@ -38,7 +38,8 @@ class FirstFrame : public QObject {
                 if (!std::exchange(isTold_, true))
                     std::printf("%f\n", milliseconds(CLOCK_MONOTONIC) - start_);
                 std::fflush(stdout);
-                QCoreApplication::quit();
+                // Not quit(), which does nothing in an event loop of the program's own.
+                QCoreApplication::exit();
             });
         }
         return false;
