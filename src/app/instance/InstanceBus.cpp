@@ -22,7 +22,7 @@ const QString& interfaceName() {
 QString errorName(int status) {
     const char* const kind = status == static_cast<int>(ExitStatus::cancelled)    ? "Cancelled"
                              : status == static_cast<int>(ExitStatus::wrongUsage) ? "WrongUsage"
-                                                                                      : "Failed";
+                                                                                  : "Failed";
     return interfaceName() + QStringLiteral(".Error.") + QLatin1String(kind);
 }
 

@@ -19,7 +19,7 @@ constexpr int mostInLine = 512;
 constexpr std::chrono::seconds idleLimit(10);
 constexpr std::chrono::seconds retryPause(2);
 
-// 0 where there is none.
+// 0 where nothing is there.
 quint64 nodeOf(const QString& path) {
     struct stat status = {};
     return ::lstat(toNativePath(path).constData(), &status) == 0 ? status.st_ino : 0;

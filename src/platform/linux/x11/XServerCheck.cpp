@@ -8,8 +8,10 @@
 #include <xcb/xcb.h>
 #include <QByteArray>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <thread>
 
@@ -36,14 +38,30 @@ std::optional<sockaddr_un> localServer() {
     return address;
 }
 
+// A socket connected to the server by the file, or by the kernel's own name for it, which servers
+// in containers have alone.
+Descriptor connectTo(const sockaddr_un& address) {
+    sockaddr_un abstract = address;
+    const std::size_t length = std::strlen(address.sun_path);
+    abstract.sun_path[0] = 0;
+    std::memcpy(abstract.sun_path + 1, address.sun_path, length);
+    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const auto reaches = [&](const sockaddr_un& at, std::size_t size) {
+        return ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&at),
+                         static_cast<socklen_t>(size)) == 0;
+    };
+    if (!reaches(address, sizeof address) &&
+        !reaches(abstract, offsetof(sockaddr_un, sun_path) + 1 + length)) {
+        socket.reset();
+    }
+    return socket;
+}
+
 // By the first words of the protocol and not by Xlib, which adds words of its own to a refusal. A
 // server that wants a key for its display counts as one that accepts.
 Answer askServer(const sockaddr_un& address) {
-    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (!socket.isOpen() || ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address),
-                                      sizeof address) != 0) {
-        return Answer::none;
-    }
+    const Descriptor socket = connectTo(address);
+    if (!socket.isOpen()) return Answer::none;
     // Byte order, the protocol's version 11.0, and no key.
     constexpr char greeting[12] = {'l', 0, 11};
     ::send(socket.number(), greeting, sizeof greeting, MSG_NOSIGNAL);
