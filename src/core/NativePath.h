@@ -7,8 +7,8 @@
 namespace kestrio {
 
 /// The name of a file as text. To the system names are bytes, mostly UTF-8 but not always: each
-/// byte that is none stands as one private character (U+10EE80 to U+10EEFF), so that every name
-/// survives as a QString, in JSON and on its way to another process.
+/// byte that is not UTF-8 stands as one private character (U+10EE80 to U+10EEFF), so that every
+/// name survives as a QString, in JSON and on its way to another process.
 QString fromNativePath(QByteArrayView bytes);
 
 /// The bytes of a name that fromNativePath() made, or of any other text as UTF-8.

@@ -21,7 +21,8 @@ constexpr std::chrono::milliseconds numberLeaves(150);
 constexpr std::chrono::seconds storageGrace(1);
 // For captures that asked at the same moment, a hundred of them at most.
 constexpr std::chrono::seconds turnLimit(120);
-constexpr std::chrono::milliseconds turnPoll(5);
+// A hundred of them look without burdening the main loop.
+constexpr std::chrono::milliseconds turnPoll(20);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);

@@ -15,7 +15,7 @@ class CaptureCoordinator : public QObject {
     PUBLISHED(bool, isCapturing, false)
     /// The last picture that reached the editor, until that is closed.
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
-    /// The last failure that was reported; cancelling is none.
+    /// The last failure that was reported; a cancelled capture does not count as one.
     PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
     /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has
     /// left the screen.

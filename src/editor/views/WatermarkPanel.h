@@ -34,7 +34,7 @@ class WatermarkPanel : public QObject {
     QString currentPreset() const;
     QUrl picture() const;
 
-    /// Makes a picture file the mark. A file that is none is reported and changes nothing.
+    /// Makes a picture file the mark. A file that is not a picture is reported and changes nothing.
     Q_INVOKABLE void setPicture(const QUrl& file);
     Q_INVOKABLE void savePreset(const QString& name);
     Q_INVOKABLE void selectPreset(const QString& id);

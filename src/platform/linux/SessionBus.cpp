@@ -5,10 +5,8 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <QElapsedTimer>
-#include <QUrl>
 #include <algorithm>
-#include <cerrno>
+#include <chrono>
 #include <cstddef>
 
 namespace kestrio {
@@ -55,7 +53,7 @@ std::optional<sockaddr_un> localAddress(const QByteArray& addresses, socklen_t& 
 }
 
 // What every client says first, so that a daemon that is alive answers "OK".
-bool isGreeted(const Descriptor& socket, std::chrono::milliseconds patience) {
+bool isGreeted(const Descriptor& socket) {
     const QByteArray greeting =
         QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(::getuid()).toHex() + "\r\n";
     if (::send(socket.number(), greeting.constData(), std::size_t(greeting.size()), MSG_NOSIGNAL) !=
@@ -64,32 +62,34 @@ bool isGreeted(const Descriptor& socket, std::chrono::milliseconds patience) {
     }
     pollfd answer = {socket.number(), POLLIN, 0};
     char byte = 0;
-    return ::poll(&answer, 1, static_cast<int>(patience.count())) == 1 &&
+    return ::poll(&answer, 1, static_cast<int>(limit.count())) == 1 &&
            ::recv(socket.number(), &byte, 1, 0) == 1;
 }
 
-}  // namespace
-
-bool isBusAnswering(const QByteArray& address, std::chrono::milliseconds patience) {
+// Whether a bus daemon answers the first words of a connection. True for addresses that are no
+// local sockets, which are not tried.
+bool isBusAnswering(const QByteArray& address) {
     socklen_t length = 0;
     const auto local = localAddress(address, length);
     if (!local) return true;
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     return socket.isOpen() &&
            ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&*local), length) == 0 &&
-           isGreeted(socket, patience);
+           isGreeted(socket);
 }
+
+}  // namespace
 
 void avoidHangingSessionBus() {
     const QByteArray address = sessionAddress();
-    if (address.isEmpty() || isBusAnswering(address, limit)) return;
+    if (address.isEmpty() || isBusAnswering(address)) return;
     isSessionBusAvoided = true;
     qputenv(addressVariable, nowhere);
 }
 
 QDBusConnection connectToSessionBus(const QString& address) {
     const bool isSession = address.isEmpty();
-    const bool answers = isSession ? !isSessionBusAvoided : isBusAnswering(address.toUtf8(), limit);
+    const bool answers = isSession ? !isSessionBusAvoided : isBusAnswering(address.toUtf8());
     if (!answers) return QDBusConnection(QString());
     return isSession ? QDBusConnection::sessionBus()
                      : QDBusConnection::connectToBus(address, address);

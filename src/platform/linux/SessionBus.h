@@ -1,13 +1,8 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <chrono>
 
 namespace kestrio {
-
-/// Whether a bus daemon answers the first words of a connection to this address within
-/// `patience`. Blocks no longer. True for addresses that are no local sockets, which are not tried.
-bool isBusAnswering(const QByteArray& address, std::chrono::milliseconds patience);
 
 /// Qt connects to the session bus when the application starts, and waits without a limit for its
 /// answer. Where the bus does not answer, this keeps Qt from it for the life of the process.
