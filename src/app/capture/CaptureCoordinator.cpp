@@ -21,8 +21,8 @@ constexpr std::chrono::milliseconds numberLeaves(150);
 constexpr std::chrono::seconds storageGrace(1);
 // For captures that asked at the same moment, a hundred of them at most.
 constexpr std::chrono::seconds turnLimit(120);
-// A hundred of them look without burdening the main loop.
-constexpr std::chrono::milliseconds turnPoll(20);
+// Whether the limit has passed, or a user has begun to choose.
+constexpr std::chrono::seconds turnCheck(1);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
@@ -127,8 +127,12 @@ Task<> CaptureCoordinator::waitForTurn(std::stop_token stop) {
     QDeadlineTimer limit(turnLimit);
     while (isCapturing()) {
         if (isUserChoosing_ || limit.hasExpired()) throw busyError();
-        const auto pause = sleepFor(turnPoll, stop);
-        co_await pause;
+        const Completion<> turnOver(stop);
+        const QObject here;  // its end disconnects both
+        connect(this, &CaptureCoordinator::isCapturingChanged, &here,
+                [turnOver] { turnOver.succeed(); });
+        QTimer::singleShot(turnCheck, &here, [turnOver] { turnOver.succeed(); });
+        co_await turnOver;
         if (!self) throw goneError();
     }
 }
