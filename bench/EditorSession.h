@@ -75,8 +75,11 @@ class Session {
     explicit Session(bool isQuick) : steps_(isQuick ? 3 : 125) {}
 
     bool open(const Image& image) {
-        window_ = std::make_unique<EditorWindow>(services(defaults_), QStringLiteral("bench"));
-        window_->open(image);
+        const EditorServices all = services(defaults_);
+        auto document = std::make_shared<EditorViewModel>(all);
+        document->loadCapture({image, {}, {}});
+        window_ = std::make_unique<EditorWindow>(std::move(document), all, QStringLiteral("bench"));
+        window_->show();
         view_ = window_->window();
         application().watch(view_);
         view_->resize(1920, 1080);

@@ -65,8 +65,11 @@ double firstFrameOfEditor(const Image& image) {
     const double start = milliseconds(CLOCK_MONOTONIC);
     const double processorStart = milliseconds(CLOCK_THREAD_CPUTIME_ID);
     double processor = NAN;
-    EditorWindow window(services(std::make_shared<MemoryUserDefaults>()), QStringLiteral("second"));
-    window.open(image);
+    const EditorServices all = services(std::make_shared<MemoryUserDefaults>());
+    auto document = std::make_shared<EditorViewModel>(all);
+    document->loadCapture({image, {}, {}});
+    EditorWindow window(std::move(document), all, QStringLiteral("second"));
+    window.show();
     double shown = NAN;
     QEventLoop loop;
     QObject::connect(window.window(), &QQuickWindow::frameSwapped, &loop, [&] {

@@ -2,6 +2,7 @@
 
 #include "app/shell/DraftRestoring.h"
 #include "app/shell/Quitting.h"
+#include "editor/views/EditorController.h"
 #include "support/MemoryPasteboard.h"
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
@@ -108,11 +109,77 @@ struct EditorWindowCoordinatorTest : testing::Test {
         return shown;
     }
 
+    /// Answers the question of the only window by one of its operations.
+    static void answerClosing(const char* operation) {
+        auto* const controller =
+            windows().front()->property("controller").value<EditorController*>();
+        QMetaObject::invokeMethod(controller->closing(), operation);
+    }
+
     static void runEvents() {
         for (int turn = 0; turn < 50; ++turn)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
     }
 };
+
+// As a capture does that shows its window before it has its picture.
+TEST_F(EditorWindowCoordinatorTest, ADocumentIsAdoptedBeforeItsPictureIsThere) {
+    const std::shared_ptr<EditorViewModel> document = editors->makeDocument();
+    document->awaitCapture();
+    editors->adopt(document, QString());
+    EXPECT_EQ(editors->currentEditorViewModel(), document.get());
+    ASSERT_EQ(windows().size(), 1U);
+    auto* const overlay = windows().front()->findChild<QObject*>(QStringLiteral("processing"));
+    ASSERT_NE(overlay, nullptr);
+    EXPECT_TRUE(overlay->property("active").toBool());
+    EXPECT_FALSE(document->hasUnexportedChanges())
+        << "there is nothing yet that closing would lose";
+
+    const QRectF place(10, 20, 64, 48);
+    const QDateTime taken = QDateTime::currentDateTime();
+    QImage bitmap(64, 48, QImage::Format_RGB32);
+    bitmap.fill(Qt::darkCyan);
+    document->loadCapture({Image(bitmap), place, taken});
+    EXPECT_FALSE(overlay->property("active").toBool());
+    EXPECT_EQ(document->capturedRect(), place);
+    EXPECT_EQ(document->capturedDate(), taken);
+    editors->adopt(document, QString());
+    EXPECT_EQ(windows().size(), 1U) << "a document has one window";
+}
+
+TEST_F(EditorWindowCoordinatorTest, WhoeverClosesADocumentHearsHowThatEnded) {
+    EditorViewModel& document = open("shot");
+    document.rotateClockwise();
+    QPointer<EditorViewModel> kept;
+    int rotationWhenKept = 0;
+    QObject::connect(editors.get(), &EditorWindowCoordinator::closing, editors.get(),
+                     [&](EditorViewModel* closing) {
+                         kept = closing;
+                         rotationWhenKept =
+                             static_cast<int>(closing->canvasState().transform.rotation);
+                     });
+    std::vector<bool> answers;
+    const auto close = [&]() -> Task<> {
+        auto closing = editors->close(document);
+        answers.push_back(co_await closing);
+    };
+    launch(close(), editors.get());
+    runEvents();
+    EXPECT_TRUE(answers.empty()) << "the user is being asked";
+    answerClosing("cancel");
+    runEvents();
+    EXPECT_EQ(answers, std::vector<bool>{false});
+    EXPECT_EQ(windows().size(), 1U);
+
+    launch(close(), editors.get());
+    runEvents();
+    answerClosing("discard");
+    runEvents();
+    EXPECT_EQ(answers, (std::vector<bool>{false, true}));
+    EXPECT_TRUE(windows().empty());
+    EXPECT_EQ(rotationWhenKept, 90) << "the document is whole when its window has gone";
+    EXPECT_FALSE(kept);
+}
 
 TEST_F(EditorWindowCoordinatorTest, EachPictureGetsAWindowAndTheLatestIsCurrent) {
     const QPointer first(&open("first"));

@@ -10,7 +10,7 @@ struct CanvasInteractionTest : EditorFixture {
     CanvasInteraction interaction{*editor};
 
     void SetUp() override {
-        editor->loadCapture(picture({400, 300}));
+        editor->loadCapture({picture({400, 300})});
         BackdropSettings bare;
         bare.type = BackdropType::none;
         bare.padding = 0;

@@ -16,7 +16,7 @@ struct ClosingTest : EditorFixture {
         AppSettings chosen = services().settings->load();
         chosen.defaultSavePath = folder.path();
         AppSettingsService(defaults).save(chosen);
-        editor->loadCapture(picture());
+        editor->loadCapture({picture()});
         closing = std::make_unique<DocumentClosing>(*editor, services());
         QObject::connect(closing.get(), &DocumentClosing::mayCloseNow, [this] { ++closable; });
     }

@@ -17,7 +17,7 @@ struct DocumentDraftTest : EditorFixture {
     std::unique_ptr<DocumentDraft> draft;
 
     DocumentDraftTest() {
-        editor->loadCapture(picture());
+        editor->loadCapture({picture()});
         draft = makeDraft();
     }
 
@@ -166,7 +166,7 @@ TEST_F(DocumentDraftTest, ARestoredDocumentIsWhatItWasAndItsDraftGoesOn) {
     const ClaimedDraft claimed = left();
 
     editor = makeEditor();
-    editor->loadCapture(picture({3, 3}));
+    editor->loadCapture({picture({3, 3})});
     editor->restoreDraft(claimed.folder->read());
     draft = makeDraft(claimed.folder);
     expectSamePicture(editor->wholePicture(), expected);

@@ -9,7 +9,7 @@ namespace {
 struct EditingState : EditorFixture {
     AnnotationViewModel& model() { return editor->annotationVM(); }
 
-    void SetUp() override { editor->loadCapture(picture({400, 300})); }
+    void SetUp() override { editor->loadCapture({picture({400, 300})}); }
 
     /// A text tool's click, then typing.
     void type(const char* words, QPointF at = {20, 20}) {
@@ -128,7 +128,7 @@ TEST_F(EditingState, UndoOfMarksFollowsACropAndForgetsOtherPictures) {
          }},
         {"undo of the paste", [&] { editor->undo(); }},
         {"undo before the crop", [&] { editor->undo(), editor->undo(); }},
-        {"capture", [&] { editor->loadCapture(picture()); }},
+        {"capture", [&] { editor->loadCapture({picture()}); }},
     };
     for (const auto& [name, replace] : others) {
         replace();

@@ -6,7 +6,7 @@ namespace {
 using EditorDocument = EditorFixture;
 
 TEST_F(EditorDocument, OpensWithTheStyleUsedLastElseTheFirstPreset) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     EXPECT_EQ(editor->style(), PresetTheme::all().front().style());
     EXPECT_EQ(editor->currentPresetThemeId(), QStringLiteral("clean"));
     EXPECT_EQ(editor->canvasState().canvasSize, QSizeF(200, 100));
@@ -19,14 +19,14 @@ TEST_F(EditorDocument, OpensWithTheStyleUsedLastElseTheFirstPreset) {
     editor.reset();
     styles->save(used);
     editor = makeEditor();
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     used.mockup.cornerRadius = 48;
     EXPECT_EQ(editor->style(), used);
     EXPECT_FALSE(editor->currentPresetThemeId());
 }
 
 TEST_F(EditorDocument, KeepsTheStyleWhenItEndsSoonAfterAChange) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     editor->set_frameStyle(FrameStyle::arc);
     EXPECT_FALSE(styles->load()) << "not at each change";
     editor->cleanUp();
@@ -39,7 +39,7 @@ TEST_F(EditorDocument, KeepsTheStyleWhenItEndsSoonAfterAChange) {
 TEST_F(EditorDocument, UndoWalksTheHistoryOfTheMode) {
     editor->toggleAnnotationMode();
     EXPECT_FALSE(editor->isAnnotationMode()) << "there is nothing to annotate";
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     editor->applyPresetTheme(*PresetTheme::find(QStringLiteral("ocean")));
     EXPECT_TRUE(editor->canUndo());
 
@@ -69,7 +69,7 @@ TEST_F(EditorDocument, UndoWalksTheHistoryOfTheMode) {
 }
 
 TEST_F(EditorDocument, LeavingAnnotationModeKeepsADrawingInProgress) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     editor->toggleAnnotationMode();
     editor->annotationVM().set_currentTool(AnnotationTool::arrow);
     editor->annotationVM().startDrawing({1, 1});
@@ -82,7 +82,7 @@ TEST_F(EditorDocument, LeavingAnnotationModeKeepsADrawingInProgress) {
 }
 
 TEST_F(EditorDocument, TurnsRoundBothWays) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     for (const double degrees : {90, 180, 270, 0}) {
         editor->rotateClockwise();
         EXPECT_EQ(editor->canvasState().transform.rotation, degrees);
@@ -99,7 +99,7 @@ TEST_F(EditorDocument, ZoomIsTypedAsAWholeNumber) {
         {"-50", 0.1}, {"150%", 1.5}, {"150 %", 1.5}, {" 5 ", 2}, {"5 0", 2},
         {"1e2", 2},   {"0x40", 2},   {"7.5", 2},     {"%", 2},   {"3000000000", 5},
     };
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     for (const auto& [text, scale] : rows) {
         editor->setZoom(2);
         editor->setZoomText(QString::fromUtf8(text));
@@ -108,7 +108,7 @@ TEST_F(EditorDocument, ZoomIsTypedAsAWholeNumber) {
 }
 
 TEST_F(EditorDocument, ResetForgetsAllButThePicture) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     draw(AnnotationTool::number, {10, 10}, {10, 10});
     editor->leaveAnnotationMode();
     editor->set_frameScale(2);
@@ -128,7 +128,7 @@ TEST_F(EditorDocument, ResetForgetsAllButThePicture) {
 }
 
 TEST_F(EditorDocument, CroppingLeavesAnnotationsOnWhatTheyMark) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     draw(AnnotationTool::rectangle, {80, 40}, {110, 60});
     draw(AnnotationTool::blur, {60, 30}, {90, 55});
     const auto before = editor->annotations();
@@ -152,7 +152,7 @@ TEST_F(EditorDocument, CroppingLeavesAnnotationsOnWhatTheyMark) {
 TEST_F(EditorDocument, CropFramesWithoutAreaOrRatioChangeNothing) {
     editor->enterCropMode();
     EXPECT_FALSE(editor->isCropMode()) << "there is no picture";
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     for (const QRectF& frame : {QRectF(50, 50, 0, 10), QRectF(300, 300, 20, 20), QRectF()}) {
         editor->enterCropMode();
         editor->set_cropRect(frame);

@@ -25,9 +25,9 @@ struct EditorFixture : testing::Test {
     std::shared_ptr<ScriptedFileDialogs> dialogs = std::make_shared<ScriptedFileDialogs>();
     std::shared_ptr<RecordingFileReveal> reveal = std::make_shared<RecordingFileReveal>();
     std::shared_ptr<ScriptedAppearance> appearance = std::make_shared<ScriptedAppearance>();
-    std::unique_ptr<EditorViewModel> editor = makeEditor();
+    std::shared_ptr<EditorViewModel> editor = makeEditor();
 
-    EditorServices services() {
+    virtual EditorServices services() {
         EditorServices all;
         all.imageRenderer = renderer;
         all.exporter = exporter;
@@ -44,8 +44,14 @@ struct EditorFixture : testing::Test {
         return all;
     }
 
-    std::unique_ptr<EditorViewModel> makeEditor() {
-        return std::make_unique<EditorViewModel>(services());
+    std::shared_ptr<EditorViewModel> makeEditor() {
+        return std::make_shared<EditorViewModel>(services());
+    }
+
+    std::shared_ptr<EditorViewModel> documentOn(const Image& image) {
+        auto document = makeEditor();
+        document->loadCapture({image, {}, {}});
+        return document;
     }
 
     static Image picture(QSize pixels = {200, 100}) {

@@ -25,7 +25,7 @@ TEST_F(EditorOutput, NeedsAPicture) {
 }
 
 TEST_F(EditorOutput, HoldsTheDocumentWithTheDrawingInProgress) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     editor->rotateClockwise();
     editor->set_frameScale(1.5);
     editor->toggleAnnotationMode();
@@ -48,7 +48,7 @@ TEST_F(EditorOutput, HoldsTheDocumentWithTheDrawingInProgress) {
 }
 
 TEST_F(EditorOutput, FailsAndRecovers) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     QList<bool> told;
     QObject::connect(editor.get(), &EditorViewModel::isExportingChanged,
                      [&] { told << editor->isExporting(); });
@@ -67,18 +67,18 @@ TEST_F(EditorOutput, FailsAndRecovers) {
 }
 
 TEST_F(EditorOutput, WhatIsChangedWhileItIsMadeDoesNotCount) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     renderer->gate.emplace();
     auto pending = editor->exportImage(path, ExportFormat::png);
     EXPECT_TRUE(editor->isExporting());
-    editor->loadCapture(picture({30, 30}));
+    editor->loadCapture({picture({30, 30})});
     renderer->gate->succeed();
     EXPECT_EQ(runUntilDone(std::move(pending)).byteCount, 200);
     EXPECT_FALSE(editor->isExporting());
 }
 
 TEST_F(EditorOutput, OutlivesItsEditor) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     renderer->gate.emplace();
     auto pending = editor->exportImage(path, ExportFormat::png);
     editor.reset();

@@ -243,8 +243,8 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
                             {QStringLiteral("image/png")}}};
     EditorServices all = services();
     all.sharing = programs;
-    EditorWindow window(all, QStringLiteral("shot"));
-    window.open(picture({640, 400}));
+    EditorWindow window(documentOn(picture({640, 400})), all, QStringLiteral("shot"));
+    window.show();
     ASSERT_NE(window.window(), nullptr);
     Tour tour{window};
     tour.look(300);
@@ -258,6 +258,9 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     tour.annotate();
     tour.crop();
     tour.pickColour();
+    window.controller().editor().awaitCapture();
+    tour.look();
+    window.controller().editor().loadCapture({picture({640, 400}), {}, {}});
     window.controller().setShortcutOverlayVisible(true);
     tour.look(200);
     window.controller().setShortcutOverlayVisible(false);
@@ -269,8 +272,8 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
 }
 
 TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
-    EditorWindow window(services(), QStringLiteral("shot"));
-    window.open(picture({640, 400}));
+    EditorWindow window(documentOn(picture({640, 400})), services(), QStringLiteral("shot"));
+    window.show();
     EditorController& controller = window.controller();
     Refusals refusals(controller);
     const QTemporaryDir folder;
@@ -309,8 +312,8 @@ TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
 
 // The pointer goes the whole way: through the window's events to a record and onto the screen.
 TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
-    EditorWindow window(services(), QStringLiteral("shot"));
-    window.open(picture({640, 400}));
+    EditorWindow window(documentOn(picture({640, 400})), services(), QStringLiteral("shot"));
+    window.show();
     QQuickWindow* const view = window.window();
     runEventsFor(200);
     window.controller().toggleAnnotations();
@@ -345,9 +348,8 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
 // One list for all windows; a name that is taken means that theme.
 TEST_F(EditorWindowTest, ThemesAreReplacedRenamedAndSharedByAllWindows) {
     const EditorServices shared = services();
-    EditorController first(shared, QStringLiteral("a")), second(shared, QStringLiteral("b"));
-    first.open(picture());
-    second.open(picture());
+    EditorController first(documentOn(picture()), shared, QStringLiteral("a"));
+    EditorController second(documentOn(picture()), shared, QStringLiteral("b"));
     first.set(QStringLiteral("padding"), 11);
     first.themes()->save(QStringLiteral("Mine"));
     ASSERT_EQ(second.themes()->userThemes().size(), 1u);
@@ -368,15 +370,14 @@ TEST_F(EditorWindowTest, ThemesAreReplacedRenamedAndSharedByAllWindows) {
 // What the user saved and cannot be read is reported, once the window can show it.
 TEST_F(EditorWindowTest, UnreadableThemesAreTold) {
     defaults->setData(QStringLiteral("com.kestrio.savedThemes"), "rubbish");
-    EditorController controller(services(), QStringLiteral("shot"));
+    EditorController controller(makeEditor(), services(), QStringLiteral("shot"));
     Refusals refusals(controller);
     controller.reportLoadProblems();
     EXPECT_EQ(refusals.texts, QStringList{QStringLiteral("Theme decoding failed")});
 }
 
 TEST_F(EditorWindowTest, AnEyedropperOfOneViewServesThatViewAlone) {
-    EditorController controller(services(), QStringLiteral("shot"));
-    controller.open(picture());
+    EditorController controller(documentOn(picture()), services(), QStringLiteral("shot"));
     controller.toggleAnnotations();
     AnnotationViewModel& model = controller.editor().annotationVM();
     model.addAnnotation(NumberAnnotation{QUuid::createUuid(), {30, 20}, 1, {1, 0, 0, 1}, 30, 0});
@@ -398,8 +399,7 @@ TEST_F(EditorWindowTest, AnEyedropperOfOneViewServesThatViewAlone) {
 }
 
 TEST_F(EditorWindowTest, HiddenRedactionsAreAskedAboutBeforeAPictureLeaves) {
-    EditorController controller(services(), QStringLiteral("shot"));
-    controller.open(picture());
+    EditorController controller(documentOn(picture()), services(), QStringLiteral("shot"));
     controller.toggleAnnotations();
     controller.editor().annotationVM().addAnnotation(
         BlurAnnotation{QUuid::createUuid(), {10, 10, 60, 40}});

@@ -17,7 +17,7 @@ struct ExportSheet : EditorFixture {
         settings.defaultExportFormat = ExportFormat::jpeg;
         settings.fileNamingPattern = QStringLiteral("shot_{sequence}");
         AppSettingsService(defaults).save(settings);
-        editor->loadCapture(picture());
+        editor->loadCapture({picture()});
         options = std::make_unique<ExportOptions>(*editor, services());
     }
 

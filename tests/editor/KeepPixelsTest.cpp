@@ -6,7 +6,7 @@ namespace {
 using KeepPixels = EditorFixture;
 
 TEST_F(KeepPixels, GrowsTheCanvasAndIsUndone) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     const QSize before = editor->outputPixels();
     BackdropSettings backdrop = editor->backdrop();
     backdrop.padding = 20;
@@ -22,7 +22,7 @@ TEST_F(KeepPixels, GrowsTheCanvasAndIsUndone) {
 }
 
 TEST_F(KeepPixels, StaysOnUnderPresetsAndIsRemembered) {
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     BackdropSettings backdrop = editor->backdrop();
     backdrop.keepPixels = true;
     editor->set_backdrop(backdrop);
@@ -33,7 +33,7 @@ TEST_F(KeepPixels, StaysOnUnderPresetsAndIsRemembered) {
     editor->applyPresetTheme(*PresetTheme::find(QStringLiteral("ocean")));
     editor.reset();
     editor = makeEditor();
-    editor->loadCapture(picture());
+    editor->loadCapture({picture()});
     EXPECT_TRUE(editor->backdrop().keepPixels);
     EXPECT_EQ(editor->currentPresetThemeId(), QStringLiteral("ocean"));
 }

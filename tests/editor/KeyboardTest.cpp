@@ -16,7 +16,7 @@ struct Keyboard : EditorFixture {
     AnnotationViewModel& model = editor->annotationVM();
 
     void SetUp() override {
-        editor->loadCapture(picture());
+        editor->loadCapture({picture()});
         draw(AnnotationTool::number, {10, 10}, {10, 10});
         draw(AnnotationTool::number, {50, 50}, {50, 50});
         model.set_currentTool(AnnotationTool::select);

@@ -28,7 +28,7 @@ struct PreviewTest : EditorWindowTest {
         for (int y = 0; y < 300; ++y)
             for (int x = 0; x < 480; ++x)
                 dashboard.setPixel(x, y, qRgb(x % 256, y % 256, (x / 12 + y / 12) % 2 * 200));
-        document.loadCapture(Image(dashboard));
+        document.loadCapture({Image(dashboard)});
         preview.setScale(1);
     }
 

@@ -23,7 +23,7 @@ struct SharingTest : EditorFixture {
         programs->installed = {{{QStringLiteral("viewer"), QStringLiteral("Viewer"), {}},
                                 {QStringLiteral("image/png")}}};
         sharing = std::make_unique<DocumentSharing>(*editor, all, QStringLiteral("my / shot"));
-        editor->loadCapture(picture());
+        editor->loadCapture({picture()});
         editor->rotateClockwise();
     }
     ~SharingTest() override { qputenv("XDG_CACHE_HOME", cacheBefore); }

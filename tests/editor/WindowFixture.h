@@ -17,7 +17,7 @@ inline void runEventsFor(int milliseconds) {
 
 // On the real renderer, since the window shows what it makes.
 struct EditorWindowTest : EditorFixture {
-    EditorServices services() {
+    EditorServices services() override {
         EditorServices real = EditorFixture::services();
         real.imageRenderer = std::make_shared<ImageRendererService>(real.watermark);
         real.exporter = std::make_shared<PictureExporter>(pasteboard);

@@ -17,9 +17,11 @@ namespace {
 constexpr int cascadeStep = 32;
 constexpr std::size_t cascadeLength = 6;
 
-QString nameOf(const CapturedImage& image, const QString& name) {
+QString nameOf(const EditorViewModel& document, const QString& name) {
     if (!name.isEmpty()) return name;
-    return localised("Capture ") + image.captureDate.toString(QStringLiteral("HH-mm-ss"));
+    const QDateTime& taken = document.capturedDate();
+    const QDateTime time = taken.isValid() ? taken : QDateTime::currentDateTime();
+    return localised("Capture ") + time.toString(QStringLiteral("HH-mm-ss"));
 }
 
 QString frameText(const QRect& frame) {
@@ -47,9 +49,14 @@ void moveAside(QWindow& window, std::size_t openBefore) {
 struct EditorWindowCoordinator::OpenEditor {
     std::unique_ptr<EditorWindow> window;
     std::unique_ptr<DocumentDraft> draft;
+    std::vector<Completion<bool>> closings;  ///< of those who wait for the window to go
 
-    OpenEditor(const EditorServices& services, const QString& name)
-        : window(std::make_unique<EditorWindow>(services, name)) {}
+    /// With its window.
+    OpenEditor(std::shared_ptr<EditorViewModel> document, const EditorServices& services,
+               const QString& name)
+        : window(std::make_unique<EditorWindow>(std::move(document), services, name)) {
+        window->show();
+    }
 
     EditorViewModel& document() const { return window->controller().editor(); }
     QString name() const { return window->controller().name(); }
@@ -58,6 +65,10 @@ struct EditorWindowCoordinator::OpenEditor {
         if (!drafts) return;
         draft = std::make_unique<DocumentDraft>(document(), name(), drafts, std::move(taken));
     }
+    void answerClosings(bool isClosed) {
+        for (const Completion<bool>& each : std::exchange(closings, {}))
+            each.succeed(isClosed);
+    }
 };
 
 EditorWindowCoordinator::EditorWindowCoordinator(std::function<EditorServices()> makeServices,
@@ -65,19 +76,43 @@ EditorWindowCoordinator::EditorWindowCoordinator(std::function<EditorServices()>
                                                  QObject* parent)
     : QObject(parent), makeServices_(std::move(makeServices)), activation_(std::move(activation)) {}
 
-EditorWindowCoordinator::~EditorWindowCoordinator() = default;
+EditorWindowCoordinator::~EditorWindowCoordinator() {
+    stop_.request_stop();
+}
 
 void EditorWindowCoordinator::open(const CapturedImage& image, const QString& name) {
-    OpenEditor made(services(), nameOf(image, name));
-    made.window->open(image.image);
+    auto document = makeDocument();
+    document->loadCapture(image);
+    adopt(std::move(document), name);
+}
+
+std::shared_ptr<EditorViewModel> EditorWindowCoordinator::makeDocument() {
+    return std::make_shared<EditorViewModel>(services());
+}
+
+void EditorWindowCoordinator::adopt(std::shared_ptr<EditorViewModel> document,
+                                    const QString& name) {
+    if (bringToFront(document.get())) return;
+    const QString heading = nameOf(*document, name);
+    OpenEditor made(std::move(document), services(), heading);
     made.keep(services().drafts);
     show(std::move(made));
 }
 
+Task<bool> EditorWindowCoordinator::close(EditorViewModel& document) {
+    OpenEditor* const editor = find(document);
+    if (!editor) co_return true;
+    const Completion<bool> closed(stop_.get_token());
+    editor->closings.push_back(closed);
+    editor->window->window()->close();
+    co_return co_await closed;
+}
+
 void EditorWindowCoordinator::restore(const DraftDocument& document, const ClaimedDraft& draft) {
-    OpenEditor made(services(), document.name);
-    made.window->open(document.picture);
-    made.document().restoreDraft(document);
+    auto restored = makeDocument();
+    restored->loadCapture({document.picture, {}, {}});
+    restored->restoreDraft(document);
+    OpenEditor made(std::move(restored), services(), document.name);
     made.keep(services().drafts, draft.folder);
     show(std::move(made));
 }
@@ -106,6 +141,11 @@ void EditorWindowCoordinator::watchClosing(EditorWindow& editor) {
             if (!isVisible) removeClosed();
         },
         Qt::QueuedConnection);
+    EditorViewModel* const document = &editor.controller().editor();
+    connect(&editor.controller().closing()->closing(), &DocumentClosing::cancelled, this,
+            [this, document] {
+                if (OpenEditor* const kept = find(*document)) kept->answerClosings(false);
+            });
 }
 
 void EditorWindowCoordinator::removeClosed() {
@@ -113,15 +153,20 @@ void EditorWindowCoordinator::removeClosed() {
     const auto closed =
         std::stable_partition(editors_.begin(), editors_.end(), std::not_fn(isClosed));
     if (closed == editors_.end()) return;
-    for (auto each = closed; each != editors_.end(); ++each) {
-        if (each->draft) each->draft->discard();
-        each->document().cleanUp();
-    }
+    std::vector<OpenEditor> gone(std::make_move_iterator(closed),
+                                 std::make_move_iterator(editors_.end()));
     editors_.erase(closed, editors_.end());
+    for (OpenEditor& each : gone) {
+        Q_EMIT closing(&each.document());
+        if (each.draft) each.draft->discard();
+        each.document().cleanUp();
+    }
     if (editors_.empty()) {
         set_isEditorOpen(false);
         activation_->set_policy(ActivationPolicy::accessory);
     }
+    for (OpenEditor& each : gone)
+        each.answerClosings(true);
     Q_EMIT documentClosed();
 }
 
@@ -163,12 +208,16 @@ bool EditorWindowCoordinator::bringToFront() {
 }
 
 bool EditorWindowCoordinator::bringToFront(const EditorViewModel* document) {
-    for (const auto& each : editors_) {
-        if (&each.document() != document) continue;
-        kestrio::bringToFront(*each.window->window());
-        return true;
-    }
-    return false;
+    const OpenEditor* const editor = document ? find(*document) : nullptr;
+    if (editor) kestrio::bringToFront(*editor->window->window());
+    return editor != nullptr;
+}
+
+EditorWindowCoordinator::OpenEditor* EditorWindowCoordinator::find(
+    const EditorViewModel& document) {
+    for (OpenEditor& each : editors_)
+        if (&each.document() == &document) return &each;
+    return nullptr;
 }
 
 void EditorWindowCoordinator::saveFrame(UserDefaults& defaults) const {

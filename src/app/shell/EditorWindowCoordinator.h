@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <vector>
 
 namespace kestrio {
@@ -33,7 +34,13 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
     ~EditorWindowCoordinator() override;
 
     void open(const CapturedImage& image, const QString& name) override;
+    std::shared_ptr<EditorViewModel> makeDocument() override;
+    void adopt(std::shared_ptr<EditorViewModel> document, const QString& name) override;
+    Task<bool> close(EditorViewModel& document) override;
     EditorViewModel* currentEditorViewModel() override;
+    /// The window of this document is gone for good; the document is still whole. What is to be
+    /// kept of it is taken here.
+    Q_SIGNAL void closing(EditorViewModel* document);
     Q_SIGNAL void documentClosed();
     /// Opens an editor on what was kept of a document; its draft goes on. Throws Error where the
     /// window cannot be made.
@@ -58,6 +65,7 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
     struct OpenEditor;
 
     const EditorServices& services();
+    OpenEditor* find(const EditorViewModel& document);
     void show(OpenEditor editor);
     void watchClosing(EditorWindow& editor);
     void removeClosed();
@@ -66,6 +74,7 @@ class EditorWindowCoordinator : public QObject, public EditorOpener {
     std::optional<EditorServices> services_;
     std::shared_ptr<ActivationState> activation_;
     std::vector<OpenEditor> editors_;  // the current one last
+    std::stop_source stop_;
 };
 
 }  // namespace kestrio

@@ -48,19 +48,26 @@ EditorViewModel::~EditorViewModel() {
     cleanUp();
 }
 
-void EditorViewModel::loadCapture(const Image& image) {
-    set_screenshot(image);
+void EditorViewModel::loadCapture(const CapturedImage& capture) {
+    set_isProcessingCapture(false);
+    set_screenshot(capture.image);
     setOriginal(std::nullopt);
+    capturedRect_ = capture.captureRect;
+    capturedDate_ = capture.captureDate;
+    if (!historyItemId_) startAfresh();
+    annotationVM_.historyService().clear();
+    historyManager_.clear();
+    recordSnapshot();
+    markExported(presentPicture());
+}
+
+void EditorViewModel::startAfresh() {
     CanvasState canvas;
-    canvas.canvasSize = image.pointSize();
+    canvas.canvasSize = screenshot().pointSize();
     set_canvasState(canvas);
     setAnnotations({});
     annotationVM_.setAnnotations({});
-    annotationVM_.historyService().clear();
-    historyManager_.clear();
     loadPersistedStyle();
-    recordSnapshot();
-    markExported(presentPicture());
 }
 
 void EditorViewModel::replaceScreenshot(const Image& image) {

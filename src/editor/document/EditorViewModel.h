@@ -6,6 +6,7 @@
 #include "editor/document/EditorState.h"
 #include "editor/document/ToolMemory.h"
 #include "editor/document/UnexportedChanges.h"
+#include "imaging/CapturedImage.h"
 #include "library/color/ColorPickerViewModel.h"
 #include "library/drafts/DraftDocument.h"
 #include "render/style/Theme.h"
@@ -35,6 +36,8 @@ constexpr const auto& enumTable(RightPanelSection) {
 class EditorViewModel : public QObject {
     Q_OBJECT
     PUBLISHED(Image, screenshot, {})
+    /// There is no picture yet: a capture is still being put together.
+    PUBLISHED(bool, isProcessingCapture, false)
     PUBLISHED_WRITABLE(CanvasState, canvasState, {})
     PUBLISHED_WRITABLE(BackdropSettings, backdrop, {})
     PUBLISHED_WRITABLE(MockupSettings, mockup, {})
@@ -76,8 +79,17 @@ class EditorViewModel : public QObject {
 
     // The document.
 
-    /// Opens a picture: canvas of its size, the style used last, else the first preset.
-    void loadCapture(const Image& image);
+    /// Shows that a picture is being made, until loadCapture() brings it.
+    void awaitCapture() { set_isProcessingCapture(true); }
+    /// Opens a picture: canvas of its size, the style used last, else the first preset. A document
+    /// of the history keeps the canvas and style that it was given.
+    void loadCapture(const CapturedImage& capture);
+    /// Where on the desktop the picture was taken, in points; empty where it was not captured.
+    const QRectF& capturedRect() const { return capturedRect_; }
+    const QDateTime& capturedDate() const { return capturedDate_; }
+    /// The record of this document in the history, once there is one.
+    const std::optional<QUuid>& historyItemId() const { return historyItemId_; }
+    void setHistoryItemId(const QUuid& id) { historyItemId_ = id; }
     /// Shows another picture in the same style; annotations go, undo brings all back.
     void replaceScreenshot(const Image& image);
     /// Keeps the present state as one step of undo, with what was being typed. Called after each
@@ -182,6 +194,7 @@ class EditorViewModel : public QObject {
     CompositeLayout layoutAt(double pixelDensity) const;
     void setAnnotations(std::vector<AnyAnnotation> annotations);
     void turnBy(double degrees);
+    void startAfresh();
     void loadPersistedStyle();
     /// Marks the built-in style that this one is, if any.
     void showPresetOf(EditorStyleSettings style);
@@ -204,6 +217,9 @@ class EditorViewModel : public QObject {
     void persistStyle();
 
     EditorServices services_;
+    QRectF capturedRect_;
+    QDateTime capturedDate_;
+    std::optional<QUuid> historyItemId_;
     std::vector<AnyAnnotation> annotations_;
     AnnotationViewModel annotationVM_;
     ToolMemory toolMemory_;

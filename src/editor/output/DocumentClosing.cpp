@@ -93,6 +93,7 @@ void DocumentClosing::discard() {
 void DocumentClosing::cancel() {
     if (state() == ClosingState::asking || state() == ClosingState::waiting) {
         set_state(ClosingState::open);
+        Q_EMIT cancelled();
     }
 }
 

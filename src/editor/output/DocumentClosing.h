@@ -39,6 +39,8 @@ class DocumentClosing : public QObject {
     /// the user decides otherwise.
     bool requestClose();
     Q_SIGNAL void mayCloseNow();
+    /// The user has decided to go on with the document.
+    Q_SIGNAL void cancelled();
 
     // Answers while asking.
 

@@ -19,6 +19,7 @@ class ClosingPanel : public QObject {
   public:
     ClosingPanel(EditorViewModel& editor, EditorServices services, QObject* parent = nullptr);
 
+    const DocumentClosing& closing() const { return closing_; }
     QString state() const { return rawString(closing_.state()); }
     QString errorMessage() const { return closing_.errorMessage(); }
 

@@ -34,11 +34,13 @@ QString nextProviderName() {
 
 }  // namespace
 
-EditorController::EditorController(EditorServices services, QString name, QObject* parent)
+EditorController::EditorController(std::shared_ptr<EditorViewModel> document,
+                                   EditorServices services, QString name, QObject* parent)
     : QObject(parent),
       services_(services),
       name_(std::move(name)),
-      editor_(services),
+      document_(std::move(document)),
+      editor_(*document_),
       hints_(services_.userDefaults),
       keyboard_(editor_, &hints_),
       annotation_(editor_, hints_),
@@ -57,6 +59,7 @@ EditorController::EditorController(EditorServices services, QString name, QObjec
     connect(&thumbnailTimer_, &QTimer::timeout, this, &EditorController::refreshThumbnails);
     connectDocument();
     connectMessages();
+    if (!editor_.screenshot().isNull()) launch(shrinkPicture(), this);
 }
 
 EditorController::~EditorController() = default;
@@ -87,6 +90,8 @@ void EditorController::connectDocument() {
     relay(std::initializer_list{&Editor::isEnhancingImageChanged,
                                 &Editor::canRestoreOriginalImageChanged},
           &EditorController::enhancingChanged);
+    connect(&editor_, &Editor::isProcessingCaptureChanged, this,
+            &EditorController::processingChanged);
     connect(&editor_, &Editor::screenshotChanged, this, [this] { launch(shrinkPicture(), this); });
     connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
             &EditorController::styleChanged);
@@ -120,10 +125,6 @@ void EditorController::connectMessages() {
         editor_.set_errorMessage(std::nullopt);
         Q_EMIT failed(*message);
     });
-}
-
-void EditorController::open(const Image& image) {
-    editor_.loadCapture(image);
 }
 
 Task<> EditorController::shrinkPicture() {

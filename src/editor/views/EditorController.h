@@ -33,6 +33,8 @@ class EditorController : public QObject {
     Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
     /// Lists for pickers by the name of their field, each row {id, name}.
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
+    /// A capture is still being put together; there is nothing to edit yet.
+    Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY processingChanged)
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
     Q_PROPERTY(bool isCropMode READ isCropMode NOTIFY modeChanged)
     /// The tool palette is to be seen: not while a colour is picked.
@@ -61,7 +63,8 @@ class EditorController : public QObject {
 
   public:
     /// `name` is the document's, without an ending.
-    EditorController(EditorServices services, QString name, QObject* parent = nullptr);
+    EditorController(std::shared_ptr<EditorViewModel> document, EditorServices services,
+                     QString name, QObject* parent = nullptr);
     ~EditorController() override;
 
     EditorViewModel& editor() { return editor_; }
@@ -75,8 +78,6 @@ class EditorController : public QObject {
     ThumbnailProvider* makeThumbnailProvider();
     const QString& thumbnailProvider() const { return thumbnailProvider_; }
 
-    void open(const Image& image);
-
     AnnotationPanel* annotation() { return &annotation_; }
     ClosingPanel* closing() { return &closing_; }
     ColorPanel* colors() { return &colors_; }
@@ -87,6 +88,7 @@ class EditorController : public QObject {
     WatermarkPanel* watermark() { return &watermark_; }
     QVariantMap style() const;
     QVariantMap choices() const;
+    bool isProcessing() const { return editor_.isProcessingCapture(); }
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
     bool isPaletteShown() const {
@@ -163,6 +165,7 @@ class EditorController : public QObject {
     Q_INVOKABLE void refuseDrop();
 
     Q_SIGNAL void styleChanged();
+    Q_SIGNAL void processingChanged();
     Q_SIGNAL void panelsChanged();
     Q_SIGNAL void modeChanged();
     Q_SIGNAL void enhancingChanged();
@@ -188,7 +191,8 @@ class EditorController : public QObject {
 
     EditorServices services_;
     QString name_;
-    EditorViewModel editor_;
+    std::shared_ptr<EditorViewModel> document_;
+    EditorViewModel& editor_;
     ResponsiveLayoutManager layout_;
     ShortcutHintManager hints_;
     AnnotationKeyboardHandler keyboard_;

@@ -22,8 +22,9 @@ class WindowError : public Error {
 
 }  // namespace
 
-EditorWindow::EditorWindow(EditorServices services, const QString& name)
-    : controller_(std::move(services), name) {
+EditorWindow::EditorWindow(std::shared_ptr<EditorViewModel> document, EditorServices services,
+                           const QString& name)
+    : controller_(std::move(document), std::move(services), name) {
     lease_.engine().addImageProvider(controller_.thumbnailProvider(),
                                      controller_.makeThumbnailProvider());
 }
@@ -33,8 +34,7 @@ EditorWindow::~EditorWindow() {
     lease_.engine().removeImageProvider(controller_.thumbnailProvider());
 }
 
-void EditorWindow::open(const Image& image) {
-    controller_.open(image);
+void EditorWindow::show() {
     if (window_) return;
     // A linker drops a registration that nobody calls.
     static const bool isRegistered = (qml_register_types_Kestrio_Editor(), true);

@@ -10,16 +10,17 @@ namespace kestrio {
 /// One editor with its window. Needs a GUI application on a display; main thread.
 class EditorWindow {
   public:
-    /// `name` heads the window.
-    EditorWindow(EditorServices services, const QString& name);
+    /// On a document that may be open already; `name` heads the window.
+    EditorWindow(std::shared_ptr<EditorViewModel> document, EditorServices services,
+                 const QString& name);
     ~EditorWindow();
     Q_DISABLE_COPY_MOVE(EditorWindow)
 
-    /// Shows the window on a picture. Throws Error where the window cannot be made.
-    void open(const Image& image);
+    /// Throws Error where the window cannot be made.
+    void show();
 
     EditorController& controller() { return controller_; }
-    /// Null before open().
+    /// Null before show().
     QQuickWindow* window() const { return window_.get(); }
 
   private:

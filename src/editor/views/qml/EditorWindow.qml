@@ -29,7 +29,7 @@ Window {
                 event.accepted = true
                 return
             }
-            event.accepted = window.controller.handleKey(event.key, event.modifiers, event.text,
+            event.accepted = window.controller.isProcessing || window.controller.handleKey(event.key, event.modifiers, event.text,
                                                          window.isTyping)
         }
 
@@ -97,6 +97,12 @@ Window {
         sourceComponent: ClosingSheet { controller: window.controller }
     }
     ShortcutOverlay { controller: window.controller }
+    Loader {
+        objectName: "processing"
+        anchors.fill: parent
+        active: window.controller.isProcessing
+        sourceComponent: ProcessingOverlay {}
+    }
     Toast { id: toast }
 
     function nameTheme(id, name) {
@@ -115,7 +121,7 @@ Window {
     // Text fields and nothing else have a cursor.
     readonly property bool isTyping: activeFocusItem !== null && activeFocusItem.cursorRectangle !== undefined
     readonly property bool isSheetShown: redaction.isShown || enhancement.isShown || exporting.isShown || resetting.isShown
-        || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible
+        || naming.isShown || closing.isShown || controller.isShortcutOverlayVisible || controller.isProcessing
     onIsSheetShownChanged: if (!isSheetShown) stage.focusCanvas()
 
     Connections {
