@@ -27,19 +27,19 @@ CaptureError CaptureError::from(const std::exception& error) {
 QString CaptureError::errorDescription() const {
     switch (which_) {
         case Case::systemError:
-            return localised("System error: ") + reason_;
+            return Kestrio::tr("System error: ") + reason_;
         case Case::permissionDenied:
             if (!reason_.isEmpty()) return reason_;
-            return localised("Screen recording permission denied. Please allow Kestrio in %1.")
+            return Kestrio::tr("Screen recording permission denied. Please allow Kestrio in %1.")
                 .arg(desktopWords().screenRecordingPage);
         case Case::captureTimeout:
-            return localised("Capture timed out. Please try again.");
+            return Kestrio::tr("Capture timed out. Please try again.");
         case Case::invalidRegion:
-            return localised("Invalid region selected");
+            return Kestrio::tr("Invalid region selected");
         case Case::windowNotFound:
-            return localised("Target window not found");
+            return Kestrio::tr("Target window not found");
         case Case::cancelled:
-            return localised("Capture cancelled");
+            return Kestrio::tr("Capture cancelled");
     }
     return {};
 }

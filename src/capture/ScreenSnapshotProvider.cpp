@@ -5,8 +5,8 @@
 namespace kestrio {
 
 QString ScreenSnapshotError::errorDescription() const {
-    return which_ == Case::region ? localised("Failed to capture screen region")
-                                  : localised("Failed to capture display");
+    return which_ == Case::region ? Kestrio::tr("Failed to capture screen region")
+                                  : Kestrio::tr("Failed to capture display");
 }
 
 ScreenSnapshotProvider::ScreenSnapshotProvider(std::shared_ptr<ScreenGrabber> grabber,

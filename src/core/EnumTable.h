@@ -46,7 +46,7 @@ QString rawString(E value) {
 /// The name shown to users, in their language.
 template <TabledEnum E>
 QString displayName(E value) {
-    return localised(enumRow(value).name);
+    return Kestrio::tr(enumRow(value).name);
 }
 
 /// The case of an exact raw string, or nothing.

@@ -17,11 +17,11 @@ const char* Error::what() const noexcept {
 
 QString describeFailure(const std::exception& error) {
     if (dynamic_cast<const std::bad_alloc*>(&error)) {
-        return localised("there is not enough memory for this");
+        return Kestrio::tr("there is not enough memory for this");
     }
     const auto* own = dynamic_cast<const Error*>(&error);
     return own ? own->fullDescription()
-               : localised("unexpected failure: ") + QString::fromUtf8(error.what());
+               : Kestrio::tr("unexpected failure: ") + QString::fromUtf8(error.what());
 }
 
 }  // namespace kestrio

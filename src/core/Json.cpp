@@ -13,7 +13,7 @@ QString JsonError::errorDescription() const {
 }
 
 std::optional<JsonReader> JsonReader::find(const char* key) const {
-    if (!value_->is_object()) fail(localised("expected an object"));
+    if (!value_->is_object()) fail(Kestrio::tr("expected an object"));
     const auto member = value_->find(key);
     if (member == value_->end() || member->is_null()) return std::nullopt;
     return JsonReader(*member, this, key, 0);
@@ -21,26 +21,26 @@ std::optional<JsonReader> JsonReader::find(const char* key) const {
 
 JsonReader JsonReader::at(const char* key) const {
     if (const auto member = find(key)) return *member;
-    JsonReader(*value_, this, key, 0).fail(localised("required key is missing"));
+    JsonReader(*value_, this, key, 0).fail(Kestrio::tr("required key is missing"));
 }
 
 std::size_t JsonReader::elementCount() const {
-    if (!value_->is_array()) fail(localised("expected a list"));
+    if (!value_->is_array()) fail(Kestrio::tr("expected a list"));
     return value_->size();
 }
 
 JsonReader JsonReader::element(std::size_t index) const {
-    if (index >= elementCount()) fail(localised("expected a longer list"));
+    if (index >= elementCount()) fail(Kestrio::tr("expected a longer list"));
     return JsonReader((*value_)[index], this, nullptr, index);
 }
 
 bool JsonReader::boolean() const {
-    if (!value_->is_boolean()) fail(localised("expected true or false"));
+    if (!value_->is_boolean()) fail(Kestrio::tr("expected true or false"));
     return value_->get<bool>();
 }
 
 double JsonReader::number() const {
-    if (!value_->is_number()) fail(localised("expected a number"));
+    if (!value_->is_number()) fail(Kestrio::tr("expected a number"));
     return value_->get<double>();
 }
 
@@ -56,16 +56,16 @@ qint64 JsonReader::integer() const {
         const double wide = value_->get<double>();
         if (wide == std::trunc(wide) && std::abs(wide) < 9.0e15) return static_cast<qint64>(wide);
     }
-    fail(localised("expected a whole number"));
+    fail(Kestrio::tr("expected a whole number"));
 }
 
 quint64 JsonReader::unsignedInteger() const {
     if (value_->is_number_unsigned()) return value_->get<quint64>();
-    fail(localised("expected a whole number that is not negative"));
+    fail(Kestrio::tr("expected a whole number that is not negative"));
 }
 
 QString JsonReader::string() const {
-    if (!value_->is_string()) fail(localised("expected a string"));
+    if (!value_->is_string()) fail(Kestrio::tr("expected a string"));
     // QString::fromStdString() would drop a byte order mark that the text begins with.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     return decoder.decode(QByteArrayView(value_->get_ref<const std::string&>()));
@@ -91,9 +91,9 @@ JsonValue parseJson(const QByteArray& text) {
         const auto line = before.count('\n') + 1;
         const auto column = before.size() - before.lastIndexOf('\n') - 1;
         throw JsonError({},
-                        localised("not valid JSON at line %1, column %2").arg(line).arg(column));
+                        Kestrio::tr("not valid JSON at line %1, column %2").arg(line).arg(column));
     } catch (const nlohmann::json::exception&) {
-        throw JsonError({}, localised("not valid JSON: a number is out of range"));
+        throw JsonError({}, Kestrio::tr("not valid JSON: a number is out of range"));
     }
 }
 
@@ -103,7 +103,7 @@ QByteArray jsonText(const JsonValue& value, int indent) {
 }
 
 JsonValue jsonNumber(double number) {
-    if (!std::isfinite(number)) throw JsonError({}, localised("a number is not finite"));
+    if (!std::isfinite(number)) throw JsonError({}, Kestrio::tr("a number is not finite"));
     constexpr double exactWhole = 9007199254740992.0;  // 2^53
     const bool isWhole = number == std::trunc(number) && std::abs(number) <= exactWhole;
     if (isWhole && !(number == 0 && std::signbit(number))) return static_cast<qint64>(number);
@@ -122,7 +122,7 @@ JsonValue JsonCodec<int>::encode(const int& value) {
 }
 int JsonCodec<int>::decode(const JsonReader& reader) {
     const qint64 value = reader.integer();
-    if (value != static_cast<int>(value)) reader.fail(localised("the number is too large"));
+    if (value != static_cast<int>(value)) reader.fail(Kestrio::tr("the number is too large"));
     return static_cast<int>(value);
 }
 
@@ -160,7 +160,7 @@ JsonValue JsonCodec<QByteArray>::encode(const QByteArray& value) {
 QByteArray JsonCodec<QByteArray>::decode(const JsonReader& reader) {
     const auto result = QByteArray::fromBase64Encoding(reader.string().toLatin1(),
                                                        QByteArray::AbortOnBase64DecodingErrors);
-    if (!result) reader.fail(localised("expected base64 text"));
+    if (!result) reader.fail(Kestrio::tr("expected base64 text"));
     return *result;
 }
 
@@ -172,7 +172,7 @@ QUuid JsonCodec<QUuid>::decode(const JsonReader& reader) {
     const QUuid id = QUuid::fromString(text);
     constexpr qsizetype bareLength = 36;
     if (text.size() != bareLength || id.toString(QUuid::WithoutBraces) != text.toLower()) {
-        reader.fail(localised("expected a UUID"));
+        reader.fail(Kestrio::tr("expected a UUID"));
     }
     return id;
 }
@@ -187,7 +187,7 @@ Date JsonCodec<Date>::decode(const JsonReader& reader) {
 namespace {
 
 std::pair<double, double> decodePair(const JsonReader& reader) {
-    if (reader.elementCount() != 2) reader.fail(localised("expected a list of two numbers"));
+    if (reader.elementCount() != 2) reader.fail(Kestrio::tr("expected a list of two numbers"));
     return {reader.element(0).number(), reader.element(1).number()};
 }
 
@@ -217,7 +217,7 @@ JsonValue JsonCodec<QRectF>::encode(const QRectF& value) {
     return JsonValue::array({encodeJson(value.topLeft()), encodeJson(value.size())});
 }
 QRectF JsonCodec<QRectF>::decode(const JsonReader& reader) {
-    if (reader.elementCount() != 2) reader.fail(localised("expected [[x, y], [width, height]]"));
+    if (reader.elementCount() != 2) reader.fail(Kestrio::tr("expected [[x, y], [width, height]]"));
     return {decodeJson<QPointF>(reader.element(0)), decodeJson<QSizeF>(reader.element(1))};
 }
 

@@ -75,7 +75,7 @@ struct JsonCodec<E> {
     static E decode(const JsonReader& reader) {
         const QString raw = reader.string();
         if (const auto value = fromRawString<E>(raw.toStdString())) return *value;
-        reader.fail(localised("unknown value \"%1\"; known are %2")
+        reader.fail(Kestrio::tr("unknown value \"%1\"; known are %2")
                         .arg(raw, rawStrings<E>().join(QStringLiteral(", "))));
     }
 };

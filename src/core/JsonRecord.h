@@ -102,7 +102,7 @@ struct JsonCodec<Record> {
     }
 
     static Record decode(const JsonReader& reader) {
-        if (!reader.value().is_object()) reader.fail(localised("expected an object"));
+        if (!reader.value().is_object()) reader.fail(Kestrio::tr("expected an object"));
         Record record{};
         std::apply([&](const auto&... field) { (detail::decodeField(reader, record, field), ...); },
                    Record::jsonFields());

@@ -41,10 +41,10 @@ QByteArray readRegularFile(const QString& path, qint64 limit) {
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) throw FileError(path, errno);
     if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
     if (!S_ISREG(status.st_mode)) {
-        throw FileError(path, localised("it is a device or a pipe, not a file"));
+        throw FileError(path, Kestrio::tr("it is a device or a pipe, not a file"));
     }
     if (status.st_size > limit) {
-        throw FileError(path, localised("it has %1, more than the %2 that can be opened")
+        throw FileError(path, Kestrio::tr("it has %1, more than the %2 that can be opened")
                                   .arg(QLocale::c().formattedDataSize(status.st_size, 1),
                                        QLocale::c().formattedDataSize(limit, 0)));
     }

@@ -14,7 +14,7 @@
 namespace kestrio {
 
 QString TimeLimitExceeded::errorDescription() const {
-    return localised("The time limit was exceeded");
+    return Kestrio::tr("The time limit was exceeded");
 }
 
 namespace {
@@ -46,7 +46,7 @@ QThreadPool* backgroundPool() {
 }
 
 QString StorageTimeout::errorDescription() const {
-    return localised("the disk or network folder does not answer");
+    return Kestrio::tr("the disk or network folder does not answer");
 }
 
 namespace {

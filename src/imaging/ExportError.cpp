@@ -26,24 +26,24 @@ ExportError ExportError::unsupportedFormat(ExportFormat format) {
 QString ExportError::errorDescription() const {
     switch (case_) {
         case Case::fileWriteFailed:
-            return localised("Failed to write file: ") + path_;
+            return Kestrio::tr("Failed to write file: ") + path_;
         case Case::unsupportedFormat:
             if (format_ == ExportFormat::webp) {
-                return localised(
+                return Kestrio::tr(
                     "WebP export is not available on this system. Please export as PNG or "
                     "JPEG.");
             }
-            return localised("Unsupported export format: ") + fileExtension(format_).toUpper();
+            return Kestrio::tr("Unsupported export format: ") + fileExtension(format_).toUpper();
         case Case::renderingFailed:
-            return localised("Image rendering failed");
+            return Kestrio::tr("Image rendering failed");
         case Case::clipboardFailed:
-            return localised("Failed to copy to clipboard");
+            return Kestrio::tr("Failed to copy to clipboard");
         case Case::invalidFormat:
-            return localised("Unsupported export format");
+            return Kestrio::tr("Unsupported export format");
         case Case::insufficientDiskSpace:
-            return localised("Insufficient disk space");
+            return Kestrio::tr("Insufficient disk space");
         case Case::userCancelled:
-            return localised("Export cancelled by user");
+            return Kestrio::tr("Export cancelled by user");
     }
     return {};
 }

@@ -7,13 +7,13 @@ namespace kestrio {
 QString PasteboardError::errorDescription() const {
     switch (which_) {
         case Case::noConnection:
-            return localised("The clipboard cannot be read: the display takes no more programs");
+            return Kestrio::tr("The clipboard cannot be read: the display takes no more programs");
         case Case::notAnswering:
-            return localised("The program that holds the clipboard does not answer");
+            return Kestrio::tr("The program that holds the clipboard does not answer");
         case Case::tooLarge:
-            return localised("What is on the clipboard is too large");
+            return Kestrio::tr("What is on the clipboard is too large");
         case Case::notKept:
-            return localised("What was copied could not be kept on the clipboard");
+            return Kestrio::tr("What was copied could not be kept on the clipboard");
     }
     return {};
 }

@@ -5,8 +5,8 @@
 namespace kestrio {
 
 QString ScreenGrabError::errorDescription() const {
-    return which_ == Case::windowGone ? localised("the window has gone")
-                                      : localised("the screen cannot be read");
+    return which_ == Case::windowGone ? Kestrio::tr("the window has gone")
+                                      : Kestrio::tr("the screen cannot be read");
 }
 
 }  // namespace kestrio

@@ -7,11 +7,11 @@ namespace kestrio {
 QString SharingError::errorDescription() const {
     switch (which_) {
         case Case::noMailProgram:
-            return localised("there is no mail program; install one, and xdg-utils with it");
+            return Kestrio::tr("there is no mail program; install one, and xdg-utils with it");
         case Case::programGone:
-            return localised("the program is no longer installed");
+            return Kestrio::tr("the program is no longer installed");
         case Case::notStarted:
-            return localised("%1 could not be started").arg(program_);
+            return Kestrio::tr("%1 could not be started").arg(program_);
     }
     return {};
 }

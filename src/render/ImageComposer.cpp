@@ -51,21 +51,22 @@ QSize filledBy(QSize size, double turn) {
 void requirePossible(QSize pixels) {
     if (std::max(pixels.width(), pixels.height()) > longestSide) {
         throw ExportError::renderingFailed(
-            localised("the picture would have %1 x %2 pixels, at most %3 a side are possible")
+            Kestrio::tr("the picture would have %1 x %2 pixels, at most %3 a side are possible")
                 .arg(pixels.width())
                 .arg(pixels.height())
                 .arg(longestSide));
     }
     if (qint64(pixels.width()) * pixels.height() > mostPixels) {
         throw ExportError::renderingFailed(
-            localised("the picture would have %1 x %2 pixels, at most 256 million are possible")
+            Kestrio::tr("the picture would have %1 x %2 pixels, at most 256 million are possible")
                 .arg(pixels.width())
                 .arg(pixels.height()));
     }
 }
 
 void requirePossible(const CompositeLayout& layout, double rotation) {
-    if (!layout.isValid()) throw ExportError::renderingFailed(localised("the canvas has no size"));
+    if (!layout.isValid())
+        throw ExportError::renderingFailed(Kestrio::tr("the canvas has no size"));
     requirePossible(layout.outputPixels());
     requirePossible(filledBy(layout.outputPixels(), turnOf(rotation)));
 }

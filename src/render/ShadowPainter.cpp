@@ -74,7 +74,7 @@ void paintShadow(QImage& bitmap, const QPainterPath& silhouette, const ShadowMet
     const QRect bounds = casting | reached;
     if (qint64(bounds.width()) * bounds.height() > mostMaskPixels) {
         throw ExportError::renderingFailed(
-            localised("the canvas has too few points for a shadow on so many pixels"));
+            Kestrio::tr("the canvas has too few points for a shadow on so many pixels"));
     }
 
     Mask mask = rasterise(cast, bounds);

@@ -10,7 +10,7 @@ namespace kestrio {
 enum class AppLanguage { system, en, zhHans, ja, ko, es, fr, de, ptPT, it, ru, ar };
 
 inline constexpr EnumTable<AppLanguage, 12> appLanguages = {{
-    {AppLanguage::system, "system", "System Default"},
+    {AppLanguage::system, "system", Kestrio::marked("System Default")},
     {AppLanguage::en, "en", "English"},
     {AppLanguage::zhHans, "zh-Hans", "简体中文"},
     {AppLanguage::ja, "ja", "日本語"},
@@ -30,7 +30,7 @@ constexpr const auto& enumTable(AppLanguage) {
 /// The name shown to users: each language in itself, only "System Default" is translated.
 inline QString displayName(AppLanguage language) {
     const char* name = enumRow(language).name;
-    return language == AppLanguage::system ? localised(name) : QString::fromUtf8(name);
+    return language == AppLanguage::system ? Kestrio::tr(name) : QString::fromUtf8(name);
 }
 
 /// The code that the language preference is set to; nothing for the system's own language.

@@ -11,8 +11,8 @@ namespace kestrio {
 enum class ScrollingCaptureMode { manual, automatic };
 
 inline constexpr EnumTable<ScrollingCaptureMode, 2> scrollingCaptureModes = {{
-    {ScrollingCaptureMode::manual, "manual", "Manual scroll"},
-    {ScrollingCaptureMode::automatic, "auto", "Auto scroll"},
+    {ScrollingCaptureMode::manual, "manual", Kestrio::marked("Manual scroll")},
+    {ScrollingCaptureMode::automatic, "auto", Kestrio::marked("Auto scroll")},
 }};
 constexpr const auto& enumTable(ScrollingCaptureMode) {
     return scrollingCaptureModes;

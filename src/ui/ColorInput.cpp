@@ -18,11 +18,11 @@ ColorInputResult readHexInput(QStringView text) {
     if (text.startsWith(u'#')) text = text.mid(1);
     if (text.isEmpty()) return {};
     if (text.size() != 3 && text.size() != 6) {
-        return {std::nullopt, localised("Use 3 or 6 hex digits")};
+        return {std::nullopt, Kestrio::tr("Use 3 or 6 hex digits")};
     }
     // A second "#" is none of the digits.
     const auto color = text.startsWith(u'#') ? std::nullopt : CodableColor::fromHex(text);
-    if (!color) return {std::nullopt, localised("Invalid characters")};
+    if (!color) return {std::nullopt, Kestrio::tr("Invalid characters")};
     return {color, {}};
 }
 

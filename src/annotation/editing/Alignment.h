@@ -25,8 +25,8 @@ constexpr const auto& enumTable(AlignmentType) {
 enum class DistributionAxis { horizontal, vertical };
 
 inline constexpr EnumTable<DistributionAxis, 2> distributionAxes = {{
-    {DistributionAxis::horizontal, "horizontal", "Distribute Horizontally"},
-    {DistributionAxis::vertical, "vertical", "Distribute Vertically"},
+    {DistributionAxis::horizontal, "horizontal", Kestrio::marked("Distribute Horizontally")},
+    {DistributionAxis::vertical, "vertical", Kestrio::marked("Distribute Vertically")},
 }};
 constexpr const auto& enumTable(DistributionAxis) {
     return distributionAxes;

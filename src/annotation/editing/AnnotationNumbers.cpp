@@ -23,7 +23,7 @@ void AnnotationViewModel::commitNumberEdit() {
     }
     const auto number = positiveInteger(state.inputValue);
     if (!number) {
-        state.errorMessage = localised("Please enter a positive integer");
+        state.errorMessage = Kestrio::tr("Please enter a positive integer");
         set_numberEditingState(state);
         return;
     }

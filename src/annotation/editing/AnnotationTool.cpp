@@ -108,26 +108,28 @@ Made makeBlur(const DrawnGesture& drawn) {
 }
 
 constexpr std::array<AnnotationToolInfo, 11> tools = {{
-    {AnnotationTool::select, "Select", 'v', "Select and move annotations", Qt::ArrowCursor, false,
-     makeNothing},
-    {AnnotationTool::arrow, "Arrow", 'a', "Draw arrows to point at things", Qt::CrossCursor, false,
-     makeArrow},
-    {AnnotationTool::measurement, "Measurement", 'm', "Measure pixel distances", Qt::CrossCursor,
-     false, makeMeasurement},
-    {AnnotationTool::rectangle, "Rectangle", 'r', "Draw rectangles and squares", Qt::CrossCursor,
-     false, makeRectangle},
-    {AnnotationTool::circle, "Circle", 'o', "Draw circles and ovals", Qt::CrossCursor, false,
-     makeCircle},
-    {AnnotationTool::text, "Text", 't', "Add text annotations", Qt::IBeamCursor, false, makeText},
-    {AnnotationTool::number, "Number", 'n', "Add numbered markers", Qt::CrossCursor, false,
-     makeNumber},
-    {AnnotationTool::brush, "Brush", 'b', "Freehand drawing", Qt::CrossCursor, true, makeBrush},
-    {AnnotationTool::highlighter, "Highlighter", 'h', "Highlight areas with transparency",
-     Qt::CrossCursor, true, makeHighlighter},
-    {AnnotationTool::blur, "Blur", 'u', "Blur sensitive information", Qt::CrossCursor, false,
-     makeBlur},
-    {AnnotationTool::eraser, "Eraser", 'e', "Erase annotations", Qt::CrossCursor, false,
-     makeNothing},
+    {AnnotationTool::select, Kestrio::marked("Select"), 'v',
+     Kestrio::marked("Select and move annotations"), Qt::ArrowCursor, false, makeNothing},
+    {AnnotationTool::arrow, Kestrio::marked("Arrow"), 'a',
+     Kestrio::marked("Draw arrows to point at things"), Qt::CrossCursor, false, makeArrow},
+    {AnnotationTool::measurement, Kestrio::marked("Measurement"), 'm',
+     Kestrio::marked("Measure pixel distances"), Qt::CrossCursor, false, makeMeasurement},
+    {AnnotationTool::rectangle, Kestrio::marked("Rectangle"), 'r',
+     Kestrio::marked("Draw rectangles and squares"), Qt::CrossCursor, false, makeRectangle},
+    {AnnotationTool::circle, Kestrio::marked("Circle"), 'o',
+     Kestrio::marked("Draw circles and ovals"), Qt::CrossCursor, false, makeCircle},
+    {AnnotationTool::text, Kestrio::marked("Text"), 't', Kestrio::marked("Add text annotations"),
+     Qt::IBeamCursor, false, makeText},
+    {AnnotationTool::number, Kestrio::marked("Number"), 'n',
+     Kestrio::marked("Add numbered markers"), Qt::CrossCursor, false, makeNumber},
+    {AnnotationTool::brush, Kestrio::marked("Brush"), 'b', Kestrio::marked("Freehand drawing"),
+     Qt::CrossCursor, true, makeBrush},
+    {AnnotationTool::highlighter, Kestrio::marked("Highlighter"), 'h',
+     Kestrio::marked("Highlight areas with transparency"), Qt::CrossCursor, true, makeHighlighter},
+    {AnnotationTool::blur, Kestrio::marked("Blur"), 'u',
+     Kestrio::marked("Blur sensitive information"), Qt::CrossCursor, false, makeBlur},
+    {AnnotationTool::eraser, Kestrio::marked("Eraser"), 'e', Kestrio::marked("Erase annotations"),
+     Qt::CrossCursor, false, makeNothing},
 }};
 
 static_assert(
@@ -157,7 +159,7 @@ std::optional<AnnotationTool> annotationToolOfKey(QChar key) {
 }
 
 QString displayName(AnnotationTool tool) {
-    return localised(annotationToolInfo(tool).name);
+    return Kestrio::tr(annotationToolInfo(tool).name);
 }
 
 TextAnnotation newTextAnnotation(const QRectF& bounds, const ToolSettings& settings) {

@@ -8,10 +8,10 @@ namespace kestrio {
 enum class StrokeSize { small, medium, large, extraLarge };
 
 inline constexpr EnumTable<StrokeSize, 4> strokeSizes = {{
-    {StrokeSize::small, "small", "Small"},
-    {StrokeSize::medium, "medium", "Medium"},
-    {StrokeSize::large, "large", "Large"},
-    {StrokeSize::extraLarge, "extraLarge", "Extra Large"},
+    {StrokeSize::small, "small", Kestrio::marked("Small")},
+    {StrokeSize::medium, "medium", Kestrio::marked("Medium")},
+    {StrokeSize::large, "large", Kestrio::marked("Large")},
+    {StrokeSize::extraLarge, "extraLarge", Kestrio::marked("Extra Large")},
 }};
 constexpr const auto& enumTable(StrokeSize) {
     return strokeSizes;

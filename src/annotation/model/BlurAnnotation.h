@@ -9,9 +9,9 @@ namespace kestrio {
 enum class BlurType { gaussian, pixelate, solid };
 
 inline constexpr EnumTable<BlurType, 3> blurTypes = {{
-    {BlurType::gaussian, "gaussian", "Gaussian"},
-    {BlurType::pixelate, "pixelate", "Pixelate"},
-    {BlurType::solid, "solid", "Solid"},
+    {BlurType::gaussian, "gaussian", Kestrio::marked("Gaussian")},
+    {BlurType::pixelate, "pixelate", Kestrio::marked("Pixelate")},
+    {BlurType::solid, "solid", Kestrio::marked("Solid")},
 }};
 constexpr const auto& enumTable(BlurType) {
     return blurTypes;

@@ -8,9 +8,9 @@ namespace kestrio {
 enum class FillMode { stroke, fill, both };
 
 inline constexpr EnumTable<FillMode, 3> fillModes = {{
-    {FillMode::stroke, "stroke", "Outline"},
-    {FillMode::fill, "fill", "Fill"},
-    {FillMode::both, "both", "Both"},
+    {FillMode::stroke, "stroke", Kestrio::marked("Outline")},
+    {FillMode::fill, "fill", Kestrio::marked("Fill")},
+    {FillMode::both, "both", Kestrio::marked("Both")},
 }};
 constexpr const auto& enumTable(FillMode) {
     return fillModes;

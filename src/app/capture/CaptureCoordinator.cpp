@@ -48,7 +48,7 @@ Task<RegionCaptureOutcome> outcomeOf(Task<CapturedImage> taking) {
 }
 
 CaptureError busyError() {
-    return CaptureError::systemError(localised("another capture is under way"));
+    return CaptureError::systemError(Kestrio::tr("another capture is under way"));
 }
 
 }  // namespace
@@ -250,7 +250,7 @@ Task<> CaptureCoordinator::copy(Image image) {
     const auto toasts = collaborators_.toasts;
     auto copying = collaborators_.exporter->copyToClipboard(std::move(image));
     co_await copying;
-    toasts->show(localised("Copied to clipboard"), toastTime);
+    toasts->show(Kestrio::tr("Copied to clipboard"), toastTime);
 }
 
 Task<QString> CaptureCoordinator::quickSave(RegionCaptureOutcome outcome, int turn,
@@ -304,9 +304,9 @@ void CaptureCoordinator::report(const CaptureError& error) {
 Task<> CaptureCoordinator::showAlert(QString text) {
     const auto alerts = collaborators_.alerts;
     AlertRequest request;
-    request.title = localised("Capture Error");
+    request.title = Kestrio::tr("Capture Error");
     request.text = std::move(text);
-    request.buttons = {localised("OK")};
+    request.buttons = {Kestrio::tr("OK")};
     auto shown = alerts->show(std::move(request), stop_.get_token());
     co_await shown;
 }

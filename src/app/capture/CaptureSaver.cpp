@@ -18,11 +18,11 @@ enum class Rescue { chooseFolder, discard, openEditor };
 AlertRequest rescueQuestion(const QString& reason) {
     AlertRequest request;
     request.style = AlertStyle::warning;
-    request.title = localised("The Screenshot Was Not Saved");
-    request.text = reason + u'\n' + localised("It is still here: choose another folder for it.");
+    request.title = Kestrio::tr("The Screenshot Was Not Saved");
+    request.text = reason + u'\n' + Kestrio::tr("It is still here: choose another folder for it.");
     // The last one is what Escape stands for, and loses nothing.
-    request.buttons = {localised("Choose Folder…"), localised("Discard"),
-                       localised("Open in Editor")};
+    request.buttons = {Kestrio::tr("Choose Folder…"), Kestrio::tr("Discard"),
+                       Kestrio::tr("Open in Editor")};
     return request;
 }
 
@@ -56,7 +56,7 @@ Task<Rescue> askHowToRescue(CaptureCollaborators with, QString reason, std::stop
 
 Task<std::optional<QString>> chooseFolder(CaptureCollaborators with, std::stop_token stop) {
     OpenPanelRequest request;
-    request.title = localised("Save the Screenshot into Folder");
+    request.title = Kestrio::tr("Save the Screenshot into Folder");
     request.folder = QDir::homePath();
     auto choosing = with.fileDialogs->chooseFolder(std::move(request), std::move(stop));
     co_return co_await choosing;
@@ -78,7 +78,7 @@ Task<CaptureSaving> saveOrAsk(CaptureCollaborators with, Image image,
         auto again = tryToSave(with, image, *folder);
         attempt = co_await again;
     }
-    with.toasts->show(localised("Saved to ") + QFileInfo(attempt.path).fileName(), toastTime);
+    with.toasts->show(Kestrio::tr("Saved to ") + QFileInfo(attempt.path).fileName(), toastTime);
     co_return CaptureSaving{attempt.path, false};
 }
 

@@ -13,22 +13,23 @@ namespace kestrio {
 namespace {
 
 void addCaptureOptions(QCommandLineParser& parser) {
-    parser.setApplicationDescription(localised(
+    parser.setApplicationDescription(Kestrio::tr(
         "Captures the screen: a region or a window of the user's choice, or the display under the "
         "pointer. Without an option for what becomes of the picture, the user decides, or the "
         "editor opens."));
-    parser.addPositionalArgument(QStringLiteral("WHAT"), localised("region, window or display"));
+    parser.addPositionalArgument(QStringLiteral("WHAT"), Kestrio::tr("region, window or display"));
     parser.addOption(
-        {QStringLiteral("delay"), localised("wait so many seconds first"), QStringLiteral("S")});
-    parser.addOption({QStringLiteral("edit"), localised("open the picture in the editor")});
-    parser.addOption({QStringLiteral("copy"), localised("put it on the clipboard")});
-    parser.addOption({QStringLiteral("pin"), localised("pin it to the desktop")});
-    parser.addOption({QStringLiteral("save"),
-                      localised("write it to the save folder of the settings and print its path")});
+        {QStringLiteral("delay"), Kestrio::tr("wait so many seconds first"), QStringLiteral("S")});
+    parser.addOption({QStringLiteral("edit"), Kestrio::tr("open the picture in the editor")});
+    parser.addOption({QStringLiteral("copy"), Kestrio::tr("put it on the clipboard")});
+    parser.addOption({QStringLiteral("pin"), Kestrio::tr("pin it to the desktop")});
+    parser.addOption(
+        {QStringLiteral("save"),
+         Kestrio::tr("write it to the save folder of the settings and print its path")});
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
-                      localised("write it to this file, as PNG, JPEG or WebP by its ending"),
+                      Kestrio::tr("write it to this file, as PNG, JPEG or WebP by its ending"),
                       QStringLiteral("FILE")});
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, Kestrio::tr("show help")});
 }
 
 CaptureKind kindFrom(const QStringList& positional) {
@@ -36,7 +37,7 @@ CaptureKind kindFrom(const QStringList& positional) {
         const auto kind = fromRawString<CaptureKind>(positional.front().toStdString());
         if (kind) return *kind;
     }
-    throw UsageError(localised("say what to capture: region, window or display"));
+    throw UsageError(Kestrio::tr("say what to capture: region, window or display"));
 }
 
 int delayFrom(const QCommandLineParser& parser) {
@@ -44,7 +45,7 @@ int delayFrom(const QCommandLineParser& parser) {
     bool isNumber = false;
     const int delay = parser.value(QStringLiteral("delay")).toInt(&isNumber);
     if (!isNumber || delay < 0 || delay > longestDelay) {
-        throw UsageError(localised("--delay takes whole seconds from 0 to %1").arg(longestDelay));
+        throw UsageError(Kestrio::tr("--delay takes whole seconds from 0 to %1").arg(longestDelay));
     }
     return delay;
 }
@@ -53,7 +54,7 @@ std::optional<CaptureAction> actionFrom(const QCommandLineParser& parser) {
     std::optional<CaptureAction> action;
     for (const auto& row : requestableActions) {
         if (!parser.isSet(QString::fromLatin1(row.raw))) continue;
-        if (action) throw UsageError(localised("choose one of --edit, --copy, --pin and --save"));
+        if (action) throw UsageError(Kestrio::tr("choose one of --edit, --copy, --pin and --save"));
         action = row.value;
     }
     return action;

@@ -20,17 +20,18 @@ namespace {
 
 constexpr CliVerb verbs[] = {
     {"", nullptr, runResident, DisplayNeed::windows, activateInstance},
-    {"capture", "capture a region, a window or a display", runCapture, DisplayNeed::windows,
-     handOverCapture},
-    {"edit", "open the editor on a picture", runEdit, DisplayNeed::windows, handOverEdit},
-    {"render", "set pictures on a backdrop and write them as files", runRender},
+    {"capture", Kestrio::marked("capture a region, a window or a display"), runCapture,
+     DisplayNeed::windows, handOverCapture},
+    {"edit", Kestrio::marked("open the editor on a picture"), runEdit, DisplayNeed::windows,
+     handOverEdit},
+    {"render", Kestrio::marked("set pictures on a backdrop and write them as files"), runRender},
     {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},
 };
 
 class OutputError : public Error {
   public:
     QString errorDescription() const override {
-        return localised("standard output cannot be written to");
+        return Kestrio::tr("standard output cannot be written to");
     }
 };
 
@@ -142,7 +143,7 @@ ExitStatus runCommandLine(const QStringList& arguments) {
     if (const CliVerb* verb = verbOf(arguments)) {
         return guarded([&] { return verb->run(arguments.mid(1)); });
     }
-    printError(localised("unknown verb \"%1\"; known are %2").arg(first, verbNames()));
+    printError(Kestrio::tr("unknown verb \"%1\"; known are %2").arg(first, verbNames()));
     return ExitStatus::wrongUsage;
 }
 

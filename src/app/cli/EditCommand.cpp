@@ -13,14 +13,14 @@ namespace kestrio {
 namespace {
 
 void addEditOptions(QCommandLineParser& parser) {
-    parser.setApplicationDescription(localised("Opens the editor on a picture."));
+    parser.setApplicationDescription(Kestrio::tr("Opens the editor on a picture."));
     parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 localised("a picture; the clipboard's unless given"),
+                                 Kestrio::tr("a picture; the clipboard's unless given"),
                                  QStringLiteral("[FILE]"));
     parser.addOption({QStringLiteral("density"),
-                      localised("pixels per point of the picture, 1 unless given"),
+                      Kestrio::tr("pixels per point of the picture, 1 unless given"),
                       QStringLiteral("F")});
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, Kestrio::tr("show help")});
 }
 
 double densityOption(const QCommandLineParser& parser) {
@@ -29,7 +29,7 @@ double densityOption(const QCommandLineParser& parser) {
     const double density = parser.value(QStringLiteral("density")).toDouble(&isNumber);
     if (!isNumber || !isDensity(density)) {
         throw UsageError(
-            localised("--density takes a number above 0 and at most %1").arg(largestDensity));
+            Kestrio::tr("--density takes a number above 0 and at most %1").arg(largestDensity));
     }
     return density;
 }
@@ -46,7 +46,7 @@ std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
         return std::nullopt;
     }
     const QStringList inputs = parser.positionalArguments();
-    if (inputs.size() > 1) throw UsageError(localised("the editor opens one picture at a time"));
+    if (inputs.size() > 1) throw UsageError(Kestrio::tr("the editor opens one picture at a time"));
     InstanceRequest request;
     request.verb = InstanceVerb::edit;
     request.density = densityOption(parser);

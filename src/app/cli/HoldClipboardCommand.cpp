@@ -10,7 +10,7 @@ namespace kestrio {
 ExitStatus runHoldClipboard(const QStringList& arguments) {
     const QByteArray held = takeInheritedContents();
     if (!arguments.isEmpty() || held.isEmpty()) {
-        throw UsageError(localised("hold-clipboard is for Kestrio itself, which starts it"));
+        throw UsageError(Kestrio::tr("hold-clipboard is for Kestrio itself, which starts it"));
     }
     return holdClipboard(*makePasteboard(), held, answerTakenOver) ? ExitStatus::done
                                                                    : ExitStatus::failed;

@@ -27,7 +27,7 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request) {
         if (!client.connectTo(address.socket, startupTimeout)) {
             // It may have ended meanwhile.
             if (!InstanceLock::isTaken(address)) return std::nullopt;
-            printError(localised("the running Kestrio does not answer; end it and try again"));
+            printError(Kestrio::tr("the running Kestrio does not answer; end it and try again"));
             return ExitStatus::failed;
         }
     }

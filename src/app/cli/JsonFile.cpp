@@ -13,7 +13,7 @@ constexpr qint64 longestFile = qint64(64) << 20;
 }  // namespace
 
 QString JsonFileError::errorDescription() const {
-    return localised(complaint_).arg(path_, reason_);
+    return Kestrio::tr(complaint_).arg(path_, reason_);
 }
 
 QByteArray readJsonFile(const QString& path, const char* complaint) {

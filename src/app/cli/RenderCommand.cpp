@@ -53,29 +53,29 @@ struct RenderReport {
 
 void addRenderOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
-        localised("Sets pictures on a backdrop and writes them as files."));
+        Kestrio::tr("Sets pictures on a backdrop and writes them as files."));
     parser.addPositionalArgument(QStringLiteral("INPUT"),
-                                 localised("a picture; several may be given"),
+                                 Kestrio::tr("a picture; several may be given"),
                                  QStringLiteral("INPUT..."));
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
-                      localised("the file to write, or a folder"),
+                      Kestrio::tr("the file to write, or a folder"),
                       QStringLiteral("OUTPUT")});
     parser.addOption({QStringLiteral("quick-save"),
-                      localised("write to the save folder of the settings instead")});
+                      Kestrio::tr("write to the save folder of the settings instead")});
     parser.addOption(
         {QStringLiteral("format"),
-         localised("png, jpeg or webp; inferred from the output's ending unless given"),
+         Kestrio::tr("png, jpeg or webp; inferred from the output's ending unless given"),
          QStringLiteral("FORMAT")});
-    parser.addOption({QStringLiteral("json"), localised("print what was written as JSON")});
+    parser.addOption({QStringLiteral("json"), Kestrio::tr("print what was written as JSON")});
     addStyleOptions(parser);
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, localised("show help")});
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, Kestrio::tr("show help")});
 }
 
 std::optional<ExportFormat> formatOption(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("format"))) return std::nullopt;
     const QString name = parser.value(QStringLiteral("format"));
     if (const auto format = formatNamed(name)) return format;
-    throw UsageError(localised("unknown format \"%1\"; known are %2")
+    throw UsageError(Kestrio::tr("unknown format \"%1\"; known are %2")
                          .arg(name, rawStrings<ExportFormat>().join(QStringLiteral(", "))));
 }
 
@@ -99,10 +99,10 @@ RenderOptions parsedOptions(const QCommandLineParser& parser) {
     requireInputs(parser.positionalArguments());
     requireExisting(parser.positionalArguments());
     if (!output.isEmpty() && options.isQuickSave) {
-        throw UsageError(localised("give only one of -o and --quick-save"));
+        throw UsageError(Kestrio::tr("give only one of -o and --quick-save"));
     }
     if (output.isEmpty() && !options.isQuickSave) {
-        throw UsageError(localised("say where the result goes: -o OUTPUT or --quick-save"));
+        throw UsageError(Kestrio::tr("say where the result goes: -o OUTPUT or --quick-save"));
     }
     options.jobs =
         planRender(parser.positionalArguments(), {output, formatOption(parser)}, userSettings());
@@ -115,7 +115,7 @@ void requireFolder(const SaveTarget& output) {
     const QString folder = folderOf(output.path());
     if (fileKind(folder) != FileKind::folder) {
         throw ExportError::fileWriteFailed(output.path(),
-                                           localised("the folder %1 does not exist").arg(folder));
+                                           Kestrio::tr("the folder %1 does not exist").arg(folder));
     }
 }
 
@@ -212,7 +212,7 @@ QByteArray jsonOf(const RenderReport& report) {
 bool printResults(const RenderOptions& options, const RenderReport& report) {
     if (options.isJson) return printDocument(jsonOf(report));
     return !options.isQuickSave || std::ranges::all_of(report.files, [](const RenderedFile& file) {
-        return printPath(file.saved.path, localised("Saved to "));
+        return printPath(file.saved.path, Kestrio::tr("Saved to "));
     });
 }
 

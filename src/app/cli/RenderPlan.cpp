@@ -21,7 +21,7 @@ ExportFormat formatOfFile(const OutputChoice& choice) {
     const QString extension = QFileInfo(choice.output).suffix();
     if (const auto format = formatNamed(extension)) return *format;
     throw UsageError(
-        localised(
+        Kestrio::tr(
             "cannot infer the format of \"%1\"; end it in .png, .jpeg or .webp, or give --format")
             .arg(choice.output));
 }
@@ -38,8 +38,9 @@ SaveTarget targetInFolder(const QString& folder, const QString& input, ExportFor
 
 void refuseOverwritingInput(const RenderJob& job) {
     if (isSameFile(job.output.path(), job.input)) {
-        throw UsageError(localised("%1 would be overwritten by its own result; name another output")
-                             .arg(job.input));
+        throw UsageError(
+            Kestrio::tr("%1 would be overwritten by its own result; name another output")
+                .arg(job.input));
     }
 }
 
@@ -56,7 +57,7 @@ std::vector<RenderJob> planIntoFolder(const QStringList& inputs, const OutputCho
 
 void requireInputs(const QStringList& inputs) {
     if (inputs.isEmpty() || inputs.contains(QString())) {
-        throw UsageError(localised("name a picture to render"));
+        throw UsageError(Kestrio::tr("name a picture to render"));
     }
 }
 
@@ -66,10 +67,10 @@ std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice&
     const bool isQuickSave = choice.output.isEmpty();
     if (!isQuickSave && isFolder(choice.output)) return planIntoFolder(inputs, choice, settings);
     if (inputs.size() > 1 && isQuickSave) {
-        throw UsageError(localised("--quick-save takes one picture; name a folder for several"));
+        throw UsageError(Kestrio::tr("--quick-save takes one picture; name a folder for several"));
     }
     if (inputs.size() > 1) {
-        throw UsageError(localised("several pictures need a folder to go to; \"%1\" is none")
+        throw UsageError(Kestrio::tr("several pictures need a folder to go to; \"%1\" is none")
                              .arg(choice.output));
     }
     if (isQuickSave) {

@@ -19,14 +19,14 @@ double numberOption(const QString& option, const QString& text) {
     bool isNumber = false;
     const double number = text.toDouble(&isNumber);
     if (!isNumber || !std::isfinite(number)) {
-        throw UsageError(localised("--%1 takes a number, not \"%2\"").arg(option, text));
+        throw UsageError(Kestrio::tr("--%1 takes a number, not \"%2\"").arg(option, text));
     }
     return number;
 }
 
 [[noreturn]] void refuseUnknown(const QString& what, const QString& value,
                                 const QStringList& known) {
-    throw UsageError(localised("unknown %1 \"%2\"; known are %3")
+    throw UsageError(Kestrio::tr("unknown %1 \"%2\"; known are %3")
                          .arg(what, value, known.join(QStringLiteral(", "))));
 }
 
@@ -53,7 +53,7 @@ QSizeF pairOption(const QString& option, const QString& text, QChar separator) {
     if (parts.size() != 2 || !widthIsNumber || !heightIsNumber || !std::isfinite(pair.width()) ||
         !std::isfinite(pair.height()) || pair.isEmpty()) {
         const QString example = QStringLiteral("16") + separator + QStringLiteral("9");
-        throw UsageError(localised("--%1 takes two numbers above 0 as in %2, not \"%3\"")
+        throw UsageError(Kestrio::tr("--%1 takes two numbers above 0 as in %2, not \"%3\"")
                              .arg(option, example, text));
     }
     return pair;
@@ -62,7 +62,7 @@ QSizeF pairOption(const QString& option, const QString& text, QChar separator) {
 double positiveOption(const QString& option, const QString& text) {
     const double number = numberOption(option, text);
     if (number <= 0)
-        throw UsageError(localised("--%1 takes a number above 0, not \"%2\"").arg(option, text));
+        throw UsageError(Kestrio::tr("--%1 takes a number above 0, not \"%2\"").arg(option, text));
     return number;
 }
 
@@ -73,12 +73,14 @@ void applyPreset(CommandLineStyle& style, const QString&, const QString& value) 
 }
 
 void applyStyleFile(CommandLineStyle& style, const QString&, const QString& path) {
-    style.style = decodeJsonFile<EditorStyleSettings>(path, "the style file %1 cannot be used: %2");
+    style.style = decodeJsonFile<EditorStyleSettings>(
+        path, Kestrio::marked("the style file %1 cannot be used: %2"));
 }
 
 CodableColor colorOption(const QString& value) {
     if (const auto color = CodableColor::fromHex(value)) return *color;
-    throw UsageError(localised("\"%1\" is no colour; write it as #RRGGBB or #RRGGBBAA").arg(value));
+    throw UsageError(
+        Kestrio::tr("\"%1\" is no colour; write it as #RRGGBB or #RRGGBBAA").arg(value));
 }
 
 void applyGradient(BackdropSettings& backdrop, const QString& value) {
@@ -217,7 +219,7 @@ void applyWatermark(CommandLineStyle& style, const QString&, const QString& valu
 
 void applyAnnotations(CommandLineStyle& style, const QString&, const QString& path) {
     style.annotations = decodeJsonFile<std::vector<AnyAnnotation>>(
-        path, "the annotations in %1 cannot be used: %2");
+        path, Kestrio::marked("the annotations in %1 cannot be used: %2"));
 }
 
 void applyDensity(CommandLineStyle& style, const QString& option, const QString& value) {
@@ -232,30 +234,38 @@ struct StyleOption {
 };
 
 constexpr StyleOption styleOptions[] = {
-    {"preset", "ID", "start from a built-in style", applyPreset},
-    {"style", "FILE", "start from the JSON of an editor style", applyStyleFile},
-    {"backdrop", "KIND", "none, solid:#RRGGBB, gradient:ID or image:FILE", applyBackdrop},
-    {"padding", "N", "points between canvas and picture, 0 to 100", applyPadding},
-    {"frame", "NAME", "none, macOS, safari, arc, windows, stack or stack2", applyFrame},
-    {"frame-scale", "F", "size of the frame's title bar, 1 is natural", applyFrameScale},
-    {"corner-radius", "N", "points, 4 and less is square", applyCornerRadius},
-    {"shadow", "STRENGTH", "off, low, medium or high", applyShadow},
-    {"light", "NAME", "where the light comes from, such as topLeft", applyLight},
-    {"pattern", "NAME", "circles, waves, dots, rays, grid, stripes, noise or none", applyPattern},
-    {"pattern-color", "#RRGGBBAA", "its colour, black at 10 percent unless given",
+    {"preset", "ID", Kestrio::marked("start from a built-in style"), applyPreset},
+    {"style", "FILE", Kestrio::marked("start from the JSON of an editor style"), applyStyleFile},
+    {"backdrop", "KIND", Kestrio::marked("none, solid:#RRGGBB, gradient:ID or image:FILE"),
+     applyBackdrop},
+    {"padding", "N", Kestrio::marked("points between canvas and picture, 0 to 100"), applyPadding},
+    {"frame", "NAME", Kestrio::marked("none, macOS, safari, arc, windows, stack or stack2"),
+     applyFrame},
+    {"frame-scale", "F", Kestrio::marked("size of the frame's title bar, 1 is natural"),
+     applyFrameScale},
+    {"corner-radius", "N", Kestrio::marked("points, 4 and less is square"), applyCornerRadius},
+    {"shadow", "STRENGTH", Kestrio::marked("off, low, medium or high"), applyShadow},
+    {"light", "NAME", Kestrio::marked("where the light comes from, such as topLeft"), applyLight},
+    {"pattern", "NAME", Kestrio::marked("circles, waves, dots, rays, grid, stripes, noise or none"),
+     applyPattern},
+    {"pattern-color", "#RRGGBBAA", Kestrio::marked("its colour, black at 10 percent unless given"),
      applyPatternColor},
-    {"pattern-intensity", "F", "its strength, 0 to 1", applyPatternIntensity},
-    {"overlay", "NAME", "diagonalShadow, naturalShadow, softGlow, vignette or none", applyOverlay},
-    {"overlay-opacity", "PERCENT", "its strength, 10 unless given", applyOverlayOpacity},
-    {"effect", "ID", "backdrop effects, such as dreamy or film", applyEffect},
-    {"aspect", "W:H", "shape of the canvas around the picture", applyAspect},
-    {"canvas", "WxH", "size of the canvas in points", applyCanvas},
-    {"keep-pixels", nullptr, "let the canvas grow so that the picture is not resampled",
-     applyKeepPixels},
-    {"rotate", "DEGREES", "turn the finished picture clockwise", applyRotation},
-    {"watermark", "TEXT", "burn a text into the picture", applyWatermark},
-    {"annotations", "FILE", "draw the annotations of a JSON list", applyAnnotations},
-    {"density", "F", "pixels per point of the input, 1 unless given", applyDensity},
+    {"pattern-intensity", "F", Kestrio::marked("its strength, 0 to 1"), applyPatternIntensity},
+    {"overlay", "NAME",
+     Kestrio::marked("diagonalShadow, naturalShadow, softGlow, vignette or none"), applyOverlay},
+    {"overlay-opacity", "PERCENT", Kestrio::marked("its strength, 10 unless given"),
+     applyOverlayOpacity},
+    {"effect", "ID", Kestrio::marked("backdrop effects, such as dreamy or film"), applyEffect},
+    {"aspect", "W:H", Kestrio::marked("shape of the canvas around the picture"), applyAspect},
+    {"canvas", "WxH", Kestrio::marked("size of the canvas in points"), applyCanvas},
+    {"keep-pixels", nullptr,
+     Kestrio::marked("let the canvas grow so that the picture is not resampled"), applyKeepPixels},
+    {"rotate", "DEGREES", Kestrio::marked("turn the finished picture clockwise"), applyRotation},
+    {"watermark", "TEXT", Kestrio::marked("burn a text into the picture"), applyWatermark},
+    {"annotations", "FILE", Kestrio::marked("draw the annotations of a JSON list"),
+     applyAnnotations},
+    {"density", "F", Kestrio::marked("pixels per point of the input, 1 unless given"),
+     applyDensity},
 };
 
 }  // namespace
@@ -277,7 +287,7 @@ CompositeRequest CommandLineStyle::requestFor(const QImage& bitmap) const {
 
 void addStyleOptions(QCommandLineParser& parser) {
     for (const StyleOption& option : styleOptions) {
-        parser.addOption({QString::fromLatin1(option.name), localised(option.help),
+        parser.addOption({QString::fromLatin1(option.name), Kestrio::tr(option.help),
                           QString::fromLatin1(option.valueName)});
     }
 }

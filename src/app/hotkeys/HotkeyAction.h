@@ -18,11 +18,12 @@ struct HotkeyRow {
 };
 
 inline constexpr std::array<HotkeyRow, 5> hotkeyRows = {{
-    {HotkeyAction::region, "Region Capture", &AppSettings::regionCaptureHotkey},
-    {HotkeyAction::window, "Window Capture", &AppSettings::windowCaptureHotkey},
-    {HotkeyAction::scrolling, "Scrolling Capture", &AppSettings::scrollingCaptureHotkey},
-    {HotkeyAction::history, "History", &AppSettings::historyHotkey},
-    {HotkeyAction::recording, "Recording", &AppSettings::recordingHotkey},
+    {HotkeyAction::region, Kestrio::marked("Region Capture"), &AppSettings::regionCaptureHotkey},
+    {HotkeyAction::window, Kestrio::marked("Window Capture"), &AppSettings::windowCaptureHotkey},
+    {HotkeyAction::scrolling, Kestrio::marked("Scrolling Capture"),
+     &AppSettings::scrollingCaptureHotkey},
+    {HotkeyAction::history, Kestrio::marked("History"), &AppSettings::historyHotkey},
+    {HotkeyAction::recording, Kestrio::marked("Recording"), &AppSettings::recordingHotkey},
 }};
 
 const HotkeyRow& hotkeyRow(HotkeyAction action);

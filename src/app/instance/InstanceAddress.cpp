@@ -45,7 +45,7 @@ void requireTrusted(const QString& path) {
 }  // namespace
 
 QString UntrustedFolder::errorDescription() const {
-    return localised(
+    return Kestrio::tr(
                "the folder %1 must be a folder of yours that nobody else may enter; remove it, "
                "or set XDG_RUNTIME_DIR to another one")
         .arg(folder_);

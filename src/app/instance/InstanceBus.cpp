@@ -27,7 +27,7 @@ QString errorName(int status) {
 }
 
 QString errorText(const InstanceReply& reply) {
-    return reply.message.isEmpty() ? localised("cancelled by the user") : reply.message;
+    return reply.message.isEmpty() ? Kestrio::tr("cancelled by the user") : reply.message;
 }
 
 // Empty where no such file can be made.
@@ -54,7 +54,7 @@ QString readOptions(const QVariantMap& options, InstanceRequest& request) {
             // An empty one would mean none.
             if (!value.isEmpty()) continue;
         }
-        return localised("the option \"%1\" cannot be \"%2\"").arg(key, value);
+        return Kestrio::tr("the option \"%1\" cannot be \"%2\"").arg(key, value);
     }
     return {};
 }
@@ -102,7 +102,7 @@ QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
     request.verb = InstanceVerb::capture;
     const auto known = fromRawString<CaptureKind>(kind.toStdString());
     if (!known) {
-        refuse(message, localised("there is no capture \"%1\"").arg(kind));
+        refuse(message, Kestrio::tr("there is no capture \"%1\"").arg(kind));
         return {};
     }
     request.kind = *known;

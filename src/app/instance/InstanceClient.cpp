@@ -17,7 +17,7 @@ InstanceReply replyFrom(const QByteArray& line) {
     try {
         return decodeJsonText<InstanceReply>(line);
     } catch (const JsonError&) {
-        return InstanceReply::failed(localised("the running Kestrio ended before it was done"));
+        return InstanceReply::failed(Kestrio::tr("the running Kestrio ended before it was done"));
     }
 }
 

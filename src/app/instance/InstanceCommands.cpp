@@ -21,7 +21,7 @@ struct NamedPicture {
 class NothingToEdit : public Error {
   public:
     QString errorDescription() const override {
-        return localised("there is no picture on the clipboard; name a file to edit");
+        return Kestrio::tr("there is no picture on the clipboard; name a file to edit");
     }
 };
 
@@ -30,7 +30,7 @@ Task<NamedPicture> pictureFor(InstanceRequest request, std::shared_ptr<Pasteboar
         auto reading = pasteboard->read(PasteboardKind::picture);
         const PasteboardContents pasted = co_await reading;
         if (pasted.isEmpty()) throw NothingToEdit();
-        co_return NamedPicture{Image(pasted.image, request.density), localised("Clipboard")};
+        co_return NamedPicture{Image(pasted.image, request.density), Kestrio::tr("Clipboard")};
     }
     auto loading = loadPicture(request.file);
     const LoadedPicture loaded = co_await loading;

@@ -144,8 +144,8 @@ Task<InstanceReply> InstanceServer::reply(QByteArray line, std::stop_token stop)
         request = decodeJsonText<InstanceRequest>(line);
     } catch (const JsonError& error) {
         co_return InstanceReply::wrongUsage(
-            localised("the running Kestrio does not understand the request (%1); it may be of "
-                      "another version, so quit it and start it again")
+            Kestrio::tr("the running Kestrio does not understand the request (%1); it may be of "
+                        "another version, so quit it and start it again")
                 .arg(error.errorDescription()));
     }
     auto handling = handler_(std::move(request), std::move(stop));

@@ -12,15 +12,16 @@ namespace {
 
 // The system would take what stands before a NUL for the whole name.
 QString faultOfPath(const QString& path) {
-    if (path.contains(QChar::Null)) return localised("a file name cannot contain a NUL character");
-    if (!path.startsWith(u'/')) return localised("\"%1\" is not an absolute path").arg(path);
+    if (path.contains(QChar::Null))
+        return Kestrio::tr("a file name cannot contain a NUL character");
+    if (!path.startsWith(u'/')) return Kestrio::tr("\"%1\" is not an absolute path").arg(path);
     return {};
 }
 
 QString faultOfName(const QString& output) {
     if (const QString fault = faultOfPath(output); !fault.isEmpty()) return fault;
     if (output.endsWith(u'/') || !formatNamed(QFileInfo(output).suffix())) {
-        return localised("\"%1\" does not end in .png, .jpg or .webp").arg(output);
+        return Kestrio::tr("\"%1\" does not end in .png, .jpg or .webp").arg(output);
     }
     return {};
 }
@@ -34,15 +35,15 @@ bool isDensity(double density) {
 QString faultOfOutput(const QString& path) {
     if (const QString fault = faultOfName(path); !fault.isEmpty()) return fault;
     const FileKind kind = fileKind(path);
-    if (kind == FileKind::folder) return localised("\"%1\" is a folder").arg(path);
+    if (kind == FileKind::folder) return Kestrio::tr("\"%1\" is a folder").arg(path);
     if (kind == FileKind::special) {
-        return localised("\"%1\" is a device or a pipe, not a file").arg(path);
+        return Kestrio::tr("\"%1\" is a device or a pipe, not a file").arg(path);
     }
     if (fileKind(folderOf(path)) != FileKind::folder) {
-        return localised("the folder of \"%1\" does not exist").arg(path);
+        return Kestrio::tr("the folder of \"%1\" does not exist").arg(path);
     }
     if (!isWritableFolder(folderOf(path))) {
-        return localised("the folder of \"%1\" cannot be written to").arg(path);
+        return Kestrio::tr("the folder of \"%1\" cannot be written to").arg(path);
     }
     return {};
 }
@@ -52,10 +53,10 @@ QString faultOf(const InstanceRequest& request) {
         if (const QString fault = faultOfPath(request.file); !fault.isEmpty()) return fault;
     }
     if (!isDensity(request.density)) {
-        return localised("the density must be above 0 and at most %1").arg(largestDensity);
+        return Kestrio::tr("the density must be above 0 and at most %1").arg(largestDensity);
     }
     if (request.delay < 0 || request.delay > longestDelay) {
-        return localised("the delay must be 0 to %1 seconds").arg(longestDelay);
+        return Kestrio::tr("the delay must be 0 to %1 seconds").arg(longestDelay);
     }
     return request.output.isEmpty() ? QString() : faultOfName(request.output);
 }

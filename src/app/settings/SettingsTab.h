@@ -8,11 +8,11 @@ namespace kestrio {
 enum class SettingsTab { general, screenshots, shortcuts, privacy, about };
 
 inline constexpr EnumTable<SettingsTab, 5> settingsTabs = {{
-    {SettingsTab::general, "general", "General"},
-    {SettingsTab::screenshots, "screenshots", "Screenshots"},
-    {SettingsTab::shortcuts, "shortcuts", "Shortcuts"},
-    {SettingsTab::privacy, "privacy", "Privacy"},
-    {SettingsTab::about, "about", "About"},
+    {SettingsTab::general, "general", Kestrio::marked("General")},
+    {SettingsTab::screenshots, "screenshots", Kestrio::marked("Screenshots")},
+    {SettingsTab::shortcuts, "shortcuts", Kestrio::marked("Shortcuts")},
+    {SettingsTab::privacy, "privacy", Kestrio::marked("Privacy")},
+    {SettingsTab::about, "about", Kestrio::marked("About")},
 }};
 constexpr const auto& enumTable(SettingsTab) {
     return settingsTabs;

@@ -66,7 +66,7 @@ void SettingsViewModel::setLaunchAtLogin(bool isOn) {
         set_message({});
         change(changed);
     } catch (const Error& error) {
-        set_message(localised("Failed to set launch at login: ") + describeFailure(error));
+        set_message(Kestrio::tr("Failed to set launch at login: ") + describeFailure(error));
         // A view shows the value that was asked for until it hears of another.
         Q_EMIT settingsChanged();
     }
@@ -75,7 +75,7 @@ void SettingsViewModel::setLaunchAtLogin(bool isOn) {
 Task<> SettingsViewModel::chooseSavePath() {
     const QPointer<SettingsViewModel> self(this);
     OpenPanelRequest request;
-    request.title = localised("Select default save path");
+    request.title = Kestrio::tr("Select default save path");
     request.folder = settings().defaultSavePath;
     auto choosing = services_.fileDialogs->chooseFolder(std::move(request), stop_.get_token());
     const std::optional<QString> folder = co_await choosing;
@@ -89,7 +89,7 @@ void SettingsViewModel::deleteTheme(const QUuid& id) {
     try {
         services_.themeStorage->deleteTheme(id);
     } catch (const Error& error) {
-        set_message(localised("Failed to delete preset: ") + describeFailure(error));
+        set_message(Kestrio::tr("Failed to delete preset: ") + describeFailure(error));
         return;
     }
     reloadThemes();

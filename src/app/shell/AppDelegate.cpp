@@ -105,7 +105,7 @@ void AppDelegate::showCountdown() {
     const int seconds = parts_.captures->countdownRemaining();
     if (seconds > 0) {
         parts_.platform.statusItem->setIcon(countdownIcon(seconds),
-                                            localised("Kestrio captures in %1s").arg(seconds));
+                                            Kestrio::tr("Kestrio captures in %1s").arg(seconds));
     } else {
         parts_.platform.statusItem->setIcon(idleStatusBarIcon(), QStringLiteral("Kestrio"));
     }
@@ -153,12 +153,12 @@ Task<> AppDelegate::explainHowToReach() {
     const QPointer<AppDelegate> self(this);
     AlertRequest request;
     request.style = AlertStyle::informational;
-    request.title = localised("Kestrio Runs Without an Icon");
-    request.text = localised(
+    request.title = Kestrio::tr("Kestrio Runs Without an Icon");
+    request.text = Kestrio::tr(
                        "This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a "
                        "region, or start Kestrio again to open its preferences.")
                        .arg(regionKeys(*parts_.settings));
-    request.buttons = {localised("Open Preferences"), localised("OK")};
+    request.buttons = {Kestrio::tr("Open Preferences"), Kestrio::tr("OK")};
     auto shown = parts_.platform.alerts->show(std::move(request));
     const int button = co_await shown;
     if (self && button == 0) settingsWindow_->open(SettingsTab::general);
@@ -170,7 +170,7 @@ void AppDelegate::activate() {
         settingsWindow_->open(SettingsTab::general);
         return;
     }
-    parts_.toasts->show(localised("Kestrio is running. Press %1 to capture a region.")
+    parts_.toasts->show(Kestrio::tr("Kestrio is running. Press %1 to capture a region.")
                             .arg(regionKeys(*parts_.settings)),
                         noticeTime);
 }

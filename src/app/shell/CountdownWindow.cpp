@@ -60,7 +60,7 @@ void CountdownWindow::paintEvent(QPaintEvent*) {
     painter.setPen(Palette::dark().secondaryText);
     painter.setFont(systemFont(hintSize, QFont::Normal));
     painter.drawText(whole.adjusted(0, whole.height() * hintTop, 0, 0),
-                     Qt::AlignHCenter | Qt::AlignTop, localised("Esc cancels"));
+                     Qt::AlignHCenter | Qt::AlignTop, Kestrio::tr("Esc cancels"));
 }
 
 }  // namespace kestrio

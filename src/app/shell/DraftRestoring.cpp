@@ -25,7 +25,7 @@ QString namesOf(const std::vector<ClaimedDraft>& drafts) {
         names << QStringLiteral("“%1”, %2").arg(each.name, timeText(each.changed));
     if (drafts.size() <= mostNames) return names.join(u'\n');
     names = names.mid(0, mostNames);
-    names << localised("and %1 more").arg(drafts.size() - mostNames);
+    names << Kestrio::tr("and %1 more").arg(drafts.size() - mostNames);
     return names.join(u'\n');
 }
 
@@ -33,12 +33,12 @@ AlertRequest question(const std::vector<ClaimedDraft>& drafts) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     const bool isOne = drafts.size() == 1;
-    request.title = isOne ? localised("Restore the unsaved picture?")
-                          : localised("Restore %1 unsaved pictures?").arg(drafts.size());
+    request.title = isOne ? Kestrio::tr("Restore the unsaved picture?")
+                          : Kestrio::tr("Restore %1 unsaved pictures?").arg(drafts.size());
     request.text =
-        localised("Kestrio ended before the changes left the editor:") + u'\n' + namesOf(drafts);
-    request.buttons = {isOne ? localised("Restore") : localised("Restore All"),
-                       localised("Discard"), localised("Later")};
+        Kestrio::tr("Kestrio ended before the changes left the editor:") + u'\n' + namesOf(drafts);
+    request.buttons = {isOne ? Kestrio::tr("Restore") : Kestrio::tr("Restore All"),
+                       Kestrio::tr("Discard"), Kestrio::tr("Later")};
     return request;
 }
 
@@ -98,9 +98,9 @@ Task<> DraftRestoring::restoreAll(std::vector<ClaimedDraft> drafts) {
 Task<> DraftRestoring::reportFailure(QString name, QString reason) {
     AlertRequest request;
     request.style = AlertStyle::warning;
-    request.title = localised("“%1” Was Not Restored").arg(name);
+    request.title = Kestrio::tr("“%1” Was Not Restored").arg(name);
     request.text = reason;
-    request.buttons = {localised("OK")};
+    request.buttons = {Kestrio::tr("OK")};
     auto shown = with_.alerts->show(std::move(request), stop_.get_token());
     co_await shown;
 }

@@ -13,7 +13,7 @@ namespace {
 
 const std::vector<FileType>& importTypes() {
     static const std::vector<FileType> types = {
-        {localised("Pictures"), readableSuffixes()},
+        {Kestrio::tr("Pictures"), readableSuffixes()},
     };
     return types;
 }
@@ -53,7 +53,7 @@ Task<> ImageIntake::paste() {
     if (!self) co_return;
     isPasting_ = false;
     QImage picture = found.image;
-    QString name = localised("Clipboard");
+    QString name = Kestrio::tr("Clipboard");
     if (!found.files.isEmpty()) {
         name = QFileInfo(found.files.front()).completeBaseName();
         try {
@@ -76,11 +76,11 @@ Task<> ImageIntake::paste() {
 Task<> ImageIntake::reportNothingToPaste(QString failure) {
     AlertRequest request;
     request.style = AlertStyle::informational;
-    request.title = localised("No Image in Clipboard");
+    request.title = Kestrio::tr("No Image in Clipboard");
     request.text = failure.isEmpty()
-                       ? localised("Please copy an image to the clipboard first, then try again.")
+                       ? Kestrio::tr("Please copy an image to the clipboard first, then try again.")
                        : failure;
-    request.buttons = {localised("OK")};
+    request.buttons = {Kestrio::tr("OK")};
     auto shown = alerts_->show(std::move(request), stop_.get_token());
     co_await shown;
 }
@@ -93,7 +93,7 @@ void ImageIntake::importImage() {
 Task<> ImageIntake::import() {
     const QPointer<ImageIntake> self(this);
     OpenPanelRequest request;
-    request.title = localised("Select an image to beautify");
+    request.title = Kestrio::tr("Select an image to beautify");
     request.types = importTypes();
     isImporting_ = true;
     std::optional<QString> path;

@@ -15,7 +15,7 @@ QString programName() {
 }
 
 QString permissionText() {
-    const QString text = localised(
+    const QString text = Kestrio::tr(
         "%1 requires screen recording permission to capture the screen.\n\n"
         "Please go to %2, find %1 and enable the permission, then restart %1.\n\n"
         "If %1 already appears enabled, toggle it off and on again (or remove it with “−” and let "
@@ -45,16 +45,16 @@ Task<> PermissionManager::showPermissionAlert() {
     AlertRequest request;
     if (const QString obstacle = permission->obstacle(); !obstacle.isEmpty()) {
         request.style = AlertStyle::informational;
-        request.title = localised("The Screen Cannot Be Captured Here");
+        request.title = Kestrio::tr("The Screen Cannot Be Captured Here");
         request.text = obstacle;
         auto told = alerts_->show(std::move(request));
         co_await told;
         co_return;
     }
     request.style = AlertStyle::informational;
-    request.title = localised("Screen Recording Permission Required");
+    request.title = Kestrio::tr("Screen Recording Permission Required");
     request.text = permissionText();
-    request.buttons = {desktopWords().openSettings, localised("Later")};
+    request.buttons = {desktopWords().openSettings, Kestrio::tr("Later")};
     auto shown = alerts_->show(std::move(request));
     if (co_await shown == 0) permission->openSettings();
 }

@@ -17,7 +17,7 @@ QString namesOf(const std::vector<OpenDocument>& documents) {
         names << QStringLiteral("“%1”").arg(each.name);
     if (documents.size() <= mostNames) return names.join(QStringLiteral("\n"));
     names = names.mid(0, mostNames);
-    names << localised("and %1 more").arg(documents.size() - mostNames);
+    names << Kestrio::tr("and %1 more").arg(documents.size() - mostNames);
     return names.join(QStringLiteral("\n"));
 }
 
@@ -26,11 +26,13 @@ AlertRequest question(const std::vector<OpenDocument>& documents) {
     request.style = AlertStyle::warning;
     const bool isOne = documents.size() == 1;
     request.title =
-        isOne ? localised("Save the changes before quitting?")
-              : localised("Save the changes to %1 pictures before quitting?").arg(documents.size());
-    request.text = localised("Changed since it last left the editor:") + u'\n' + namesOf(documents);
-    request.buttons = {isOne ? localised("Save") : localised("Save All"), localised("Discard"),
-                       localised("Cancel")};
+        isOne
+            ? Kestrio::tr("Save the changes before quitting?")
+            : Kestrio::tr("Save the changes to %1 pictures before quitting?").arg(documents.size());
+    request.text =
+        Kestrio::tr("Changed since it last left the editor:") + u'\n' + namesOf(documents);
+    request.buttons = {isOne ? Kestrio::tr("Save") : Kestrio::tr("Save All"),
+                       Kestrio::tr("Discard"), Kestrio::tr("Cancel")};
     return request;
 }
 
@@ -83,7 +85,7 @@ Task<bool> Quitting::settleDocuments() {
 Task<> Quitting::waitForExports() {
     const auto editors = with_.editors;
     if (editors->isExporting()) {
-        with_.toasts->show(localised("Kestrio quits as soon as the picture is written"),
+        with_.toasts->show(Kestrio::tr("Kestrio quits as soon as the picture is written"),
                            noticeTime);
     }
     while (editors->isExporting()) {
@@ -122,10 +124,10 @@ Task<> Quitting::reportFailure(OpenDocument document, QString reason) {
     const auto editors = with_.editors;
     AlertRequest request;
     request.style = AlertStyle::warning;
-    request.title = localised("“%1” Was Not Saved").arg(document.name);
+    request.title = Kestrio::tr("“%1” Was Not Saved").arg(document.name);
     request.text =
-        reason + u'\n' + localised("Kestrio goes on, so that you can save it elsewhere.");
-    request.buttons = {localised("OK")};
+        reason + u'\n' + Kestrio::tr("Kestrio goes on, so that you can save it elsewhere.");
+    request.buttons = {Kestrio::tr("OK")};
     auto shown = with_.alerts->show(std::move(request), stop_.get_token());
     co_await shown;
     if (document.editor) editors->bringToFront(document.editor);

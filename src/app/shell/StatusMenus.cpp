@@ -9,7 +9,7 @@ namespace {
 
 StatusMenuEntry entry(const char* title, std::function<void()> action) {
     StatusMenuEntry made;
-    made.title = localised(title);
+    made.title = Kestrio::tr(title);
     made.action = std::move(action);
     return made;
 }
@@ -33,14 +33,14 @@ StatusMenuEntry delayedCaptures(const StatusMenuActions& actions) {
         return entry(title,
                      [start = actions.captureLater, seconds, kind] { start(seconds, kind); });
     };
-    StatusMenuEntry menu = entry("Delayed Capture", nullptr);
+    StatusMenuEntry menu = entry(Kestrio::marked("Delayed Capture"), nullptr);
     menu.entries = {
-        later("Region Capture in 3s", 3, CaptureKind::region),
-        later("Region Capture in 5s", 5, CaptureKind::region),
-        later("Region Capture in 10s", 10, CaptureKind::region),
+        later(Kestrio::marked("Region Capture in 3s"), 3, CaptureKind::region),
+        later(Kestrio::marked("Region Capture in 5s"), 5, CaptureKind::region),
+        later(Kestrio::marked("Region Capture in 10s"), 10, CaptureKind::region),
         StatusMenuEntry(),
-        later("Window Capture in 3s", 3, CaptureKind::window),
-        later("Window Capture in 5s", 5, CaptureKind::window),
+        later(Kestrio::marked("Window Capture in 3s"), 3, CaptureKind::window),
+        later(Kestrio::marked("Window Capture in 5s"), 5, CaptureKind::window),
     };
     return menu;
 }
@@ -50,21 +50,26 @@ StatusMenuEntry delayedCaptures(const StatusMenuActions& actions) {
 StatusMenu captureMenu(const AppSettings& settings, const StatusMenuActions& actions,
                        int countdown) {
     StatusMenu menu = {
-        hotkeyEntry("Region Capture", settings.regionCaptureHotkey, actions.captureRegion),
-        hotkeyEntry("Window Capture", settings.windowCaptureHotkey, actions.captureWindow),
+        hotkeyEntry(Kestrio::marked("Region Capture"), settings.regionCaptureHotkey,
+                    actions.captureRegion),
+        hotkeyEntry(Kestrio::marked("Window Capture"), settings.windowCaptureHotkey,
+                    actions.captureWindow),
         delayedCaptures(actions),
         StatusMenuEntry(),
-        keyEntry("Paste from Clipboard", AppShortcuts::paste, actions.pasteFromClipboard),
-        keyEntry("Import Image...", AppShortcuts::importImage, actions.importImage),
+        keyEntry(Kestrio::marked("Paste from Clipboard"), AppShortcuts::paste,
+                 actions.pasteFromClipboard),
+        keyEntry(Kestrio::marked("Import Image..."), AppShortcuts::importImage,
+                 actions.importImage),
         StatusMenuEntry(),
-        keyEntry("Preferences...", AppShortcuts::preferences, actions.openSettings),
+        keyEntry(Kestrio::marked("Preferences..."), AppShortcuts::preferences,
+                 actions.openSettings),
         StatusMenuEntry(),
-        keyEntry("Quit Kestrio", AppShortcuts::quit, actions.quit),
+        keyEntry(Kestrio::marked("Quit Kestrio"), AppShortcuts::quit, actions.quit),
     };
     if (countdown > 0) {
-        StatusMenuEntry cancel =
-            keyEntry("Cancel Capture", QKeyCombination(Qt::Key_Escape), actions.cancelCountdown);
-        cancel.title = localised("Cancel Capture in %1s").arg(countdown);
+        StatusMenuEntry cancel = keyEntry(Kestrio::marked("Cancel Capture"),
+                                          QKeyCombination(Qt::Key_Escape), actions.cancelCountdown);
+        cancel.title = Kestrio::tr("Cancel Capture in %1s").arg(countdown);
         menu.insert(menu.begin(), {cancel, StatusMenuEntry()});
     }
     return menu;

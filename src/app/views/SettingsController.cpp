@@ -104,7 +104,7 @@ QVariantList SettingsController::hotkeys() const {
 QVariantMap SettingsController::hotkeyValues(const HotkeyRow& row) const {
     const bool isRecording = recorder_.isRecording() && recorded_ == row.action;
     return {{QStringLiteral("id"), static_cast<int>(row.action)},
-            {QStringLiteral("label"), localised(row.label)},
+            {QStringLiteral("label"), Kestrio::tr(row.label)},
             {QStringLiteral("keys"), hotkeyText(model_.settings().*row.config)},
             {QStringLiteral("isRecording"), isRecording},
             {QStringLiteral("note"), isRecording ? recorder_.conflictMessage() : hotkeyNote(row)}};
@@ -113,9 +113,9 @@ QVariantMap SettingsController::hotkeyValues(const HotkeyRow& row) const {
 QString SettingsController::hotkeyNote(const HotkeyRow& row) const {
     switch (hotkeyManager_->state(row.action).value_or(HotkeyRegistration::registered)) {
         case HotkeyRegistration::taken:
-            return localised("Another program holds this combination");
+            return Kestrio::tr("Another program holds this combination");
         case HotkeyRegistration::impossible:
-            return localised("This keyboard cannot press this combination");
+            return Kestrio::tr("This keyboard cannot press this combination");
         case HotkeyRegistration::registered:
             break;
     }

@@ -9,7 +9,7 @@ namespace kestrio {
 Task<OverlayGround> overlayGround(OverlayServices services, std::stop_token stop) {
     const auto display = services.displays->displayUnderPointer();
     if (!display) {
-        throw CaptureError::systemError(localised("there is no display to capture"));
+        throw CaptureError::systemError(Kestrio::tr("there is no display to capture"));
     }
     OverlayGround ground{*display, {}, {}};
     // The windows are listed while the pixels are read elsewhere.
@@ -35,7 +35,7 @@ void dismiss(FrozenWindow* window) {
 
 std::exception_ptr displayGone() {
     return std::make_exception_ptr(
-        CaptureError::systemError(localised("the display was disconnected during the capture")));
+        CaptureError::systemError(Kestrio::tr("the display was disconnected during the capture")));
 }
 
 bool isConnected(const Displays& displays, const Display& display) {

@@ -20,7 +20,7 @@ constexpr QColor highlight(10, 124, 255, 46);
 constexpr QColor border(10, 124, 255);
 
 OverlayLabel hintLabel() {
-    return {localised("Click on a window to capture it. Press Escape to cancel."),
+    return {Kestrio::tr("Click on a window to capture it. Press Escape to cancel."),
             systemFont(16, QFont::Normal), 12, 8, 8};
 }
 

@@ -21,9 +21,10 @@ struct NamedColor {
 };
 
 constexpr NamedColor swatches[] = {
-    {"Red", quickColors[0]},   {"Orange", quickColors[1]}, {"Yellow", quickColors[2]},
-    {"Green", quickColors[3]}, {"Blue", quickColors[4]},   {"Black", quickColors[9]},
-    {"White", quickColors[7]},
+    {Kestrio::marked("Red"), quickColors[0]},    {Kestrio::marked("Orange"), quickColors[1]},
+    {Kestrio::marked("Yellow"), quickColors[2]}, {Kestrio::marked("Green"), quickColors[3]},
+    {Kestrio::marked("Blue"), quickColors[4]},   {Kestrio::marked("Black"), quickColors[9]},
+    {Kestrio::marked("White"), quickColors[7]},
 };
 
 QString withKey(const QString& text, const QString& key) {
@@ -51,7 +52,7 @@ std::vector<ToolbarButton> colorButtons() {
         const QString key = QString::number(group.size() + 1);
         group.push_back({swatch.color,
                          {},
-                         withKey(localised(swatch.name), key),
+                         withKey(Kestrio::tr(swatch.name), key),
                          QRectF(0, 0, swatchWidth, buttonSide)});
     }
     return group;
@@ -60,20 +61,20 @@ std::vector<ToolbarButton> colorButtons() {
 std::vector<ToolbarButton> actionButtons() {
     return {
         button(CaptureAction::pin, QStringLiteral("pin"),
-               withKey(localised("Pin to the desktop"), QStringLiteral("Ctrl+P"))),
+               withKey(Kestrio::tr("Pin to the desktop"), QStringLiteral("Ctrl+P"))),
         button(CaptureAction::copy, QStringLiteral("doc.on.doc"),
-               withKey(localised("Copy"), QStringLiteral("Ctrl+C"))),
+               withKey(Kestrio::tr("Copy"), QStringLiteral("Ctrl+C"))),
         button(CaptureAction::save, QStringLiteral("square.and.arrow.down"),
-               withKey(localised("Save"), QStringLiteral("Ctrl+S"))),
+               withKey(Kestrio::tr("Save"), QStringLiteral("Ctrl+S"))),
     };
 }
 
 std::vector<ToolbarButton> endingButtons() {
     std::vector<ToolbarButton> group = {
         button(CancelCapture(), QStringLiteral("xmark"),
-               withKey(localised("Cancel"), QStringLiteral("Esc"))),
+               withKey(Kestrio::tr("Cancel"), QStringLiteral("Esc"))),
         button(CaptureAction::edit, QStringLiteral("checkmark"),
-               withKey(localised("Done"), QStringLiteral("Return"))),
+               withKey(Kestrio::tr("Done"), QStringLiteral("Return"))),
     };
     group.back().isPrimary = true;
     return group;

@@ -121,7 +121,7 @@ Task<> EditorViewModel::pinToDesktop() {
     pins->pin(picture);
     if (!self) co_return;
     markExported(request);
-    set_toastMessage(localised("Screenshot pinned to desktop"));
+    set_toastMessage(Kestrio::tr("Screenshot pinned to desktop"));
 }
 
 Task<bool> EditorViewModel::enhanceImage(AIEnhancementMode mode, double strength) {

@@ -18,23 +18,23 @@ struct Tip {
 
 // Whole sentences, so that translations may order them as they like.
 constexpr Tip tips[] = {
-    {"select", "Tip: Press V to switch to Select tool"},
-    {"arrow", "Tip: Press A to switch to Arrow tool"},
-    {"rectangle", "Tip: Press R to switch to Rectangle tool"},
-    {"circle", "Tip: Press O to switch to Circle tool"},
-    {"text", "Tip: Press T to switch to Text tool"},
-    {"number", "Tip: Press N to switch to Number tool"},
-    {"brush", "Tip: Press B to switch to Brush tool"},
-    {"highlighter", "Tip: Press H to switch to Highlighter tool"},
-    {"blur", "Tip: Press U to switch to Blur tool"},
-    {"eraser", "Tip: Press E to switch to Eraser tool"},
-    {"undo", "Tip: Press ⌘Z to undo"},
-    {"redo", "Tip: Press ⌘⇧Z to redo"},
-    {"delete", "Tip: Press Delete or Backspace to delete"},
-    {"selectAll", "Tip: Press ⌘A to select all annotations"},
-    {"bringToFront", "Tip: Press ⌘] to bring to front"},
-    {"sendToBack", "Tip: Press ⌘[ to send to back"},
-    {"eyedropper", "Tip: Press I to activate color picker"},
+    {"select", Kestrio::marked("Tip: Press V to switch to Select tool")},
+    {"arrow", Kestrio::marked("Tip: Press A to switch to Arrow tool")},
+    {"rectangle", Kestrio::marked("Tip: Press R to switch to Rectangle tool")},
+    {"circle", Kestrio::marked("Tip: Press O to switch to Circle tool")},
+    {"text", Kestrio::marked("Tip: Press T to switch to Text tool")},
+    {"number", Kestrio::marked("Tip: Press N to switch to Number tool")},
+    {"brush", Kestrio::marked("Tip: Press B to switch to Brush tool")},
+    {"highlighter", Kestrio::marked("Tip: Press H to switch to Highlighter tool")},
+    {"blur", Kestrio::marked("Tip: Press U to switch to Blur tool")},
+    {"eraser", Kestrio::marked("Tip: Press E to switch to Eraser tool")},
+    {"undo", Kestrio::marked("Tip: Press ⌘Z to undo")},
+    {"redo", Kestrio::marked("Tip: Press ⌘⇧Z to redo")},
+    {"delete", Kestrio::marked("Tip: Press Delete or Backspace to delete")},
+    {"selectAll", Kestrio::marked("Tip: Press ⌘A to select all annotations")},
+    {"bringToFront", Kestrio::marked("Tip: Press ⌘] to bring to front")},
+    {"sendToBack", Kestrio::marked("Tip: Press ⌘[ to send to back")},
+    {"eyedropper", Kestrio::marked("Tip: Press I to activate color picker")},
 };
 
 }  // namespace
@@ -86,7 +86,7 @@ std::optional<QString> ShortcutHintManager::takeHint(const QString& action) {
         tips, [&](const Tip& each) { return action == QLatin1StringView(each.action); });
     if (tip == std::end(tips)) return std::nullopt;
     dismissHint(action);
-    return shownShortcut(localised(tip->text));
+    return shownShortcut(Kestrio::tr(tip->text));
 }
 
 }  // namespace kestrio

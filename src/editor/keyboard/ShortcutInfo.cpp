@@ -14,29 +14,29 @@ struct Row {
 using enum ShortcutCategory;
 
 constexpr Row rows[] = {
-    {editing, "undo", "⌘Z", "Undo"},
-    {editing, "redo", "⌘⇧Z", "Redo"},
-    {editing, "delete", "⌫", "Delete selected"},
-    {editing, "copy", "⌘C", "Copy to clipboard"},
-    {selection, "selectAll", "⌘A", "Select all annotations"},
-    {selection, "bringToFront", "⌘]", "Bring to front"},
-    {selection, "sendToBack", "⌘[", "Send to back"},
-    {selection, "cycleSelection", "⌥Click", "Cycle through overlapping"},
-    {selection, "multiSelect", "⇧Click", "Add to selection"},
-    {view, "eyedropper", "I", "Color picker"},
-    {view, "showShortcuts", "?", "Show shortcuts"},
-    {view, "constrainShape", "⇧Drag", "Constrain to square/45°"},
-    {view, "aspectRatio", "⇧Resize", "Maintain aspect ratio"},
+    {editing, "undo", "⌘Z", Kestrio::marked("Undo")},
+    {editing, "redo", "⌘⇧Z", Kestrio::marked("Redo")},
+    {editing, "delete", "⌫", Kestrio::marked("Delete selected")},
+    {editing, "copy", "⌘C", Kestrio::marked("Copy to clipboard")},
+    {selection, "selectAll", "⌘A", Kestrio::marked("Select all annotations")},
+    {selection, "bringToFront", "⌘]", Kestrio::marked("Bring to front")},
+    {selection, "sendToBack", "⌘[", Kestrio::marked("Send to back")},
+    {selection, "cycleSelection", "⌥Click", Kestrio::marked("Cycle through overlapping")},
+    {selection, "multiSelect", "⇧Click", Kestrio::marked("Add to selection")},
+    {view, "eyedropper", "I", Kestrio::marked("Color picker")},
+    {view, "showShortcuts", "?", Kestrio::marked("Show shortcuts")},
+    {view, "constrainShape", "⇧Drag", Kestrio::marked("Constrain to square/45°")},
+    {view, "aspectRatio", "⇧Resize", Kestrio::marked("Maintain aspect ratio")},
 };
 
 ShortcutInfo ofTool(const AnnotationToolInfo& info) {
     return {shortcutId(info.tool), QString(QChar::fromLatin1(info.key).toUpper()),
-            localised(info.description), tools};
+            Kestrio::tr(info.description), tools};
 }
 
 ShortcutInfo ofRow(const Row& row) {
     return {QString::fromLatin1(row.id), QString::fromUtf8(row.shortcut),
-            localised(row.description), row.category};
+            Kestrio::tr(row.description), row.category};
 }
 
 }  // namespace

@@ -11,10 +11,10 @@ namespace kestrio {
 enum class ShortcutCategory { tools, editing, selection, view };
 
 inline constexpr EnumTable<ShortcutCategory, 4> shortcutCategories = {{
-    {ShortcutCategory::tools, "tools", "Tools"},
-    {ShortcutCategory::editing, "editing", "Editing"},
-    {ShortcutCategory::selection, "selection", "Selection"},
-    {ShortcutCategory::view, "view", "View"},
+    {ShortcutCategory::tools, "tools", Kestrio::marked("Tools")},
+    {ShortcutCategory::editing, "editing", Kestrio::marked("Editing")},
+    {ShortcutCategory::selection, "selection", Kestrio::marked("Selection")},
+    {ShortcutCategory::view, "view", Kestrio::marked("View")},
 }};
 constexpr const auto& enumTable(ShortcutCategory) {
     return shortcutCategories;

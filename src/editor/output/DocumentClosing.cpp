@@ -55,7 +55,7 @@ void DocumentClosing::saveElsewhere(QWindow* parent) {
 Task<> DocumentClosing::chooseAndSave(QWindow* parent) {
     const QPointer<DocumentClosing> self(this);
     OpenPanelRequest request;
-    request.title = localised("Save into Folder");
+    request.title = Kestrio::tr("Save into Folder");
     request.folder = services_.settings->load().defaultSavePath;
     request.parent = parent;
     const auto dialogs = services_.fileDialogs;

@@ -43,16 +43,16 @@ void DocumentSharing::copyFile() {
 }
 
 void DocumentSharing::fail(const QString& reason) {
-    editor_.set_errorMessage(localised("Share failed: ") + reason);
+    editor_.set_errorMessage(Kestrio::tr("Share failed: ") + reason);
 }
 
 void DocumentSharing::begin(Way way, QString programId) {
     if (isSharing() || editor_.isExporting()) {
-        editor_.set_toastMessage(localised("The picture is still being made"));
+        editor_.set_toastMessage(Kestrio::tr("The picture is still being made"));
         return;
     }
     if (editor_.hidesRedactions()) {
-        fail(localised("blurred areas are hidden with the annotations; show them first"));
+        fail(Kestrio::tr("blurred areas are hidden with the annotations; show them first"));
         return;
     }
     launch(run(way, std::move(programId)), this);
@@ -89,7 +89,7 @@ Task<> DocumentSharing::share(Way way, QString programId) {
     } else if (!pasteboard->writeFiles({path})) {
         throw ExportError::clipboardFailed();
     } else if (self) {
-        editor_.set_toastMessage(localised("Copied as a file"));
+        editor_.set_toastMessage(Kestrio::tr("Copied as a file"));
     }
 }
 

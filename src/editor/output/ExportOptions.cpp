@@ -22,7 +22,7 @@ FileType fileType(ExportFormat format) {
 SavePanelRequest savePanel(const AppSettings& settings, ExportFormat format) {
     const bool exists = QDir(settings.defaultSavePath).exists();
     SavePanelRequest request;
-    request.title = localised("Export");
+    request.title = Kestrio::tr("Export");
     request.folder = exists ? settings.defaultSavePath : QDir::homePath();
     request.suggestedName =
         uniqueFileName(request.folder, fileExtension(format), QDateTime::currentDateTime(),

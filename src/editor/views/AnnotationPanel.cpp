@@ -15,7 +15,7 @@ QString toolId(AnnotationTool tool) {
 }
 
 QVariantMap alignmentRow(const QString& id, const char* name, const QString& symbol, int least) {
-    QVariantMap values = viewRow(id, localised(name));
+    QVariantMap values = viewRow(id, Kestrio::tr(name));
     values.insert(QStringLiteral("symbol"), symbol);
     values.insert(QStringLiteral("least"), least);
     return values;
@@ -66,7 +66,7 @@ QVariantList AnnotationPanel::tools() const {
     for (const AnnotationToolInfo& info : annotationTools()) {
         QVariantMap values = viewRow(toolId(info.tool), displayName(info.tool));
         values.insert(QStringLiteral("key"), QString(QLatin1Char(info.key)).toUpper());
-        values.insert(QStringLiteral("description"), localised(info.description));
+        values.insert(QStringLiteral("description"), Kestrio::tr(info.description));
         rows << values;
     }
     return rows;
@@ -92,9 +92,10 @@ QVariantList AnnotationPanel::blurTypes() const {
 }
 
 QVariantList AnnotationPanel::alignments() const {
-    static constexpr const char* names[] = {"Align left edges",  "Centre horizontally",
-                                            "Align right edges", "Align top edges",
-                                            "Centre vertically", "Align bottom edges"};
+    static constexpr const char* names[] = {
+        Kestrio::marked("Align left edges"),  Kestrio::marked("Centre horizontally"),
+        Kestrio::marked("Align right edges"), Kestrio::marked("Align top edges"),
+        Kestrio::marked("Centre vertically"), Kestrio::marked("Align bottom edges")};
     QVariantList rows;
     for (std::size_t i = 0; i < alignmentTypes.size(); ++i) {
         rows << alignmentRow(QString::fromLatin1(alignmentTypes[i].raw), names[i],

@@ -36,7 +36,7 @@ QVariantList socialRows() {
 QVariantList gradientRows() {
     QVariantList rows;
     for (const GradientGroup& group : GradientGroup::all()) {
-        QVariantMap values = viewRow(group.id, localised(group.name.toUtf8().constData()));
+        QVariantMap values = viewRow(group.id, Kestrio::tr(group.name.toUtf8().constData()));
         values.insert(QStringLiteral("rows"), viewRows(group.presets));
         rows << values;
     }
@@ -136,7 +136,7 @@ QVariantList EditorController::shortcutColumns() const {
             rows << QVariantMap{{QStringLiteral("shortcut"), shownShortcut(info.shortcut)},
                                 {QStringLiteral("description"), info.description}};
         }
-        return QVariantMap{{QStringLiteral("name"), localised(heading.name)},
+        return QVariantMap{{QStringLiteral("name"), Kestrio::tr(heading.name)},
                            {QStringLiteral("rows"), rows}};
     };
     // The tools fill a column of their own.

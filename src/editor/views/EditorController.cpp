@@ -197,13 +197,13 @@ void EditorController::setBackdropImage(const QUrl& file) {
 }
 
 void EditorController::chooseBackdropImage() {
-    launch(askForPicture(localised("Choose a picture for the backdrop"),
+    launch(askForPicture(Kestrio::tr("Choose a picture for the backdrop"),
                          &EditorController::setBackdropImage),
            this);
 }
 
 void EditorController::chooseWatermarkImage() {
-    launch(askForPicture(localised("Choose a picture for the watermark"),
+    launch(askForPicture(Kestrio::tr("Choose a picture for the watermark"),
                          &EditorController::setWatermarkImage),
            this);
 }
@@ -214,7 +214,7 @@ Task<> EditorController::askForPicture(QString title, void (EditorController::*u
     request.title = title;
     request.folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     if (!QDir(request.folder).exists()) request.folder = QDir::homePath();
-    request.types = {{localised("Pictures"), readableSuffixes()}};
+    request.types = {{Kestrio::tr("Pictures"), readableSuffixes()}};
     request.parent = QGuiApplication::focusWindow();
     const auto dialogs = services_.fileDialogs;
     auto asking = dialogs->chooseOpen(request);
@@ -232,10 +232,10 @@ QString EditorController::setCustomAspect(const QString& width, const QString& h
     const double w = width.trimmed().toDouble(&isWidth);
     const double h = height.trimmed().toDouble(&isHeight);
     if (!isWidth || !isHeight || !(w > 0) || !(h > 0)) {
-        return localised("Type two numbers above zero");
+        return Kestrio::tr("Type two numbers above zero");
     }
     if (!(w / h <= longest) || !(h / w <= longest)) {
-        return localised("One side may be at most 20 times the other");
+        return Kestrio::tr("One side may be at most 20 times the other");
     }
     editor_.setAspectRatio(AspectRatio::custom(w, h));
     return {};
@@ -263,7 +263,7 @@ void EditorController::zoomToFit() {
 
 void EditorController::autoBeautify() {
     editor_.autoBeautify();
-    editor_.set_toastMessage(localised("Auto beautify applied"));
+    editor_.set_toastMessage(Kestrio::tr("Auto beautify applied"));
 }
 
 void EditorController::enhance(const QString& mode, double strength) {
@@ -285,8 +285,8 @@ Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
     Q_EMIT enhancingChanged();
     if (failure.isEmpty()) {
         editor_.set_toastMessage(
-            isEnhanced ? localised("Image enhanced")
-                       : localised("The picture has changed meanwhile and was not enhanced"));
+            isEnhanced ? Kestrio::tr("Image enhanced")
+                       : Kestrio::tr("The picture has changed meanwhile and was not enhanced"));
     } else {
         editor_.set_errorMessage(failure);
     }
@@ -295,12 +295,12 @@ Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
 void EditorController::restoreOriginal() {
     editor_.restoreOriginalImage();
     Q_EMIT enhancingChanged();
-    editor_.set_toastMessage(localised("Original image restored"));
+    editor_.set_toastMessage(Kestrio::tr("Original image restored"));
 }
 
 void EditorController::reset() {
     editor_.reset();
-    editor_.set_toastMessage(localised("Everything is as at the start"));
+    editor_.set_toastMessage(Kestrio::tr("Everything is as at the start"));
 }
 
 void EditorController::openFile(const QUrl& file) {
@@ -347,7 +347,7 @@ Task<> EditorController::pasteFromClipboard() {
     if (!failure.isEmpty()) {
         editor_.set_errorMessage(failure);
     } else if (found.isEmpty()) {
-        editor_.set_toastMessage(localised("There is no picture on the clipboard"));
+        editor_.set_toastMessage(Kestrio::tr("There is no picture on the clipboard"));
     } else {
         editor_.replaceScreenshot(Image(found.image));
     }
@@ -360,7 +360,7 @@ void EditorController::reportLoadProblems() {
 }
 
 void EditorController::refuseDrop() {
-    editor_.set_errorMessage(localised("Only pictures can be dropped here"));
+    editor_.set_errorMessage(Kestrio::tr("Only pictures can be dropped here"));
 }
 
 }  // namespace kestrio

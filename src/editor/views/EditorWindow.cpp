@@ -16,7 +16,7 @@ namespace {
 class WindowError : public Error {
   public:
     QString errorDescription() const override {
-        return localised("the editor's window could not be made");
+        return Kestrio::tr("the editor's window could not be made");
     }
 };
 

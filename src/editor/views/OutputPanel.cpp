@@ -99,7 +99,7 @@ Task<> OutputPanel::runPin() {
         failure = describeFailure(error);
     }
     if (!editor || failure.isEmpty()) co_return;
-    editor->set_errorMessage(localised("Failed to pin screenshot: ") + failure);
+    editor->set_errorMessage(Kestrio::tr("Failed to pin screenshot: ") + failure);
 }
 
 void OutputPanel::copy() {
@@ -124,10 +124,10 @@ Task<> OutputPanel::runCopy() {
     if (!self) co_return;
     if (failure.isEmpty()) {
         endCopying(QStringLiteral("success"));
-        editor_.set_toastMessage(localised("Copied to clipboard"));
+        editor_.set_toastMessage(Kestrio::tr("Copied to clipboard"));
     } else {
         endCopying(QStringLiteral("failure"));
-        editor_.set_errorMessage(localised("Copy failed: ") + failure);
+        editor_.set_errorMessage(Kestrio::tr("Copy failed: ") + failure);
     }
 }
 
@@ -139,7 +139,7 @@ void OutputPanel::endCopying(const QString& state) {
 void OutputPanel::beginDrag() {
     // A drag under way cannot ask.
     if (editor_.hidesRedactions()) {
-        editor_.set_errorMessage(localised(
+        editor_.set_errorMessage(Kestrio::tr(
             "Blurred areas are hidden; show the annotations before you drag the picture"));
         return;
     }

@@ -73,7 +73,7 @@ void ThemePanel::reportLoadProblem() {
 
 void ThemePanel::save(const QString& name) {
     if (name.trimmed().isEmpty()) {
-        editor_.set_errorMessage(localised("A theme needs a name"));
+        editor_.set_errorMessage(Kestrio::tr("A theme needs a name"));
         return;
     }
     const auto existing = std::ranges::find(userThemes(), name.trimmed(), &Theme::name);
@@ -85,7 +85,7 @@ void ThemePanel::save(const QString& name) {
     if (reportFailure()) return;
     const auto saved = std::ranges::find(userThemes(), name.trimmed(), &Theme::name);
     if (saved != userThemes().end()) editor_.applyTheme(*saved);
-    editor_.set_toastMessage(localised("Theme saved"));
+    editor_.set_toastMessage(Kestrio::tr("Theme saved"));
 }
 
 void ThemePanel::overwrite(const QString& id) {
@@ -95,7 +95,7 @@ void ThemePanel::overwrite(const QString& id) {
     themes_.updateTheme(changed);
     if (reportFailure()) return;
     editor_.applyTheme(changed);
-    editor_.set_toastMessage(localised("Theme saved"));
+    editor_.set_toastMessage(Kestrio::tr("Theme saved"));
 }
 
 void ThemePanel::rename(const QString& id, const QString& name) {

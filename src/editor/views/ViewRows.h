@@ -28,7 +28,7 @@ template <typename E>
 QVariantList viewRows() {
     QVariantList rows;
     for (const auto& each : enumTable(E()))
-        rows << viewRow(QString::fromLatin1(each.raw), localised(each.name));
+        rows << viewRow(QString::fromLatin1(each.raw), Kestrio::tr(each.name));
     return rows;
 }
 
@@ -37,7 +37,7 @@ template <typename List>
 QVariantList viewRows(const List& list) {
     QVariantList rows;
     for (const auto& each : list)
-        rows << viewRow(each.id, localised(each.name.toUtf8().constData()));
+        rows << viewRow(each.id, Kestrio::tr(each.name.toUtf8().constData()));
     return rows;
 }
 

@@ -35,7 +35,7 @@ struct BmpHeader {
 template <typename Integer>
 Integer need(const LittleEndianView& view, qint64 offset) {
     if (const auto number = view.at<Integer>(offset)) return *number;
-    refuse(localised("its header ends early"));
+    refuse(Kestrio::tr("its header ends early"));
 }
 
 // The bytes between the header and the pixels.
@@ -64,13 +64,13 @@ BmpHeader readHeader(const LittleEndianView& view) {
         header.compression = Compression(need<quint32>(view, fileHeader + 16));
     }
     if (header.width < 1 || header.height < 1 || header.height > std::numeric_limits<int>::max()) {
-        refuse(localised("its width or height is not positive"));
+        refuse(Kestrio::tr("its width or height is not positive"));
     }
     // Qt goes on where the palette ends when the header names a place before that.
     const qint64 behindPalette = fileHeader + header.size + paletteBytes(view, header);
     const qint64 named = need<quint32>(view, 10);
     if (named != 0 && named < fileHeader + header.size) {
-        refuse(localised("its pixels are said to begin inside its header"));
+        refuse(Kestrio::tr("its pixels are said to begin inside its header"));
     }
     header.pixels = std::max(behindPalette, named);
     return header;
@@ -151,7 +151,7 @@ void checkBmp(QByteArrayView bytes) {
             isWhole = RunLengthWalk(view, header).reachesLastRow();
             break;
     }
-    if (!isWhole) refuse(localised("its pixel data ends early"));
+    if (!isWhole) refuse(Kestrio::tr("its pixel data ends early"));
 }
 
 }  // namespace kestrio

@@ -41,7 +41,7 @@ qint64 bitmapBytes(QSize size) {
 
 void checkClaimedSize(QSize claimed, const DecodeLimits& limits, qint64 workingMemory) {
     if (claimed.width() < 1 || claimed.height() < 1) {
-        throw ImageLoadError::damaged(localised("its width or height is not positive"));
+        throw ImageLoadError::damaged(Kestrio::tr("its width or height is not positive"));
     }
     if (claimed.width() > limits.side || claimed.height() > limits.side ||
         workingMemory > limits.memory - bitmapBytes(claimed)) {
@@ -51,7 +51,7 @@ void checkClaimedSize(QSize claimed, const DecodeLimits& limits, qint64 workingM
 
 QImage allocateBitmap(QSize size, QImage::Format format) {
     QImage bitmap(size, format);
-    if (bitmap.isNull()) throw ImageLoadError::damaged(localised("there is not enough memory"));
+    if (bitmap.isNull()) throw ImageLoadError::damaged(Kestrio::tr("there is not enough memory"));
     return bitmap;
 }
 

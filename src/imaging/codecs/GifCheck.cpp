@@ -14,11 +14,11 @@ constexpr int longestCode = 12;
 constexpr int mostCodes = 1 << longestCode;
 
 [[noreturn]] void refuse(const char* reason) {
-    throw ImageLoadError::damaged(localised(reason));
+    throw ImageLoadError::damaged(Kestrio::tr(reason));
 }
 
-constexpr const char* endsEarly = "it ends early";
-constexpr const char* brokenCodes = "its pixel data is garbled";
+constexpr const char* endsEarly = Kestrio::marked("it ends early");
+constexpr const char* brokenCodes = Kestrio::marked("its pixel data is garbled");
 
 // A table of colours follows where the highest bit is set.
 qint64 colourTableBytes(quint8 flags) {
@@ -108,10 +108,10 @@ class GifWalk {
                     hasFrame = true;
                     break;
                 case trailer:
-                    if (!hasFrame) refuse("it holds no frame");
+                    if (!hasFrame) refuse(Kestrio::marked("it holds no frame"));
                     return;
                 default:
-                    refuse("its blocks are garbled");
+                    refuse(Kestrio::marked("its blocks are garbled"));
             }
         }
     }
@@ -151,7 +151,7 @@ class GifWalk {
 
     // Ends inside the chain of blocks, at the beginning of one.
     void countPixels(int rootBits, qint64 pixels) {
-        if (pixels == 0) refuse("its width or height is not positive");
+        if (pixels == 0) refuse(Kestrio::marked("its width or height is not positive"));
         if (rootBits < 1 || rootBits >= longestCode) refuse(brokenCodes);
         LzwCounter counter(rootBits);
         while (counter.pixels() < pixels) {

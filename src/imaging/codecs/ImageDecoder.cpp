@@ -120,7 +120,7 @@ QImage decodeImage(const QByteArray& bytes, const DecodeLimits& limits) {
     }
     if (startsWithAny(bytes, tiffMagics)) return decodeTiff(bytes, limits);
     if (startsWithAny(bytes, bigTiffMagics)) {
-        throw ImageLoadError::unsupportedKind(localised("a BigTIFF"));
+        throw ImageLoadError::unsupportedKind(Kestrio::tr("a BigTIFF"));
     }
     if (bytes.startsWith(iconMagic)) {
         if (const auto png = pngOfIcon(bytes)) return decodePng(*png, limits);

@@ -51,8 +51,8 @@ void requireEncodable(QSize pixels, ExportFormat format) {
     const int most = longestSide(format);
     if (std::max(pixels.width(), pixels.height()) <= most) return;
     throw ExportError::renderingFailed(
-        localised("a %1 file holds at most %2 x %2 pixels, the picture has %3 x %4; "
-                  "write PNG instead")
+        Kestrio::tr("a %1 file holds at most %2 x %2 pixels, the picture has %3 x %4; "
+                    "write PNG instead")
             .arg(displayName(format))
             .arg(most)
             .arg(pixels.width())

@@ -32,23 +32,23 @@ ImageLoadError ImageLoadError::tooLarge(QSize claimed) {
 QString ImageLoadError::errorDescription() const {
     switch (case_) {
         case Case::unreadable:
-            return localised("The file \"%1\" cannot be read: %2.").arg(path_, reason_);
+            return Kestrio::tr("The file \"%1\" cannot be read: %2.").arg(path_, reason_);
         case Case::empty:
-            return localised("The picture is empty: it holds no data at all.");
+            return Kestrio::tr("The picture is empty: it holds no data at all.");
         case Case::unsupportedFormat:
             if (!reason_.isEmpty()) {
-                return localised(
+                return Kestrio::tr(
                            "The picture is %1, which is not supported; please save it as PNG "
                            "first.")
                     .arg(reason_);
             }
-            return localised(
+            return Kestrio::tr(
                 "This is not a picture in a supported format; please choose a PNG, JPEG, WebP, "
                 "BMP, GIF, ICO, PPM or TIFF file.");
         case Case::damaged:
-            return localised("The picture is damaged or incomplete: %1.").arg(reason_);
+            return Kestrio::tr("The picture is damaged or incomplete: %1.").arg(reason_);
         case Case::tooLarge:
-            return localised(
+            return Kestrio::tr(
                        "The picture claims %1 × %2 pixels, which is more than can be opened; "
                        "please scale it down first.")
                 .arg(claimed_.width())

@@ -46,7 +46,7 @@ class PngReader {
         });
         if (qint64(png_get_rowbytes(png_, info_)) * size.height() / largestDeflateRatio >
             bytes_.size()) {
-            throw ImageLoadError::damaged(localised("it holds less data than its size asks for"));
+            throw ImageLoadError::damaged(Kestrio::tr("it holds less data than its size asks for"));
         }
         const QColorSpace profile = colorSpace();
         const bool hasAlpha = (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) ||
@@ -94,7 +94,7 @@ class PngReader {
         constexpr qsizetype widthOffset = 16;
         constexpr qsizetype heightOffset = 20;
         if (bytes_.size() < heightOffset + 4) {
-            throw ImageLoadError::damaged(localised("it ends before its size is given"));
+            throw ImageLoadError::damaged(Kestrio::tr("it ends before its size is given"));
         }
         return QSize(qFromBigEndian<qint32>(bytes_.constData() + widthOffset),
                      qFromBigEndian<qint32>(bytes_.constData() + heightOffset));

@@ -48,7 +48,7 @@ class TiffSource {
 
     [[noreturn]] void refuse() const {
         throw ImageLoadError::damaged(
-            reason_.isEmpty() ? localised("its pixel data ends early or is garbled") : reason_);
+            reason_.isEmpty() ? Kestrio::tr("its pixel data ends early or is garbled") : reason_);
     }
 
   private:
@@ -132,13 +132,13 @@ void requireSupported(TIFF* tiff) {
     if (sampleFormat != SAMPLEFORMAT_UINT && sampleFormat != SAMPLEFORMAT_VOID) {
         throw ImageLoadError::unsupportedKind(
             sampleFormat == SAMPLEFORMAT_IEEEFP
-                ? localised("a TIFF with floating-point samples")
-                : localised("a TIFF with signed or complex samples"));
+                ? Kestrio::tr("a TIFF with floating-point samples")
+                : Kestrio::tr("a TIFF with signed or complex samples"));
     }
     char why[1024] = {};
     if (!TIFFRGBAImageOK(tiff, why)) {
         throw ImageLoadError::unsupportedKind(
-            localised("a TIFF with %1 samples of %2 bits a pixel and compression %3")
+            Kestrio::tr("a TIFF with %1 samples of %2 bits a pixel and compression %3")
                 .arg(tagOr<uint16_t>(tiff, TIFFTAG_SAMPLESPERPIXEL, 1))
                 .arg(tagOr<uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE, 1))
                 .arg(tagOr<uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE)));

@@ -51,7 +51,7 @@ QImage decodeFrame(const WebPIterator& frame, QSize canvas) {
     const VP8StatusCode status = WebPDecode(frame.fragment.bytes, frame.fragment.size, &config);
     WebPFreeDecBuffer(&config.output);
     if (status != VP8_STATUS_OK) {
-        throw ImageLoadError::damaged(localised("its pixel data ends early or is garbled"));
+        throw ImageLoadError::damaged(Kestrio::tr("its pixel data ends early or is garbled"));
     }
     return bitmap;
 }
@@ -64,7 +64,7 @@ QImage decodeWebP(const QByteArray& bytes, const DecodeLimits& limits) {
     const std::unique_ptr<WebPDemuxer, decltype(&WebPDemuxDelete)> demuxer(WebPDemux(&data),
                                                                            WebPDemuxDelete);
     if (!demuxer) {
-        throw ImageLoadError::damaged(localised("its chunks end early or are garbled"));
+        throw ImageLoadError::damaged(Kestrio::tr("its chunks end early or are garbled"));
     }
     const auto side = [&](WebPFormatFeature feature) {
         return static_cast<int>(WebPDemuxGetI(demuxer.get(), feature));
@@ -73,7 +73,7 @@ QImage decodeWebP(const QByteArray& bytes, const DecodeLimits& limits) {
     checkClaimedSize(canvas, limits);
     WebPIterator frame;
     if (!WebPDemuxGetFrame(demuxer.get(), 1, &frame)) {
-        throw ImageLoadError::damaged(localised("it holds no frame"));
+        throw ImageLoadError::damaged(Kestrio::tr("it holds no frame"));
     }
     const std::unique_ptr<WebPIterator, decltype(&WebPDemuxReleaseIterator)> release(
         &frame, WebPDemuxReleaseIterator);

@@ -72,7 +72,7 @@ class WebPJob {
             case VP8_ENC_ERROR_BITSTREAM_OUT_OF_MEMORY:
                 throw std::bad_alloc();
             case VP8_ENC_ERROR_FILE_TOO_BIG:
-                throw ExportError::renderingFailed(localised("a WebP file holds at most 4 GiB"));
+                throw ExportError::renderingFailed(Kestrio::tr("a WebP file holds at most 4 GiB"));
             default:
                 throw ExportError::renderingFailed();
         }

@@ -68,7 +68,7 @@ void ColorPickerViewModel::chooseFormat(ColorFormat format) {
 void ColorPickerViewModel::copyCurrentColor() {
     if (!currentColor()) return;
     if (!pasteboard_->writeText(colorText(*currentColor(), currentFormat()))) return;
-    set_toastMessage(localised("Copied!"));
+    set_toastMessage(Kestrio::tr("Copied!"));
     set_showCopiedFeedback(true);
     feedbackTimer_.start();
 }
@@ -78,7 +78,7 @@ QColor ColorPickerViewModel::currentSwatch() const {
 }
 
 QString ColorPickerViewModel::currentText() const {
-    return currentColor() ? colorText(*currentColor(), currentFormat()) : localised("No color");
+    return currentColor() ? colorText(*currentColor(), currentFormat()) : Kestrio::tr("No color");
 }
 
 void ColorPickerViewModel::endFeedback() {

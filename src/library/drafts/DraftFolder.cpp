@@ -166,7 +166,7 @@ DraftDocument DraftFolder::read() {
 Image DraftFolder::load(const DraftPictureRecord& record, KeptPicture& kept) const {
     const QSizeF size = record.pointSize;
     if (!isPlainName(record.file) || !(size.width() > 0) || !(size.height() > 0)) {
-        throw DraftError::damaged(localised("it does not name its picture"));
+        throw DraftError::damaged(Kestrio::tr("it does not name its picture"));
     }
     QImage bitmap = loadImageFile(path_ + u'/' + record.file);
     if (!record.isOpaque) {

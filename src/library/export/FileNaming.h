@@ -15,9 +15,9 @@ struct NamingVariable {
 };
 
 inline constexpr NamingVariable namingVariables[] = {
-    {"{date}", "Date (yyyy-MM-dd)"},
-    {"{time}", "Time (HH-mm-ss)"},
-    {"{sequence}", "Sequence"},
+    {"{date}", Kestrio::marked("Date (yyyy-MM-dd)")},
+    {"{time}", Kestrio::marked("Time (HH-mm-ss)")},
+    {"{sequence}", Kestrio::marked("Sequence")},
 };
 
 /// One expansion of a naming pattern, without an extension: letters, digits, "_" and "-" only, and

@@ -47,7 +47,7 @@ PinnedScreenshotWindow::PinnedScreenshotWindow(const PinnedScreenshotModel& mode
       aspectRatio_(pinAspectRatio(model.image.pointSize())) {
     if (floating_->supportsTranslucency()) setFormat(formatWithAlpha());
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setTitle(localised("Pinned Screenshot"));
+    setTitle(Kestrio::tr("Pinned Screenshot"));
     setMinimumSize(QSize(int(smallestPin), int(smallestPin)));
     setMaximumSize(QSize(int(largestPin), int(largestPin)));
     setOpacity(model.opacity);

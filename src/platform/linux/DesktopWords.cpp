@@ -5,8 +5,9 @@
 namespace kestrio {
 
 const DesktopWords& desktopWords() {
-    static const DesktopWords words{localised("Show in File Manager"), localised("Open Settings"),
-                                    localised("Settings → Privacy → Screen Sharing")};
+    static const DesktopWords words{Kestrio::tr("Show in File Manager"),
+                                    Kestrio::tr("Open Settings"),
+                                    Kestrio::tr("Settings → Privacy → Screen Sharing")};
     return words;
 }
 

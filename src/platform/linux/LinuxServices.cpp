@@ -29,7 +29,7 @@ void preparePlatform() {
 }
 
 QString DisplayRefusal::errorDescription() const {
-    return localised(
+    return Kestrio::tr(
         "the display refuses the connection; it may serve too many programs, so close some and try "
         "again");
 }

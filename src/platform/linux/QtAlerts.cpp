@@ -50,7 +50,7 @@ QMessageBox* makeBox(const AlertRequest& request) {
 /// The request's buttons in their order, whatever order the desktop shows them in.
 QList<QAbstractButton*> addButtons(QMessageBox* box, const AlertRequest& request) {
     const QStringList titles =
-        request.buttons.isEmpty() ? QStringList(localised("OK")) : request.buttons;
+        request.buttons.isEmpty() ? QStringList(Kestrio::tr("OK")) : request.buttons;
     QList<QAbstractButton*> buttons;
     for (const QString& title : titles) {
         const auto role = buttons.isEmpty()                     ? QMessageBox::AcceptRole

@@ -55,10 +55,11 @@ void QtSavePanel::accept() {
 void QtSavePanel::askBeforeReplacing(const QString& file) {
     auto* question = new QMessageBox(
         QMessageBox::Warning, windowTitle(),
-        localised("\"%1\" exists already. Replace it?").arg(QFileInfo(file).fileName()),
+        Kestrio::tr("\"%1\" exists already. Replace it?").arg(QFileInfo(file).fileName()),
         QMessageBox::Cancel, this);
     question->setAttribute(Qt::WA_DeleteOnClose);
-    const QPushButton* replace = question->addButton(localised("Replace"), QMessageBox::AcceptRole);
+    const QPushButton* replace =
+        question->addButton(Kestrio::tr("Replace"), QMessageBox::AcceptRole);
     connect(question, &QMessageBox::buttonClicked, this, [this, replace](QAbstractButton* button) {
         if (button == replace) return QFileDialog::accept();
         if (isNative_) open();

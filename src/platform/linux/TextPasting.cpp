@@ -113,10 +113,10 @@ void TextPasting::showMenu(QLineEdit* field, QPoint position) {
     const auto add = [&](const QString& text, bool isEnabled, auto act) {
         menu->addAction(text, field, act)->setEnabled(isEnabled);
     };
-    add(localised("Cut"), isChangeable && field->hasSelectedText(), [field] { field->cut(); });
-    add(localised("Copy"), field->hasSelectedText(), [field] { field->copy(); });
-    add(localised("Paste"), isChangeable, [this, field] { begin(field, QClipboard::Clipboard); });
-    add(localised("Select All"), !field->text().isEmpty(), [field] { field->selectAll(); });
+    add(Kestrio::tr("Cut"), isChangeable && field->hasSelectedText(), [field] { field->cut(); });
+    add(Kestrio::tr("Copy"), field->hasSelectedText(), [field] { field->copy(); });
+    add(Kestrio::tr("Paste"), isChangeable, [this, field] { begin(field, QClipboard::Clipboard); });
+    add(Kestrio::tr("Select All"), !field->text().isEmpty(), [field] { field->selectAll(); });
     menu->popup(position);
 }
 

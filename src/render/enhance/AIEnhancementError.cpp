@@ -7,9 +7,9 @@ namespace kestrio {
 QString AIEnhancementError::errorDescription() const {
     switch (case_) {
         case Case::invalidImage:
-            return localised("Invalid image input");
+            return Kestrio::tr("Invalid image input");
         case Case::processingFailed:
-            return localised("AI enhancement failed");
+            return Kestrio::tr("AI enhancement failed");
     }
     return {};
 }

@@ -8,11 +8,11 @@ namespace kestrio {
 enum class AIEnhancementMode { automatic, sharpen, denoise, enhanceColors, upscale };
 
 inline constexpr EnumTable<AIEnhancementMode, 5> aiEnhancementModes = {{
-    {AIEnhancementMode::automatic, "auto", "Auto"},
-    {AIEnhancementMode::sharpen, "sharpen", "Sharpen"},
-    {AIEnhancementMode::denoise, "denoise", "Denoise"},
-    {AIEnhancementMode::enhanceColors, "enhanceColors", "Enhance Colors"},
-    {AIEnhancementMode::upscale, "upscale", "Upscale"},
+    {AIEnhancementMode::automatic, "auto", Kestrio::marked("Auto")},
+    {AIEnhancementMode::sharpen, "sharpen", Kestrio::marked("Sharpen")},
+    {AIEnhancementMode::denoise, "denoise", Kestrio::marked("Denoise")},
+    {AIEnhancementMode::enhanceColors, "enhanceColors", Kestrio::marked("Enhance Colors")},
+    {AIEnhancementMode::upscale, "upscale", Kestrio::marked("Upscale")},
 }};
 constexpr const auto& enumTable(AIEnhancementMode) {
     return aiEnhancementModes;

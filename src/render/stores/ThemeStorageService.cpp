@@ -34,13 +34,13 @@ ThemeStorageError ThemeStorageError::duplicateName(const QString& name) {
 QString ThemeStorageError::errorDescription() const {
     switch (case_) {
         case Case::themeNotFound:
-            return localised("Theme not found: ") + subject_;
+            return Kestrio::tr("Theme not found: ") + subject_;
         case Case::duplicateName:
-            return localised("Theme name already exists: ") + subject_;
+            return Kestrio::tr("Theme name already exists: ") + subject_;
         case Case::encodingFailed:
-            return localised("Theme encoding failed");
+            return Kestrio::tr("Theme encoding failed");
         case Case::decodingFailed:
-            return localised("Theme decoding failed");
+            return Kestrio::tr("Theme decoding failed");
     }
     return {};
 }

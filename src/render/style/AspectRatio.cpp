@@ -34,9 +34,9 @@ AspectRatio AspectRatio::custom(double width, double height) {
 }
 
 QString customRatioLabel(double ratio) {
-    if (ratio > 1) return QString::asprintf("%.2f:1 ", ratio) + localised("(Landscape)");
-    if (ratio < 1) return QString::asprintf("1:%.2f ", 1 / ratio) + localised("(Portrait)");
-    return QStringLiteral("1:1 ") + localised("(Square)");
+    if (ratio > 1) return QString::asprintf("%.2f:1 ", ratio) + Kestrio::tr("(Landscape)");
+    if (ratio < 1) return QString::asprintf("1:%.2f ", 1 / ratio) + Kestrio::tr("(Portrait)");
+    return QStringLiteral("1:1 ") + Kestrio::tr("(Square)");
 }
 
 QSizeF canvasHolding(QSizeF imageSize, const AspectRatio& aspectRatio) {

@@ -13,10 +13,10 @@ namespace kestrio {
 enum class BackdropType { none, solid, gradient, image };
 
 inline constexpr EnumTable<BackdropType, 4> backdropTypes = {{
-    {BackdropType::none, "none", "None"},
-    {BackdropType::solid, "solid", "Solid"},
-    {BackdropType::gradient, "gradient", "Gradient"},
-    {BackdropType::image, "image", "Image"},
+    {BackdropType::none, "none", Kestrio::marked("None")},
+    {BackdropType::solid, "solid", Kestrio::marked("Solid")},
+    {BackdropType::gradient, "gradient", Kestrio::marked("Gradient")},
+    {BackdropType::image, "image", Kestrio::marked("Image")},
 }};
 constexpr const auto& enumTable(BackdropType) {
     return backdropTypes;

@@ -11,12 +11,18 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {"none", "None", 0, 0, 100},     {"soft", "Soft", 2, 5, 100},
-    {"dreamy", "Dreamy", 5, 10, 80}, {"vintage", "Vintage", 1, 20, 70},
-    {"vivid", "Vivid", 0, 0, 150},   {"muted", "Muted", 0, 5, 50},
-    {"film", "Film", 0.5, 15, 90},   {"hazy", "Hazy", 3, 8, 85},
-    {"sharp", "Sharp", 0, 0, 120},   {"grainy", "Grainy", 0, 30, 100},
-    {"foggy", "Foggy", 6, 5, 60},    {"saturated", "Saturated", 0, 0, 180},
+    {"none", Kestrio::marked("None"), 0, 0, 100},
+    {"soft", Kestrio::marked("Soft"), 2, 5, 100},
+    {"dreamy", Kestrio::marked("Dreamy"), 5, 10, 80},
+    {"vintage", Kestrio::marked("Vintage"), 1, 20, 70},
+    {"vivid", Kestrio::marked("Vivid"), 0, 0, 150},
+    {"muted", Kestrio::marked("Muted"), 0, 5, 50},
+    {"film", Kestrio::marked("Film"), 0.5, 15, 90},
+    {"hazy", Kestrio::marked("Hazy"), 3, 8, 85},
+    {"sharp", Kestrio::marked("Sharp"), 0, 0, 120},
+    {"grainy", Kestrio::marked("Grainy"), 0, 30, 100},
+    {"foggy", Kestrio::marked("Foggy"), 6, 5, 60},
+    {"saturated", Kestrio::marked("Saturated"), 0, 0, 180},
 };
 
 std::vector<EffectPreset> makePresets() {

@@ -10,13 +10,13 @@ namespace kestrio {
 enum class FrameStyle { none, macOS, safari, arc, windows, stack, stack2 };
 
 inline constexpr EnumTable<FrameStyle, 7> frameStyles = {{
-    {FrameStyle::none, "none", "None"},
+    {FrameStyle::none, "none", Kestrio::marked("None")},
     {FrameStyle::macOS, "macOS", "macOS"},
     {FrameStyle::safari, "safari", "Safari"},
     {FrameStyle::arc, "arc", "Arc"},
     {FrameStyle::windows, "windows", "Windows"},
-    {FrameStyle::stack, "stack", "Stack"},
-    {FrameStyle::stack2, "stack2", "Stack 2"},
+    {FrameStyle::stack, "stack", Kestrio::marked("Stack")},
+    {FrameStyle::stack2, "stack2", Kestrio::marked("Stack 2")},
 }};
 constexpr const auto& enumTable(FrameStyle) {
     return frameStyles;
@@ -36,10 +36,10 @@ inline constexpr double backSheetOffset = 8;
 
 inline constexpr std::array<FrameMetrics, 7> frameMetricsTable = {{
     {FrameStyle::none, 0, 0, 0, ""},
-    {FrameStyle::macOS, 28, 10, 0, "macOS window frame"},
-    {FrameStyle::safari, 44, 10, 0, "Safari browser frame"},
-    {FrameStyle::arc, 40, 12, 0, "Arc browser frame"},
-    {FrameStyle::windows, 32, 8, 0, "Windows window frame"},
+    {FrameStyle::macOS, 28, 10, 0, Kestrio::marked("macOS window frame")},
+    {FrameStyle::safari, 44, 10, 0, Kestrio::marked("Safari browser frame")},
+    {FrameStyle::arc, 40, 12, 0, Kestrio::marked("Arc browser frame")},
+    {FrameStyle::windows, 32, 8, 0, Kestrio::marked("Windows window frame")},
     {FrameStyle::stack, 28, 10, 1, ""},
     {FrameStyle::stack2, 28, 10, 2, ""},
 }};

@@ -8,9 +8,9 @@ namespace kestrio {
 enum class ImageScaleFit { fill, fit, stretch };
 
 inline constexpr EnumTable<ImageScaleFit, 3> imageScaleFits = {{
-    {ImageScaleFit::fill, "fill", "Fill"},
-    {ImageScaleFit::fit, "fit", "Fit"},
-    {ImageScaleFit::stretch, "stretch", "Stretch"},
+    {ImageScaleFit::fill, "fill", Kestrio::marked("Fill")},
+    {ImageScaleFit::fit, "fit", Kestrio::marked("Fit")},
+    {ImageScaleFit::stretch, "stretch", Kestrio::marked("Stretch")},
 }};
 constexpr const auto& enumTable(ImageScaleFit) {
     return imageScaleFits;

@@ -8,9 +8,9 @@ namespace kestrio {
 enum class ShadowIntensity { low, medium, high };
 
 inline constexpr EnumTable<ShadowIntensity, 3> shadowIntensities = {{
-    {ShadowIntensity::low, "low", "Low"},
-    {ShadowIntensity::medium, "medium", "Medium"},
-    {ShadowIntensity::high, "high", "High"},
+    {ShadowIntensity::low, "low", Kestrio::marked("Low")},
+    {ShadowIntensity::medium, "medium", Kestrio::marked("Medium")},
+    {ShadowIntensity::high, "high", Kestrio::marked("High")},
 }};
 constexpr const auto& enumTable(ShadowIntensity) {
     return shadowIntensities;
@@ -30,15 +30,15 @@ enum class LightSource {
 };
 
 inline constexpr EnumTable<LightSource, 9> lightSources = {{
-    {LightSource::topLeft, "topLeft", "Top Left"},
-    {LightSource::top, "top", "Top"},
-    {LightSource::topRight, "topRight", "Top Right"},
-    {LightSource::left, "left", "Left"},
-    {LightSource::center, "center", "Center"},
-    {LightSource::right, "right", "Right"},
-    {LightSource::bottomLeft, "bottomLeft", "Bottom Left"},
-    {LightSource::bottom, "bottom", "Bottom"},
-    {LightSource::bottomRight, "bottomRight", "Bottom Right"},
+    {LightSource::topLeft, "topLeft", Kestrio::marked("Top Left")},
+    {LightSource::top, "top", Kestrio::marked("Top")},
+    {LightSource::topRight, "topRight", Kestrio::marked("Top Right")},
+    {LightSource::left, "left", Kestrio::marked("Left")},
+    {LightSource::center, "center", Kestrio::marked("Center")},
+    {LightSource::right, "right", Kestrio::marked("Right")},
+    {LightSource::bottomLeft, "bottomLeft", Kestrio::marked("Bottom Left")},
+    {LightSource::bottom, "bottom", Kestrio::marked("Bottom")},
+    {LightSource::bottomRight, "bottomRight", Kestrio::marked("Bottom Right")},
 }};
 constexpr const auto& enumTable(LightSource) {
     return lightSources;

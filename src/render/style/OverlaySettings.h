@@ -8,11 +8,11 @@ namespace kestrio {
 enum class OverlayType { none, diagonalShadow, naturalShadow, softGlow, vignette };
 
 inline constexpr EnumTable<OverlayType, 5> overlayTypes = {{
-    {OverlayType::none, "none", "None"},
-    {OverlayType::diagonalShadow, "diagonalShadow", "Diagonal Shadow"},
-    {OverlayType::naturalShadow, "naturalShadow", "Natural Shadow"},
-    {OverlayType::softGlow, "softGlow", "Soft Glow"},
-    {OverlayType::vignette, "vignette", "Vignette"},
+    {OverlayType::none, "none", Kestrio::marked("None")},
+    {OverlayType::diagonalShadow, "diagonalShadow", Kestrio::marked("Diagonal Shadow")},
+    {OverlayType::naturalShadow, "naturalShadow", Kestrio::marked("Natural Shadow")},
+    {OverlayType::softGlow, "softGlow", Kestrio::marked("Soft Glow")},
+    {OverlayType::vignette, "vignette", Kestrio::marked("Vignette")},
 }};
 constexpr const auto& enumTable(OverlayType) {
     return overlayTypes;
@@ -22,8 +22,8 @@ constexpr const auto& enumTable(OverlayType) {
 enum class OverlayPosition { overlay, underlay };
 
 inline constexpr EnumTable<OverlayPosition, 2> overlayPositions = {{
-    {OverlayPosition::overlay, "overlay", "Overlay"},
-    {OverlayPosition::underlay, "underlay", "Underlay"},
+    {OverlayPosition::overlay, "overlay", Kestrio::marked("Overlay")},
+    {OverlayPosition::underlay, "underlay", Kestrio::marked("Underlay")},
 }};
 constexpr const auto& enumTable(OverlayPosition) {
     return overlayPositions;

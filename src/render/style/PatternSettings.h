@@ -8,14 +8,14 @@ namespace kestrio {
 enum class PatternType { none, circles, waves, dots, rays, grid, stripes, noise };
 
 inline constexpr EnumTable<PatternType, 8> patternTypes = {{
-    {PatternType::none, "none", "None"},
-    {PatternType::circles, "circles", "Circles"},
-    {PatternType::waves, "waves", "Waves"},
-    {PatternType::dots, "dots", "Dots"},
-    {PatternType::rays, "rays", "Rays"},
-    {PatternType::grid, "grid", "Grid"},
-    {PatternType::stripes, "stripes", "Stripes"},
-    {PatternType::noise, "noise", "Noise"},
+    {PatternType::none, "none", Kestrio::marked("None")},
+    {PatternType::circles, "circles", Kestrio::marked("Circles")},
+    {PatternType::waves, "waves", Kestrio::marked("Waves")},
+    {PatternType::dots, "dots", Kestrio::marked("Dots")},
+    {PatternType::rays, "rays", Kestrio::marked("Rays")},
+    {PatternType::grid, "grid", Kestrio::marked("Grid")},
+    {PatternType::stripes, "stripes", Kestrio::marked("Stripes")},
+    {PatternType::noise, "noise", Kestrio::marked("Noise")},
 }};
 constexpr const auto& enumTable(PatternType) {
     return patternTypes;

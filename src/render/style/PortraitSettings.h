@@ -8,9 +8,9 @@ namespace kestrio {
 enum class PortraitEffectType { none, blur, stage };
 
 inline constexpr EnumTable<PortraitEffectType, 3> portraitEffectTypes = {{
-    {PortraitEffectType::none, "none", "None"},
-    {PortraitEffectType::blur, "blur", "Blur"},
-    {PortraitEffectType::stage, "stage", "Stage"},
+    {PortraitEffectType::none, "none", Kestrio::marked("None")},
+    {PortraitEffectType::blur, "blur", Kestrio::marked("Blur")},
+    {PortraitEffectType::stage, "stage", Kestrio::marked("Stage")},
 }};
 constexpr const auto& enumTable(PortraitEffectType) {
     return portraitEffectTypes;

@@ -8,8 +8,8 @@ namespace kestrio {
 enum class WatermarkType { text, image };
 
 inline constexpr EnumTable<WatermarkType, 2> watermarkTypes = {{
-    {WatermarkType::text, "text", "Text"},
-    {WatermarkType::image, "image", "Image"},
+    {WatermarkType::text, "text", Kestrio::marked("Text")},
+    {WatermarkType::image, "image", Kestrio::marked("Image")},
 }};
 constexpr const auto& enumTable(WatermarkType) {
     return watermarkTypes;
@@ -29,15 +29,15 @@ enum class WatermarkPosition {
 };
 
 inline constexpr EnumTable<WatermarkPosition, 9> watermarkPositions = {{
-    {WatermarkPosition::topLeft, "topLeft", "Top Left"},
-    {WatermarkPosition::topCenter, "topCenter", "Top Center"},
-    {WatermarkPosition::topRight, "topRight", "Top Right"},
-    {WatermarkPosition::middleLeft, "middleLeft", "Middle Left"},
-    {WatermarkPosition::center, "center", "Center"},
-    {WatermarkPosition::middleRight, "middleRight", "Middle Right"},
-    {WatermarkPosition::bottomLeft, "bottomLeft", "Bottom Left"},
-    {WatermarkPosition::bottomCenter, "bottomCenter", "Bottom Center"},
-    {WatermarkPosition::bottomRight, "bottomRight", "Bottom Right"},
+    {WatermarkPosition::topLeft, "topLeft", Kestrio::marked("Top Left")},
+    {WatermarkPosition::topCenter, "topCenter", Kestrio::marked("Top Center")},
+    {WatermarkPosition::topRight, "topRight", Kestrio::marked("Top Right")},
+    {WatermarkPosition::middleLeft, "middleLeft", Kestrio::marked("Middle Left")},
+    {WatermarkPosition::center, "center", Kestrio::marked("Center")},
+    {WatermarkPosition::middleRight, "middleRight", Kestrio::marked("Middle Right")},
+    {WatermarkPosition::bottomLeft, "bottomLeft", Kestrio::marked("Bottom Left")},
+    {WatermarkPosition::bottomCenter, "bottomCenter", Kestrio::marked("Bottom Center")},
+    {WatermarkPosition::bottomRight, "bottomRight", Kestrio::marked("Bottom Right")},
 }};
 constexpr const auto& enumTable(WatermarkPosition) {
     return watermarkPositions;

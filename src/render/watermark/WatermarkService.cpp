@@ -11,15 +11,15 @@ const QString presetsKey = QStringLiteral("com.kestrio.watermarkPresets");
 QString WatermarkError::errorDescription() const {
     switch (case_) {
         case Case::saveFailed:
-            return localised("Failed to save preset: ") + subject_;
+            return Kestrio::tr("Failed to save preset: ") + subject_;
         case Case::duplicateName:
-            return localised("Preset name already exists: ") + subject_;
+            return Kestrio::tr("Preset name already exists: ") + subject_;
         case Case::invalidImageData:
-            return localised("Invalid watermark image data");
+            return Kestrio::tr("Invalid watermark image data");
         case Case::presetNotFound:
-            return localised("Watermark preset not found");
+            return Kestrio::tr("Watermark preset not found");
         case Case::encodingFailed:
-            return localised("Failed to encode preset data");
+            return Kestrio::tr("Failed to encode preset data");
     }
     return {};
 }
@@ -34,7 +34,7 @@ std::vector<WatermarkPreset> WatermarkService::presets() {
     try {
         return decodeJsonText<std::vector<WatermarkPreset>>(*data);
     } catch (const JsonError& error) {
-        throw WatermarkError::saveFailed(localised("the stored presets cannot be read: ") +
+        throw WatermarkError::saveFailed(Kestrio::tr("the stored presets cannot be read: ") +
                                          error.errorDescription());
     }
 }

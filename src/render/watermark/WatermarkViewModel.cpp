@@ -15,15 +15,15 @@ Image WatermarkViewModel::applied(const Image& image) const {
 void WatermarkViewModel::savePreset(const QString& name) {
     clearMessages();
     if (name.trimmed().isEmpty()) {
-        set_errorMessage(localised("Preset name cannot be empty"));
+        set_errorMessage(Kestrio::tr("Preset name cannot be empty"));
         return;
     }
     try {
         watermarkService_->savePreset(name, settings());
-        set_successMessage(localised("Preset '%1' saved").arg(name));
+        set_successMessage(Kestrio::tr("Preset '%1' saved").arg(name));
         reload();
     } catch (const Error& error) {
-        set_errorMessage(localised("Failed to save preset: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to save preset: ") + error.errorDescription());
     }
 }
 
@@ -32,10 +32,10 @@ void WatermarkViewModel::deletePreset(QUuid id) {
     try {
         watermarkService_->deletePreset(id);
         if (selectedPresetId() == id) set_selectedPresetId(std::nullopt);
-        set_successMessage(localised("Preset deleted"));
+        set_successMessage(Kestrio::tr("Preset deleted"));
         reload();
     } catch (const Error& error) {
-        set_errorMessage(localised("Failed to delete preset: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to delete preset: ") + error.errorDescription());
     }
 }
 
@@ -57,7 +57,7 @@ void WatermarkViewModel::reload() {
     try {
         set_presets(watermarkService_->presets());
     } catch (const Error&) {
-        set_errorMessage(localised("The saved watermark presets cannot be read"));
+        set_errorMessage(Kestrio::tr("The saved watermark presets cannot be read"));
     }
 }
 

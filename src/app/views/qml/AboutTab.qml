@@ -24,14 +24,14 @@ Item {
         }
         Text {
             Layout.alignment: Qt.AlignHCenter
-            text: qsTr("Version %1").arg(tab.controller.version)
+            text: qsTranslate("Kestrio", "Version %1").arg(tab.controller.version)
             font.pixelSize: Theme.bodySize
             color: Theme.secondaryText
         }
         Text {
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: Theme.small
-            text: qsTr("Screenshots worth showing.")
+            text: qsTranslate("Kestrio", "Screenshots worth showing.")
             font.pixelSize: Theme.bodySize
             color: Theme.text
         }

@@ -10,21 +10,21 @@ SettingsPage {
         SettingsSwitch {
             controller: tab.controller
             field: "launchAtLogin"
-            label: qsTr("Launch at login")
+            label: qsTranslate("Kestrio", "Launch at login")
         }
         SettingsChoice {
             controller: tab.controller
             field: "appLanguage"
-            label: qsTr("Language")
+            label: qsTranslate("Kestrio", "Language")
         }
     }
     SettingsCard {
-        title: qsTr("Saving")
+        title: qsTranslate("Kestrio", "Saving")
         SavePathRow { controller: tab.controller }
         SettingsChoice {
             controller: tab.controller
             field: "defaultExportFormat"
-            label: qsTr("Format")
+            label: qsTranslate("Kestrio", "Format")
         }
         NamingRow { controller: tab.controller }
     }

@@ -14,7 +14,7 @@ ColumnLayout {
         Layout.fillWidth: true
         Text {
             Layout.fillWidth: true
-            text: qsTr("File names")
+            text: qsTranslate("Kestrio", "File names")
             font.pixelSize: Theme.bodySize
             color: Theme.text
         }
@@ -22,7 +22,7 @@ ColumnLayout {
             objectName: "fileNamingPattern"
             Layout.preferredWidth: 260
             text: row.controller.values.fileNamingPattern
-            Accessible.name: qsTr("File names")
+            Accessible.name: qsTranslate("Kestrio", "File names")
             onEdited: text => row.controller.set("fileNamingPattern", text)
         }
     }

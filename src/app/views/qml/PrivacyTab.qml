@@ -8,7 +8,7 @@ SettingsPage {
     required property SettingsController controller
 
     SettingsCard {
-        title: qsTr("Screen recording")
+        title: qsTranslate("Kestrio", "Screen recording")
         RowLayout {
             Layout.fillWidth: true
             Layout.preferredHeight: 32
@@ -19,13 +19,13 @@ SettingsPage {
             }
             Text {
                 Layout.fillWidth: true
-                text: tab.controller.isScreenReadable ? qsTr("Kestrio can capture the screen.")
-                    : qsTr("Kestrio cannot capture the screen.")
+                text: tab.controller.isScreenReadable ? qsTranslate("Kestrio", "Kestrio can capture the screen.")
+                    : qsTranslate("Kestrio", "Kestrio cannot capture the screen.")
                 font.pixelSize: Theme.bodySize
                 color: Theme.text
             }
             Chip {
-                text: qsTr("Check Again")
+                text: qsTranslate("Kestrio", "Check Again")
                 onClicked: tab.controller.refreshPermission()
             }
             Chip {
@@ -45,12 +45,12 @@ SettingsPage {
         }
     }
     SettingsCard {
-        title: qsTr("Your pictures")
+        title: qsTranslate("Kestrio", "Your pictures")
         Text {
             Layout.fillWidth: true
             Layout.topMargin: Theme.tiny
             Layout.bottomMargin: Theme.tiny
-            text: qsTr("Everything is captured, edited and saved on this computer. Kestrio sends no pictures anywhere.")
+            text: qsTranslate("Kestrio", "Everything is captured, edited and saved on this computer. Kestrio sends no pictures anywhere.")
             font.pixelSize: Theme.bodySize
             color: Theme.text
             wrapMode: Text.Wrap

@@ -11,7 +11,7 @@ RowLayout {
     spacing: Theme.medium
 
     Text {
-        text: qsTr("Save to")
+        text: qsTranslate("Kestrio", "Save to")
         font.pixelSize: Theme.bodySize
         color: Theme.text
     }
@@ -25,7 +25,7 @@ RowLayout {
     }
     Chip {
         objectName: "chooseSavePath"
-        text: qsTr("Choose…")
+        text: qsTranslate("Kestrio", "Choose…")
         onClicked: row.controller.chooseSavePath()
     }
 }

@@ -8,35 +8,35 @@ SettingsPage {
     required property SettingsController controller
 
     SettingsCard {
-        title: qsTr("Selecting a region")
+        title: qsTranslate("Kestrio", "Selecting a region")
         SettingsSwitch {
             controller: tab.controller
             field: "confirmBeforeEditing"
-            label: qsTr("Confirm before editing")
-            explanation: qsTr("Adjust the selection, then edit, copy, save or pin it. Otherwise the editor opens at once.")
+            label: qsTranslate("Kestrio", "Confirm before editing")
+            explanation: qsTranslate("Kestrio", "Adjust the selection, then edit, copy, save or pin it. Otherwise the editor opens at once.")
         }
         SettingsSwitch {
             controller: tab.controller
             field: "snapToWindowInRegionCapture"
-            label: qsTr("Snap to windows")
+            label: qsTranslate("Kestrio", "Snap to windows")
         }
         SettingsSwitch {
             controller: tab.controller
             field: "showMagnifierInRegionCapture"
-            label: qsTr("Show the magnifier")
+            label: qsTranslate("Kestrio", "Show the magnifier")
         }
     }
     SettingsCard {
-        title: qsTr("After the capture")
+        title: qsTranslate("Kestrio", "After the capture")
         SettingsSwitch {
             controller: tab.controller
             field: "autoCopyToClipboard"
-            label: qsTr("Copy to the clipboard automatically")
+            label: qsTranslate("Kestrio", "Copy to the clipboard automatically")
         }
     }
     SettingsCard {
         visible: tab.controller.themes.length > 0
-        title: qsTr("Saved presets")
+        title: qsTranslate("Kestrio", "Saved presets")
         Repeater {
             model: tab.controller.themes
             RowLayout {
@@ -52,7 +52,7 @@ SettingsPage {
                 }
                 IconButton {
                     symbol: "trash"
-                    tip: qsTr("Delete this preset")
+                    tip: qsTranslate("Kestrio", "Delete this preset")
                     implicitWidth: 28
                     implicitHeight: 28
                     onClicked: tab.controller.deleteTheme(preset.modelData.id)

@@ -9,7 +9,7 @@ Rectangle {
     required property SettingsController controller
     readonly property bool isFailure: controller.message !== ""
     readonly property string words: isFailure ? controller.message
-        : controller.needsRestart ? qsTr("Restart Kestrio to change its language.") : ""
+        : controller.needsRestart ? qsTranslate("Kestrio", "Restart Kestrio to change its language.") : ""
 
     visible: words !== ""
     implicitHeight: visible ? label.implicitHeight + Theme.large : 0

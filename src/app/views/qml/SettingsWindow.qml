@@ -13,7 +13,7 @@ Window {
     maximumWidth: 600
     minimumHeight: 460
     maximumHeight: 660
-    title: qsTr("Kestrio Settings")
+    title: qsTranslate("Kestrio", "Kestrio Settings")
     color: Theme.ground
     // Its owner shows it once it is placed.
     visible: false

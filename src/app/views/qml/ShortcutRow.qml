@@ -30,7 +30,7 @@ ColumnLayout {
             onClicked: line.controller.toggleRecording(line.row.id)
             onActiveFocusChanged: if (!activeFocus && line.row.isRecording) line.controller.stopRecording()
             contentItem: Text {
-                text: line.row.isRecording ? qsTr("Press shortcut...") : line.row.keys
+                text: line.row.isRecording ? qsTranslate("Kestrio", "Press shortcut...") : line.row.keys
                 font.family: "monospace"
                 font.pixelSize: Theme.bodySize
                 color: line.row.isRecording ? Theme.accent : Theme.text

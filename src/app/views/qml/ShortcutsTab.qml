@@ -10,13 +10,13 @@ SettingsPage {
 
     Text {
         Layout.fillWidth: true
-        text: qsTr("Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥, but for Print, media and other keys that type nothing.")
+        text: qsTranslate("Kestrio", "Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥, but for Print, media and other keys that type nothing.")
         font.pixelSize: Theme.bodySize
         color: Theme.secondaryText
         wrapMode: Text.Wrap
     }
     SettingsCard {
-        title: qsTr("Global Shortcuts")
+        title: qsTranslate("Kestrio", "Global Shortcuts")
         Repeater {
             // Counted, so that a row stays while its values change.
             model: tab.controller.hotkeys.length
@@ -31,13 +31,13 @@ SettingsPage {
         Layout.fillWidth: true
         Text {
             Layout.fillWidth: true
-            text: qsTr("⌃ Control   ⌥ Alt   ⇧ Shift   ⌘ Super")
+            text: qsTranslate("Kestrio", "⌃ Control   ⌥ Alt   ⇧ Shift   ⌘ Super")
             font.pixelSize: Theme.captionSize
             color: Theme.secondaryText
         }
         Chip {
             objectName: "restoreDefaults"
-            text: qsTr("Restore Defaults")
+            text: qsTranslate("Kestrio", "Restore Defaults")
             onClicked: tab.controller.restoreDefaultHotkeys()
         }
     }

@@ -17,27 +17,27 @@ Basic.Menu {
     }
 
     MenuRow {
-        text: qsTr("Bring to Front")
+        text: qsTranslate("Kestrio", "Bring to Front")
         key: "Ctrl+]"
         onTriggered: menu.panel.bringToFront()
     }
     MenuRow {
-        text: qsTr("Send to Back")
+        text: qsTranslate("Kestrio", "Send to Back")
         key: "Ctrl+["
         onTriggered: menu.panel.sendToBack()
     }
     MenuRow {
-        text: qsTr("Renumber from here")
+        text: qsTranslate("Kestrio", "Renumber from here")
         isShown: menu.panel.tool.isNumberSelected
         onTriggered: menu.panel.renumberFromHere()
     }
     MenuRow {
-        text: qsTr("Delete and Renumber")
+        text: qsTranslate("Kestrio", "Delete and Renumber")
         isShown: menu.panel.tool.isNumberSelected
         onTriggered: menu.panel.deleteAndRenumber()
     }
     MenuRow {
-        text: qsTr("Delete")
+        text: qsTranslate("Kestrio", "Delete")
         key: "Del"
         onTriggered: menu.panel.deleteSelected()
     }

@@ -42,26 +42,26 @@ Rectangle {
             Separator { anchors.verticalCenter: parent.verticalCenter }
             IconButton {
                 symbol: annotator.tool.isVisible ? "eye" : "eye.slash"
-                tip: annotator.tool.isVisible ? qsTr("Hide annotations") : qsTr("Show annotations")
+                tip: annotator.tool.isVisible ? qsTranslate("Kestrio", "Hide annotations") : qsTranslate("Kestrio", "Show annotations")
                 onClicked: annotator.panel.toggleVisibility()
             }
             IconButton {
                 symbol: "square.stack.front"
-                tip: qsTr("Bring to front")
+                tip: qsTranslate("Kestrio", "Bring to front")
                 key: "Ctrl+]"
                 enabled: annotator.tool.hasSelection
                 onClicked: annotator.panel.bringToFront()
             }
             IconButton {
                 symbol: "square.stack.back"
-                tip: qsTr("Send to back")
+                tip: qsTranslate("Kestrio", "Send to back")
                 key: "Ctrl+["
                 enabled: annotator.tool.hasSelection
                 onClicked: annotator.panel.sendToBack()
             }
             IconButton {
                 symbol: "trash"
-                tip: qsTr("Delete selected")
+                tip: qsTranslate("Kestrio", "Delete selected")
                 key: "Del"
                 enabled: annotator.tool.hasSelection
                 onClicked: annotator.panel.deleteSelected()
@@ -88,7 +88,7 @@ Rectangle {
                     picking: annotator.controller.colors
                     color: annotator.tool.color
                     quick: annotator.panel.quickColors
-                    tip: qsTr("Any other colour")
+                    tip: qsTranslate("Kestrio", "Any other colour")
                     onPicked: color => annotator.panel.setColor(color)
                 }
             }
@@ -114,7 +114,7 @@ Rectangle {
             SliderRow {
                 visible: annotator.hasBlur
                 width: 120
-                label: qsTr("Intensity")
+                label: qsTranslate("Kestrio", "Intensity")
                 to: 1
                 usual: 0.5
                 factor: 100

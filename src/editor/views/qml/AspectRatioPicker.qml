@@ -15,7 +15,7 @@ ColumnLayout {
         Layout.fillWidth: true
         Caption {
             Layout.fillWidth: true
-            text: qsTr("Canvas shape")
+            text: qsTranslate("Kestrio", "Canvas shape")
         }
         Caption {
             color: Theme.text
@@ -99,13 +99,13 @@ ColumnLayout {
         spacing: 6
         Caption {
             Layout.fillWidth: true
-            text: qsTr("Custom")
+            text: qsTranslate("Kestrio", "Custom")
         }
         TextBox {
             id: wide
             implicitWidth: 54
             implicitHeight: 26
-            placeholder: qsTr("Width")
+            placeholder: qsTranslate("Kestrio", "Width")
             font.pixelSize: Theme.captionSize
             horizontalAlignment: TextInput.AlignHCenter
             onAccepted: custom.apply()
@@ -115,7 +115,7 @@ ColumnLayout {
             id: high
             implicitWidth: 54
             implicitHeight: 26
-            placeholder: qsTr("Height")
+            placeholder: qsTranslate("Kestrio", "Height")
             font.pixelSize: Theme.captionSize
             horizontalAlignment: TextInput.AlignHCenter
             onAccepted: custom.apply()
@@ -126,7 +126,7 @@ ColumnLayout {
             implicitWidth: 26
             implicitHeight: 26
             enabled: wide.text !== "" && high.text !== ""
-            tip: qsTr("Use this ratio")
+            tip: qsTranslate("Kestrio", "Use this ratio")
             key: "Return"
             function apply() { problem.text = picker.controller.setCustomAspect(wide.text, high.text) }
             onClicked: apply()

@@ -29,7 +29,7 @@ ColumnLayout {
         Layout.fillWidth: true
         controller: section.controller
         field: "padding"
-        label: qsTr("Padding")
+        label: qsTranslate("Kestrio", "Padding")
         usual: 32
         unit: " pt"
     }
@@ -38,7 +38,7 @@ ColumnLayout {
         visible: section.style.backdropType !== "none"
         controller: section.controller
         field: "opacity"
-        label: qsTr("Opacity")
+        label: qsTranslate("Kestrio", "Opacity")
         to: 1
         usual: 1
         factor: 100
@@ -51,12 +51,12 @@ ColumnLayout {
     Toggle {
         id: keepPixels
         Layout.fillWidth: true
-        text: qsTr("Keep screenshot pixels")
+        text: qsTranslate("Kestrio", "Keep screenshot pixels")
         checked: section.style.keepPixels
         onToggled: section.controller.choose("keepPixels", checked)
         Hint {
             isWanted: keepPixels.hovered
-            words: qsTr("The canvas grows by padding and frame, and the screenshot stays sharp")
+            words: qsTranslate("Kestrio", "The canvas grows by padding and frame, and the screenshot stays sharp")
         }
     }
     PatternControls {
@@ -76,7 +76,7 @@ ColumnLayout {
         id: solid
         ColorRow {
             picking: section.controller.colors
-            label: qsTr("Colour")
+            label: qsTranslate("Kestrio", "Colour")
             color: section.style.solidColor
             onMoved: color => section.controller.set("solidColor", color)
             onPicked: color => section.controller.choose("solidColor", color)

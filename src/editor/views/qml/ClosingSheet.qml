@@ -9,7 +9,7 @@ Sheet {
     required property EditorController controller
     readonly property ClosingPanel closing: controller.closing
     readonly property bool hasFailed: closing.errorMessage !== ""
-    title: hasFailed ? qsTr("Saving failed") : qsTr("Save the changes?")
+    title: hasFailed ? qsTranslate("Kestrio", "Saving failed") : qsTranslate("Kestrio", "Save the changes?")
     sheetWidth: 440
     isBusy: closing.state === "saving"
     onClosed: closing.cancel()
@@ -34,7 +34,7 @@ Sheet {
         wrapMode: Text.Wrap
         textFormat: Text.PlainText
         text: sheet.hasFailed ? sheet.closing.errorMessage
-            : qsTr("“%1” was changed since it last left the editor. Save writes it into the save folder.").arg(sheet.controller.name)
+            : qsTranslate("Kestrio", "“%1” was changed since it last left the editor. Save writes it into the save folder.").arg(sheet.controller.name)
         font.pixelSize: Theme.bodySize
         color: sheet.hasFailed ? Theme.danger : Theme.text
     }
@@ -43,31 +43,31 @@ Sheet {
         spacing: Theme.small
         IconButton {
             objectName: "editor.closing.discard"
-            text: qsTr("Discard")
-            tip: qsTr("Close without saving")
+            text: qsTranslate("Kestrio", "Discard")
+            tip: qsTranslate("Kestrio", "Close without saving")
             key: "Ctrl+D"
             enabled: !sheet.isBusy
             onClicked: sheet.closing.discard()
         }
         Item { Layout.fillWidth: true }
         IconButton {
-            text: qsTr("Cancel")
-            tip: qsTr("Go on editing")
+            text: qsTranslate("Kestrio", "Cancel")
+            tip: qsTranslate("Kestrio", "Go on editing")
             key: "Esc"
             enabled: !sheet.isBusy
             onClicked: sheet.close()
         }
         IconButton {
             visible: sheet.hasFailed
-            text: qsTr("Choose Folder…")
-            tip: qsTr("Save into another folder")
+            text: qsTranslate("Kestrio", "Choose Folder…")
+            tip: qsTranslate("Kestrio", "Save into another folder")
             enabled: !sheet.isBusy
             onClicked: sheet.closing.saveElsewhere()
         }
         IconButton {
             objectName: "editor.closing.save"
-            text: sheet.isBusy ? qsTr("Saving…") : sheet.hasFailed ? qsTr("Try Again") : qsTr("Save")
-            tip: qsTr("Save and close")
+            text: sheet.isBusy ? qsTranslate("Kestrio", "Saving…") : sheet.hasFailed ? qsTranslate("Kestrio", "Try Again") : qsTranslate("Kestrio", "Save")
+            tip: qsTranslate("Kestrio", "Save and close")
             key: "Return"
             isPrimary: true
             enabled: !sheet.isBusy

@@ -13,8 +13,8 @@ ColumnLayout {
     IconButton {
         Layout.fillWidth: true
         symbol: "eyedropper"
-        text: qsTr("Pick from the picture")
-        tip: qsTr("Pick a colour; with Alt for the backdrop")
+        text: qsTranslate("Kestrio", "Pick from the picture")
+        tip: qsTranslate("Kestrio", "Pick a colour; with Alt for the backdrop")
         key: "I"
         checked: section.colors.isPicking
         background: Rectangle {
@@ -47,7 +47,7 @@ ColumnLayout {
             visible: section.colors.hasColor
             symbol: section.colors.isCopied ? "checkmark" : "doc.on.doc"
             symbolColor: section.colors.textOn(section.colors.swatch)
-            tip: qsTr("Copy this text")
+            tip: qsTranslate("Kestrio", "Copy this text")
             onClicked: section.colors.copy()
         }
     }
@@ -59,7 +59,7 @@ ColumnLayout {
     }
     Caption {
         visible: section.colors.recent.length > 0
-        text: qsTr("Recent")
+        text: qsTranslate("Kestrio", "Recent")
     }
     SwatchRow {
         Layout.fillWidth: true
@@ -77,13 +77,13 @@ ColumnLayout {
         Layout.fillWidth: true
         spacing: Theme.small
         Chip {
-            text: qsTr("Use for the backdrop")
+            text: qsTranslate("Kestrio", "Use for the backdrop")
             enabled: section.colors.hasColor
             opacity: enabled ? 1 : 0.4
             onClicked: section.controller.choose("solidColor", section.colors.swatch)
         }
         Chip {
-            text: qsTr("Use for the tools")
+            text: qsTranslate("Kestrio", "Use for the tools")
             enabled: section.colors.hasColor
             opacity: enabled ? 1 : 0.4
             onClicked: section.controller.annotation.setColor(section.colors.swatch)

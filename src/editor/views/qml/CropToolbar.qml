@@ -22,7 +22,7 @@ Rectangle {
         spacing: Theme.small
         Caption {
             visible: bar.room > 460
-            text: qsTr("Drag handles") + "   " + qsTr("Return Apply") + "   " + qsTr("Esc Cancel")
+            text: qsTranslate("Kestrio", "Drag handles") + "   " + qsTranslate("Kestrio", "Return Apply") + "   " + qsTranslate("Kestrio", "Esc Cancel")
         }
         Repeater {
             model: bar.ratios
@@ -35,25 +35,25 @@ Rectangle {
             }
         }
         Chip {
-            text: bar.crop.ratio > 0 ? qsTr("Ratio Locked") : qsTr("Free Ratio")
+            text: bar.crop.ratio > 0 ? qsTranslate("Kestrio", "Ratio Locked") : qsTranslate("Kestrio", "Free Ratio")
             isCurrent: bar.crop.ratio > 0
             onClicked: bar.crop.toggleRatio()
         }
         IconButton {
             symbol: "arrow.counterclockwise"
-            tip: qsTr("The whole picture again")
+            tip: qsTranslate("Kestrio", "The whole picture again")
             onClicked: bar.crop.reset()
         }
         IconButton {
             symbol: "xmark"
-            tip: qsTr("Cancel")
+            tip: qsTranslate("Kestrio", "Cancel")
             key: "Esc"
             onClicked: bar.crop.cancel()
         }
         IconButton {
             symbol: "checkmark"
             isPrimary: true
-            tip: qsTr("Apply")
+            tip: qsTranslate("Kestrio", "Apply")
             key: "Return"
             onClicked: bar.crop.apply()
         }

@@ -7,7 +7,7 @@ IconButton {
     id: grip
     required property OutputPanel output
     symbol: "hand.drag"
-    tip: qsTr("Drag the finished picture into another program")
+    tip: qsTranslate("Kestrio", "Drag the finished picture into another program")
     focusPolicy: Qt.NoFocus
     enabled: !output.isBusy || drag.active
     DragHandler {

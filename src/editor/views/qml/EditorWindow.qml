@@ -12,7 +12,7 @@ Window {
     height: 800
     minimumWidth: 900
     minimumHeight: 600
-    title: qsTr("Kestrio Editor") + " – " + controller.name
+    title: qsTranslate("Kestrio", "Kestrio Editor") + " – " + controller.name
     color: Theme.ground
     visible: true
 
@@ -161,7 +161,7 @@ Window {
         function onStateChanged() {
             const state = window.controller.closing.state
             if (state === "asking") window.askBeforeClosing()
-            if (state === "waiting") toast.show(qsTr("The window closes as soon as the picture is written"), false)
+            if (state === "waiting") toast.show(qsTranslate("Kestrio", "The window closes as soon as the picture is written"), false)
         }
     }
 }

@@ -9,7 +9,7 @@ ColumnLayout {
     required property EditorController controller
     spacing: Theme.small
 
-    Caption { text: qsTr("Effects") }
+    Caption { text: qsTranslate("Kestrio", "Effects") }
     ThumbnailGrid {
         controller: controls.controller
         Layout.fillWidth: true
@@ -24,7 +24,7 @@ ColumnLayout {
         Layout.fillWidth: true
         controller: controls.controller
         field: "blur"
-        label: qsTr("Blur")
+        label: qsTranslate("Kestrio", "Blur")
         to: 10
         decimals: 1
     }
@@ -32,14 +32,14 @@ ColumnLayout {
         Layout.fillWidth: true
         controller: controls.controller
         field: "noise"
-        label: qsTr("Noise")
+        label: qsTranslate("Kestrio", "Noise")
         unit: " %"
     }
     StyleSlider {
         Layout.fillWidth: true
         controller: controls.controller
         field: "saturation"
-        label: qsTr("Saturation")
+        label: qsTranslate("Kestrio", "Saturation")
         to: 200
         usual: 100
         unit: " %"

@@ -9,15 +9,15 @@ Sheet {
     required property EditorController controller
     property string mode: "auto"
     property real strength: 0.5
-    title: qsTr("Enhance the picture")
+    title: qsTranslate("Kestrio", "Enhance the picture")
     sheetWidth: 420
     isBusy: controller.isEnhancing
 
     Segments {
         Layout.fillWidth: true
-        rows: [{id: "auto", name: qsTr("Auto")}, {id: "sharpen", name: qsTr("Sharpen")},
-            {id: "denoise", name: qsTr("Denoise")}, {id: "enhanceColors", name: qsTr("Colours")},
-            {id: "upscale", name: qsTr("Upscale")}]
+        rows: [{id: "auto", name: qsTranslate("Kestrio", "Auto")}, {id: "sharpen", name: qsTranslate("Kestrio", "Sharpen")},
+            {id: "denoise", name: qsTranslate("Kestrio", "Denoise")}, {id: "enhanceColors", name: qsTranslate("Kestrio", "Colours")},
+            {id: "upscale", name: qsTranslate("Kestrio", "Upscale")}]
         current: sheet.mode
         onChosen: id => sheet.mode = id
     }
@@ -25,7 +25,7 @@ Sheet {
         Layout.fillWidth: true
         enabled: sheet.mode !== "upscale"
         opacity: enabled ? 1 : 0.4
-        label: qsTr("Intensity")
+        label: qsTranslate("Kestrio", "Intensity")
         to: 1
         usual: 0.5
         factor: 100
@@ -37,13 +37,13 @@ Sheet {
         Layout.fillWidth: true
         spacing: Theme.small
         IconButton {
-            text: qsTr("Restore original")
+            text: qsTranslate("Kestrio", "Restore original")
             enabled: sheet.controller.canRestore && !sheet.controller.isEnhancing
             onClicked: sheet.controller.restoreOriginal()
         }
         Item { Layout.fillWidth: true }
         IconButton {
-            text: sheet.controller.isEnhancing ? qsTr("Working…") : qsTr("Enhance")
+            text: sheet.controller.isEnhancing ? qsTranslate("Kestrio", "Working…") : qsTranslate("Kestrio", "Enhance")
             isPrimary: true
             enabled: !sheet.controller.isEnhancing
             onClicked: sheet.controller.enhance(sheet.mode, sheet.strength)

@@ -11,7 +11,7 @@ Sheet {
     required property EditorController controller
     readonly property OutputPanel output: controller.output
     readonly property string phase: output.exportState
-    title: qsTr("Export Options")
+    title: qsTranslate("Kestrio", "Export Options")
     sheetWidth: 400
     isBusy: phase === "exporting"
     onClosed: output.restart()
@@ -44,7 +44,7 @@ Sheet {
             Layout.fillWidth: true
             Caption {
                 Layout.fillWidth: true
-                text: qsTr("Size")
+                text: qsTranslate("Kestrio", "Size")
             }
             Text {
                 text: sheet.output.outputSize
@@ -58,13 +58,13 @@ Sheet {
             spacing: Theme.small
             Item { Layout.fillWidth: true }
             IconButton {
-                text: qsTr("Cancel")
+                text: qsTranslate("Kestrio", "Cancel")
                 key: "Esc"
                 onClicked: sheet.close()
             }
             IconButton {
                 objectName: "editor.exportOptions.export"
-                text: qsTr("Export")
+                text: qsTranslate("Kestrio", "Export")
                 isPrimary: true
                 onClicked: sheet.output.exportPicture()
             }
@@ -75,7 +75,7 @@ Sheet {
         visible: sheet.phase === "exporting"
         spacing: Theme.medium
         Text {
-            text: qsTr("Exporting image...")
+            text: qsTranslate("Kestrio", "Exporting image...")
             font.pixelSize: Theme.bodySize
             color: Theme.text
         }
@@ -96,10 +96,10 @@ Sheet {
             Layout.fillWidth: true
             Caption {
                 Layout.fillWidth: true
-                text: qsTr("Please wait")
+                text: qsTranslate("Kestrio", "Please wait")
             }
             IconButton {
-                text: qsTr("Cancel")
+                text: qsTranslate("Kestrio", "Cancel")
                 onClicked: sheet.output.cancelExport()
             }
         }
@@ -115,7 +115,7 @@ Sheet {
                 color: Theme.success
             }
             Text {
-                text: qsTr("Export Successful!")
+                text: qsTranslate("Kestrio", "Export Successful!")
                 font.pixelSize: Theme.bodySize
                 font.weight: Font.Medium
                 color: Theme.text
@@ -137,7 +137,7 @@ Sheet {
                 onClicked: sheet.output.reveal()
             }
             IconButton {
-                text: qsTr("Done")
+                text: qsTranslate("Kestrio", "Done")
                 isPrimary: true
                 onClicked: sheet.close()
             }
@@ -148,7 +148,7 @@ Sheet {
         visible: sheet.phase === "failure"
         spacing: Theme.medium
         Text {
-            text: qsTr("Export Failed")
+            text: qsTranslate("Kestrio", "Export Failed")
             font.pixelSize: Theme.bodySize
             font.weight: Font.Medium
             color: Theme.danger
@@ -165,11 +165,11 @@ Sheet {
             spacing: Theme.small
             Item { Layout.fillWidth: true }
             IconButton {
-                text: qsTr("Close")
+                text: qsTranslate("Kestrio", "Close")
                 onClicked: sheet.close()
             }
             IconButton {
-                text: qsTr("Retry")
+                text: qsTranslate("Kestrio", "Retry")
                 isPrimary: true
                 onClicked: sheet.output.exportPicture()
             }

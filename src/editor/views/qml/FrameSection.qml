@@ -24,7 +24,7 @@ ColumnLayout {
         controller: section.controller
         field: "frameScale"
         visible: section.style.frame !== "none"
-        label: qsTr("Title bar size")
+        label: qsTranslate("Kestrio", "Title bar size")
         from: 0.5
         to: 2
         usual: 1

@@ -36,14 +36,14 @@ ColumnLayout {
         spacing: Theme.tiny
         Caption {
             Layout.fillWidth: true
-            text: qsTr("Your own")
+            text: qsTranslate("Kestrio", "Your own")
         }
         IconButton {
             visible: controls.own.length > 2
             symbol: "minus"
             implicitWidth: 26
             implicitHeight: 26
-            tip: qsTr("Remove the last colour")
+            tip: qsTranslate("Kestrio", "Remove the last colour")
             onClicked: controls.controller.choose("customGradient", controls.own.slice(0, -1))
         }
         IconButton {
@@ -51,7 +51,7 @@ ColumnLayout {
             implicitWidth: 26
             implicitHeight: 26
             enabled: controls.own.length < controls.greatestCount
-            tip: controls.own.length < 2 ? qsTr("Make a gradient of your own") : qsTr("Add a colour")
+            tip: controls.own.length < 2 ? qsTranslate("Kestrio", "Make a gradient of your own") : qsTranslate("Kestrio", "Add a colour")
             onClicked: controls.controller.choose("customGradient", controls.own.length < 2
                 ? ["#5B8DEF", "#B26BE8"] : controls.own.concat([controls.own[controls.own.length - 1]]))
         }
@@ -65,7 +65,7 @@ ColumnLayout {
                 required property int index
                 picking: controls.controller.colors
                 color: controls.own[index] ?? "transparent"
-                tip: qsTr("Colour %1 of the gradient").arg(index + 1)
+                tip: qsTranslate("Kestrio", "Colour %1 of the gradient").arg(index + 1)
                 function changed(color) {
                     const colors = controls.own.slice()
                     colors[index] = color

@@ -7,7 +7,7 @@ import Kestrio.Ui
 Sheet {
     id: sheet
     required property OutputPanel output
-    title: qsTr("Blurred areas are hidden")
+    title: qsTranslate("Kestrio", "Blurred areas are hidden")
     sheetWidth: 420
     onClosed: output.dropPending()
 
@@ -19,7 +19,7 @@ Sheet {
     Text {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
-        text: qsTr("Annotations are hidden, so the picture would show what the blurred areas cover.")
+        text: qsTranslate("Kestrio", "Annotations are hidden, so the picture would show what the blurred areas cover.")
         font.pixelSize: Theme.bodySize
         color: Theme.text
     }
@@ -28,18 +28,18 @@ Sheet {
         spacing: Theme.small
         Item { Layout.fillWidth: true }
         IconButton {
-            text: qsTr("Cancel")
+            text: qsTranslate("Kestrio", "Cancel")
             key: "Esc"
             onClicked: sheet.close()
         }
         IconButton {
             objectName: "redaction.without"
-            text: qsTr("Continue without")
+            text: qsTranslate("Kestrio", "Continue without")
             onClicked: sheet.goOn(false)
         }
         IconButton {
             objectName: "redaction.show"
-            text: qsTr("Show and continue")
+            text: qsTranslate("Kestrio", "Show and continue")
             isPrimary: true
             onClicked: sheet.goOn(true)
         }

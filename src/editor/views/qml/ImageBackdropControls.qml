@@ -20,8 +20,8 @@ ColumnLayout {
             anchors.fill: parent
             anchors.margins: 2
             symbol: "photo"
-            text: controls.controller.style.hasImage ? qsTr("Another picture…") : qsTr("Choose picture…")
-            tip: qsTr("Or drop a picture here")
+            text: controls.controller.style.hasImage ? qsTranslate("Kestrio", "Another picture…") : qsTranslate("Kestrio", "Choose picture…")
+            tip: qsTranslate("Kestrio", "Or drop a picture here")
             onClicked: controls.controller.chooseBackdropImage()
         }
         DropArea {
@@ -45,7 +45,7 @@ ColumnLayout {
         visible: controls.controller.style.hasImage
         controller: controls.controller
         field: "imageBlur"
-        label: qsTr("Blur of the picture")
+        label: qsTranslate("Kestrio", "Blur of the picture")
         to: 10
         decimals: 1
         unit: " pt"
@@ -55,7 +55,7 @@ ColumnLayout {
         visible: controls.controller.style.hasImage
         controller: controls.controller
         field: "imageOpacity"
-        label: qsTr("Opacity of the picture")
+        label: qsTranslate("Kestrio", "Opacity of the picture")
         usual: 100
         unit: " %"
     }

@@ -46,7 +46,7 @@ Item {
         color: editor.canvas.textColor
         wrapMode: TextEdit.Wrap
         selectByMouse: true
-        Accessible.name: qsTr("Text")
+        Accessible.name: qsTranslate("Kestrio", "Text")
         cursorDelegate: Rectangle {
             id: caret
             width: 1.5 / editor.textScale

@@ -14,14 +14,14 @@ ColumnLayout {
         field: "cornerRadius"
         enabled: section.style.frame === "none"
         opacity: enabled ? 1 : 0.4
-        label: enabled ? qsTr("Corner radius") : qsTr("Corner radius (set by the frame)")
+        label: enabled ? qsTranslate("Kestrio", "Corner radius") : qsTranslate("Kestrio", "Corner radius (set by the frame)")
         to: 48
         usual: 12
         unit: " pt"
     }
     Toggle {
         Layout.fillWidth: true
-        text: qsTr("Shadow")
+        text: qsTranslate("Kestrio", "Shadow")
         checked: section.style.shadow
         onToggled: section.controller.choose("shadow", checked)
     }
@@ -34,7 +34,7 @@ ColumnLayout {
     }
     Caption {
         visible: section.style.shadow
-        text: qsTr("Light from")
+        text: qsTranslate("Kestrio", "Light from")
     }
     NineGrid {
         visible: section.style.shadow

@@ -28,7 +28,7 @@ Item {
         anchors.fill: parent
         objectName: "annotation.number.editor"
         horizontalAlignment: TextInput.AlignHCenter
-        Accessible.name: qsTr("Number")
+        Accessible.name: qsTranslate("Kestrio", "Number")
         onEdited: text => editor.controller.annotation.setNumberText(text)
         onAccepted: editor.controller.annotation.commitNumber()
         Keys.onEscapePressed: editor.controller.annotation.cancelNumber()

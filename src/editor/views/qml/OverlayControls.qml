@@ -9,7 +9,7 @@ ColumnLayout {
     readonly property bool hasOverlay: controller.style.overlay !== "none"
     spacing: Theme.small
 
-    Caption { text: qsTr("Overlay") }
+    Caption { text: qsTranslate("Kestrio", "Overlay") }
     ThumbnailGrid {
         controller: controls.controller
         Layout.fillWidth: true
@@ -26,7 +26,7 @@ ColumnLayout {
         visible: controls.hasOverlay
         controller: controls.controller
         field: "overlayOpacity"
-        label: qsTr("Strength")
+        label: qsTranslate("Kestrio", "Strength")
         usual: 10
         unit: " %"
     }

@@ -9,7 +9,7 @@ ColumnLayout {
     readonly property bool hasPattern: controller.style.pattern !== "none"
     spacing: Theme.small
 
-    Caption { text: qsTr("Pattern") }
+    Caption { text: qsTranslate("Kestrio", "Pattern") }
     ThumbnailGrid {
         controller: controls.controller
         Layout.fillWidth: true
@@ -25,7 +25,7 @@ ColumnLayout {
         visible: controls.hasPattern
         controller: controls.controller
         field: "patternIntensity"
-        label: qsTr("Strength")
+        label: qsTranslate("Kestrio", "Strength")
         to: 1
         usual: 0.5
         factor: 100
@@ -36,7 +36,7 @@ ColumnLayout {
         visible: controls.hasPattern
         controller: controls.controller
         field: "patternThickness"
-        label: qsTr("Thickness")
+        label: qsTranslate("Kestrio", "Thickness")
         to: 1
         usual: 1
         factor: 100
@@ -47,7 +47,7 @@ ColumnLayout {
         visible: controls.hasPattern
         Caption {
             Layout.fillWidth: true
-            text: qsTr("Colour of the pattern")
+            text: qsTranslate("Kestrio", "Colour of the pattern")
         }
         ColorWell {
             picking: controls.controller.colors

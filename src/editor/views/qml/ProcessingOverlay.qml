@@ -45,7 +45,7 @@ Rectangle {
         }
         Text {
             id: label
-            text: qsTr("Putting the picture together…")
+            text: qsTranslate("Kestrio", "Putting the picture together…")
             font.pixelSize: Theme.bodySize
             color: Theme.secondaryText
         }

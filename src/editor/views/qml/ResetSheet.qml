@@ -7,13 +7,13 @@ import Kestrio.Ui
 Sheet {
     id: sheet
     required property EditorController controller
-    title: qsTr("Start over?")
+    title: qsTranslate("Kestrio", "Start over?")
     sheetWidth: 380
 
     Text {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
-        text: qsTr("Annotations, style and all steps of undo go. The picture stays as it is now.")
+        text: qsTranslate("Kestrio", "Annotations, style and all steps of undo go. The picture stays as it is now.")
         font.pixelSize: Theme.bodySize
         color: Theme.text
     }
@@ -22,12 +22,12 @@ Sheet {
         spacing: Theme.small
         Item { Layout.fillWidth: true }
         IconButton {
-            text: qsTr("Cancel")
+            text: qsTranslate("Kestrio", "Cancel")
             key: "Esc"
             onClicked: sheet.close()
         }
         IconButton {
-            text: qsTr("Start over")
+            text: qsTranslate("Kestrio", "Start over")
             isPrimary: true
             onClicked: {
                 sheet.controller.reset()

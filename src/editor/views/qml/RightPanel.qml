@@ -33,35 +33,35 @@ Rectangle {
                 Layout.fillWidth: true
                 controller: panel.controller
                 name: "backdrop"
-                title: qsTr("Backdrop")
+                title: qsTranslate("Kestrio", "Backdrop")
                 BackdropSection { controller: panel.controller }
             }
             PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
                 name: "frame"
-                title: qsTr("Frame")
+                title: qsTranslate("Kestrio", "Frame")
                 FrameSection { controller: panel.controller }
             }
             PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
                 name: "mockup"
-                title: qsTr("Corners and shadow")
+                title: qsTranslate("Kestrio", "Corners and shadow")
                 MockupSection { controller: panel.controller }
             }
             PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
                 name: "colors"
-                title: qsTr("Colours")
+                title: qsTranslate("Kestrio", "Colours")
                 ColorsSection { controller: panel.controller }
             }
             PanelSection {
                 Layout.fillWidth: true
                 controller: panel.controller
                 name: "watermark"
-                title: qsTr("Watermark")
+                title: qsTranslate("Kestrio", "Watermark")
                 WatermarkSection { controller: panel.controller }
             }
         }

@@ -20,12 +20,12 @@ Basic.Menu {
     onAboutToShow: programs = panel.programs()
 
     MenuRow {
-        text: qsTr("E-mail…")
+        text: qsTranslate("Kestrio", "E-mail…")
         onTriggered: menu.panel.email()
     }
     MenuRow {
         objectName: "editor.share.copyFile"
-        text: qsTr("Copy File")
+        text: qsTranslate("Kestrio", "Copy File")
         onTriggered: menu.panel.copyFile()
     }
     Instantiator {
@@ -35,7 +35,7 @@ Basic.Menu {
         delegate: MenuRow {
             required property var modelData
             picture: modelData.icon
-            text: qsTr("Open with %1").arg(modelData.name)
+            text: qsTranslate("Kestrio", "Open with %1").arg(modelData.name)
             onTriggered: menu.panel.openWith(modelData.id)
         }
     }

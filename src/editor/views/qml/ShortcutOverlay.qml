@@ -34,7 +34,7 @@ Rectangle {
         Text {
             x: 32
             y: 22
-            text: qsTr("Keyboard Shortcuts")
+            text: qsTranslate("Kestrio", "Keyboard Shortcuts")
             font.pixelSize: 20
             font.weight: Font.DemiBold
             color: Theme.text
@@ -44,7 +44,7 @@ Rectangle {
             anchors.top: parent.top
             anchors.margins: 14
             symbol: "xmark"
-            tip: qsTr("Close (Esc)")
+            tip: qsTranslate("Kestrio", "Close (Esc)")
             onClicked: overlay.controller.isShortcutOverlayVisible = false
         }
         Row {

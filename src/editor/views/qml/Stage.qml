@@ -20,7 +20,7 @@ Item {
         fillColor: Theme.ground
         focus: true
         Accessible.role: Accessible.Canvas
-        Accessible.name: qsTr("Canvas")
+        Accessible.name: qsTranslate("Kestrio", "Canvas")
         onContextMenuRequested: place => menu.createObject(board).popup(place.x, place.y)
     }
     Item {

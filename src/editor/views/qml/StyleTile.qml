@@ -69,7 +69,7 @@ Basic.AbstractButton {
             Basic.AbstractButton {
                 id: remover
                 anchors.fill: parent
-                Accessible.name: qsTr("Delete this theme")
+                Accessible.name: qsTranslate("Kestrio", "Delete this theme")
                 onClicked: tile.deleteRequested()
                 contentItem: Symbol { name: "xmark"; size: 12; color: Theme.text }
                 leftPadding: 4

@@ -18,15 +18,15 @@ Basic.Menu {
     }
 
     MenuRow {
-        text: qsTr("Replace with the current style")
+        text: qsTranslate("Kestrio", "Replace with the current style")
         onTriggered: menu.panel.overwrite(menu.theme.id)
     }
     MenuRow {
-        text: qsTr("Rename…")
+        text: qsTranslate("Kestrio", "Rename…")
         onTriggered: menu.renameRequested(menu.theme.id, menu.theme.name)
     }
     MenuRow {
-        text: qsTr("Delete")
+        text: qsTranslate("Kestrio", "Delete")
         onTriggered: menu.panel.remove(menu.theme.id)
     }
 }

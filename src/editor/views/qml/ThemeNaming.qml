@@ -11,7 +11,7 @@ Sheet {
     property string oldName
     readonly property ThemePanel themes: controller.themes
     readonly property bool isTaken: isShown && themes.isNameTaken(field.text, themeId)
-    title: themeId ? qsTr("Rename theme") : qsTr("Enter theme name")
+    title: themeId ? qsTranslate("Kestrio", "Rename theme") : qsTranslate("Kestrio", "Enter theme name")
     sheetWidth: 380
     onIsShownChanged: {
         if (!isShown) return
@@ -30,14 +30,14 @@ Sheet {
         Layout.fillWidth: true
         wrapMode: Text.Wrap
         visible: sheet.themeId === ""
-        text: qsTr("Save your current backdrop, frame, and mockup settings as a reusable theme.")
+        text: qsTranslate("Kestrio", "Save your current backdrop, frame, and mockup settings as a reusable theme.")
         font.pixelSize: Theme.bodySize
         color: Theme.secondaryText
     }
     TextBox {
         id: field
         Layout.fillWidth: true
-        placeholder: qsTr("Name of the theme")
+        placeholder: qsTranslate("Kestrio", "Name of the theme")
         onAccepted: sheet.save()
         Keys.onEscapePressed: sheet.close()
     }
@@ -45,8 +45,8 @@ Sheet {
         Layout.fillWidth: true
         visible: sheet.isTaken
         wrapMode: Text.Wrap
-        text: sheet.themeId ? qsTr("A theme with this name already exists")
-                            : qsTr("A theme with this name already exists and will be replaced")
+        text: sheet.themeId ? qsTranslate("Kestrio", "A theme with this name already exists")
+                            : qsTranslate("Kestrio", "A theme with this name already exists and will be replaced")
         font.pixelSize: Theme.captionSize
         color: Theme.danger
     }
@@ -55,13 +55,13 @@ Sheet {
         spacing: Theme.small
         Item { Layout.fillWidth: true }
         IconButton {
-            text: qsTr("Cancel")
+            text: qsTranslate("Kestrio", "Cancel")
             key: "Esc"
             onClicked: sheet.close()
         }
         IconButton {
             id: keep
-            text: sheet.themeId ? qsTr("Rename") : sheet.isTaken ? qsTr("Replace") : qsTr("Save")
+            text: sheet.themeId ? qsTranslate("Kestrio", "Rename") : sheet.isTaken ? qsTranslate("Kestrio", "Replace") : qsTranslate("Kestrio", "Save")
             isPrimary: true
             enabled: field.text.trim() !== "" && !(sheet.themeId && sheet.isTaken)
             onClicked: sheet.save()

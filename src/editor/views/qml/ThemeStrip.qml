@@ -78,14 +78,14 @@ Rectangle {
                     width: parent.width
                     height: 62
                     symbol: "plus"
-                    tip: qsTr("Keep this style as a theme")
+                    tip: qsTranslate("Kestrio", "Keep this style as a theme")
                     onClicked: strip.saveRequested()
                 }
                 Text {
                     y: 79
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
-                    text: qsTr("Save style")
+                    text: qsTranslate("Kestrio", "Save style")
                     font.pixelSize: Theme.captionSize
                     color: Theme.secondaryText
                 }

@@ -34,21 +34,21 @@ Rectangle {
 
         IconButton {
             symbol: "arrow.uturn.backward"
-            tip: qsTr("Undo")
+            tip: qsTranslate("Kestrio", "Undo")
             key: "Ctrl+Z"
             enabled: bar.controller.canUndo
             onClicked: bar.controller.undoByButton()
         }
         IconButton {
             symbol: "arrow.uturn.forward"
-            tip: qsTr("Redo")
+            tip: qsTranslate("Kestrio", "Redo")
             key: "Ctrl+Shift+Z"
             enabled: bar.controller.canRedo
             onClicked: bar.controller.redoByButton()
         }
         IconButton {
             symbol: "backward.end"
-            tip: qsTr("Start over…")
+            tip: qsTranslate("Kestrio", "Start over…")
             onClicked: bar.resetRequested()
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
@@ -56,44 +56,44 @@ Rectangle {
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         IconButton {
             symbol: "crop"
-            tip: qsTr("Crop")
+            tip: qsTranslate("Kestrio", "Crop")
             key: "C"
             checked: bar.controller.isCropMode
             onClicked: bar.controller.isCropMode ? bar.controller.crop.cancel() : bar.controller.enterCrop()
         }
         IconButton {
             symbol: "rotate.left"
-            tip: qsTr("Turn left")
+            tip: qsTranslate("Kestrio", "Turn left")
             onClicked: bar.controller.rotate(false)
         }
         IconButton {
             symbol: "rotate.right"
-            tip: qsTr("Turn right")
+            tip: qsTranslate("Kestrio", "Turn right")
             onClicked: bar.controller.rotate(true)
         }
         IconButton {
             symbol: "eyedropper"
-            tip: qsTr("Pick a colour; with Alt for the backdrop")
+            tip: qsTranslate("Kestrio", "Pick a colour; with Alt for the backdrop")
             key: "I"
             checked: bar.controller.colors.isPicking
             onClicked: bar.controller.pickColorByButton(false)
         }
         IconButton {
             symbol: "pencil"
-            text: bar.isNarrow ? "" : qsTr("Annotate")
-            tip: qsTr("Draw on the picture")
+            text: bar.isNarrow ? "" : qsTranslate("Kestrio", "Annotate")
+            tip: qsTranslate("Kestrio", "Draw on the picture")
             key: "D"
             checked: bar.controller.isAnnotationMode
             onClicked: bar.controller.toggleAnnotations()
         }
         IconButton {
             symbol: "wand.and.stars"
-            tip: qsTr("Auto beautify")
+            tip: qsTranslate("Kestrio", "Auto beautify")
             onClicked: bar.controller.autoBeautify()
         }
         IconButton {
             symbol: "sparkles"
-            tip: qsTr("Enhance the picture")
+            tip: qsTranslate("Kestrio", "Enhance the picture")
             onClicked: bar.enhanceRequested()
         }
         Item { Layout.fillWidth: true }
@@ -102,8 +102,8 @@ Rectangle {
             visible: bar.controller.annotation.tool.areMarksHidden
             symbol: "eye.slash"
             symbolColor: Theme.danger
-            text: bar.isNarrow ? "" : qsTr("Marks hidden")
-            tip: qsTr("Annotations are hidden; click to show them")
+            text: bar.isNarrow ? "" : qsTranslate("Kestrio", "Marks hidden")
+            tip: qsTranslate("Kestrio", "Annotations are hidden; click to show them")
             onClicked: bar.controller.annotation.toggleVisibility()
         }
         Text {
@@ -115,13 +115,13 @@ Rectangle {
         }
         IconButton {
             symbol: "keyboard"
-            tip: qsTr("Keyboard shortcuts")
+            tip: qsTranslate("Kestrio", "Keyboard shortcuts")
             key: "?"
             onClicked: bar.controller.isShortcutOverlayVisible = !bar.controller.isShortcutOverlayVisible
         }
         IconButton {
             symbol: "sidebar.right"
-            tip: bar.controller.isPanelShown ? qsTr("Hide the panel") : qsTr("Show the panel")
+            tip: bar.controller.isPanelShown ? qsTranslate("Kestrio", "Hide the panel") : qsTranslate("Kestrio", "Show the panel")
             onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
@@ -129,7 +129,7 @@ Rectangle {
             objectName: "pin"
             visible: bar.output.canPin
             symbol: "pin"
-            tip: qsTr("Pin to the desktop")
+            tip: qsTranslate("Kestrio", "Pin to the desktop")
             key: "Ctrl+P"
             onClicked: bar.output.pin()
         }
@@ -138,7 +138,7 @@ Rectangle {
             id: shareButton
             objectName: "editor.share"
             symbol: "square.and.arrow.up"
-            tip: qsTr("Share with another program")
+            tip: qsTranslate("Kestrio", "Share with another program")
             key: "Ctrl+Shift+E"
             enabled: !bar.output.isBusy && !bar.controller.share.isBusy
             onClicked: bar.openShareMenu()
@@ -146,16 +146,16 @@ Rectangle {
         IconButton {
             symbol: bar.output.copyState === "success" ? "checkmark"
                 : bar.output.copyState === "failure" ? "xmark" : "doc.on.doc"
-            text: bar.isNarrow ? "" : bar.output.copyState === "copying" ? qsTr("Copying…") : qsTr("Copy")
-            tip: qsTr("Copy to clipboard")
+            text: bar.isNarrow ? "" : bar.output.copyState === "copying" ? qsTranslate("Kestrio", "Copying…") : qsTranslate("Kestrio", "Copy")
+            tip: qsTranslate("Kestrio", "Copy to clipboard")
             key: "Ctrl+C"
             enabled: !bar.output.isBusy
             onClicked: bar.output.copy()
         }
         IconButton {
             symbol: "square.and.arrow.down"
-            text: qsTr("Save")
-            tip: qsTr("Save as a file")
+            text: qsTranslate("Kestrio", "Save")
+            tip: qsTranslate("Kestrio", "Save as a file")
             key: "Ctrl+S"
             isPrimary: true
             enabled: !bar.output.isBusy

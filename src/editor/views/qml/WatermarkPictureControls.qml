@@ -27,8 +27,8 @@ Rectangle {
         IconButton {
             Layout.fillWidth: true
             symbol: "photo"
-            text: qsTr("Choose picture…")
-            tip: qsTr("Or drop a picture here")
+            text: qsTranslate("Kestrio", "Choose picture…")
+            tip: qsTranslate("Kestrio", "Or drop a picture here")
             onClicked: controls.controller.chooseWatermarkImage()
         }
     }

@@ -10,7 +10,7 @@ ColumnLayout {
     readonly property string position: controller.style.watermarkPosition
     spacing: Theme.small
 
-    Caption { text: qsTr("Place") }
+    Caption { text: qsTranslate("Kestrio", "Place") }
     NineGrid {
         rows: place.controller.watermark.positions
         current: place.position
@@ -21,7 +21,7 @@ ColumnLayout {
         visible: !/Center$|^center$/.test(place.position)
         controller: place.controller
         field: "watermarkOffsetX"
-        label: qsTr("Horizontal offset")
+        label: qsTranslate("Kestrio", "Horizontal offset")
         to: 200
         usual: 20
         unit: " pt"
@@ -31,7 +31,7 @@ ColumnLayout {
         visible: !/^middle|^center$/.test(place.position)
         controller: place.controller
         field: "watermarkOffsetY"
-        label: qsTr("Vertical offset")
+        label: qsTranslate("Kestrio", "Vertical offset")
         to: 200
         usual: 20
         unit: " pt"

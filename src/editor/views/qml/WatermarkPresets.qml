@@ -10,7 +10,7 @@ ColumnLayout {
     readonly property WatermarkPanel panel: controller.watermark
     spacing: Theme.small
 
-    Caption { text: qsTr("Presets") }
+    Caption { text: qsTranslate("Kestrio", "Presets") }
     Repeater {
         model: presets.panel.presets
         RowLayout {
@@ -28,7 +28,7 @@ ColumnLayout {
                 symbol: "trash"
                 implicitWidth: 26
                 implicitHeight: 26
-                tip: qsTr("Delete this preset")
+                tip: qsTranslate("Kestrio", "Delete this preset")
                 onClicked: presets.panel.deletePreset(row.modelData.id)
             }
         }
@@ -39,13 +39,13 @@ ColumnLayout {
         TextBox {
             id: field
             Layout.fillWidth: true
-            placeholder: qsTr("Name of a new preset")
+            placeholder: qsTranslate("Kestrio", "Name of a new preset")
             onAccepted: keep.clicked()
         }
         IconButton {
             id: keep
             symbol: "plus"
-            tip: qsTr("Keep this watermark")
+            tip: qsTranslate("Kestrio", "Keep this watermark")
             onClicked: {
                 presets.panel.savePreset(field.text)
                 field.text = ""

@@ -12,7 +12,7 @@ ColumnLayout {
 
     Toggle {
         Layout.fillWidth: true
-        text: qsTr("Show a watermark")
+        text: qsTranslate("Kestrio", "Show a watermark")
         checked: section.style.watermark
         onToggled: section.controller.set("watermark", checked)
     }
@@ -42,7 +42,7 @@ ColumnLayout {
                 Layout.fillWidth: true
                 controller: section.controller
                 field: "watermarkScale"
-                label: qsTr("Size")
+                label: qsTranslate("Kestrio", "Size")
                 from: 0.02
                 to: 0.5
                 usual: 0.15
@@ -53,7 +53,7 @@ ColumnLayout {
                 Layout.fillWidth: true
                 controller: section.controller
                 field: "watermarkOpacity"
-                label: qsTr("Opacity")
+                label: qsTranslate("Kestrio", "Opacity")
                 to: 1
                 usual: 0.5
                 factor: 100

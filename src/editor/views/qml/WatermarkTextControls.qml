@@ -11,12 +11,12 @@ ColumnLayout {
     TextBox {
         Layout.fillWidth: true
         text: controls.controller.style.watermarkText
-        placeholder: qsTr("Text of the watermark")
+        placeholder: qsTranslate("Kestrio", "Text of the watermark")
         onEdited: text => controls.controller.set("watermarkText", text)
     }
     ChoiceBox {
         Layout.fillWidth: true
-        name: qsTr("Font")
+        name: qsTranslate("Kestrio", "Font")
         choices: controls.controller.watermark.fonts
         current: controls.controller.style.watermarkFont
         onChosen: choice => controls.controller.set("watermarkFont", choice)
@@ -24,7 +24,7 @@ ColumnLayout {
     ColorRow {
         Layout.fillWidth: true
         picking: controls.controller.colors
-        label: qsTr("Colour")
+        label: qsTranslate("Kestrio", "Colour")
         color: controls.controller.style.watermarkColor
         onMoved: color => controls.controller.set("watermarkColor", color)
         onPicked: color => controls.controller.set("watermarkColor", color)

@@ -11,7 +11,7 @@ Row {
 
     IconButton {
         symbol: "minus"
-        tip: qsTr("Zoom out")
+        tip: qsTranslate("Kestrio", "Zoom out")
         key: "Ctrl+-"
         onClicked: zoom.controller.zoomBy(1 / 1.25)
     }
@@ -25,8 +25,8 @@ Row {
         color: Theme.text
         text: zoom.controller.zoomPercent + " %"
         selectByMouse: true
-        Accessible.name: qsTr("Zoom")
-        Hint { isWanted: field.hovered && !field.activeFocus; words: qsTr("Click to edit zoom percentage (10% - 500%)") }
+        Accessible.name: qsTranslate("Kestrio", "Zoom")
+        Hint { isWanted: field.hovered && !field.activeFocus; words: qsTranslate("Kestrio", "Click to edit zoom percentage (10% - 500%)") }
         onActiveFocusChanged: if (activeFocus) selectAll()
         onReleased: if (selectedText === "") selectAll()
         property bool isTyped: false
@@ -55,7 +55,7 @@ Row {
     }
     IconButton {
         symbol: "plus"
-        tip: qsTr("Zoom in")
+        tip: qsTranslate("Kestrio", "Zoom in")
         key: "Ctrl++"
         onClicked: zoom.controller.zoomBy(1.25)
     }

@@ -23,7 +23,7 @@ bool X11ScreenPermission::preflight() const {
 }
 
 QString X11ScreenPermission::obstacle() const {
-    return localised(
+    return Kestrio::tr(
         "This version of Kestrio captures the screen of X11 sessions, and this is a Wayland "
         "session. "
         "To capture, choose an X11 session when you log in.\n\n"

@@ -23,7 +23,7 @@ ColumnLayout {
         spacing: Theme.tiny
         Chip {
             text: input.modeLabel
-            Hint { isWanted: parent.hovered; words: qsTr("Type hex digits or three numbers") }
+            Hint { isWanted: parent.hovered; words: qsTranslate("Kestrio", "Type hex digits or three numbers") }
             onClicked: input.switchMode()
         }
         TextBox {
@@ -33,7 +33,7 @@ ColumnLayout {
             implicitHeight: 26
             font.family: "monospace"
             font.pixelSize: Theme.captionSize
-            Accessible.name: qsTr("Hex digits of the colour")
+            Accessible.name: qsTranslate("Kestrio", "Hex digits of the colour")
             readonly property string shown: String(field.color).toUpperCase()
             text: shown
             onShownChanged: if (!activeFocus) text = shown
@@ -50,7 +50,7 @@ ColumnLayout {
                 implicitHeight: 26
                 horizontalAlignment: TextInput.AlignHCenter
                 font.pixelSize: Theme.captionSize
-                Accessible.name: [qsTr("Red"), qsTr("Green"), qsTr("Blue")][index]
+                Accessible.name: [qsTranslate("Kestrio", "Red"), qsTranslate("Kestrio", "Green"), qsTranslate("Kestrio", "Blue")][index]
                 validator: IntValidator { bottom: 0; top: 255 }
                 text: Math.round(part * 255)
                 onEditingFinished: {

@@ -38,7 +38,7 @@ Basic.Popup {
         }
         Caption {
             visible: recent.visible
-            text: qsTr("Recent")
+            text: qsTranslate("Kestrio", "Recent")
         }
         SwatchRow {
             id: recent
@@ -52,7 +52,7 @@ Basic.Popup {
             Layout.fillWidth: true
             spacing: Theme.tiny
             IconButton {
-                text: qsTr("Custom")
+                text: qsTranslate("Kestrio", "Custom")
                 symbol: popover.showsCustom ? "chevron.down" : "chevron.right"
                 implicitHeight: 28
                 onClicked: popover.showsCustom = !popover.showsCustom
@@ -62,7 +62,7 @@ Basic.Popup {
                 symbol: "eyedropper"
                 implicitWidth: 28
                 implicitHeight: 28
-                tip: qsTr("Pick from the picture")
+                tip: qsTranslate("Kestrio", "Pick from the picture")
                 onClicked: {
                     popover.eyedropperRequested()
                     popover.close()

@@ -8,7 +8,7 @@ Basic.AbstractButton {
     required property ColorPicking picking
     property color color
     property var quick: []
-    property string tip: qsTr("Choose a colour")
+    property string tip: qsTranslate("Kestrio", "Choose a colour")
     // While a slider is dragged, and when a colour is settled on.
     signal moved(color color)
     signal picked(color color)

@@ -32,7 +32,7 @@ ColumnLayout {
 
     ColorSlider {
         Layout.fillWidth: true
-        name: qsTr("Hue")
+        name: qsTranslate("Kestrio", "Hue")
         value: picker.hue
         stops: ["#ff0000", "#ffff00", "#00ff00", "#00ffff", "#0000ff", "#ff00ff", "#ff0000"]
         onDragged: value => { picker.hue = value; picker.report(picker.moved) }
@@ -40,7 +40,7 @@ ColumnLayout {
     }
     ColorSlider {
         Layout.fillWidth: true
-        name: qsTr("Saturation")
+        name: qsTranslate("Kestrio", "Saturation")
         value: picker.saturation
         stops: [Qt.hsva(picker.hue, 0, picker.brightness, 1), Qt.hsva(picker.hue, 1, picker.brightness, 1)]
         onDragged: value => { picker.saturation = value; picker.report(picker.moved) }
@@ -48,7 +48,7 @@ ColumnLayout {
     }
     ColorSlider {
         Layout.fillWidth: true
-        name: qsTr("Brightness")
+        name: qsTranslate("Kestrio", "Brightness")
         value: picker.brightness
         stops: ["#000000", Qt.hsva(picker.hue, picker.saturation, 1, 1)]
         onDragged: value => { picker.brightness = value; picker.report(picker.moved) }

@@ -70,7 +70,7 @@ Rectangle {
                 IconButton {
                     objectName: sheet.closeName
                     symbol: "xmark"
-                    tip: qsTr("Close")
+                    tip: qsTranslate("Kestrio", "Close")
                     key: "Esc"
                     enabled: !sheet.isBusy
                     implicitWidth: 28
