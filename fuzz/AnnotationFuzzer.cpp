@@ -6,6 +6,7 @@
 
 #include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/editing/HitTest.h"
+#include "annotation/gestures/DragGesture.h"
 #include "core/Json.h"
 #include "imaging/ExportError.h"
 #include "render/ImageComposer.h"
@@ -40,12 +41,9 @@ void edit(const Annotations& annotations) {
     model.renumber(std::nullopt, 1);
     for (const AnyAnnotation& annotation : annotations) {
         model.selectAnnotation(annotation);
-        model.updateGuides();
-        model.snappedRect({1, 2, 30, 20});
-        model.beginDrag();
-        model.dragTo({3, -4});
-        model.snapToGuides();
-        model.endDrag();
+        model.begin(std::make_unique<DragGesture>(model, QPointF()));
+        model.moveGesture({{3, -4}});
+        model.finishGesture();
         AnyAnnotation stretched = annotation;
         stretched.setBounds({5, 5, 20, 10});
         model.updateAnnotation(stretched);

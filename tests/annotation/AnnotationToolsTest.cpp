@@ -1,5 +1,6 @@
 #include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/model/Geometry.h"
+#include "support/Gestures.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,8 @@ std::optional<AnyAnnotation> drawn(AnnotationTool tool, QPointF start, QPointF e
     AnnotationViewModel model({}, nullptr, [&seconds] { return seconds += 0.01; });
     model.set_toolSettings(settings);
     model.set_currentTool(tool);
-    model.startDrawing(start);
-    if (!identical(start, end)) model.continueDrawing(end);
-    model.finishDrawing();
-    EXPECT_FALSE(model.isDrawing() || model.drawingStartPoint() || model.drawingEndPoint());
-    EXPECT_TRUE(model.currentDrawingPoints().empty() && model.currentDrawingTimestamps().empty());
+    drawLine(model, start, end);
+    EXPECT_FALSE(model.gesture() || model.recordBeingDrawn());
     EXPECT_EQ(model.historyService().canUndo(), !model.annotations().empty());
     EXPECT_EQ(model.selectedAnnotation().has_value(), !model.annotations().empty());
     if (model.annotations().empty()) return std::nullopt;
@@ -142,10 +140,10 @@ TEST(AnnotationTools, StrokesAreThinnedByTheirSpeed) {
     double seconds = 0;
     AnnotationViewModel model({}, nullptr, [&seconds] { return seconds += 0.005; });
     model.set_currentTool(AnnotationTool::brush);
-    model.startDrawing({0, 0});
+    startDrawing(model, {0, 0});
     for (int i = 1; i <= 20000; ++i)
-        model.continueDrawing({i * 5.0, 200 * std::sin(i * 0.02)});
-    model.finishDrawing();
+        model.moveGesture({{i * 5.0, 200 * std::sin(i * 0.02)}});
+    model.finishGesture();
     const auto& points = model.annotations().front().as<BrushAnnotation>()->points;
     EXPECT_LT(points.size(), 10000u);
     EXPECT_GT(points.size(), 200u);
@@ -155,19 +153,18 @@ TEST(AnnotationTools, StrokesAreThinnedByTheirSpeed) {
 TEST(AnnotationTools, TheTextToolOpensItsEditorAndTheToolMaySwitchBack) {
     AnnotationViewModel model;
     model.set_currentTool(AnnotationTool::text);
-    model.addTextAnnotation({5, 6});
+    drawLine(model, {5, 6}, {9, 6});
     EXPECT_EQ(model.currentTool(), AnnotationTool::text);
     EXPECT_TRUE(identical(model.annotations().front().bounds(), QRectF(5, 6, 150, 40)));
     EXPECT_EQ(model.newlyCreatedTextAnnotationId(), model.annotations().front().id());
     model.set_autoSwitchToSelect(true);
-    model.startDrawing({100, 100});
-    model.finishDrawing();
+    drawLine(model, {100, 100}, {100, 100});
     EXPECT_EQ(model.currentTool(), AnnotationTool::select);
     EXPECT_EQ(model.newlyCreatedTextAnnotationId(), model.annotations().back().id());
     model.toggleVisibility();
     EXPECT_FALSE(model.selectedAnnotation());
-    model.startDrawing({0, 0});
-    EXPECT_FALSE(model.isDrawing()) << "nothing is drawn while annotations are hidden";
+    startDrawing(model, {0, 0});
+    EXPECT_FALSE(model.gesture()) << "nothing is drawn while annotations are hidden";
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "annotation/editing/AnnotationViewModel.h"
 #include "annotation/model/Geometry.h"
+#include "support/Gestures.h"
 
 #include <gtest/gtest.h>
 
@@ -30,8 +31,7 @@ std::vector<qint64> numbersOf(const AnnotationViewModel& model) {
 void drawBadges(AnnotationViewModel& model) {
     model.set_currentTool(AnnotationTool::number);
     for (int i = 0; i < 3; ++i) {
-        model.startDrawing({i * 50.0, 0});
-        model.finishDrawing();
+        drawLine(model, {i * 50.0, 0}, {i * 50.0, 0});
     }
 }
 
@@ -86,9 +86,8 @@ TEST(AnnotationEditing, AnotherListLeavesNothingOfTheOldOneBehind) {
     AnnotationViewModel model(oneOfEach());
     model.selectAll();
     model.set_hoveredAnnotation(model.annotations().front());
-    model.beginDrag();
-    model.dragTo({5, 5});
-    model.startDrawing({1, 1});
+    startDrag(model);
+    model.moveGesture({{5, 5}});
     EXPECT_TRUE(model.annotationAt({30, 40})) << "the badge";
     bool isTold = false;
     QObject::connect(&model, &AnnotationViewModel::annotationsChanged, [&] { isTold = true; });
@@ -99,7 +98,7 @@ TEST(AnnotationEditing, AnotherListLeavesNothingOfTheOldOneBehind) {
     EXPECT_EQ(model.nextNumber(), 8);
     EXPECT_FALSE(model.selectedAnnotation() || model.hoveredAnnotation());
     EXPECT_TRUE(model.selectedAnnotations().empty());
-    EXPECT_FALSE(model.isDrawing() || model.isDraggingAnnotation() || model.dragStartAnnotation());
+    EXPECT_FALSE(model.gesture());
     EXPECT_FALSE(model.historyService().canUndo());
     EXPECT_EQ(model.annotationAt({500, 500}), badge);
     EXPECT_FALSE(model.annotationAt({30, 40}));
@@ -118,17 +117,14 @@ TEST(AnnotationEditing, SelectionByRectangleAndByCycling) {
     EXPECT_FALSE(model.cycleSelection({500, 500}));
     EXPECT_FALSE(model.selectedAnnotation());
 
-    const auto sweep = [&model](QPointF from, QPointF to) {
+    const auto countIn = [&model](QPointF from, QPointF to) {
         model.selectAnnotation(std::nullopt);
-        model.beginSelectionRect(from);
-        model.set_selectionRectEnd(to);
-        model.finishSelectionRect();
-        EXPECT_FALSE(model.isSelectionRectActive() || model.selectionRectStart());
+        sweep(model, from, to);
         return model.selectedAnnotations().size();
     };
-    EXPECT_EQ(sweep({5, 200}, {0, 0}), 0u) << "5 points wide are a slip";
-    EXPECT_EQ(sweep({8, 8}, {1, 1}), 1u);
-    EXPECT_EQ(sweep({70, 70}, {55, 45}), 2u);
+    EXPECT_EQ(countIn({5, 200}, {0, 0}), 0u) << "5 points wide are a slip";
+    EXPECT_EQ(countIn({8, 8}, {1, 1}), 1u);
+    EXPECT_EQ(countIn({70, 70}, {55, 45}), 2u);
     EXPECT_EQ(model.selectedAnnotation(), line) << "the topmost is the primary";
     EXPECT_TRUE(identical(*model.combinedBounds(), QRectF(10, 20, 50, 40)));
     model.removeFromSelection(line.id());
@@ -143,11 +139,10 @@ TEST(AnnotationEditing, AMoveIsOneStepAndNoneWhenItReturns) {
         AnnotationViewModel model({annotation});
         model.selectAnnotation(annotation);
         const auto drag = [&model](std::vector<QPointF> offsets) {
-            model.beginDrag();
+            startDrag(model);
             for (const QPointF& offset : offsets)
-                model.dragTo(offset);
-            model.endDrag();
-            EXPECT_FALSE(model.isDraggingAnnotation() || model.dragStartAnnotation());
+                model.moveGesture({offset});
+            model.finishGesture();
         };
         drag({{0.1, 0.7}, {13.3, -200}, {0, 0}});
         EXPECT_FALSE(model.historyService().canUndo());
@@ -168,23 +163,19 @@ TEST(AnnotationEditing, AMoveSnapsToItsNeighbours) {
     for (const AnyAnnotation& moved : {box({0, 0, 30, 30}), blur}) {
         AnnotationViewModel model({fixed, twin, moved});
         model.selectAnnotation(moved);
-        model.beginDrag();
-        model.dragTo({97, 400});
-        model.updateGuides();
+        startDrag(model);
+        model.moveGesture({{97, 400}});
         // The left edges of both neighbours are one line.
         ASSERT_FALSE(model.activeAlignmentGuides().empty());
         EXPECT_EQ(model.activeAlignmentGuides().front().position, 100);
         const auto positions = model.activeAlignmentGuides();
         EXPECT_EQ(AlignmentGuideService::unique(positions), positions);
-        const QRectF snapped = model.snappedRect(model.selectedAnnotation()->bounds());
-        model.snapToGuides();
-        model.endDrag();
+        const QRectF snapped =
+            AlignmentGuideService::snapped(model.selectedAnnotation()->bounds(), positions);
+        model.finishGesture();
         EXPECT_TRUE(model.activeAlignmentGuides().empty());
         EXPECT_TRUE(identical(model.selectedAnnotation()->bounds(), snapped));
         EXPECT_EQ(model.historyService().undoStack().size(), 1u);
-        model.selectAnnotation(std::nullopt);
-        model.updateGuides();
-        EXPECT_TRUE(model.activeAlignmentGuides().empty());
     }
 }
 
@@ -266,22 +257,21 @@ TEST(BadgeNumbers, AreEditedAsText) {
         AnnotationViewModel model;
         drawBadges(model);
         const AnyAnnotation badge = model.annotations()[1];
-        model.startNumberEditing(badge);
+        NumberEditing& editing = model.numberEditing();
+        editing.start(badge);
         EXPECT_EQ(model.currentTool(), AnnotationTool::select);
-        NumberEditingState state = model.numberEditingState();
-        EXPECT_EQ(state.inputValue, QStringLiteral("2"));
-        state.inputValue = QString::fromUtf8(text);
-        model.set_numberEditingState(state);
-        model.commitNumberEdit();
+        EXPECT_EQ(editing.numberEditingState().inputValue, QStringLiteral("2"));
+        editing.setInput(QString::fromUtf8(text));
+        editing.commit();
         EXPECT_EQ(numbersOf(model)[1], expected.value_or(2)) << text;
-        EXPECT_EQ(model.numberEditingState().isEditing, !expected) << text;
+        EXPECT_EQ(editing.isEditing(), !expected) << text;
         if (!expected) {
-            EXPECT_EQ(model.numberEditingState().errorMessage,
+            EXPECT_EQ(editing.numberEditingState().errorMessage,
                       QStringLiteral("Please enter a positive integer"));
             model.deleteAnnotation(badge.id());
-            model.commitNumberEdit();
+            editing.commit();
         }
-        EXPECT_EQ(model.numberEditingState(), NumberEditingState());
+        EXPECT_EQ(editing.numberEditingState(), NumberEditingState());
     }
 }
 

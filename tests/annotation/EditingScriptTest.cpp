@@ -1,6 +1,7 @@
 #include "Samples.h"
 
 #include "annotation/editing/AnnotationViewModel.h"
+#include "support/Gestures.h"
 
 #include <gtest/gtest.h>
 
@@ -74,22 +75,24 @@ class RandomUser {
 
     void draw() {
         model_.set_currentTool(annotationTools()[static_cast<std::size_t>(below(11))].tool);
-        model_.startDrawing(point());
+        startDrawing(model_, point());
         for (int i = below(6); i >= 0; --i)
-            model_.continueDrawing(point());
-        model_.finishDrawing();
+            model_.moveGesture({point()});
+        end();
     }
 
     void drag() {
         const AnyAnnotation* annotation = model_.annotation(anyId());
         if (!annotation) return;
         model_.selectAnnotation(*annotation);
-        model_.beginDrag();
+        startDrag(model_);
         for (int i = 0; i < 4; ++i)
-            model_.dragTo(point());
-        if (below(3) == 0) model_.dragTo({0, 0});
-        model_.endDrag();
+            model_.moveGesture({point()});
+        if (below(3) == 0) model_.moveGesture({{0, 0}});
+        end();
     }
+
+    void end() { below(5) == 0 ? model_.cancelGesture() : model_.finishGesture(); }
 
     AnnotationViewModel& model_;
     std::mt19937 random_;

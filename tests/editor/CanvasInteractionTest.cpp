@@ -1,5 +1,6 @@
 #include "editor/canvas/CanvasInteraction.h"
 
+#include "annotation/model/AnnotationKind.h"
 #include "editor/EditorFixture.h"
 
 namespace kestrio {
@@ -245,13 +246,11 @@ TEST_F(CanvasInteractionTest, HiddenMarksAreOutOfReach) {
 TEST_F(CanvasInteractionTest, AClickElsewhereEndsTheTypingOfANumber) {
     draw(AnnotationTool::number, {100, 100}, {100, 100});
     for (const char* typed : {"7", "x"}) {
-        annotations().startNumberEditing(only());
-        NumberEditingState state = annotations().numberEditingState();
-        state.inputValue = QString::fromLatin1(typed);
-        annotations().set_numberEditingState(state);
+        annotations().numberEditing().start(only());
+        annotations().numberEditing().setInput(QString::fromLatin1(typed));
         interaction.press({{150, 140}});
         interaction.release({{150, 140}});
-        EXPECT_FALSE(annotations().numberEditingState().isEditing);
+        EXPECT_FALSE(annotations().numberEditing().isEditing());
         EXPECT_EQ(only().as<NumberAnnotation>()->number, 7) << typed;
     }
     draw(AnnotationTool::rectangle, {200, 200}, {260, 260});
@@ -277,7 +276,36 @@ TEST_F(CanvasInteractionTest, TheEraserReachesAsFarAsItShows) {
     EXPECT_TRUE(annotations().annotations().empty());
     EXPECT_EQ(annotations().cursorPosition(), QPointF(57, 124)) << "its ring follows";
     interaction.release({QPointF(28.5, 62)});
-    EXPECT_FALSE(annotations().eraserPosition());
+}
+
+// Escape, undo and another document end what the pointer is doing as if it had never begun.
+TEST_F(CanvasInteractionTest, ACancelledGestureLeavesNothing) {
+    draw(AnnotationTool::rectangle, {100, 100}, {160, 150});
+    const AnyAnnotation before = only();
+    const std::size_t steps = annotations().historyService().undoStack().size();
+    struct Row {
+        AnnotationTool tool;
+        QPointF from, to;
+    };
+    const Row rows[] = {{AnnotationTool::select, {65, 62}, {90, 80}},
+                        {AnnotationTool::select, {80, 75}, {95, 90}},
+                        {AnnotationTool::select, {10, 10}, {180, 140}},
+                        {AnnotationTool::brush, {10, 10}, {180, 140}},
+                        {AnnotationTool::eraser, {50, 62}, {60, 62}}};
+    for (const Row& row : rows) {
+        for (const bool isUndone : {false, true}) {
+            annotations().set_currentTool(row.tool);
+            interaction.press({row.from});
+            interaction.move({row.to});
+            ASSERT_TRUE(annotations().gesture());
+            isUndone ? annotations().undo() : annotations().cancelGesture();
+            interaction.release({row.to});
+            ASSERT_EQ(annotations().annotations().size(), 1u);
+            EXPECT_TRUE(isIdentical(only(), before));
+            EXPECT_EQ(annotations().historyService().undoStack().size(), steps);
+            annotations().selectAnnotation(only());
+        }
+    }
 }
 
 TEST_F(CanvasInteractionTest, TheWheelZoomsAboutThePointer) {

@@ -108,8 +108,8 @@ TEST_F(DocumentDraftTest, ItGoesWhereNothingWouldBeLost) {
 TEST_F(DocumentDraftTest, ADocumentThatEndsWithoutAnAnswerStaysWithItsLastChange) {
     draw(AnnotationTool::text, {10, 10}, {120, 60});
     AnnotationViewModel& model = editor->annotationVM();
-    model.beginTextEditing(model.annotations().front().id());
-    model.setEditedText(QStringLiteral("half a sen"));
+    model.textEditing().begin(model.annotations().front().id());
+    model.textEditing().setText(QStringLiteral("half a sen"));
     const ClaimedDraft claimed = left();
     ASSERT_TRUE(claimed.folder);
     EXPECT_EQ(claimed.name, QStringLiteral("shot"));

@@ -15,9 +15,10 @@ struct EditingState : EditorFixture {
     void type(const char* words, QPointF at = {20, 20}) {
         if (!editor->isAnnotationMode()) editor->toggleAnnotationMode();
         model().set_currentTool(AnnotationTool::text);
-        model().addTextAnnotation(at);
-        model().beginTextEditing(model().annotations().back().id());
-        model().setEditedText(QString::fromUtf8(words));
+        model().set_currentTool(AnnotationTool::text);
+        drawLine(model(), at, at);
+        model().textEditing().begin(model().annotations().back().id());
+        model().textEditing().setText(QString::fromUtf8(words));
     }
 
     QString onlyText() {
@@ -41,7 +42,7 @@ TEST_F(EditingState, WhatIsTypedSurvivesEveryWayOut) {
         SetUp();
         type("words");
         leave();
-        EXPECT_FALSE(model().isTextEditing()) << name;
+        EXPECT_FALSE(model().textEditing().isTextEditing()) << name;
         EXPECT_EQ(onlyText(), QStringLiteral("words")) << name;
     }
     EXPECT_EQ(renderer->requests.back().annotations.size(), 1u);
@@ -53,22 +54,22 @@ TEST_F(EditingState, ATextMadeAndTypedIsOneStepOfUndo) {
     EXPECT_TRUE(editor->liveAnnotations().empty());
     editor->redo();
     EXPECT_EQ(onlyText(), QStringLiteral("words"));
-    model().beginTextEditing(model().annotations().front().id());
-    model().setEditedText(QStringLiteral("other"));
+    model().textEditing().begin(model().annotations().front().id());
+    model().textEditing().setText(QStringLiteral("other"));
     editor->undo();
     EXPECT_EQ(onlyText(), QStringLiteral("words"));
 }
 
 TEST_F(EditingState, AnEmptiedTextGoesAndOnlyAnOldOneComesBack) {
     type("");
-    model().endTextEditing();
+    model().textEditing().end();
     EXPECT_TRUE(model().annotations().empty());
     EXPECT_FALSE(editor->canUndo());
     type("words");
-    model().endTextEditing();
-    model().beginTextEditing(model().annotations().front().id());
-    model().setEditedText(QStringLiteral(" "));
-    model().endTextEditing();
+    model().textEditing().end();
+    model().textEditing().begin(model().annotations().front().id());
+    model().textEditing().setText(QStringLiteral(" "));
+    model().textEditing().end();
     EXPECT_TRUE(model().annotations().empty());
     editor->undo();
     EXPECT_EQ(onlyText(), QStringLiteral("words"));
@@ -78,14 +79,14 @@ TEST_F(EditingState, TheBoxGrowsWithItsTextWithinThePicture) {
     type("a");
     const auto box = [&] { return model().annotations().front().bounds(); };
     EXPECT_EQ(box(), QRectF(20, 20, 150, 40));
-    model().setEditedText(QStringLiteral("some more words than the box is wide"));
+    model().textEditing().setText(QStringLiteral("some more words than the box is wide"));
     EXPECT_GT(box().width(), 200);
     EXPECT_LE(box().right(), 400);
     EXPECT_EQ(box().height(), 40);
-    model().setEditedText(QString(300, u'w'));
+    model().textEditing().setText(QString(300, u'w'));
     EXPECT_EQ(box().right(), 400);
     EXPECT_GT(box().height(), 100);
-    model().setEditedText(QStringLiteral("a"));
+    model().textEditing().setText(QStringLiteral("a"));
     EXPECT_EQ(box(), QRectF(20, 20, 150, 40)) << "and shrinks again";
 
     TextAnnotation wrapped{QUuid::createUuid(), {50, 50, 60, 30}, QStringLiteral("two lines here")};

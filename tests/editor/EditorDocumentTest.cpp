@@ -72,8 +72,8 @@ TEST_F(EditorDocument, LeavingAnnotationModeKeepsADrawingInProgress) {
     editor->loadCapture({picture()});
     editor->toggleAnnotationMode();
     editor->annotationVM().set_currentTool(AnnotationTool::arrow);
-    editor->annotationVM().startDrawing({1, 1});
-    editor->annotationVM().continueDrawing({50, 50});
+    startDrawing(editor->annotationVM(), {1, 1});
+    editor->annotationVM().moveGesture({{50, 50}});
     editor->toggleAnnotationMode();
     EXPECT_EQ(editor->annotations().size(), 1u);
     EXPECT_FALSE(editor->annotationVM().selectedAnnotation());

@@ -2,6 +2,7 @@
 
 #include "editor/document/EditorViewModel.h"
 
+#include "support/Gestures.h"
 #include "support/MemoryPasteboard.h"
 #include "support/RecordingFileReveal.h"
 #include "support/ScriptedAppearance.h"
@@ -65,9 +66,7 @@ struct EditorFixture : testing::Test {
         if (!editor->isAnnotationMode()) editor->toggleAnnotationMode();
         AnnotationViewModel& model = editor->annotationVM();
         model.set_currentTool(tool);
-        model.startDrawing(from);
-        model.continueDrawing(to);
-        model.finishDrawing();
+        drawLine(model, from, to);
         editor->synchroniseAnnotations();
     }
 };

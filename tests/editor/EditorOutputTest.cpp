@@ -30,8 +30,8 @@ TEST_F(EditorOutput, HoldsTheDocumentWithTheDrawingInProgress) {
     editor->set_frameScale(1.5);
     editor->toggleAnnotationMode();
     editor->annotationVM().set_currentTool(AnnotationTool::arrow);
-    editor->annotationVM().startDrawing({1, 1});
-    editor->annotationVM().continueDrawing({50, 50});
+    startDrawing(editor->annotationVM(), {1, 1});
+    editor->annotationVM().moveGesture({{50, 50}});
     runUntilDone(editor->prepareRenderedImage());
     editor->watermarkVM().set_isEnabled(true);
     editor->annotationVM().toggleVisibility();

@@ -179,7 +179,7 @@ struct Tour {
         Q_EMIT qobject_cast<CanvasItem*>(canvas)->contextMenuRequested({30, 30});
         look();
         model.selectAnnotation(model.annotations().front());
-        model.startNumberEditing(model.annotations().front());
+        model.numberEditing().start(model.annotations().front());
         look();
         controller.annotation()->setNumberText(QStringLiteral("-3"));
         controller.annotation()->commitNumber();

@@ -106,13 +106,13 @@ TEST_F(PreviewTest, ABlurThatMovesIsLeftToItsPlaceholderUntilItRests) {
     EXPECT_EQ(preview.pendingBlurs().size(), 2u) << "not made yet";
     expectShownIsExported("before");
     annotations.selectAnnotation(AnyAnnotation(moving));
-    annotations.beginDrag();
-    annotations.dragTo({40, 10});
+    startDrag(annotations);
+    annotations.moveGesture({{40, 10}});
     const auto pending = preview.pendingBlurs();
     ASSERT_EQ(pending.size(), 1u);
     EXPECT_EQ(pending.front().bounds, moving.bounds.translated(40, 10));
     expectShownIsExported("at rest, still held");
-    annotations.endDrag();
+    annotations.finishGesture();
     QElapsedTimer timer;
     timer.start();
     while (!preview.pendingBlurs().empty() && timer.elapsed() < 5000)

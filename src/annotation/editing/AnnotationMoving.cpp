@@ -1,24 +1,8 @@
 #include "annotation/editing/AnnotationViewModel.h"
+#include "annotation/model/AnnotationKind.h"
 #include "annotation/model/Geometry.h"
 
 namespace kestrio {
-
-void AnnotationViewModel::beginDrag() {
-    if (!selectedAnnotation_) return;
-    set_isDraggingAnnotation(true);
-    set_dragStartBounds(selectedAnnotation_->bounds());
-    dragStartAnnotation_ = selectedAnnotation_;
-    Q_EMIT dragStartAnnotationChanged();
-}
-
-// Each step starts from the record as it was when the drag began, so that roundings do not add up
-// and the way back to the start is no change.
-void AnnotationViewModel::dragTo(const QPointF& offset) {
-    if (!isDraggingAnnotation() || !selectedAnnotation_ || !dragStartAnnotation_) return;
-    const bool isSame = dragStartAnnotation_->id() == selectedAnnotation_->id();
-    applyAnnotation(movedTo(isSame ? *dragStartAnnotation_ : *selectedAnnotation_,
-                            dragStartBounds()->translated(offset)));
-}
 
 namespace {
 
@@ -32,7 +16,7 @@ QRectF heldWithin(QRectF rect, const QRectF& area) {
 }  // namespace
 
 AnyAnnotation AnnotationViewModel::movedTo(AnyAnnotation record, const QRectF& bounds) const {
-    const bool isHeld = record.as<BlurAnnotation>() && !pictureRect().isEmpty();
+    const bool isHeld = kindOf(record).isPictureBound && !pictureRect().isEmpty();
     const QRectF target = isHeld ? heldWithin(bounds, pictureRect()) : bounds;
     const QRectF before = record.bounds();
     if (identical(target, before)) return record;
@@ -42,39 +26,19 @@ AnyAnnotation AnnotationViewModel::movedTo(AnyAnnotation record, const QRectF& b
     return record;
 }
 
-void AnnotationViewModel::endDrag() {
-    const bool isSame = dragStartAnnotation_ && selectedAnnotation_ &&
-                        dragStartAnnotation_->id() == selectedAnnotation_->id();
-    if (isSame && !identical(selectedAnnotation_->bounds(), dragStartAnnotation_->bounds())) {
-        historyService_.record({ModifyOperation{*dragStartAnnotation_, *selectedAnnotation_}});
-    }
-    set_isDraggingAnnotation(false);
-    set_dragStartBounds(std::nullopt);
-    dragStartAnnotation_.reset();
-    Q_EMIT dragStartAnnotationChanged();
-}
-
-void AnnotationViewModel::updateGuides() {
-    if (!selectedAnnotation_) {
-        set_activeAlignmentGuides({});
-        return;
-    }
+std::vector<AlignmentGuide> AnnotationViewModel::guidesFor(const AnyAnnotation& record) const {
     std::vector<GuideSource> sources;
     for (const AnyAnnotation& annotation : annotations_)
         sources.push_back({annotation.id(), annotation.bounds()});
-    set_activeAlignmentGuides(AlignmentGuideService::unique(AlignmentGuideService::guides(
-        selectedAnnotation_->bounds(), selectedAnnotation_->id(), sources)));
+    return AlignmentGuideService::unique(
+        AlignmentGuideService::guides(record.bounds(), record.id(), sources));
 }
 
-QRectF AnnotationViewModel::snappedRect(const QRectF& rect) const {
-    return AlignmentGuideService::snapped(rect, activeAlignmentGuides());
-}
-
-void AnnotationViewModel::snapToGuides() {
-    if (selectedAnnotation_) {
-        applyAnnotation(movedTo(*selectedAnnotation_, snappedRect(selectedAnnotation_->bounds())));
-    }
-    set_activeAlignmentGuides({});
+QPointF AnnotationViewModel::heldInPicture(const QPointF& point) const {
+    const QRectF picture = pictureRect();
+    if (picture.isEmpty()) return point;
+    return {std::clamp(point.x(), picture.left(), picture.right()),
+            std::clamp(point.y(), picture.top(), picture.bottom())};
 }
 
 namespace {

@@ -90,28 +90,6 @@ std::optional<QRectF> AnnotationViewModel::combinedBounds() const {
     return combined;
 }
 
-void AnnotationViewModel::beginSelectionRect(const QPointF& point) {
-    set_isSelectionRectActive(true);
-    set_selectionRectStart(point);
-    set_selectionRectEnd(point);
-}
-
-void AnnotationViewModel::finishSelectionRect() {
-    constexpr double leastSize = 5.0;
-    const auto rect = selectionRect();
-    if (rect && rect->width() > leastSize && rect->height() > leastSize) selectInRect(*rect);
-    set_isSelectionRectActive(false);
-    set_selectionRectStart(std::nullopt);
-    set_selectionRectEnd(std::nullopt);
-}
-
-std::optional<QRectF> AnnotationViewModel::selectionRect() const {
-    if (!isSelectionRectActive() || !selectionRectStart() || !selectionRectEnd()) {
-        return std::nullopt;
-    }
-    return rectBetween(*selectionRectStart(), *selectionRectEnd());
-}
-
 std::optional<std::size_t> AnnotationViewModel::hitBefore(std::size_t end,
                                                           const QPointF& point) const {
     if (!annotationsVisible()) return std::nullopt;
@@ -152,7 +130,7 @@ bool AnnotationViewModel::cycleSelection(const QPointF& point) {
 }
 
 bool AnnotationViewModel::isFillPickerShown() const {
-    return currentTool() == AnnotationTool::rectangle || currentTool() == AnnotationTool::circle;
+    return annotationToolInfo(currentTool()).hasFill;
 }
 
 std::optional<BlurAnnotation> AnnotationViewModel::selectedBlur() const {
@@ -161,8 +139,7 @@ std::optional<BlurAnnotation> AnnotationViewModel::selectedBlur() const {
 }
 
 bool AnnotationViewModel::isToolCursorPreviewShown() const {
-    const bool isBusy = isDrawing() || isErasing() || isDraggingAnnotation();
-    return currentTool() != AnnotationTool::select && !isBusy && cursorPosition() &&
+    return currentTool() != AnnotationTool::select && !gesture_ && cursorPosition() &&
            annotationsVisible() && !hoveredAnnotation_;
 }
 

@@ -13,11 +13,11 @@ bool isLargerThan(const QRectF& rect, double least) {
     return rect.width() > least && rect.height() > least;
 }
 
-Made makeNothing(const DrawnGesture&) {
+Made makeNothing(const DrawingInput&) {
     return std::nullopt;
 }
 
-Made makeArrow(const DrawnGesture& drawn) {
+Made makeArrow(const DrawingInput& drawn) {
     return ArrowAnnotation{QUuid::createUuid(),
                            drawn.start,
                            drawn.end,
@@ -26,7 +26,7 @@ Made makeArrow(const DrawnGesture& drawn) {
                            strokeWidth(drawn.settings.strokeSize)};
 }
 
-Made makeMeasurement(const DrawnGesture& drawn) {
+Made makeMeasurement(const DrawingInput& drawn) {
     constexpr double leastLength = 5.0;
     if (distance(drawn.start, drawn.end) <= leastLength) return std::nullopt;
     return MeasurementAnnotation{QUuid::createUuid(), drawn.start, drawn.end, drawn.settings.color,
@@ -35,7 +35,7 @@ Made makeMeasurement(const DrawnGesture& drawn) {
 
 constexpr double leastShapeSize = 5.0;
 
-Made makeRectangle(const DrawnGesture& drawn) {
+Made makeRectangle(const DrawingInput& drawn) {
     const QRectF bounds = rectBetween(drawn.start, drawn.end);
     if (!isLargerThan(bounds, leastShapeSize)) return std::nullopt;
     return RectangleAnnotation{QUuid::createUuid(),
@@ -47,7 +47,7 @@ Made makeRectangle(const DrawnGesture& drawn) {
                                0};
 }
 
-Made makeCircle(const DrawnGesture& drawn) {
+Made makeCircle(const DrawingInput& drawn) {
     const QRectF bounds = rectBetween(drawn.start, drawn.end);
     if (!isLargerThan(bounds, leastShapeSize)) return std::nullopt;
     CircleAnnotation circle{
@@ -57,14 +57,18 @@ Made makeCircle(const DrawnGesture& drawn) {
     return circle;
 }
 
-// The box always reaches right and down from where it was begun.
-Made makeText(const DrawnGesture& drawn) {
-    const QSizeF size(std::max(std::abs(drawn.end.x() - drawn.start.x()), 100.0),
-                      std::max(std::abs(drawn.end.y() - drawn.start.y()), 40.0));
+// A click makes a box of the usual size; a drag one that reaches right and down from its start.
+Made makeText(const DrawingInput& drawn) {
+    constexpr double clickTravel = 10;
+    constexpr QSizeF usualSize(150, 40), leastSize(100, 40);
+    const QPointF way = drawn.end - drawn.start;
+    const QSizeF size = distance(drawn.start, drawn.end) < clickTravel
+                            ? usualSize
+                            : QSizeF(std::abs(way.x()), std::abs(way.y())).expandedTo(leastSize);
     return newTextAnnotation({drawn.start, size}, drawn.settings);
 }
 
-Made makeNumber(const DrawnGesture& drawn) {
+Made makeNumber(const DrawingInput& drawn) {
     return NumberAnnotation{QUuid::createUuid(),
                             drawn.start,
                             drawn.nextNumber,
@@ -73,33 +77,47 @@ Made makeNumber(const DrawnGesture& drawn) {
                             0};
 }
 
-Made makeStroke(const DrawnGesture& drawn, double tolerance) {
+BrushAnnotation brushStroke(const DrawingInput& drawn, std::vector<QPointF> points) {
+    return {QUuid::createUuid(), std::move(points), drawn.settings.color,
+            strokeWidth(drawn.settings.strokeSize), false};
+}
+
+BrushAnnotation highlighterStroke(const DrawingInput& drawn, std::vector<QPointF> points) {
+    constexpr double opacity = 0.4;
+    constexpr double widthFactor = 3;
+    BrushAnnotation stroke = brushStroke(drawn, std::move(points));
+    stroke.color.alpha = opacity;
+    stroke.strokeWidth *= widthFactor;
+    stroke.isHighlighter = true;
+    return stroke;
+}
+
+using StrokeMaker = BrushAnnotation (*)(const DrawingInput& drawn, std::vector<QPointF> points);
+
+Made makeStroke(const DrawingInput& drawn, double tolerance, StrokeMaker make) {
     auto points = BrushStrokeOptimizer::optimize(drawn.points, drawn.timestamps, tolerance);
     if (points.size() > BrushAnnotation::maxPointCount) {
         points.resize(BrushAnnotation::maxPointCount);
     }
     if (points.size() < 2) return std::nullopt;
-    return BrushAnnotation{QUuid::createUuid(), std::move(points), drawn.settings.color,
-                           strokeWidth(drawn.settings.strokeSize), false};
+    return make(drawn, std::move(points));
 }
 
-Made makeBrush(const DrawnGesture& drawn) {
-    return makeStroke(drawn, 1.5);
+Made makeBrush(const DrawingInput& drawn) {
+    return makeStroke(drawn, 1.5, brushStroke);
 }
 
-Made makeHighlighter(const DrawnGesture& drawn) {
-    constexpr double opacity = 0.4;
-    constexpr double widthFactor = 3;
-    Made made = makeStroke(drawn, 2.0);
-    if (!made) return std::nullopt;
-    auto& stroke = *made->as<BrushAnnotation>();
-    stroke.color.alpha = opacity;
-    stroke.strokeWidth *= widthFactor;
-    stroke.isHighlighter = true;
-    return made;
+Made makeHighlighter(const DrawingInput& drawn) {
+    return makeStroke(drawn, 2.0, highlighterStroke);
 }
 
-Made makeBlur(const DrawnGesture& drawn) {
+// Thinning the whole way at every move would cost more than drawing it.
+template <StrokeMaker make>
+Made previewStroke(const DrawingInput& drawn) {
+    return make(drawn, drawn.points);
+}
+
+Made makeBlur(const DrawingInput& drawn) {
     constexpr double leastSize = 10.0;
     const QRectF bounds = rectBetween(drawn.start, drawn.end);
     if (!isLargerThan(bounds, leastSize)) return std::nullopt;
@@ -108,28 +126,102 @@ Made makeBlur(const DrawnGesture& drawn) {
 }
 
 constexpr std::array<AnnotationToolInfo, 11> tools = {{
-    {AnnotationTool::select, Kestrio::marked("Select"), 'v',
-     Kestrio::marked("Select and move annotations"), Qt::ArrowCursor, false, makeNothing},
-    {AnnotationTool::arrow, Kestrio::marked("Arrow"), 'a',
-     Kestrio::marked("Draw arrows to point at things"), Qt::CrossCursor, false, makeArrow},
-    {AnnotationTool::measurement, Kestrio::marked("Measurement"), 'm',
-     Kestrio::marked("Measure pixel distances"), Qt::CrossCursor, false, makeMeasurement},
-    {AnnotationTool::rectangle, Kestrio::marked("Rectangle"), 'r',
-     Kestrio::marked("Draw rectangles and squares"), Qt::CrossCursor, false, makeRectangle},
-    {AnnotationTool::circle, Kestrio::marked("Circle"), 'o',
-     Kestrio::marked("Draw circles and ovals"), Qt::CrossCursor, false, makeCircle},
-    {AnnotationTool::text, Kestrio::marked("Text"), 't', Kestrio::marked("Add text annotations"),
-     Qt::IBeamCursor, false, makeText},
-    {AnnotationTool::number, Kestrio::marked("Number"), 'n',
-     Kestrio::marked("Add numbered markers"), Qt::CrossCursor, false, makeNumber},
-    {AnnotationTool::brush, Kestrio::marked("Brush"), 'b', Kestrio::marked("Freehand drawing"),
-     Qt::CrossCursor, true, makeBrush},
-    {AnnotationTool::highlighter, Kestrio::marked("Highlighter"), 'h',
-     Kestrio::marked("Highlight areas with transparency"), Qt::CrossCursor, true, makeHighlighter},
-    {AnnotationTool::blur, Kestrio::marked("Blur"), 'u',
-     Kestrio::marked("Blur sensitive information"), Qt::CrossCursor, false, makeBlur},
-    {AnnotationTool::eraser, Kestrio::marked("Eraser"), 'e', Kestrio::marked("Erase annotations"),
-     Qt::CrossCursor, false, makeNothing},
+    {.tool = AnnotationTool::select,
+     .id = "select",
+     .name = Kestrio::marked("Select"),
+     .key = 'v',
+     .description = Kestrio::marked("Select and move annotations"),
+     .pointer = Qt::ArrowCursor,
+     .make = makeNothing},
+    {.tool = AnnotationTool::arrow,
+     .id = "arrow",
+     .name = Kestrio::marked("Arrow"),
+     .key = 'a',
+     .description = Kestrio::marked("Draw arrows to point at things"),
+     .pointer = Qt::CrossCursor,
+     .make = makeArrow,
+     .constraint = DrawingConstraint::angle,
+     .sample = ToolSample::stroke},
+    {.tool = AnnotationTool::measurement,
+     .id = "measurement",
+     .name = Kestrio::marked("Measurement"),
+     .key = 'm',
+     .description = Kestrio::marked("Measure pixel distances"),
+     .pointer = Qt::CrossCursor,
+     .make = makeMeasurement,
+     .constraint = DrawingConstraint::angle,
+     .sample = ToolSample::stroke},
+    {.tool = AnnotationTool::rectangle,
+     .id = "rectangle",
+     .name = Kestrio::marked("Rectangle"),
+     .key = 'r',
+     .description = Kestrio::marked("Draw rectangles and squares"),
+     .pointer = Qt::CrossCursor,
+     .make = makeRectangle,
+     .constraint = DrawingConstraint::square,
+     .sample = ToolSample::stroke,
+     .hasFill = true},
+    {.tool = AnnotationTool::circle,
+     .id = "circle",
+     .name = Kestrio::marked("Circle"),
+     .key = 'o',
+     .description = Kestrio::marked("Draw circles and ovals"),
+     .pointer = Qt::CrossCursor,
+     .make = makeCircle,
+     .constraint = DrawingConstraint::square,
+     .sample = ToolSample::stroke,
+     .hasFill = true},
+    {.tool = AnnotationTool::text,
+     .id = "text",
+     .name = Kestrio::marked("Text"),
+     .key = 't',
+     .description = Kestrio::marked("Add text annotations"),
+     .pointer = Qt::IBeamCursor,
+     .make = makeText},
+    {.tool = AnnotationTool::number,
+     .id = "number",
+     .name = Kestrio::marked("Number"),
+     .key = 'n',
+     .description = Kestrio::marked("Add numbered markers"),
+     .pointer = Qt::CrossCursor,
+     .make = makeNumber,
+     .sample = ToolSample::stamp},
+    {.tool = AnnotationTool::brush,
+     .id = "brush",
+     .name = Kestrio::marked("Brush"),
+     .key = 'b',
+     .description = Kestrio::marked("Freehand drawing"),
+     .pointer = Qt::CrossCursor,
+     .make = makeBrush,
+     .preview = previewStroke<brushStroke>,
+     .sample = ToolSample::stroke,
+     .isFreehand = true},
+    {.tool = AnnotationTool::highlighter,
+     .id = "highlighter",
+     .name = Kestrio::marked("Highlighter"),
+     .key = 'h',
+     .description = Kestrio::marked("Highlight areas with transparency"),
+     .pointer = Qt::CrossCursor,
+     .make = makeHighlighter,
+     .preview = previewStroke<highlighterStroke>,
+     .sample = ToolSample::stroke,
+     .isFreehand = true},
+    {.tool = AnnotationTool::blur,
+     .id = "blur",
+     .name = Kestrio::marked("Blur"),
+     .key = 'u',
+     .description = Kestrio::marked("Blur sensitive information"),
+     .pointer = Qt::CrossCursor,
+     .make = makeBlur,
+     .constraint = DrawingConstraint::square,
+     .isPictureBound = true},
+    {.tool = AnnotationTool::eraser,
+     .id = "eraser",
+     .name = Kestrio::marked("Eraser"),
+     .key = 'e',
+     .description = Kestrio::marked("Erase annotations"),
+     .pointer = Qt::CrossCursor,
+     .make = makeNothing},
 }};
 
 static_assert(
@@ -156,6 +248,10 @@ std::optional<AnnotationTool> annotationToolOfKey(QChar key) {
         return QChar::fromLatin1(info.key);
     });
     return found == tools.end() ? std::nullopt : std::optional(found->tool);
+}
+
+QString toolId(AnnotationTool tool) {
+    return QString::fromLatin1(annotationToolInfo(tool).id);
 }
 
 QString displayName(AnnotationTool tool) {

@@ -14,10 +14,12 @@ Overloaded(Cases...) -> Overloaded<Cases...>;  // Clang 14 does not deduce it by
 }  // namespace
 
 void AnnotationViewModel::undo() {
+    if (gesture_) return cancelGesture();
     if (const auto operation = historyService_.popForUndo()) undoOperation(*operation);
 }
 
 void AnnotationViewModel::redo() {
+    if (gesture_) return cancelGesture();
     if (const auto operation = historyService_.popForRedo()) redoOperation(*operation);
 }
 

@@ -10,7 +10,9 @@ AnnotationViewModel::AnnotationViewModel(std::vector<AnyAnnotation> annotations,
     : QObject(parent),
       annotations_(std::move(annotations)),
       historyService_(memoryPressure),
-      clock_(std::move(clock)) {}
+      clock_(std::move(clock)),
+      textEditing_(*this),
+      numberEditing_(*this) {}
 
 double AnnotationViewModel::systemClock() {
     return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
@@ -34,9 +36,8 @@ AnyAnnotation* AnnotationViewModel::find(const QUuid& id) {
 void AnnotationViewModel::appendRecord(const AnyAnnotation& annotation) {
     hitIndex_.reset();
     annotations_.push_back(annotation);
-    if (const auto* badge = annotation.as<NumberAnnotation>()) {
-        if (badge->number >= nextNumber()) set_nextNumber(successor(badge->number));
-    }
+    const auto number = numberOf(annotation);
+    if (number && *number >= nextNumber()) set_nextNumber(successor(*number));
     Q_EMIT annotationsChanged();
 }
 
@@ -51,19 +52,14 @@ void AnnotationViewModel::removeRecord(const QUuid& id) {
 }
 
 void AnnotationViewModel::setAnnotations(std::vector<AnyAnnotation> annotations) {
-    // The selection goes first, so that ending a drag records nothing.
-    textBefore_.reset();
-    endTextEditing();
+    // Not cancelled: the list that it would restore is going.
+    if (std::exchange(gesture_, nullptr)) Q_EMIT gestureChanged();
+    textEditing_.drop();
+    numberEditing_.cancel();
     set_selectedAnnotations({});
     setPrimary(std::nullopt);
     set_hoveredAnnotation(std::nullopt);
-    endDrag();
-    clearDrawingState();
-    set_isErasing(false);
-    set_activeAlignmentGuides({});
-    set_isSelectionRectActive(false);
     set_newlyCreatedTextAnnotationId(std::nullopt);
-    cancelNumberEdit();
     if (!areIdentical(annotations_, annotations)) historyService_.clear();
     hitIndex_.reset();
     annotations_ = std::move(annotations);
@@ -108,8 +104,8 @@ void AnnotationViewModel::deleteAnnotation(const QUuid& id) {
     const AnyAnnotation removed = *record;
     removeRecord(id);
     historyService_.record({DeleteOperation{removed}});
-    if (editedTextId() == id) endTextEditing();
-    if (removed.as<NumberAnnotation>()) recomputeNextNumber();
+    if (textEditing_.editedTextId() == id) textEditing_.end();
+    if (numberOf(removed)) recomputeNextNumber();
 }
 
 void AnnotationViewModel::deleteSelected() {
@@ -206,10 +202,26 @@ void AnnotationViewModel::toggleVisibility() {
     set_annotationsVisible(!annotationsVisible());
     if (annotationsVisible()) return;
     // What is not seen cannot be acted on.
-    clearDrawingState();
+    cancelGesture();
     set_selectedAnnotations({});
     setPrimary(std::nullopt);
     set_hoveredAnnotation(std::nullopt);
+}
+
+void AnnotationViewModel::finishEditing() {
+    textEditing_.end();
+    if (numberEditing_.isEditing()) numberEditing_.commit();
+    if (numberEditing_.isEditing()) numberEditing_.cancel();
+}
+
+void AnnotationViewModel::renumber(const std::optional<QUuid>& from, qint64 startingAt) {
+    for (const NumberAnnotation& badge : renumbered(annotations_, from, startingAt))
+        updateAnnotation(badge);
+    recomputeNextNumber();
+}
+
+void AnnotationViewModel::recomputeNextNumber() {
+    set_nextNumber(nextNumberAfter(annotations_));
 }
 
 }  // namespace kestrio

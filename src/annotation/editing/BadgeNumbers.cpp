@@ -2,6 +2,18 @@
 
 namespace kestrio {
 
+std::optional<qint64> numberOf(const AnyAnnotation& annotation) {
+    const auto* badge = annotation.as<NumberAnnotation>();
+    return badge ? std::optional(badge->number) : std::nullopt;
+}
+
+qint64 nextNumberAfter(const std::vector<AnyAnnotation>& annotations) {
+    std::optional<qint64> highest;
+    for (const AnyAnnotation& annotation : annotations)
+        highest = std::max(highest, numberOf(annotation));  // none is the least
+    return highest ? successor(*highest) : 1;
+}
+
 std::vector<NumberAnnotation> renumbered(const std::vector<AnyAnnotation>& annotations,
                                          const std::optional<QUuid>& from, qint64 startingAt) {
     std::vector<NumberAnnotation> badges;

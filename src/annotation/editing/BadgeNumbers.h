@@ -11,6 +11,11 @@ constexpr qint64 successor(qint64 number) {
     return number == std::numeric_limits<qint64>::max() ? number : number + 1;
 }
 
+/// The number of a badge; none of other kinds.
+std::optional<qint64> numberOf(const AnyAnnotation& annotation);
+/// The number of the badge that is drawn next: after the highest, 1 where there is none.
+qint64 nextNumberAfter(const std::vector<AnyAnnotation>& annotations);
+
 /// The badges that change when they are counted again, with their new numbers, in the order of the
 /// old ones: from the badge `from` on, or all where that is none of them.
 std::vector<NumberAnnotation> renumbered(const std::vector<AnyAnnotation>& annotations,

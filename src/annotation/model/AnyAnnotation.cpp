@@ -74,10 +74,13 @@ void AnyAnnotation::translate(const QPointF& offset) {
 
 bool isIdentical(const AnyAnnotation& a, const AnyAnnotation& b) {
     if (a != b || a.color() != b.color() || a.strokeWidth() != b.strokeWidth()) return false;
-    const auto* textA = a.as<TextAnnotation>();
-    const auto* textB = b.as<TextAnnotation>();
-    return !textA ||
-           (textA->fontWeight == textB->fontWeight && textA->alignment == textB->alignment);
+    return a.visit([&b]<typename Kind>(const Kind& record) {
+        const Kind& other = *b.as<Kind>();
+        if constexpr (requires { record.fontWeight, record.alignment; }) {
+            return record.fontWeight == other.fontWeight && record.alignment == other.alignment;
+        }
+        return true;
+    });
 }
 
 bool areIdentical(const std::vector<AnyAnnotation>& a, const std::vector<AnyAnnotation>& b) {

@@ -10,6 +10,7 @@
 #include "annotation/model/RectangleAnnotation.h"
 #include "annotation/model/TextAnnotation.h"
 
+#include <algorithm>
 #include <variant>
 
 namespace kestrio {
@@ -87,6 +88,21 @@ class AnyAnnotation {
   private:
     Record record_;
 };
+
+namespace detail {
+
+template <typename Kind, typename... Kinds>
+constexpr std::size_t indexAmong(const std::variant<Kinds...>*) {
+    const bool isKind[] = {std::is_same_v<Kind, Kinds>...};
+    return static_cast<std::size_t>(std::ranges::find(isKind, true) - std::begin(isKind));
+}
+
+}  // namespace detail
+
+/// Where a kind of record stands in AnyAnnotation::Record and in TypeKey.
+template <typename Kind>
+inline constexpr std::size_t recordIndex =
+    detail::indexAmong<Kind>(static_cast<const AnyAnnotation::Record*>(nullptr));
 
 /// Whether every field is the same, those too that do not count for equality: colours, a text's
 /// weight and alignment.

@@ -1,5 +1,6 @@
 #include "annotation/painting/AnnotationPainter.h"
 
+#include "annotation/model/AnnotationKind.h"
 #include "annotation/painting/KindPainters.h"
 #include "annotation/painting/PaintArea.h"
 #include "core/Parallel.h"
@@ -24,10 +25,10 @@ bool isPaintable(const AnyAnnotation& annotation, const AnnotationMapping& mappi
            std::abs(annotation.strokeWidth() * mapping.strokeScale) <= farthest;
 }
 
-/// True where nothing of the record can touch the painter's pixels. Text may flow out of its box.
+/// True where nothing of the record can touch the painter's pixels.
 bool isOutOfSight(const QPainter& painter, const AnyAnnotation& annotation,
                   const AnnotationMapping& mapping) {
-    if (annotation.as<TextAnnotation>() || annotation.as<EmojiAnnotation>()) return false;
+    if (kindOf(annotation).outgrowsBounds) return false;
     // Heads, ticks and labels, and the corners of turned records.
     constexpr double decorationMargin = 100;
     const QRectF bounds = mapping.mapped(annotation.bounds()).normalized();

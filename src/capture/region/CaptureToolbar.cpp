@@ -40,8 +40,8 @@ std::vector<ToolbarButton> toolButtons() {
     for (const AnnotationToolInfo& tool : annotationTools()) {
         if (tool.tool == AnnotationTool::select) continue;
         const QString key = QChar::fromLatin1(tool.key).toUpper();
-        group.push_back(button(tool.tool, QString::fromLatin1(tool.name).toLower(),
-                               withKey(displayName(tool.tool), key)));
+        group.push_back(
+            button(tool.tool, QString::fromLatin1(tool.id), withKey(displayName(tool.tool), key)));
     }
     return group;
 }

@@ -1,7 +1,7 @@
 #include "editor/canvas/AnnotationLayer.h"
 
 #include "annotation/painting/AnnotationPainter.h"
-#include "editor/canvas/RecordExtent.h"
+#include "annotation/painting/PaintedExtent.h"
 
 namespace kestrio {
 

@@ -1,5 +1,6 @@
 #include "editor/canvas/CanvasDecorations.h"
 
+#include "annotation/model/AnnotationKind.h"
 #include "annotation/model/Geometry.h"
 #include "annotation/painting/AnnotationPainter.h"
 #include "annotation/painting/ArrowShape.h"
@@ -76,6 +77,21 @@ void paintHalo(QPainter& painter, const ArrowAnnotation& arrow, const CanvasView
         QPen(color, 2 * haloWidth * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
+/// How far the halo of a record reaches beyond its bounds, in image points.
+double haloReach(const ArrowAnnotation& arrow) {
+    const ArrowGeometry geometry{arrow.startPoint, arrow.endPoint, arrow.strokeWidth};
+    return geometry.headSize() + haloWidth;
+}
+
+template <typename Record>
+double haloReach(const Record&) {
+    return 0;
+}
+
+/// Other lines show where they are by their handles.
+template <typename Record>
+void paintHalo(QPainter&, const Record&, const CanvasViewport&) {}
+
 void paintHandles(QPainter& painter, const CanvasInteraction& interaction) {
     const auto handles = interaction.viewHandles();
     for (const SelectionHandle& handle : handles) {
@@ -89,12 +105,13 @@ void paintSelection(QPainter& painter, const AnnotationViewModel& annotations,
                     const CanvasInteraction& interaction) {
     for (const AnyAnnotation& annotation : annotations.annotations()) {
         if (!annotations.selectedAnnotations().contains(annotation.id())) continue;
-        const bool isLine =
-            annotation.as<ArrowAnnotation>() || annotation.as<MeasurementAnnotation>();
         const bool isAlone = annotations.selectedAnnotations().size() == 1;
-        if (!(isLine && isAlone)) strokeOutline(painter, outlineOf(annotation, interaction));
-        const auto* arrow = annotation.as<ArrowAnnotation>();
-        if (arrow && isAlone) paintHalo(painter, *arrow, interaction.viewport());
+        if (kindOf(annotation).handles == HandleSet::ends && isAlone) {
+            annotation.visit(
+                [&](const auto& record) { paintHalo(painter, record, interaction.viewport()); });
+        } else {
+            strokeOutline(painter, outlineOf(annotation, interaction));
+        }
     }
     const auto combined = annotations.combinedBounds();
     if (combined && annotations.selectedAnnotations().size() > 1) {
@@ -144,18 +161,20 @@ void paintEraser(QPainter& painter, const QPointF& center, double radius) {
 void paintToolSample(QPainter& painter, const AnnotationViewModel& annotations,
                      const QPointF& pointer) {
     const QPointF from = pointer + QPointF(16, 30), to = pointer + QPointF(44, 14);
-    DrawnGesture gesture{from, to, {}, {}, annotations.toolSettings(), annotations.nextNumber()};
+    const AnnotationToolInfo& tool = annotationToolInfo(annotations.currentTool());
+    if (tool.sample == ToolSample::none) return;
+    DrawingInput input{from, to, {}, {}, annotations.toolSettings(), annotations.nextNumber()};
     for (int i = 0; i <= 12; ++i) {
         const double t = i / 12.0;
-        gesture.points.push_back(from + t * (to - from) + QPointF(0, 6 * std::sin(t * 6.28)));
+        input.points.push_back(from + t * (to - from) + QPointF(0, 6 * std::sin(t * 6.28)));
     }
-    const auto sample = annotationToolInfo(annotations.currentTool()).make(gesture);
-    if (!sample || sample->as<TextAnnotation>() || sample->as<BlurAnnotation>()) return;
+    const auto sample = tool.make(input);
+    if (!sample) return;
     painter.setOpacity(0.55);
     painter.save();
     AnnotationMapping mapping;
     // A badge stands where it is put; beside the pointer it would hide the place.
-    if (sample->as<NumberAnnotation>()) mapping.origin = QPointF(6, 6);
+    if (tool.sample == ToolSample::stamp) mapping.origin = QPointF(6, 6);
     paintAnnotation(painter, *sample, mapping);
     painter.restore();
     painter.setOpacity(1);
@@ -187,7 +206,7 @@ void paintDecorations(QPainter& painter, const EditorViewModel& editor,
     paintGuides(painter, annotations, interaction);
     if (annotations.annotationsVisible()) paintSelection(painter, annotations, interaction);
     paintRubberBand(painter, annotations, interaction);
-    if (const auto& label = interaction.dimensionLabel()) paintDimensions(painter, *label);
+    if (const auto label = interaction.dimensionLabel()) paintDimensions(painter, *label);
     const auto& cursor = annotations.cursorPosition();
     if (!cursor) return;
     const QPointF pointer = interaction.viewport().toView(*cursor);
@@ -211,10 +230,8 @@ QRectF decorationBounds(const EditorViewModel& editor, const CanvasInteraction& 
     constexpr double pen = 4;
     // An arrow's head is broader than its line, and its halo than that.
     const auto reachOf = [&](const AnyAnnotation& annotation) {
-        const auto* arrow = annotation.as<ArrowAnnotation>();
-        if (!arrow) return pen;
-        const ArrowGeometry geometry{arrow->startPoint, arrow->endPoint, arrow->strokeWidth};
-        return pen + (geometry.headSize() + haloWidth) * interaction.viewport().imageScale();
+        const double halo = annotation.visit([](const auto& record) { return haloReach(record); });
+        return pen + halo * interaction.viewport().imageScale();
     };
     if (!annotations.selectedAnnotations().empty()) {
         for (const AnyAnnotation& annotation : annotations.annotations())
@@ -229,7 +246,7 @@ QRectF decorationBounds(const EditorViewModel& editor, const CanvasInteraction& 
                     .normalized(),
                 pen);
     }
-    if (const auto& label = interaction.dimensionLabel()) {
+    if (const auto label = interaction.dimensionLabel()) {
         constexpr double halfLabel = 100;
         include(QRectF(label->position, QSizeF(0, 0)), halfLabel);
     }

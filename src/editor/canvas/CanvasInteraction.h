@@ -1,7 +1,7 @@
 #pragma once
 
+#include "annotation/editing/SelectionHandles.h"
 #include "editor/canvas/CanvasViewport.h"
-#include "editor/canvas/SelectionHandles.h"
 #include "editor/document/EditorViewModel.h"
 
 namespace kestrio {
@@ -47,7 +47,8 @@ class CanvasInteraction {
     void wheel(const PointerEvent& event, const QPointF& pixels);
 
     Qt::CursorShape cursor() const;
-    const std::optional<DimensionLabel>& dimensionLabel() const { return dimensionLabel_; }
+    /// While a record is being resized.
+    std::optional<DimensionLabel> dimensionLabel() const;
     /// In points of the view.
     double eraserRadius() const;
     bool isHoveringInactiveAnnotation() const { return isHoveringInactiveAnnotation_; }
@@ -56,34 +57,22 @@ class CanvasInteraction {
     std::vector<SelectionHandle> viewHandles() const;
 
   private:
-    enum class Phase { none, panning, handle, pendingText, selecting, dragging, drawing, erasing };
-
     AnnotationViewModel& annotations() { return editor_.annotationVM(); }
     const AnnotationViewModel& annotations() const { return editor_.annotationVM(); }
 
     std::optional<AnyAnnotation> recordAt(const QPointF& view) const;
     bool pressHandle(const QPointF& view);
     void pressSelect(const PointerEvent& event);
-    void pressDrawingTool(const PointerEvent& event);
-    void beginDrag();
-    void dragTo(const QPointF& view);
-    void draw(const PointerEvent& event);
-    void erase(const QPointF& view);
-    void dragHandle(const PointerEvent& event);
-    void showDimensions(const AnyAnnotation& record);
+    void pressDrawingTool(const QPointF& point);
+    template <typename Kind, typename... Arguments>
+    void begin(Arguments... arguments);
     void pan(const QPointF& view);
     QRectF pictureRect() const;
-    QPointF drawingPoint(const QPointF& view) const;
-    void finishDrawing();
 
     EditorViewModel& editor_;
     CanvasViewport viewport_;
-    Phase phase_ = Phase::none;
     QPointF pressView_;
-    QSizeF panStart_;
-    std::optional<HandleRole> handle_;
-    std::optional<AnyAnnotation> handleStart_;
-    std::optional<DimensionLabel> dimensionLabel_;
+    std::optional<QSizeF> panStart_;  ///< the canvas' offset as panning began, while it goes on
     bool isHoveringInactiveAnnotation_ = false;
 };
 

@@ -65,8 +65,7 @@ void PreviewRenderer::watchBlurs() {
     using Annotations = AnnotationViewModel;
     for (const auto signal :
          {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
-          &Annotations::isDraggingAnnotationChanged,
-          &Annotations::isResizingViaControlPointChanged}) {
+          &Annotations::gestureChanged}) {
         connect(&editor_.annotationVM(), signal, this, &PreviewRenderer::refreshBlurs);
     }
 }
@@ -97,7 +96,7 @@ void PreviewRenderer::refreshBlurs() {
     const bool isChanged = blurs != blurs_;
     blurs_ = blurs;
     const auto& selected = annotations.selectedAnnotation();
-    if (!annotations.isDraggingAnnotation() && !annotations.isResizingViaControlPoint()) {
+    if (!annotations.isMovingRecord()) {
         movingBlur_.reset();
         blurRest_.stop();
     } else if (isChanged && selected && selected->as<BlurAnnotation>()) {

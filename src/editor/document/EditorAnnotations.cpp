@@ -42,7 +42,7 @@ void EditorViewModel::enterAnnotationMode() {
 void EditorViewModel::leaveAnnotationMode() {
     if (!isAnnotationMode()) return;
     annotationVM_.finishEditing();
-    annotationVM_.finishDrawing();
+    annotationVM_.finishGesture();
     annotationVM_.set_isMultiSelectMode(false);
     annotationVM_.selectAnnotation(std::nullopt);
     synchroniseAnnotations();

@@ -47,7 +47,7 @@ class Enhancing {
 
 CompositeRequest EditorViewModel::outputRequest() {
     if (screenshot().isNull()) throw ExportError::renderingFailed();
-    if (isAnnotationMode()) annotationVM_.finishDrawing();
+    if (isAnnotationMode()) annotationVM_.finishGesture();
     finishEditing();
     return presentPicture();
 }

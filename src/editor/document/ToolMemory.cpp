@@ -2,14 +2,6 @@
 
 namespace kestrio {
 
-namespace {
-
-QString nameOf(AnnotationTool tool) {
-    return QString::fromLatin1(annotationToolInfo(tool).name).toLower();
-}
-
-}  // namespace
-
 ToolMemory::ToolMemory(AnnotationViewModel& annotations, std::shared_ptr<UserDefaults> userDefaults)
     : annotations_(annotations), templates_(std::move(userDefaults)) {
     using Annotations = AnnotationViewModel;
@@ -20,7 +12,7 @@ ToolMemory::ToolMemory(AnnotationViewModel& annotations, std::shared_ptr<UserDef
 void ToolMemory::recall() {
     const AnnotationTool tool = annotations_.currentTool();
     if (tool == AnnotationTool::select) return;
-    if (const auto settings = templates_.load<ToolSettings>(nameOf(tool))) {
+    if (const auto settings = templates_.load<ToolSettings>(toolId(tool))) {
         annotations_.set_toolSettings(*settings);
     }
 }
@@ -28,7 +20,7 @@ void ToolMemory::recall() {
 void ToolMemory::remember() {
     const AnnotationTool tool = annotations_.currentTool();
     if (tool != AnnotationTool::select) {
-        templates_.save(nameOf(tool), annotations_.toolSettings());
+        templates_.save(toolId(tool), annotations_.toolSettings());
     }
 }
 

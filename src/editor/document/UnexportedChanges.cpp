@@ -4,11 +4,6 @@ namespace kestrio {
 
 namespace {
 
-// Records compare equal whatever their colour; their texts do not.
-QByteArray annotationsText(const CompositeRequest& picture) {
-    return encodeJsonText(picture.annotations);
-}
-
 /// What of the canvas shows in the finished picture.
 CanvasState finishedCanvas(CanvasState canvas) {
     canvas.transform.scale = 1;
@@ -28,16 +23,15 @@ bool isSameStyle(const CompositeRequest& a, const CompositeRequest& b) {
 
 void UnexportedChanges::settle(const CompositeRequest& picture) {
     settledBitmap_ = picture.screenshot.bitmap().cacheKey();
-    settledAnnotations_ = annotationsText(picture);
     settled_ = picture;
     settled_->screenshot = {};
-    settled_->annotations.clear();
 }
 
 bool UnexportedChanges::wouldLose(const CompositeRequest& picture) const {
     if (!settled_) return false;
     return picture.screenshot.bitmap().cacheKey() != settledBitmap_ ||
-           !isSameStyle(picture, *settled_) || annotationsText(picture) != settledAnnotations_;
+           !isSameStyle(picture, *settled_) ||
+           !areIdentical(picture.annotations, settled_->annotations);
 }
 
 }  // namespace kestrio

@@ -2,8 +2,6 @@
 
 #include "render/CompositeRequest.h"
 
-#include <QByteArray>
-
 namespace kestrio {
 
 /// Whether a document would finish as another picture than the one that was opened or last left the
@@ -20,7 +18,6 @@ class UnexportedChanges {
     // Without the bitmap, which would stay in memory after it was replaced.
     std::optional<CompositeRequest> settled_;
     qint64 settledBitmap_ = 0;
-    QByteArray settledAnnotations_;
 };
 
 }  // namespace kestrio

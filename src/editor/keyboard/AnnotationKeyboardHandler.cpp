@@ -90,6 +90,11 @@ bool AnnotationKeyboardHandler::handlePlain(const KeyPress& press) {
         markUsed(QStringLiteral("showShortcuts"));
         return true;
     }
+    if (press.key == Qt::Key_Escape && editor_->annotationVM().gesture()) {
+        editor_->annotationVM().cancelGesture();
+        editor_->synchroniseAnnotations();
+        return true;
+    }
     if (press.key == Qt::Key_Escape) {
         editor_->set_isShortcutOverlayVisible(false);
         return isOverlayShown;
@@ -107,7 +112,7 @@ void AnnotationKeyboardHandler::chooseTool(AnnotationTool tool) {
         model.selectAnnotation(std::nullopt);
         model.set_currentTool(tool);
     }
-    markUsed(shortcutId(tool));
+    markUsed(toolId(tool));
 }
 
 void AnnotationKeyboardHandler::markUsed(const QString& action) {

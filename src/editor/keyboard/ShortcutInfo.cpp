@@ -30,7 +30,7 @@ constexpr Row rows[] = {
 };
 
 ShortcutInfo ofTool(const AnnotationToolInfo& info) {
-    return {shortcutId(info.tool), QString(QChar::fromLatin1(info.key).toUpper()),
+    return {toolId(info.tool), QString(QChar::fromLatin1(info.key).toUpper()),
             Kestrio::tr(info.description), tools};
 }
 
@@ -59,10 +59,6 @@ std::optional<ShortcutInfo> ShortcutInfo::find(const QString& id) {
             if (info.id == id) return std::move(info);
     }
     return std::nullopt;
-}
-
-QString shortcutId(AnnotationTool tool) {
-    return QString::fromLatin1(annotationToolInfo(tool).name).toLower();
 }
 
 QString shownShortcut(QString text) {

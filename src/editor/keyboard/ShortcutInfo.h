@@ -33,9 +33,6 @@ struct ShortcutInfo {
     static std::optional<ShortcutInfo> find(const QString& id);
 };
 
-/// The action of choosing a tool, such as "arrow".
-QString shortcutId(AnnotationTool tool);
-
 /// A text with the keys' symbols replaced by the words on a PC's keyboard: "⌘⇧Z" becomes
 /// "Ctrl+Shift+Z".
 QString shownShortcut(QString text);

@@ -9,11 +9,6 @@ namespace kestrio {
 
 namespace {
 
-// Icons are files of the same name.
-QString toolId(AnnotationTool tool) {
-    return shortcutId(tool);
-}
-
 QVariantMap alignmentRow(const QString& id, const char* name, const QString& symbol, int least) {
     QVariantMap values = viewRow(id, Kestrio::tr(name));
     values.insert(QStringLiteral("symbol"), symbol);
@@ -30,11 +25,13 @@ AnnotationPanel::AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& h
     for (const auto signal :
          {&Annotations::currentToolChanged, &Annotations::toolSettingsChanged,
           &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
-          &Annotations::isTextEditingChanged, &Annotations::annotationsVisibleChanged}) {
+          &Annotations::annotationsVisibleChanged}) {
         connect(&annotations(), signal, this, &AnnotationPanel::toolChanged);
     }
+    connect(&annotations().textEditing(), &TextEditing::editedTextIdChanged, this,
+            &AnnotationPanel::toolChanged);
     connect(&editor, &EditorViewModel::annotationsChanged, this, &AnnotationPanel::toolChanged);
-    connect(&annotations(), &Annotations::numberEditingStateChanged, this,
+    connect(&annotations().numberEditing(), &NumberEditing::numberEditingStateChanged, this,
             &AnnotationPanel::numberEditingChanged);
 }
 
@@ -109,7 +106,7 @@ QVariantList AnnotationPanel::alignments() const {
 }
 
 QVariantMap AnnotationPanel::numberEditing() const {
-    const NumberEditingState& state = annotations().numberEditingState();
+    const NumberEditingState& state = annotations().numberEditing().numberEditingState();
     return {{QStringLiteral("isEditing"), state.isEditing},
             {QStringLiteral("text"), state.inputValue},
             {QStringLiteral("error"), state.errorMessage.value_or(QString())}};
@@ -219,10 +216,7 @@ void AnnotationPanel::deleteAndRenumber() {
 }
 
 void AnnotationPanel::setNumberText(const QString& text) {
-    NumberEditingState state = annotations().numberEditingState();
-    if (!state.isEditing) return;
-    state.inputValue = text;
-    annotations().set_numberEditingState(state);
+    annotations().numberEditing().setInput(text);
 }
 
 void AnnotationPanel::toggleVisibility() {
@@ -235,7 +229,7 @@ void AnnotationPanel::finishEditing() {
 }
 
 void AnnotationPanel::commitNumber() {
-    annotations().commitNumberEdit();
+    annotations().numberEditing().commit();
     editor_.synchroniseAnnotations();
 }
 

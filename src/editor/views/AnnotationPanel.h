@@ -39,7 +39,7 @@ class AnnotationPanel : public QObject {
     /// records it takes at least.
     QVariantList alignments() const;
     QVariantMap numberEditing() const;
-    bool isTextEditing() const { return annotations().isTextEditing(); }
+    bool isTextEditing() const { return annotations().textEditing().isTextEditing(); }
 
     Q_INVOKABLE void setTool(const QString& id);
     Q_INVOKABLE void setColor(const QColor& color);
@@ -61,7 +61,7 @@ class AnnotationPanel : public QObject {
     Q_INVOKABLE void deleteAndRenumber();
     Q_INVOKABLE void setNumberText(const QString& text);
     Q_INVOKABLE void commitNumber();
-    Q_INVOKABLE void cancelNumber() { annotations().cancelNumberEdit(); }
+    Q_INVOKABLE void cancelNumber() { annotations().numberEditing().cancel(); }
 
     Q_SIGNAL void toolChanged();
     Q_SIGNAL void numberEditingChanged();

@@ -68,25 +68,25 @@ void CanvasItem::connectToEditor() {
     using Annotations = AnnotationViewModel;
     for (const auto signal :
          {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
-          &Annotations::drawingEndPointChanged, &Annotations::isDrawingChanged,
-          &Annotations::selectedAnnotationChanged, &Annotations::selectedAnnotationsChanged,
-          &Annotations::selectionRectEndChanged, &Annotations::isSelectionRectActiveChanged,
-          &Annotations::activeAlignmentGuidesChanged, &Annotations::cursorPositionChanged,
+          &Annotations::gestureChanged, &Annotations::selectedAnnotationChanged,
+          &Annotations::selectedAnnotationsChanged, &Annotations::cursorPositionChanged,
           &Annotations::currentToolChanged, &Annotations::toolSettingsChanged}) {
         connect(&annotations, signal, this, &CanvasItem::polish);
     }
     connect(&annotations, &Annotations::currentToolChanged, this, &CanvasItem::refreshCursor);
-    connect(&annotations, &Annotations::numberEditingStateChanged, this, &CanvasItem::viewChanged);
+    connect(&annotations.numberEditing(), &NumberEditing::numberEditingStateChanged, this,
+            &CanvasItem::viewChanged);
     connect(&annotations, &Annotations::newlyCreatedTextAnnotationIdChanged, this,
             [this, &annotations] {
                 const auto id = annotations.newlyCreatedTextAnnotationId();
                 if (!id) return;
                 annotations.set_newlyCreatedTextAnnotationId(std::nullopt);
-                annotations.beginTextEditing(*id);
+                annotations.textEditing().begin(*id);
             });
-    for (const auto signal : {&Annotations::editedTextIdChanged, &Annotations::annotationsChanged})
-        connect(&annotations, signal, this, &CanvasItem::textEditingChanged);
-    connect(&annotations, &Annotations::editedTextIdChanged, this, &CanvasItem::polish);
+    connect(&annotations, &Annotations::annotationsChanged, this, &CanvasItem::textEditingChanged);
+    const TextEditing& typing = annotations.textEditing();
+    connect(&typing, &TextEditing::editedTextIdChanged, this, &CanvasItem::textEditingChanged);
+    connect(&typing, &TextEditing::editedTextIdChanged, this, &CanvasItem::polish);
 }
 
 double CanvasItem::pixelRatio() const {
@@ -136,8 +136,9 @@ QRect CanvasItem::showAnnotations() {
     if (annotations.annotationsVisible() && interaction_->viewport().showsScreenshot()) {
         shown = editor().liveAnnotations();
         // A text that is typed is shown by its editor.
-        std::erase_if(shown,
-                      [&](const auto& each) { return each.id() == annotations.editedTextId(); });
+        std::erase_if(shown, [&](const auto& each) {
+            return each.id() == annotations.textEditing().editedTextId();
+        });
         if (const auto drawn = annotations.recordBeingDrawn()) shown.push_back(*drawn);
     }
     const QRectF view(QPointF(), size() * pixelRatio());
@@ -288,7 +289,7 @@ void CanvasItem::mouseReleaseEvent(QMouseEvent* event) {
 void CanvasItem::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!interaction_) return;
     const auto text = interaction_->doubleClick(pointerEvent(*event));
-    if (text) editor().annotationVM().beginTextEditing(*text);
+    if (text) editor().annotationVM().textEditing().begin(*text);
 }
 
 void CanvasItem::hoverMoveEvent(QHoverEvent* event) {
@@ -323,7 +324,7 @@ bool CanvasItem::isEditingText() const {
 const TextAnnotation* CanvasItem::editedRecord() const {
     if (!controller_) return nullptr;
     const AnnotationViewModel& annotations = editor().annotationVM();
-    const auto& id = annotations.editedTextId();
+    const auto& id = annotations.textEditing().editedTextId();
     const AnyAnnotation* record = id ? annotations.annotation(*id) : nullptr;
     return record ? record->as<TextAnnotation>() : nullptr;
 }
@@ -365,19 +366,19 @@ QString CanvasItem::editedText() const {
 
 void CanvasItem::setEditedText(const QString& text) {
     if (!isEditingText()) return;
-    editor().annotationVM().setEditedText(text);
+    editor().annotationVM().textEditing().setText(text);
     editor().synchroniseAnnotations();
 }
 
 void CanvasItem::endTextEditing() {
     if (!isEditingText()) return;
-    editor().annotationVM().endTextEditing();
+    editor().annotationVM().textEditing().end();
     editor().synchroniseAnnotations();
 }
 
 QRectF CanvasItem::numberEditorRect() const {
     if (!controller_) return {};
-    const auto& state = editor().annotationVM().numberEditingState();
+    const auto& state = editor().annotationVM().numberEditing().numberEditingState();
     const AnyAnnotation* record =
         state.editingAnnotationId ? editor().annotationVM().annotation(*state.editingAnnotationId)
                                   : nullptr;

@@ -1,5 +1,6 @@
-#include "editor/canvas/RecordExtent.h"
+#include "annotation/painting/PaintedExtent.h"
 
+#include "annotation/model/AnnotationKind.h"
 #include "annotation/painting/TextColumn.h"
 
 #include <cmath>
@@ -17,7 +18,7 @@ QRectF turnedAnyhow(const QRectF& rect, const QPointF& center) {
 }
 
 // A text that is longer than its box flows out of it below.
-QRectF textExtent(const TextAnnotation& text) {
+QRectF extentOf(const TextAnnotation& text) {
     const QRectF box = text.bounds.normalized();
     if (!(text.fontSize > 0) || !(box.width() > 0)) return box;
     const TextColumn column(
@@ -31,7 +32,7 @@ QRectF textExtent(const TextAnnotation& text) {
 }
 
 // A row of pictograms is as high as one and as wide as all.
-QRectF emojiExtent(const EmojiAnnotation& emoji) {
+QRectF extentOf(const EmojiAnnotation& emoji) {
     const double width =
         emoji.size * static_cast<double>(std::max<qsizetype>(1, emoji.emoji.size()));
     QRectF row(QPointF(), QSizeF(width, emoji.size));
@@ -39,19 +40,32 @@ QRectF emojiExtent(const EmojiAnnotation& emoji) {
     return turnedAnyhow(row, emoji.center).adjusted(-2, -2, 2, 2);
 }
 
+/// Heads, ticks, labels and mitred corners.
+template <typename Record>
+QRectF decorated(const Record& record, const QRectF& inked) {
+    constexpr double decorationMargin = 100;
+    const double beyond = decorationMargin + 4 * std::abs(record.strokeWidth);
+    return inked.adjusted(-beyond, -beyond, beyond, beyond);
+}
+
+QRectF extentOf(const RectangleAnnotation& rectangle) {
+    const QRectF bounds = rectangle.bounds.normalized();
+    return decorated(rectangle,
+                     rectangle.rotation == 0 ? bounds : turnedAnyhow(bounds, bounds.center()));
+}
+
+/// Of kinds that paint near their bounds.
+template <typename Record>
+QRectF extentOf(const Record& record) {
+    static_assert(!annotationKinds[recordIndex<Record>].outgrowsBounds,
+                  "a kind that outgrows its bounds has an extent of its own");
+    return decorated(record, record.boundingRect().normalized());
+}
+
 }  // namespace
 
-QRectF paintedExtent(const AnyAnnotation& record) {
-    if (const auto* text = record.as<TextAnnotation>()) return textExtent(*text);
-    if (const auto* emoji = record.as<EmojiAnnotation>()) return emojiExtent(*emoji);
-    // Heads, ticks, labels and mitred corners.
-    constexpr double decorationMargin = 100;
-    const double beyond = decorationMargin + 4 * std::abs(record.strokeWidth());
-    const QRectF bounds = record.bounds().normalized();
-    const auto* rectangle = record.as<RectangleAnnotation>();
-    const bool isTurned = rectangle && rectangle->rotation != 0;
-    const QRectF inked = isTurned ? turnedAnyhow(bounds, bounds.center()) : bounds;
-    return inked.adjusted(-beyond, -beyond, beyond, beyond);
+QRectF paintedExtent(const AnyAnnotation& annotation) {
+    return annotation.visit([](const auto& record) { return extentOf(record); });
 }
 
 }  // namespace kestrio

@@ -1,5 +1,6 @@
-#include "editor/canvas/SelectionHandles.h"
+#include "annotation/editing/SelectionHandles.h"
 
+#include "annotation/model/AnnotationKind.h"
 #include "annotation/model/Geometry.h"
 
 #include <cmath>
@@ -51,34 +52,29 @@ QPointF placeOf(HandleRole role, const QRectF& rect) {
             rect.center().y() + sides.y * rect.height() / 2};
 }
 
-bool canTurn(const AnyAnnotation& annotation) {
-    return annotation.as<RectangleAnnotation>() || annotation.as<TextAnnotation>();
+template <typename Record>
+concept Line = requires(Record line) {
+    line.startPoint;
+    line.endPoint;
+};
+
+std::vector<SelectionHandle> endHandles(const AnyAnnotation& annotation) {
+    return annotation.visit([](const auto& record) -> std::vector<SelectionHandle> {
+        if constexpr (Line<decltype(record)>) {
+            return {{HandleRole::startPoint, record.startPoint},
+                    {HandleRole::endPoint, record.endPoint}};
+        }
+        return {};
+    });
 }
 
-/// Kinds that are as wide as high.
-bool isRound(const AnyAnnotation& annotation) {
-    return annotation.as<CircleAnnotation>() || annotation.as<NumberAnnotation>() ||
-           annotation.as<EmojiAnnotation>();
-}
-
-bool hasEdgeHandles(const AnyAnnotation& annotation) {
-    return canTurn(annotation) || annotation.as<BlurAnnotation>();
-}
-
-template <typename Line>
-bool addEnds(const AnyAnnotation& annotation, std::vector<SelectionHandle>& handles) {
-    const auto* line = annotation.as<Line>();
-    if (!line) return false;
-    handles.push_back({HandleRole::startPoint, line->startPoint});
-    handles.push_back({HandleRole::endPoint, line->endPoint});
-    return true;
-}
-
-template <typename Line>
 void dragEnd(AnyAnnotation& annotation, const HandleDrag& drag) {
-    auto* line = annotation.as<Line>();
-    if (!line) return;
-    (drag.role == HandleRole::startPoint ? line->startPoint : line->endPoint) = drag.point;
+    annotation.visit([&drag](auto& record) {
+        if constexpr (Line<decltype(record)>) {
+            (drag.role == HandleRole::startPoint ? record.startPoint : record.endPoint) =
+                drag.point;
+        }
+    });
 }
 
 /// One axis of the new rectangle, the side opposite to the moved one standing still.
@@ -123,7 +119,7 @@ void dragBounds(AnyAnnotation& annotation, HandleDrag drag) {
     const double degrees = rotationOf(annotation);
     drag.point = rotated(drag.point, before.center(), -degrees);
     // In proportion; else the record's own square would leave the opposite corner.
-    drag.isConstrained |= isRound(annotation);
+    drag.isConstrained |= kindOf(annotation).keepsProportion;
     QRectF after = resized(before, drag);
     after.moveCenter(rotated(after.center(), before.center(), degrees));
     annotation.setBounds(after);
@@ -134,36 +130,27 @@ void dragRotation(AnyAnnotation& annotation, const HandleDrag& drag) {
     double degrees = std::atan2(way.y(), way.x()) * 180 / std::numbers::pi + 90;
     if (drag.isConstrained) degrees = std::round(degrees / rotationStep) * rotationStep;
     degrees = std::fmod(degrees + 360, 360);
-    if (auto* rectangle = annotation.as<RectangleAnnotation>()) rectangle->rotation = degrees;
-    if (auto* text = annotation.as<TextAnnotation>()) text->rotation = degrees;
+    setRotation(annotation, degrees);
 }
 
 }  // namespace
 
-double rotationOf(const AnyAnnotation& annotation) {
-    if (const auto* rectangle = annotation.as<RectangleAnnotation>()) return rectangle->rotation;
-    if (const auto* text = annotation.as<TextAnnotation>()) return text->rotation;
-    return 0;
-}
-
 std::vector<SelectionHandle> selectionHandles(const AnyAnnotation& annotation,
                                               double rotationReach) {
+    const AnnotationKind& kind = kindOf(annotation);
+    if (kind.handles == HandleSet::ends) return endHandles(annotation);
     std::vector<SelectionHandle> handles;
-    if (addEnds<ArrowAnnotation>(annotation, handles) ||
-        addEnds<MeasurementAnnotation>(annotation, handles)) {
-        return handles;
-    }
     const QRectF rect = annotation.bounds();
     const auto add = [&](HandleRole role, const QPointF& place) {
         handles.push_back({role, rotated(place, rect.center(), rotationOf(annotation))});
     };
     for (const HandleRole role : corners)
         add(role, placeOf(role, rect));
-    if (hasEdgeHandles(annotation)) {
+    if (kind.handles == HandleSet::cornersAndEdges) {
         for (const HandleRole role : edges)
             add(role, placeOf(role, rect));
     }
-    if (canTurn(annotation)) {
+    if (kind.canRotate) {
         add(HandleRole::rotation, placeOf(HandleRole::top, rect) - QPointF(0, rotationReach));
     }
     return handles;
@@ -174,8 +161,7 @@ AnyAnnotation draggedByHandle(const AnyAnnotation& start, const HandleDrag& drag
     switch (drag.role) {
         case HandleRole::startPoint:
         case HandleRole::endPoint:
-            dragEnd<ArrowAnnotation>(annotation, drag);
-            dragEnd<MeasurementAnnotation>(annotation, drag);
+            dragEnd(annotation, drag);
             break;
         case HandleRole::rotation:
             dragRotation(annotation, drag);

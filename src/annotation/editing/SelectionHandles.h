@@ -27,9 +27,6 @@ struct SelectionHandle {
     QPointF position;
 };
 
-/// How far a record is turned with its bounds, in degrees clockwise; 0 for kinds that are not.
-double rotationOf(const AnyAnnotation& annotation);
-
 /// The handles of a record, turned with it. `rotationReach` is how far the rotation handle stands
 /// above the top edge, in the record's points.
 std::vector<SelectionHandle> selectionHandles(const AnyAnnotation& annotation,
