@@ -27,7 +27,7 @@ CaptureError CaptureError::from(const std::exception& error) {
 QString CaptureError::errorDescription() const {
     switch (which_) {
         case Case::systemError:
-            return Kestrio::tr("System error: ") + reason_;
+            return Kestrio::tr("System error: %1").arg(reason_);
         case Case::permissionDenied:
             if (!reason_.isEmpty()) return reason_;
             return Kestrio::tr("Screen recording permission denied. Please allow Kestrio in %1.")

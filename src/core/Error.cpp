@@ -21,7 +21,7 @@ QString describeFailure(const std::exception& error) {
     }
     const auto* own = dynamic_cast<const Error*>(&error);
     return own ? own->fullDescription()
-               : Kestrio::tr("unexpected failure: ") + QString::fromUtf8(error.what());
+               : Kestrio::tr("unexpected failure: %1").arg(QString::fromUtf8(error.what()));
 }
 
 }  // namespace kestrio

@@ -26,14 +26,15 @@ ExportError ExportError::unsupportedFormat(ExportFormat format) {
 QString ExportError::errorDescription() const {
     switch (case_) {
         case Case::fileWriteFailed:
-            return Kestrio::tr("Failed to write file: ") + path_;
+            return Kestrio::tr("Failed to write file: %1").arg(path_);
         case Case::unsupportedFormat:
             if (format_ == ExportFormat::webp) {
                 return Kestrio::tr(
                     "WebP export is not available on this system. Please export as PNG or "
                     "JPEG.");
             }
-            return Kestrio::tr("Unsupported export format: ") + fileExtension(format_).toUpper();
+            return Kestrio::tr("Unsupported export format: %1")
+                .arg(fileExtension(format_).toUpper());
         case Case::renderingFailed:
             return Kestrio::tr("Image rendering failed");
         case Case::clipboardFailed:

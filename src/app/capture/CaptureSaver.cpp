@@ -19,7 +19,7 @@ AlertRequest rescueQuestion(const QString& reason) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     request.title = Kestrio::tr("The Screenshot Was Not Saved");
-    request.text = reason + u'\n' + Kestrio::tr("It is still here: choose another folder for it.");
+    request.text = Kestrio::tr("%1\nIt is still here: choose another folder for it.").arg(reason);
     // The last one is what Escape stands for, and loses nothing.
     request.buttons = {Kestrio::tr("Choose Folder…"), Kestrio::tr("Discard"),
                        Kestrio::tr("Open in Editor")};
@@ -78,7 +78,8 @@ Task<CaptureSaving> saveOrAsk(CaptureCollaborators with, Image image,
         auto again = tryToSave(with, image, *folder);
         attempt = co_await again;
     }
-    with.toasts->show(Kestrio::tr("Saved to ") + QFileInfo(attempt.path).fileName(), toastTime);
+    with.toasts->show(Kestrio::tr("Saved to %1").arg(QFileInfo(attempt.path).fileName()),
+                      toastTime);
     co_return CaptureSaving{attempt.path, false};
 }
 

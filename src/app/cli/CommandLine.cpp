@@ -41,18 +41,24 @@ bool write(const QByteArray& text) {
 }
 
 QByteArray verbsText() {
-    QByteArray text =
-        "Kestrio, a screenshot beautifier\n\n"
-        "usage: kestrio                    start in the tray, or bring the running one to notice\n"
-        "       kestrio VERB [ARGUMENTS]\n\n";
+    QString list;
     constexpr int nameColumns = 11;
     for (const CliVerb& verb : verbs) {
         if (!verb.summary) continue;
-        text += "  " + QByteArray(verb.name).leftJustified(nameColumns) + verb.summary + '\n';
+        list += QStringLiteral("  ") + QString::fromLatin1(verb.name).leftJustified(nameColumns) +
+                Kestrio::tr(verb.summary) + u'\n';
     }
-    return text +
-           "\n  -h, --help     show this help; after a verb, its options\n"
-           "  -v, --version  show the version\n";
+    return Kestrio::tr(
+               "Kestrio, a screenshot beautifier\n\n"
+               "usage: kestrio                    start in the tray, or bring the running one to "
+               "notice\n"
+               "       kestrio VERB [ARGUMENTS]\n\n"
+               "%1\n"
+               "  -h, --help     show this help; after a verb, its options\n"
+               "  -v, --version  show the version")
+               .arg(list)
+               .toUtf8() +
+           '\n';
 }
 
 ExitStatus printed(const QByteArray& text) {
@@ -108,9 +114,8 @@ std::optional<ExitStatus> handOverCommandLine(const QStringList& arguments) {
 
 void printHelp(const QCommandLineParser& parser, const char* usage) {
     const QString text = parser.helpText();
-    if (!write("usage: kestrio " + QByteArray(usage) + text.mid(text.indexOf(u'\n')).toUtf8())) {
-        throw OutputError();
-    }
+    const QString heading = Kestrio::tr("usage: kestrio %1").arg(QString::fromLatin1(usage));
+    if (!write((heading + text.mid(text.indexOf(u'\n'))).toUtf8())) throw OutputError();
 }
 
 bool printDocument(const QByteArray& text) {
@@ -119,11 +124,11 @@ bool printDocument(const QByteArray& text) {
     return false;
 }
 
-bool printPath(const QString& path, const QString& label) {
+bool printPath(const QString& path, const QString& sentence) {
     // Scripts take the name as it is; a terminal would obey what control characters it holds.
     const bool isTerminal = ::isatty(STDOUT_FILENO) == 1;
     const QByteArray name = isTerminal ? printableText(path).toUtf8() : toNativePath(path);
-    return printDocument(label.toUtf8() + name + '\n');
+    return printDocument(sentence.toUtf8().replace("%1", name) + '\n');
 }
 
 void printError(const QString& message) {

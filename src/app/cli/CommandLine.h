@@ -59,8 +59,8 @@ void printHelp(const QCommandLineParser& parser, const char* usage);
 /// Writes to standard output; false where that cannot be written to, which is reported.
 bool printDocument(const QByteArray& text);
 
-/// Writes the name of a file as a line to standard output, after `label`. False as above.
-bool printPath(const QString& path, const QString& label = {});
+/// Writes a line to standard output with the name of a file in the place of "%1". False as above.
+bool printPath(const QString& path, const QString& sentence = QStringLiteral("%1"));
 
 /// One line on standard error, headed by the program's name.
 void printError(const QString& message);

@@ -212,7 +212,7 @@ QByteArray jsonOf(const RenderReport& report) {
 bool printResults(const RenderOptions& options, const RenderReport& report) {
     if (options.isJson) return printDocument(jsonOf(report));
     return !options.isQuickSave || std::ranges::all_of(report.files, [](const RenderedFile& file) {
-        return printPath(file.saved.path, Kestrio::tr("Saved to "));
+        return printPath(file.saved.path, Kestrio::tr("Saved to %1"));
     });
 }
 

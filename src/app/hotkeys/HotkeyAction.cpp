@@ -15,7 +15,7 @@ QString hotkeyConflict(const AppSettings& settings, HotkeyAction target,
     for (const HotkeyRow& row : hotkeyRows) {
         if (row.action == target || settings.*row.config != candidate) continue;
         if (!isOffered(row.action)) continue;
-        return Kestrio::tr("Conflicts with ") + u'"' + Kestrio::tr(row.label) + u'"';
+        return Kestrio::tr("Conflicts with \"%1\"").arg(Kestrio::tr(row.label));
     }
     return {};
 }

@@ -66,7 +66,7 @@ void SettingsViewModel::setLaunchAtLogin(bool isOn) {
         set_message({});
         change(changed);
     } catch (const Error& error) {
-        set_message(Kestrio::tr("Failed to set launch at login: ") + describeFailure(error));
+        set_message(Kestrio::tr("Failed to set launch at login: %1").arg(describeFailure(error)));
         // A view shows the value that was asked for until it hears of another.
         Q_EMIT settingsChanged();
     }
@@ -89,7 +89,7 @@ void SettingsViewModel::deleteTheme(const QUuid& id) {
     try {
         services_.themeStorage->deleteTheme(id);
     } catch (const Error& error) {
-        set_message(Kestrio::tr("Failed to delete preset: ") + describeFailure(error));
+        set_message(Kestrio::tr("Failed to delete preset: %1").arg(describeFailure(error)));
         return;
     }
     reloadThemes();

@@ -22,10 +22,10 @@ QString timeText(const QDateTime& moment) {
 QString namesOf(const std::vector<ClaimedDraft>& drafts) {
     QStringList names;
     for (const ClaimedDraft& each : drafts)
-        names << QStringLiteral("“%1”, %2").arg(each.name, timeText(each.changed));
+        names << Kestrio::tr("“%1”, %2").arg(each.name, timeText(each.changed));
     if (drafts.size() <= mostNames) return names.join(u'\n');
     names = names.mid(0, mostNames);
-    names << Kestrio::tr("and %1 more").arg(drafts.size() - mostNames);
+    names << Kestrio::tr("and %n more", nullptr, static_cast<int>(drafts.size() - mostNames));
     return names.join(u'\n');
 }
 
@@ -34,9 +34,10 @@ AlertRequest question(const std::vector<ClaimedDraft>& drafts) {
     request.style = AlertStyle::warning;
     const bool isOne = drafts.size() == 1;
     request.title = isOne ? Kestrio::tr("Restore the unsaved picture?")
-                          : Kestrio::tr("Restore %1 unsaved pictures?").arg(drafts.size());
+                          : Kestrio::tr("Restore %n unsaved pictures?", nullptr,
+                                        static_cast<int>(drafts.size()));
     request.text =
-        Kestrio::tr("Kestrio ended before the changes left the editor:") + u'\n' + namesOf(drafts);
+        Kestrio::tr("Kestrio ended before the changes left the editor:\n%1").arg(namesOf(drafts));
     request.buttons = {isOne ? Kestrio::tr("Restore") : Kestrio::tr("Restore All"),
                        Kestrio::tr("Discard"), Kestrio::tr("Later")};
     return request;

@@ -21,7 +21,7 @@ QString nameOf(const EditorViewModel& document, const QString& name) {
     if (!name.isEmpty()) return name;
     const QDateTime& taken = document.capturedDate();
     const QDateTime time = taken.isValid() ? taken : QDateTime::currentDateTime();
-    return Kestrio::tr("Capture ") + time.toString(QStringLiteral("HH-mm-ss"));
+    return Kestrio::tr("Capture %1").arg(time.toString(QStringLiteral("HH-mm-ss")));
 }
 
 QString frameText(const QRect& frame) {

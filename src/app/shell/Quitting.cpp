@@ -14,10 +14,10 @@ constexpr std::size_t mostNames = 6;
 QString namesOf(const std::vector<OpenDocument>& documents) {
     QStringList names;
     for (const OpenDocument& each : documents)
-        names << QStringLiteral("“%1”").arg(each.name);
+        names << Kestrio::tr("“%1”").arg(each.name);
     if (documents.size() <= mostNames) return names.join(QStringLiteral("\n"));
     names = names.mid(0, mostNames);
-    names << Kestrio::tr("and %1 more").arg(documents.size() - mostNames);
+    names << Kestrio::tr("and %n more", nullptr, static_cast<int>(documents.size() - mostNames));
     return names.join(QStringLiteral("\n"));
 }
 
@@ -25,12 +25,11 @@ AlertRequest question(const std::vector<OpenDocument>& documents) {
     AlertRequest request;
     request.style = AlertStyle::warning;
     const bool isOne = documents.size() == 1;
-    request.title =
-        isOne
-            ? Kestrio::tr("Save the changes before quitting?")
-            : Kestrio::tr("Save the changes to %1 pictures before quitting?").arg(documents.size());
+    request.title = isOne ? Kestrio::tr("Save the changes before quitting?")
+                          : Kestrio::tr("Save the changes to %n pictures before quitting?", nullptr,
+                                        static_cast<int>(documents.size()));
     request.text =
-        Kestrio::tr("Changed since it last left the editor:") + u'\n' + namesOf(documents);
+        Kestrio::tr("Changed since it last left the editor:\n%1").arg(namesOf(documents));
     request.buttons = {isOne ? Kestrio::tr("Save") : Kestrio::tr("Save All"),
                        Kestrio::tr("Discard"), Kestrio::tr("Cancel")};
     return request;
@@ -126,7 +125,7 @@ Task<> Quitting::reportFailure(OpenDocument document, QString reason) {
     request.style = AlertStyle::warning;
     request.title = Kestrio::tr("“%1” Was Not Saved").arg(document.name);
     request.text =
-        reason + u'\n' + Kestrio::tr("Kestrio goes on, so that you can save it elsewhere.");
+        Kestrio::tr("%1\nKestrio goes on, so that you can save it elsewhere.").arg(reason);
     request.buttons = {Kestrio::tr("OK")};
     auto shown = with_.alerts->show(std::move(request), stop_.get_token());
     co_await shown;

@@ -77,7 +77,7 @@ void DocumentDraft::discard() {
 void DocumentDraft::reportFailure(const QString& reason) {
     if (isDiscarded_ || std::exchange(isFailureReported_, true)) return;
     logLine("DocumentDraft", reason);
-    editor_.set_errorMessage(Kestrio::tr("Changes are not being kept on disk: ") + reason);
+    editor_.set_errorMessage(Kestrio::tr("Changes are not being kept on disk: %1").arg(reason));
 }
 
 }  // namespace kestrio

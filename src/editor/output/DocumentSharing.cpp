@@ -43,7 +43,7 @@ void DocumentSharing::copyFile() {
 }
 
 void DocumentSharing::fail(const QString& reason) {
-    editor_.set_errorMessage(Kestrio::tr("Share failed: ") + reason);
+    editor_.set_errorMessage(Kestrio::tr("Share failed: %1").arg(reason));
 }
 
 void DocumentSharing::begin(Way way, QString programId) {

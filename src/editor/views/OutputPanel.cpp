@@ -99,7 +99,7 @@ Task<> OutputPanel::runPin() {
         failure = describeFailure(error);
     }
     if (!editor || failure.isEmpty()) co_return;
-    editor->set_errorMessage(Kestrio::tr("Failed to pin screenshot: ") + failure);
+    editor->set_errorMessage(Kestrio::tr("Failed to pin screenshot: %1").arg(failure));
 }
 
 void OutputPanel::copy() {
@@ -127,7 +127,7 @@ Task<> OutputPanel::runCopy() {
         editor_.set_toastMessage(Kestrio::tr("Copied to clipboard"));
     } else {
         endCopying(QStringLiteral("failure"));
-        editor_.set_errorMessage(Kestrio::tr("Copy failed: ") + failure);
+        editor_.set_errorMessage(Kestrio::tr("Copy failed: %1").arg(failure));
     }
 }
 

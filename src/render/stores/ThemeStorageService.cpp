@@ -34,9 +34,9 @@ ThemeStorageError ThemeStorageError::duplicateName(const QString& name) {
 QString ThemeStorageError::errorDescription() const {
     switch (case_) {
         case Case::themeNotFound:
-            return Kestrio::tr("Theme not found: ") + subject_;
+            return Kestrio::tr("Theme not found: %1").arg(subject_);
         case Case::duplicateName:
-            return Kestrio::tr("Theme name already exists: ") + subject_;
+            return Kestrio::tr("Theme name already exists: %1").arg(subject_);
         case Case::encodingFailed:
             return Kestrio::tr("Theme encoding failed");
         case Case::decodingFailed:

@@ -33,7 +33,7 @@ void ThemeViewModel::saveTheme(const QString& name, const EditorStyleSettings& s
         storageService_->saveTheme(theme);
         set_selectedTheme(theme);
     } catch (const ThemeStorageError& error) {
-        set_errorMessage(Kestrio::tr("Failed to save theme: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to save theme: %1").arg(error.errorDescription()));
     }
     reload();
 }
@@ -44,7 +44,7 @@ void ThemeViewModel::updateTheme(const Theme& theme) {
         storageService_->updateTheme(theme);
         if (selectedTheme() && selectedTheme()->id == theme.id) set_selectedTheme(theme);
     } catch (const ThemeStorageError& error) {
-        set_errorMessage(Kestrio::tr("Failed to save theme: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to save theme: %1").arg(error.errorDescription()));
     }
     reload();
 }

@@ -34,9 +34,10 @@ AspectRatio AspectRatio::custom(double width, double height) {
 }
 
 QString customRatioLabel(double ratio) {
-    if (ratio > 1) return QString::asprintf("%.2f:1 ", ratio) + Kestrio::tr("(Landscape)");
-    if (ratio < 1) return QString::asprintf("1:%.2f ", 1 / ratio) + Kestrio::tr("(Portrait)");
-    return QStringLiteral("1:1 ") + Kestrio::tr("(Square)");
+    const auto decimals = [](double value) { return QString::number(value, 'f', 2); };
+    if (ratio > 1) return Kestrio::tr("%1:1 (Landscape)").arg(decimals(ratio));
+    if (ratio < 1) return Kestrio::tr("1:%1 (Portrait)").arg(decimals(1 / ratio));
+    return Kestrio::tr("1:1 (Square)");
 }
 
 QSizeF canvasHolding(QSizeF imageSize, const AspectRatio& aspectRatio) {

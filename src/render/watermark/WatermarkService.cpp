@@ -11,9 +11,9 @@ const QString presetsKey = QStringLiteral("com.kestrio.watermarkPresets");
 QString WatermarkError::errorDescription() const {
     switch (case_) {
         case Case::saveFailed:
-            return Kestrio::tr("Failed to save preset: ") + subject_;
+            return Kestrio::tr("Failed to save preset: %1").arg(subject_);
         case Case::duplicateName:
-            return Kestrio::tr("Preset name already exists: ") + subject_;
+            return Kestrio::tr("Preset name already exists: %1").arg(subject_);
         case Case::invalidImageData:
             return Kestrio::tr("Invalid watermark image data");
         case Case::presetNotFound:
@@ -34,8 +34,8 @@ std::vector<WatermarkPreset> WatermarkService::presets() {
     try {
         return decodeJsonText<std::vector<WatermarkPreset>>(*data);
     } catch (const JsonError& error) {
-        throw WatermarkError::saveFailed(Kestrio::tr("the stored presets cannot be read: ") +
-                                         error.errorDescription());
+        throw WatermarkError::saveFailed(
+            Kestrio::tr("the stored presets cannot be read: %1").arg(error.errorDescription()));
     }
 }
 

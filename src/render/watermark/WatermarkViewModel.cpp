@@ -23,7 +23,7 @@ void WatermarkViewModel::savePreset(const QString& name) {
         set_successMessage(Kestrio::tr("Preset '%1' saved").arg(name));
         reload();
     } catch (const Error& error) {
-        set_errorMessage(Kestrio::tr("Failed to save preset: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to save preset: %1").arg(error.errorDescription()));
     }
 }
 
@@ -35,7 +35,7 @@ void WatermarkViewModel::deletePreset(QUuid id) {
         set_successMessage(Kestrio::tr("Preset deleted"));
         reload();
     } catch (const Error& error) {
-        set_errorMessage(Kestrio::tr("Failed to delete preset: ") + error.errorDescription());
+        set_errorMessage(Kestrio::tr("Failed to delete preset: %1").arg(error.errorDescription()));
     }
 }
 

@@ -22,7 +22,7 @@ Rectangle {
         spacing: Theme.small
         Caption {
             visible: bar.room > 460
-            text: qsTranslate("Kestrio", "Drag handles") + "   " + qsTranslate("Kestrio", "Return Apply") + "   " + qsTranslate("Kestrio", "Esc Cancel")
+            text: qsTranslate("Kestrio", "Drag handles   Return Apply   Esc Cancel")
         }
         Repeater {
             model: bar.ratios

@@ -12,7 +12,7 @@ Window {
     height: 800
     minimumWidth: 900
     minimumHeight: 600
-    title: qsTranslate("Kestrio", "Kestrio Editor") + " – " + controller.name
+    title: qsTranslate("Kestrio", "Kestrio Editor – %1").arg(controller.name)
     color: Theme.ground
     visible: true
 
