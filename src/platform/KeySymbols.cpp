@@ -1,5 +1,7 @@
 #include "platform/KeySymbols.h"
 
+#include "core/Localisation.h"
+
 #include <QKeySequence>
 
 namespace kestrio {
@@ -111,13 +113,13 @@ QString keySymbolName(quint32 symbol) {
     if (const auto key = keyOfSymbol(symbol)) {
         return QKeySequence(*key).toString(QKeySequence::NativeText);
     }
-    if (const auto key = padKey(symbol)) return QStringLiteral("Num ") + *key;
+    if (const auto key = padKey(symbol)) return Kestrio::tr("Num %1").arg(*key);
     if (isLatin1(symbol)) return QString(QChar(static_cast<char16_t>(symbol)).toUpper());
     if (isWithin(symbol, unicodeBase, lastUnicode)) {
         const char32_t character = QChar::toUpper(static_cast<char32_t>(symbol - unicodeBase));
         return QString::fromUcs4(&character, 1);
     }
-    return QStringLiteral("Key %1").arg(symbol, 4, 16, QLatin1Char('0'));
+    return Kestrio::tr("Key %1").arg(symbol, 4, 16, QLatin1Char('0'));
 }
 
 bool standsAlone(int keyCode) {

@@ -2,6 +2,7 @@
 
 #include "core/Localisation.h"
 
+#include <QKeySequence>
 #include <algorithm>
 
 namespace kestrio {
@@ -28,7 +29,7 @@ constexpr NamedColor swatches[] = {
 };
 
 QString withKey(const QString& text, const QString& key) {
-    return text + QStringLiteral("   ") + key;
+    return text + QStringLiteral("   ") + QKeySequence(key).toString(QKeySequence::NativeText);
 }
 
 ToolbarButton button(ToolbarCommand command, const QString& icon, QString toolTip) {

@@ -1,5 +1,7 @@
 #include "editor/keyboard/ShortcutInfo.h"
 
+#include <QKeySequence>
+
 namespace kestrio {
 
 namespace {
@@ -21,13 +23,20 @@ constexpr Row rows[] = {
     {selection, "selectAll", "⌘A", Kestrio::marked("Select all annotations")},
     {selection, "bringToFront", "⌘]", Kestrio::marked("Bring to front")},
     {selection, "sendToBack", "⌘[", Kestrio::marked("Send to back")},
-    {selection, "cycleSelection", "⌥Click", Kestrio::marked("Cycle through overlapping")},
-    {selection, "multiSelect", "⇧Click", Kestrio::marked("Add to selection")},
+    {selection, "cycleSelection", Kestrio::marked("⌥Click"),
+     Kestrio::marked("Cycle through overlapping")},
+    {selection, "multiSelect", Kestrio::marked("⇧Click"), Kestrio::marked("Add to selection")},
     {view, "eyedropper", "I", Kestrio::marked("Color picker")},
     {view, "showShortcuts", "?", Kestrio::marked("Show shortcuts")},
-    {view, "constrainShape", "⇧Drag", Kestrio::marked("Constrain to square/45°")},
-    {view, "aspectRatio", "⇧Resize", Kestrio::marked("Maintain aspect ratio")},
+    {view, "constrainShape", Kestrio::marked("⇧Drag"), Kestrio::marked("Constrain to square/45°")},
+    {view, "aspectRatio", Kestrio::marked("⇧Resize"), Kestrio::marked("Maintain aspect ratio")},
 };
+
+// With the sign that joins it to its key, as in "Ctrl+".
+QString nameOf(Qt::KeyboardModifier modifier) {
+    const QKeySequence withLetter(QKeyCombination(modifier, Qt::Key_A));
+    return withLetter.toString(QKeySequence::NativeText).chopped(1);
+}
 
 ShortcutInfo ofTool(const AnnotationToolInfo& info) {
     return {toolId(info.tool), QString(QChar::fromLatin1(info.key).toUpper()),
@@ -35,8 +44,8 @@ ShortcutInfo ofTool(const AnnotationToolInfo& info) {
 }
 
 ShortcutInfo ofRow(const Row& row) {
-    return {QString::fromLatin1(row.id), QString::fromUtf8(row.shortcut),
-            Kestrio::tr(row.description), row.category};
+    return {QString::fromLatin1(row.id), Kestrio::tr(row.shortcut), Kestrio::tr(row.description),
+            row.category};
 }
 
 }  // namespace
@@ -62,12 +71,15 @@ std::optional<ShortcutInfo> ShortcutInfo::find(const QString& id) {
 }
 
 QString shownShortcut(QString text) {
-    constexpr std::pair<const char16_t*, const char16_t*> words[] = {
-        {u"⌃", u"Meta+"}, {u"⌥", u"Alt+"}, {u"⌘", u"Ctrl+"}, {u"⇧", u"Shift+"}, {u"⌫", u"Delete"},
+    constexpr std::pair<char16_t, Qt::KeyboardModifier> modifiers[] = {
+        {u'⌃', Qt::MetaModifier},
+        {u'⌥', Qt::AltModifier},
+        {u'⌘', Qt::ControlModifier},
+        {u'⇧', Qt::ShiftModifier},
     };
-    for (const auto& [symbol, word] : words)
-        text.replace(QStringView(symbol).toString(), QStringView(word).toString());
-    return text;
+    for (const auto& [symbol, modifier] : modifiers)
+        text.replace(QChar(symbol), nameOf(modifier));
+    return text.replace(u'⌫', Kestrio::tr("Delete", "a key"));
 }
 
 }  // namespace kestrio

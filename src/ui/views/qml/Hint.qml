@@ -13,7 +13,7 @@ Loader {
         id: tip
         parent: hint.parent
         delay: 500
-        text: hint.key ? hint.words + "   " + hint.key : hint.words
+        text: hint.key ? hint.words + "   " + keys.nativeText : hint.words
         padding: 6
         leftPadding: 9
         rightPadding: 9
@@ -26,6 +26,8 @@ Loader {
             radius: Theme.radius
             color: Theme.note
         }
+        // It knows what keys are called in the user's language.
+        Shortcut { id: keys; enabled: false; sequence: hint.key }
         Component.onCompleted: visible = true
     }
 }

@@ -9,6 +9,8 @@ Basic.MenuItem {
     visible: isShown
     height: isShown ? 30 : 0
     contentItem: Item {
+        // It knows what keys are called in the user's language.
+        Shortcut { id: keys; enabled: false; sequence: row.key }
         Text {
             anchors.left: parent.left
             anchors.leftMargin: row.picture === "" ? 6 : 30
@@ -31,7 +33,7 @@ Basic.MenuItem {
             anchors.right: parent.right
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter
-            text: row.key
+            text: keys.nativeText
             font.pixelSize: Theme.captionSize
             color: row.highlighted ? Theme.accentText : Theme.secondaryText
         }
