@@ -17,6 +17,8 @@ Window {
     color: Theme.ground
     // Its owner shows it once it is placed.
     visible: false
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     Binding { target: Theme; property: "isDark"; value: window.controller.isDark }
     Binding { target: Theme; property: "isMotionReduced"; value: window.controller.isMotionReduced }

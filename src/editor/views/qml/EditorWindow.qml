@@ -15,6 +15,8 @@ Window {
     title: qsTranslate("Kestrio", "Kestrio Editor – %1").arg(controller.name)
     color: Theme.ground
     visible: true
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     Binding { target: Theme; property: "isDark"; value: window.controller.isDark }
     Binding { target: Theme; property: "isMotionReduced"; value: window.controller.isMotionReduced }

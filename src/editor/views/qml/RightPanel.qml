@@ -11,10 +11,11 @@ Rectangle {
     color: Theme.surface
     onWidthChanged: controller.updatePanel(width, height)
     onHeightChanged: controller.updatePanel(width, height)
-    // The edge beside the canvas was dragged this far to the left, in points.
+    // The edge beside the canvas was dragged this far away from the panel, in points.
     signal widened(real by)
 
     Rectangle {
+        anchors.left: parent.left
         width: 1
         height: parent.height
         color: Theme.hairline
@@ -68,10 +69,12 @@ Rectangle {
     }
     MouseArea {
         property real start
+        readonly property int outward: LayoutMirroring.enabled ? 1 : -1
+        anchors.left: parent.left
         width: 6
         height: parent.height
         cursorShape: Qt.SplitHCursor
         onPressed: mouse => start = mouse.x
-        onPositionChanged: mouse => panel.widened(start - mouse.x)
+        onPositionChanged: mouse => panel.widened((mouse.x - start) * outward)
     }
 }

@@ -25,12 +25,17 @@ Item {
     }
     Item {
         anchors.fill: board
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
         InlineTextEditor { canvas: board }
         NumberEditor { canvas: board; controller: stage.controller }
     }
     Loader {
         anchors.fill: board
         active: stage.controller.isCropMode
+        // Lies on the picture, which is never mirrored.
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
         sourceComponent: CropOverlay {
             controller: stage.controller
             imageRect: board.imageRect
@@ -39,6 +44,8 @@ Item {
     Loader {
         anchors.fill: board
         active: stage.controller.colors.isPicking
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
         sourceComponent: EyedropperOverlay {
             controller: stage.controller
             canvas: board
