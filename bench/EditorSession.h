@@ -86,7 +86,7 @@ class Session {
         runEventsFor(50);
         canvas_ = view_->findChild<QQuickItem*>(QStringLiteral("canvas"));
         EditorController& controller = window_->controller();
-        controller.toggleAnnotations();
+        controller.editor().toggleAnnotationMode();
         controller.editor().annotationVM().setAnnotations(mixedAnnotations(100));
         controller.editor().synchroniseAnnotations();
         draft_ = std::make_unique<DocumentDraft>(controller.editor(), controller.name(),

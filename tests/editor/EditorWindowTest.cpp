@@ -166,7 +166,7 @@ struct Tour {
 
     void annotate() {
         EditorController& controller = window.controller();
-        controller.toggleAnnotations();
+        controller.editor().toggleAnnotationMode();
         for (const QVariant& tool : controller.annotation()->tools())
             controller.annotation()->setTool(tool.toMap()[QStringLiteral("id")].toString());
         AnnotationViewModel& model = controller.editor().annotationVM();
@@ -191,7 +191,7 @@ struct Tour {
 
     void crop() {
         EditorController& controller = window.controller();
-        controller.enterCrop();
+        controller.editor().enterCropMode();
         look();
         CropPanel& crop = *controller.crop();
         const double scale = crop.frame().width() / 640;
@@ -209,8 +209,8 @@ struct Tour {
         };
         const QColor before = toolColor();
         for (const bool isAnnotating : {false, true}) {
-            if (isAnnotating) controller.toggleAnnotations();
-            controller.pickColorByButton(false);
+            if (isAnnotating) controller.editor().toggleAnnotationMode();
+            controller.commands()->run(QStringLiteral("eyedropper"));
             look();
             controller.colors()->movePointer({20, 20});
             look();
@@ -218,7 +218,7 @@ struct Tour {
             EXPECT_EQ(toolColor(), isAnnotating ? QColor(Qt::white) : before);
             EXPECT_EQ(controller.isAnnotationMode(), isAnnotating);
         }
-        controller.toggleAnnotations();
+        controller.editor().toggleAnnotationMode();
     }
 
     /// Those of which nothing was seen; files of a single object leave no trace of their own.
@@ -268,7 +268,7 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     tour.look();
     EXPECT_EQ(warnings.list.join(u'\n').toStdString(), std::string());
     EXPECT_EQ(tour.unseenFiles().join(u' ').toStdString(),
-              "StyleSlider.qml Caption.qml Lazy.qml Separator.qml Theme.qml");
+              "CommandButton.qml StyleSlider.qml Caption.qml Lazy.qml Separator.qml Theme.qml");
 }
 
 TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
@@ -316,7 +316,7 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     window.show();
     QQuickWindow* const view = window.window();
     runEventsFor(200);
-    window.controller().toggleAnnotations();
+    window.controller().editor().toggleAnnotationMode();
     window.controller().annotation()->setTool(QStringLiteral("rectangle"));
     auto* canvas = view->findChild<QQuickItem*>(QStringLiteral("canvas"));
     ASSERT_NE(canvas, nullptr);
@@ -333,7 +333,7 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     const auto& drawn = window.controller().editor().liveAnnotations();
     ASSERT_EQ(drawn.size(), 1u);
     EXPECT_EQ(drawn.front().type(), AnnotationType::rectangle);
-    EXPECT_TRUE(window.controller().canUndo());
+    EXPECT_TRUE(window.controller().editor().canUndo());
     window.controller().annotation()->setTool(QStringLiteral("select"));  // without handles over it
     runEventsFor(100);
     const QImage shown = view->grabWindow();
@@ -341,7 +341,7 @@ TEST_F(EditorWindowTest, DrawsWhatThePointerDraws) {
     const QColor edge =
         shown.pixelColor(((from + to) / 2 * ratio - QPointF(0, 45 * ratio)).toPoint());
     EXPECT_GT(edge.red(), edge.green() + 100) << "the middle of the upper edge";
-    window.controller().undoByKey();
+    window.controller().commands()->runByKey(QStringLiteral("undo"));
     EXPECT_TRUE(window.controller().editor().liveAnnotations().empty());
 }
 
@@ -378,7 +378,7 @@ TEST_F(EditorWindowTest, UnreadableThemesAreTold) {
 
 TEST_F(EditorWindowTest, AnEyedropperOfOneViewServesThatViewAlone) {
     EditorController controller(documentOn(picture()), services(), QStringLiteral("shot"));
-    controller.toggleAnnotations();
+    controller.editor().toggleAnnotationMode();
     AnnotationViewModel& model = controller.editor().annotationVM();
     model.addAnnotation(NumberAnnotation{QUuid::createUuid(), {30, 20}, 1, {1, 0, 0, 1}, 30, 0});
     model.selectAll();
@@ -400,7 +400,7 @@ TEST_F(EditorWindowTest, AnEyedropperOfOneViewServesThatViewAlone) {
 
 TEST_F(EditorWindowTest, HiddenRedactionsAreAskedAboutBeforeAPictureLeaves) {
     EditorController controller(documentOn(picture()), services(), QStringLiteral("shot"));
-    controller.toggleAnnotations();
+    controller.editor().toggleAnnotationMode();
     controller.editor().annotationVM().addAnnotation(
         BlurAnnotation{QUuid::createUuid(), {10, 10, 60, 40}});
     controller.annotation()->toggleVisibility();

@@ -10,9 +10,24 @@ constexpr Qt::KeyboardModifiers plain = Qt::NoModifier, shift = Qt::ShiftModifie
                                 command = Qt::ControlModifier, control = Qt::MetaModifier,
                                 option = Qt::AltModifier;
 
+struct RecordingActions : EditorActions {
+    QStringList asked;
+    bool isOccupied = false;
+
+    void copy() override { asked << QStringLiteral("copy"); }
+    void paste() override { asked << QStringLiteral("paste"); }
+    void pin() override { asked << QStringLiteral("pin"); }
+    void save() override { asked << QStringLiteral("save"); }
+    void share() override { asked << QStringLiteral("share"); }
+    void pickColor() override { asked << QStringLiteral("pickColor"); }
+    void closeWindow() override { asked << QStringLiteral("closeWindow"); }
+    bool isBusy() const override { return isOccupied; }
+};
+
 struct Keyboard : EditorFixture {
     ShortcutHintManager hints{defaults};
-    AnnotationKeyboardHandler handler{*editor, &hints};
+    RecordingActions actions;
+    AnnotationKeyboardHandler handler{*editor, actions, &hints};
     AnnotationViewModel& model = editor->annotationVM();
 
     void SetUp() override {
@@ -64,9 +79,9 @@ TEST_F(Keyboard, OthersGetWhatIsNotForTheAnnotations) {
         {Qt::Key_A, command | control, "\x01"},
         {Qt::Key_BracketRight, command, "]"},
         {Qt::Key_Delete, plain, "\x7f"},
-        {Qt::Key_Escape, plain, "\x1b"},
-        {Qt::Key_I, plain, "i"},
         {Qt::Key_Shift, shift, ""},
+        {Qt::Key_Z, command, "\x1a"},
+        {Qt::Key_I, control, "i"},
         {Qt::Key_Slash, plain, "/"},
     };
     for (const auto& [key, modifiers, text] : rows)
@@ -123,6 +138,56 @@ TEST_F(Keyboard, CropModeTakesReturnAndEscape) {
     EXPECT_FALSE(press(Qt::Key_Return, plain, "\r"));
 }
 
+TEST_F(Keyboard, EscapeLeavesWhatIsInnermost) {
+    model.set_currentTool(AnnotationTool::arrow);
+    startDrawing(model, {1, 1});
+    editor->set_isShortcutOverlayVisible(true);
+    EXPECT_TRUE(press(Qt::Key_Escape));
+    EXPECT_FALSE(model.gesture());
+    EXPECT_TRUE(press(Qt::Key_Escape));
+    EXPECT_FALSE(editor->isShortcutOverlayVisible());
+    EXPECT_TRUE(press(Qt::Key_Escape));
+    EXPECT_FALSE(editor->isAnnotationMode());
+    EXPECT_FALSE(press(Qt::Key_Escape)) << "there is nothing to leave";
+    editor->toggleColorPicker();
+    EXPECT_TRUE(press(Qt::Key_Escape));
+    EXPECT_EQ(actions.asked, QStringList{QStringLiteral("pickColor")});
+}
+
+// A command whose key another one of its scope always takes could never be done by it.
+TEST_F(Keyboard, EveryCommandIsReachedByItsKeys) {
+    for (const EditorCommand& each : editorCommands()) {
+        if (each.scope == CommandScope::pointer) continue;
+        EXPECT_TRUE(each.run) << each.id;
+        EXPECT_EQ(editorCommand(QString::fromLatin1(each.id)), &each) << "its name is its own";
+        for (const QKeySequence& keys : keysOf(each)) {
+            EXPECT_EQ(keys.count(), 1) << each.id;
+            EXPECT_NE(keys[0].key(), Qt::Key_unknown) << each.id;
+            const auto rival = std::ranges::find_if(editorCommands(), [&](const auto& other) {
+                return &other < &each && other.scope == each.scope && !other.isEnabled &&
+                       keysOf(other).contains(keys);
+            });
+            EXPECT_EQ(rival, editorCommands().end()) << each.id;
+        }
+        if (each.scope != CommandScope::canvas) continue;
+        const auto letter = keysOf(each).front()[0].key();
+        EXPECT_FALSE(letter < Qt::Key_Escape && annotationToolOfKey(QChar(letter)))
+            << each.id << " is out of reach while annotating";
+    }
+}
+
+TEST_F(Keyboard, CommandsThatCannotBeDoneAreNotEnabled) {
+    const auto isOn = [this](const char* id) {
+        return isEnabled(*editorCommand(QString::fromLatin1(id)), *editor, actions);
+    };
+    EXPECT_TRUE(isOn("undo") && isOn("save") && isOn("copy"));
+    EXPECT_FALSE(isOn("redo") || isOn("delete") || isOn("sendToBack") || isOn("pin"));
+    model.selectAll();
+    EXPECT_TRUE(isOn("delete") && isOn("sendToBack"));
+    actions.isOccupied = true;
+    EXPECT_FALSE(isOn("save") || isOn("copy") || isOn("share"));
+}
+
 TEST(ShortcutHints, AreGivenOnceAndOnlyForWhatIsNotKnown) {
     const auto defaults = std::make_shared<MemoryUserDefaults>();
     defaults->setData(QStringLiteral("com.kestrio.dismissedHints"), "[\"arrow\"");
@@ -154,10 +219,14 @@ TEST(ShortcutHints, AreGivenOnceAndOnlyForWhatIsNotKnown) {
 }
 
 TEST(Shortcuts, AreShownInWords) {
-    EXPECT_EQ(ShortcutInfo::find(QStringLiteral("circle"))->shortcut, QStringLiteral("O"));
-    EXPECT_EQ(shownShortcut(ShortcutInfo::find(QStringLiteral("cycleSelection"))->shortcut),
-              QStringLiteral("Alt+Click"));
-    EXPECT_FALSE(ShortcutInfo::find(QStringLiteral("nothing")));
+    QStringList list;
+    for (const auto& category : shortcutCategories)
+        for (const ShortcutInfo& info : ShortcutInfo::all(category.value))
+            list << info.id + u' ' + info.shortcut;
+    for (const char* expected : {"circle O", "cycleSelection Alt+Click", "redo Ctrl+Shift+Z",
+                                 "zoomIn Ctrl++", "annotate D", "showShortcuts ?"})
+        EXPECT_TRUE(list.contains(QString::fromLatin1(expected))) << expected;
+    EXPECT_EQ(list.removeDuplicates(), 0);
 }
 
 }  // namespace

@@ -54,6 +54,7 @@ void AnnotationViewModel::addDrawn(const AnyAnnotation& annotation) {
 }
 
 int AnnotationViewModel::eraseAt(const QPointF& point, double radius) {
+    if (!annotationsVisible()) return 0;
     std::vector<QUuid> erased;
     for (const AnyAnnotation& annotation : annotations_)
         if (isErased(annotation, point, radius)) erased.push_back(annotation.id());

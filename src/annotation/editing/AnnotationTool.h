@@ -40,13 +40,14 @@ struct AnnotationToolInfo {
     using Made = std::optional<AnyAnnotation>;
 
     AnnotationTool tool;
-    const char* id;           ///< names it in stored settings, shortcuts and icons
-    const char* name;         ///< English
-    char key;                 ///< lower case; chooses the tool while annotating
-    const char* description;  ///< English, what it is for in a few words
-    Qt::CursorShape pointer;
+    const char* id;             ///< names it in stored settings, shortcuts and icons
+    const char* name;           ///< English
+    char key;                   ///< lower case; chooses the tool while annotating
+    const char* description;    ///< English, what it is for in a few words
+    const char* tip = nullptr;  ///< English, about its key; shown once
+    Qt::CursorShape pointer = Qt::CrossCursor;
     /// The record that what was drawn makes, or none where it is refused.
-    Made (*make)(const DrawingInput& input);
+    Made (*make)(const DrawingInput& input) = nullptr;
     /// What is shown while drawing goes on, where `make` would take too long for that.
     Made (*preview)(const DrawingInput& input) = nullptr;
     DrawingConstraint constraint = DrawingConstraint::none;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/document/EditorViewModel.h"
+#include "editor/commands/EditorCommand.h"
 #include "editor/keyboard/ShortcutHintManager.h"
 
 #include <QPointer>
@@ -16,12 +16,15 @@ struct KeyPress {
     bool isTextFocused = false;  ///< a text field has the keyboard
 };
 
-/// Turns keys of the editor's window into commands. Views feed it; it asks no view anything.
+/// Turns keys of the editor's window into commands and tools; those of the window's scope come as
+/// shortcuts instead. Views feed it; it asks no view anything.
 class AnnotationKeyboardHandler {
   public:
-    /// Both may go before the handler, which then takes no key any more or marks none as used.
-    AnnotationKeyboardHandler(EditorViewModel& editor, ShortcutHintManager* hints)
-        : editor_(&editor), hints_(hints) {}
+    /// Editor and hints may go before the handler, which then takes no key any more or marks none
+    /// as used.
+    AnnotationKeyboardHandler(EditorViewModel& editor, EditorActions& actions,
+                              ShortcutHintManager* hints)
+        : editor_(&editor), actions_(actions), hints_(hints) {}
 
     bool isActive() const { return isActive_; }
     void activate() { isActive_ = true; }
@@ -31,14 +34,12 @@ class AnnotationKeyboardHandler {
     bool handle(const KeyPress& press);
 
   private:
-    bool handleInCropMode(const KeyPress& press);
-    bool handleCommand(const KeyPress& press);
-    bool handlePlain(const KeyPress& press);
-    bool moveSelected(void (AnnotationViewModel::*move)(), const char* action);
-    void chooseTool(AnnotationTool tool);
+    bool runCommand(CommandScope scope, const KeyPress& press);
+    bool chooseTool(const KeyPress& press);
     void markUsed(const QString& action);
 
     QPointer<EditorViewModel> editor_;
+    EditorActions& actions_;
     QPointer<ShortcutHintManager> hints_;
     bool isActive_ = false;
 };

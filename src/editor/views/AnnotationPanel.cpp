@@ -1,7 +1,6 @@
 #include "editor/views/AnnotationPanel.h"
 
 #include "annotation/editing/Alignment.h"
-#include "editor/keyboard/ShortcutInfo.h"
 #include "editor/views/StyleFields.h"
 #include "editor/views/ViewRows.h"
 
@@ -165,29 +164,6 @@ void AnnotationPanel::commitBlur() {
     annotations().applyAnnotation(*before);
     annotations().updateAnnotation(*after);
     editor_.synchroniseAnnotations();
-}
-
-void AnnotationPanel::selectAll() {
-    annotations().selectAll();
-    hint(QStringLiteral("selectAll"));
-}
-
-void AnnotationPanel::deleteSelected() {
-    annotations().deleteSelected();
-    editor_.synchroniseAnnotations();
-    hint(QStringLiteral("delete"));
-}
-
-void AnnotationPanel::bringToFront() {
-    annotations().bringSelectedToFront();
-    editor_.synchroniseAnnotations();
-    hint(QStringLiteral("bringToFront"));
-}
-
-void AnnotationPanel::sendToBack() {
-    annotations().sendSelectedToBack();
-    editor_.synchroniseAnnotations();
-    hint(QStringLiteral("sendToBack"));
 }
 
 void AnnotationPanel::align(const QString& id) {

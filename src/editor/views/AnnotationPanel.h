@@ -51,10 +51,6 @@ class AnnotationPanel : public QObject {
     Q_INVOKABLE void toggleVisibility();
     /// Ends the typing of texts and numbers, as when the focus goes elsewhere.
     Q_INVOKABLE void finishEditing();
-    Q_INVOKABLE void selectAll();
-    Q_INVOKABLE void deleteSelected();
-    Q_INVOKABLE void bringToFront();
-    Q_INVOKABLE void sendToBack();
     Q_INVOKABLE void align(const QString& id);
     /// Of the selected badge: counts on from it, or takes it away and closes the gap.
     Q_INVOKABLE void renumberFromHere();

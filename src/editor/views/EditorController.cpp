@@ -42,18 +42,17 @@ EditorController::EditorController(std::shared_ptr<EditorViewModel> document,
       document_(std::move(document)),
       editor_(*document_),
       hints_(services_.userDefaults),
-      keyboard_(editor_, &hints_),
       annotation_(editor_, hints_),
       colors_(editor_),
       crop_(editor_),
       output_(editor_, services_, name_),
       closing_(editor_, services_),
       share_(editor_, services_, name_),
+      commands_(editor_, hints_, {colors_, output_, share_}),
       themes_(editor_, services_.themes),
       watermark_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),
       thumbnailProvider_(nextProviderName()) {
-    keyboard_.activate();
     thumbnailTimer_.setSingleShot(true);
     thumbnailTimer_.setInterval(thumbnailDelay);
     connect(&thumbnailTimer_, &QTimer::timeout, this, &EditorController::refreshThumbnails);
@@ -80,8 +79,7 @@ void EditorController::connectDocument() {
     relay(std::initializer_list{&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged,
                                 &Editor::isAnnotationPanelPresentationDeferredChanged},
           &EditorController::modeChanged);
-    relay(std::initializer_list{&Editor::canUndoChanged, &Editor::canRedoChanged},
-          &EditorController::undoChanged);
+    connect(&commands_, &CommandPanel::pasteRequested, this, &EditorController::paste);
     relay(std::initializer_list{&Editor::canvasStateChanged, &Editor::screenshotChanged},
           &EditorController::canvasChanged);
     relay(std::initializer_list{&Editor::expandedPanelChanged, &Editor::isRightPanelExpandedChanged,
@@ -250,15 +248,12 @@ void EditorController::setZoomText(const QString& text) {
     Q_EMIT canvasChanged();
 }
 
-void EditorController::zoomBy(double factor) {
-    editor_.setZoom(editor_.canvasState().transform.scale * factor);
-}
-
-void EditorController::zoomToFit() {
-    CanvasState canvas = editor_.canvasState();
-    canvas.transform.scale = 1;
-    canvas.transform.offset = {0, 0};
-    editor_.set_canvasState(canvas);
+bool EditorController::handleKey(int key, int modifiers, const QString& text, bool isTextFocused) {
+    const KeyPress press{key, Qt::KeyboardModifiers(modifiers), text,
+                         isTextFocused || annotation_.isTextEditing()};
+    if (!commands_.handleKey(press)) return false;
+    editor_.synchroniseAnnotations();
+    return true;
 }
 
 void EditorController::autoBeautify() {

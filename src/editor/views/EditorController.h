@@ -1,10 +1,10 @@
 #pragma once
 
-#include "editor/keyboard/AnnotationKeyboardHandler.h"
 #include "editor/layout/ResponsiveLayoutManager.h"
 #include "editor/views/AnnotationPanel.h"
 #include "editor/views/ClosingPanel.h"
 #include "editor/views/ColorPanel.h"
+#include "editor/views/CommandPanel.h"
 #include "editor/views/CropPanel.h"
 #include "editor/views/OutputPanel.h"
 #include "editor/views/SharePanel.h"
@@ -25,6 +25,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::AnnotationPanel* annotation READ annotation CONSTANT)
     Q_PROPERTY(kestrio::ClosingPanel* closing READ closing CONSTANT)
     Q_PROPERTY(kestrio::ColorPanel* colors READ colors CONSTANT)
+    Q_PROPERTY(kestrio::CommandPanel* commands READ commands CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
     Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
@@ -45,11 +46,8 @@ class EditorController : public QObject {
     Q_PROPERTY(bool isPanelShown READ isPanelShown WRITE setPanelShown NOTIFY panelsChanged)
     Q_PROPERTY(bool isShortcutOverlayVisible READ isShortcutOverlayVisible WRITE
                    setShortcutOverlayVisible NOTIFY panelsChanged)
-    Q_PROPERTY(QVariantList shortcutColumns READ shortcutColumns CONSTANT)
     Q_PROPERTY(bool isEnhancing READ isEnhancing NOTIFY enhancingChanged)
     Q_PROPERTY(bool canRestore READ canRestore NOTIFY enhancingChanged)
-    Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoChanged)
-    Q_PROPERTY(bool canRedo READ canRedo NOTIFY undoChanged)
     Q_PROPERTY(int zoomPercent READ zoomPercent NOTIFY canvasChanged)
     Q_PROPERTY(QString aspectName READ aspectName NOTIFY canvasChanged)
     Q_PROPERTY(QString pictureSize READ pictureSize NOTIFY canvasChanged)
@@ -81,6 +79,7 @@ class EditorController : public QObject {
     AnnotationPanel* annotation() { return &annotation_; }
     ClosingPanel* closing() { return &closing_; }
     ColorPanel* colors() { return &colors_; }
+    CommandPanel* commands() { return &commands_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
     SharePanel* share() { return &share_; }
@@ -103,12 +102,8 @@ class EditorController : public QObject {
     void setShortcutOverlayVisible(bool isVisible) {
         editor_.set_isShortcutOverlayVisible(isVisible);
     }
-    /// Two columns of categories, each {name, rows}.
-    QVariantList shortcutColumns() const;
     bool isEnhancing() const { return editor_.isEnhancingImage(); }
     bool canRestore() const { return editor_.canRestoreOriginalImage(); }
-    bool canUndo() const { return editor_.canUndo(); }
-    bool canRedo() const { return editor_.canRedo(); }
     int zoomPercent() const;
     QString aspectName() const { return editor_.canvasState().aspectRatio.name; }
     QString pictureSize() const;
@@ -134,31 +129,21 @@ class EditorController : public QObject {
     Q_INVOKABLE void updatePanel(double width, double height) { layout_.update(width, height); }
     Q_INVOKABLE void togglePanel(const QString& section);
 
-    Q_INVOKABLE void toggleAnnotations() { editor_.toggleAnnotationMode(); }
-    Q_INVOKABLE void enterCrop() { editor_.enterCropMode(); }
     /// A key that nothing with the focus took; true where it was a command. A text field that has
     /// the focus keeps the keys that mean something to it, Return and Escape among them.
     Q_INVOKABLE bool handleKey(int key, int modifiers, const QString& text, bool isTextFocused);
     Q_INVOKABLE void autoBeautify();
     Q_INVOKABLE void enhance(const QString& mode, double strength);
     Q_INVOKABLE void restoreOriginal();
-    /// What is done by a button may bring its key to mind, once.
-    Q_INVOKABLE void undoByButton();
-    Q_INVOKABLE void redoByButton();
-    Q_INVOKABLE void undoByKey();
-    Q_INVOKABLE void redoByKey();
-    Q_INVOKABLE void pickColorByButton(bool forBackdrop);
     Q_INVOKABLE void reset();
     Q_INVOKABLE void rotate(bool clockwise);
     Q_INVOKABLE void setZoomText(const QString& text);
-    Q_INVOKABLE void zoomBy(double factor);
-    Q_INVOKABLE void zoomToFit();
 
     /// A dropped or pasted picture; it replaces the picture and keeps the style.
     Q_INVOKABLE void openFile(const QUrl& file);
     /// The same of a drop's bytes.
     Q_INVOKABLE void openData(const QByteArray& data);
-    Q_INVOKABLE void paste();
+    void paste();
     /// Reports which saved themes and presets could not be read, once the window can show it.
     Q_INVOKABLE void reportLoadProblems();
     /// Says that a drop held no picture.
@@ -169,7 +154,6 @@ class EditorController : public QObject {
     Q_SIGNAL void panelsChanged();
     Q_SIGNAL void modeChanged();
     Q_SIGNAL void enhancingChanged();
-    Q_SIGNAL void undoChanged();
     Q_SIGNAL void canvasChanged();
     Q_SIGNAL void thumbnailRevisionChanged();
     Q_SIGNAL void appearanceChanged();
@@ -187,7 +171,6 @@ class EditorController : public QObject {
     Task<> decodeDrop(QByteArray data);
     Task<> pasteFromClipboard();
     Task<> runEnhance(AIEnhancementMode mode, double strength);
-    void hint(const QString& action);
 
     EditorServices services_;
     QString name_;
@@ -195,13 +178,13 @@ class EditorController : public QObject {
     EditorViewModel& editor_;
     ResponsiveLayoutManager layout_;
     ShortcutHintManager hints_;
-    AnnotationKeyboardHandler keyboard_;
     AnnotationPanel annotation_;
     ColorPanel colors_;
     CropPanel crop_;
     OutputPanel output_;
     ClosingPanel closing_;
     SharePanel share_;
+    CommandPanel commands_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     /// Kept from one composition to the next while an editor is open.

@@ -8,6 +8,7 @@ Basic.Menu {
     id: menu
     required property EditorController controller
     readonly property AnnotationPanel panel: controller.annotation
+    readonly property CommandPanel commands: controller.commands
     width: 210
     padding: 4
     background: Rectangle {
@@ -18,13 +19,13 @@ Basic.Menu {
 
     MenuRow {
         text: qsTranslate("Kestrio", "Bring to Front")
-        key: "Ctrl+]"
-        onTriggered: menu.panel.bringToFront()
+        key: menu.commands.infos.bringToFront.key
+        onTriggered: menu.commands.run("bringToFront")
     }
     MenuRow {
         text: qsTranslate("Kestrio", "Send to Back")
-        key: "Ctrl+["
-        onTriggered: menu.panel.sendToBack()
+        key: menu.commands.infos.sendToBack.key
+        onTriggered: menu.commands.run("sendToBack")
     }
     MenuRow {
         text: qsTranslate("Kestrio", "Renumber from here")
@@ -38,7 +39,7 @@ Basic.Menu {
     }
     MenuRow {
         text: qsTranslate("Kestrio", "Delete")
-        key: "Del"
-        onTriggered: menu.panel.deleteSelected()
+        key: menu.commands.infos["delete"].key
+        onTriggered: menu.commands.run("delete")
     }
 }

@@ -45,26 +45,20 @@ Rectangle {
                 tip: annotator.tool.isVisible ? qsTranslate("Kestrio", "Hide annotations") : qsTranslate("Kestrio", "Show annotations")
                 onClicked: annotator.panel.toggleVisibility()
             }
-            IconButton {
+            CommandButton {
+                commands: annotator.controller.commands
+                command: "bringToFront"
                 symbol: "square.stack.front"
-                tip: qsTranslate("Kestrio", "Bring to front")
-                key: "Ctrl+]"
-                enabled: annotator.tool.hasSelection
-                onClicked: annotator.panel.bringToFront()
             }
-            IconButton {
+            CommandButton {
+                commands: annotator.controller.commands
+                command: "sendToBack"
                 symbol: "square.stack.back"
-                tip: qsTranslate("Kestrio", "Send to back")
-                key: "Ctrl+["
-                enabled: annotator.tool.hasSelection
-                onClicked: annotator.panel.sendToBack()
             }
-            IconButton {
+            CommandButton {
+                commands: annotator.controller.commands
+                command: "delete"
                 symbol: "trash"
-                tip: qsTranslate("Kestrio", "Delete selected")
-                key: "Del"
-                enabled: annotator.tool.hasSelection
-                onClicked: annotator.panel.deleteSelected()
             }
         }
         Row {

@@ -15,7 +15,7 @@ ColumnLayout {
         symbol: "eyedropper"
         text: qsTranslate("Kestrio", "Pick from the picture")
         tip: qsTranslate("Kestrio", "Pick a colour; with Alt for the backdrop")
-        key: "I"
+        key: section.controller.commands.infos.eyedropper.key
         checked: section.colors.isPicking
         background: Rectangle {
             radius: Theme.radius
@@ -23,7 +23,7 @@ ColumnLayout {
             border.width: parent.visualFocus ? 2 : 0
             border.color: Theme.accent
         }
-        onClicked: section.controller.pickColorByButton(false)
+        onClicked: section.controller.commands.run("eyedropper")
     }
     Rectangle {
         Layout.fillWidth: true

@@ -112,6 +112,7 @@ Item {
     }
     CropToolbar {
         crop: overlay.crop
+        commands: overlay.controller.commands
         room: overlay.width
         ratios: overlay.controller.choices.aspect
         x: Math.max(8, Math.min(overlay.width - width - 8, overlay.frame.x + overlay.frame.width / 2 - width / 2))

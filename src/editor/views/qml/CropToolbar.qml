@@ -6,6 +6,7 @@ import Kestrio.Ui
 Rectangle {
     id: bar
     required property CropPanel crop
+    required property CommandPanel commands
     property var ratios: []
     // How wide it may become; hints and ratios give way first.
     property real room: 2000
@@ -47,14 +48,14 @@ Rectangle {
         IconButton {
             symbol: "xmark"
             tip: qsTranslate("Kestrio", "Cancel")
-            key: "Esc"
+            key: bar.commands.infos.cancelCrop.key
             onClicked: bar.crop.cancel()
         }
         IconButton {
             symbol: "checkmark"
             isPrimary: true
             tip: qsTranslate("Kestrio", "Apply")
-            key: "Return"
+            key: bar.commands.infos.applyCrop.key
             onClicked: bar.crop.apply()
         }
     }

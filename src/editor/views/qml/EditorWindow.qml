@@ -39,7 +39,6 @@ Window {
             id: bar
             Layout.fillWidth: true
             controller: window.controller
-            onSaveRequested: exporting.open()
             onEnhanceRequested: enhancement.open()
             onResetRequested: resetting.open()
         }
@@ -138,12 +137,15 @@ Window {
     }
     Component.onCompleted: controller.reportLoadProblems()
     EditorShortcuts {
-        controller: window.controller
+        commands: window.controller.commands
         enabled: !window.isSheetShown
-        onSaveRequested: exporting.open()
-        onShareRequested: bar.openShareMenu()
     }
-    Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
+    Connections {
+        target: window.controller.commands
+        function onSaveRequested() { exporting.open() }
+        function onShareRequested() { bar.openShareMenu() }
+        function onCloseRequested() { window.close() }
+    }
     onClosing: close => {
         // What is being typed belongs to the document.
         stage.focusCanvas()

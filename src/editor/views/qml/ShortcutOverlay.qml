@@ -53,7 +53,7 @@ Rectangle {
             y: 64
             spacing: 40
             Repeater {
-                model: overlay.isShown ? overlay.controller.shortcutColumns : []
+                model: overlay.isShown ? overlay.controller.commands.columns : []
                 Column {
                     required property var modelData
                     spacing: 10

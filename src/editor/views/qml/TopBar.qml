@@ -7,6 +7,7 @@ Rectangle {
     id: bar
     required property EditorController controller
     readonly property OutputPanel output: controller.output
+    readonly property CommandPanel commands: controller.commands
     // Words give way to icons before anything is cut off.
     readonly property bool isNarrow: width < 1000
     function openShareMenu() {
@@ -19,7 +20,6 @@ Rectangle {
             onClosed: destroy()
         }
     }
-    signal saveRequested()
     signal enhanceRequested()
     signal resetRequested()
 
@@ -32,19 +32,15 @@ Rectangle {
         anchors.rightMargin: Theme.medium
         spacing: Theme.tiny
 
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "undo"
             symbol: "arrow.uturn.backward"
-            tip: qsTranslate("Kestrio", "Undo")
-            key: "Ctrl+Z"
-            enabled: bar.controller.canUndo
-            onClicked: bar.controller.undoByButton()
         }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "redo"
             symbol: "arrow.uturn.forward"
-            tip: qsTranslate("Kestrio", "Redo")
-            key: "Ctrl+Shift+Z"
-            enabled: bar.controller.canRedo
-            onClicked: bar.controller.redoByButton()
         }
         IconButton {
             symbol: "backward.end"
@@ -54,12 +50,11 @@ Rectangle {
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         ZoomField { controller: bar.controller }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "crop"
             symbol: "crop"
-            tip: qsTranslate("Kestrio", "Crop")
-            key: "C"
             checked: bar.controller.isCropMode
-            onClicked: bar.controller.isCropMode ? bar.controller.crop.cancel() : bar.controller.enterCrop()
         }
         IconButton {
             symbol: "rotate.left"
@@ -71,20 +66,19 @@ Rectangle {
             tip: qsTranslate("Kestrio", "Turn right")
             onClicked: bar.controller.rotate(true)
         }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "eyedropper"
             symbol: "eyedropper"
             tip: qsTranslate("Kestrio", "Pick a colour; with Alt for the backdrop")
-            key: "I"
             checked: bar.controller.colors.isPicking
-            onClicked: bar.controller.pickColorByButton(false)
         }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "annotate"
             symbol: "pencil"
             text: bar.isNarrow ? "" : qsTranslate("Kestrio", "Annotate")
-            tip: qsTranslate("Kestrio", "Draw on the picture")
-            key: "D"
             checked: bar.controller.isAnnotationMode
-            onClicked: bar.controller.toggleAnnotations()
         }
         IconButton {
             symbol: "wand.and.stars"
@@ -116,7 +110,7 @@ Rectangle {
         IconButton {
             symbol: "keyboard"
             tip: qsTranslate("Kestrio", "Keyboard shortcuts")
-            key: "?"
+            key: bar.commands.infos.showShortcuts.key
             onClicked: bar.controller.isShortcutOverlayVisible = !bar.controller.isShortcutOverlayVisible
         }
         IconButton {
@@ -125,41 +119,34 @@ Rectangle {
             onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
-        IconButton {
+        CommandButton {
             objectName: "pin"
+            commands: bar.commands
+            command: "pin"
             visible: bar.output.canPin
             symbol: "pin"
-            tip: qsTranslate("Kestrio", "Pin to the desktop")
-            key: "Ctrl+P"
-            onClicked: bar.output.pin()
         }
         DragOut { output: bar.output }
-        IconButton {
+        CommandButton {
             id: shareButton
             objectName: "editor.share"
+            commands: bar.commands
+            command: "share"
             symbol: "square.and.arrow.up"
-            tip: qsTranslate("Kestrio", "Share with another program")
-            key: "Ctrl+Shift+E"
-            enabled: !bar.output.isBusy && !bar.controller.share.isBusy
-            onClicked: bar.openShareMenu()
         }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "copy"
             symbol: bar.output.copyState === "success" ? "checkmark"
                 : bar.output.copyState === "failure" ? "xmark" : "doc.on.doc"
             text: bar.isNarrow ? "" : bar.output.copyState === "copying" ? qsTranslate("Kestrio", "Copying…") : qsTranslate("Kestrio", "Copy")
-            tip: qsTranslate("Kestrio", "Copy to clipboard")
-            key: "Ctrl+C"
-            enabled: !bar.output.isBusy
-            onClicked: bar.output.copy()
         }
-        IconButton {
+        CommandButton {
+            commands: bar.commands
+            command: "save"
             symbol: "square.and.arrow.down"
             text: qsTranslate("Kestrio", "Save")
-            tip: qsTranslate("Kestrio", "Save as a file")
-            key: "Ctrl+S"
             isPrimary: true
-            enabled: !bar.output.isBusy
-            onClicked: bar.saveRequested()
         }
     }
     Rectangle {

@@ -9,11 +9,10 @@ Row {
     required property EditorController controller
     spacing: 0
 
-    IconButton {
+    CommandButton {
+        commands: zoom.controller.commands
+        command: "zoomOut"
         symbol: "minus"
-        tip: qsTranslate("Kestrio", "Zoom out")
-        key: "Ctrl+-"
-        onClicked: zoom.controller.zoomBy(1 / 1.25)
     }
     Basic.TextField {
         id: field
@@ -53,10 +52,9 @@ Row {
             border.color: Theme.accent
         }
     }
-    IconButton {
+    CommandButton {
+        commands: zoom.controller.commands
+        command: "zoomIn"
         symbol: "plus"
-        tip: qsTranslate("Kestrio", "Zoom in")
-        key: "Ctrl++"
-        onClicked: zoom.controller.zoomBy(1.25)
     }
 }
