@@ -174,7 +174,7 @@ class Session {
             longest = std::max(longest, now - std::exchange(last, now));
         });
         beat.start(1);
-        runUntilDone(editor.exportImage(path, *formatNamed(format)));
+        runUntilDone(editor.outputModel().exportImage(path, *formatNamed(format)));
         const double end = milliseconds(CLOCK_MONOTONIC);
         runEventsFor(50);
         beat.stop();

@@ -132,7 +132,7 @@ TEST_F(EditorWindowCoordinatorTest, ADocumentIsAdoptedBeforeItsPictureIsThere) {
     auto* const overlay = windows().front()->findChild<QObject*>(QStringLiteral("processing"));
     ASSERT_NE(overlay, nullptr);
     EXPECT_TRUE(overlay->property("active").toBool());
-    EXPECT_FALSE(document->hasUnexportedChanges())
+    EXPECT_FALSE(document->outputModel().hasUnexportedChanges())
         << "there is nothing yet that closing would lose";
 
     const QRectF place(10, 20, 64, 48);
@@ -347,8 +347,8 @@ TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EditorViewModel& document = open("one");
     document.rotateClockwise();
     exporter->saveGate.emplace();
-    auto exporting =
-        document.exportImage(folder.filePath(QStringLiteral("x.png")), ExportFormat::png);
+    auto exporting = document.outputModel().exportImage(folder.filePath(QStringLiteral("x.png")),
+                                                        ExportFormat::png);
     quitting->request();
     runEvents();
     EXPECT_EQ(endings, 0);

@@ -15,8 +15,8 @@ struct CanvasInteractionTest : EditorFixture {
         BackdropSettings bare;
         bare.type = BackdropType::none;
         bare.padding = 0;
-        editor->set_backdrop(bare);
-        editor->set_frameStyle(FrameStyle::none);
+        editor->styleModel().set_backdrop(bare);
+        editor->styleModel().set_frameStyle(FrameStyle::none);
         interaction.setViewport(
             {editor->layout(), editor->canvasState().transform, QSizeF(200, 150), 0});
         editor->toggleAnnotationMode();
@@ -27,9 +27,9 @@ struct CanvasInteractionTest : EditorFixture {
     /// Puts padding around the screenshot, which then stands at 80, 60 of the canvas at 0.6 of its
     /// size.
     void pad() {
-        BackdropSettings padded = editor->backdrop();
+        BackdropSettings padded = editor->styleModel().backdrop();
         padded.padding = 60;
-        editor->set_backdrop(padded);
+        editor->styleModel().set_backdrop(padded);
         interaction.setViewport(
             {editor->layout(), editor->canvasState().transform, QSizeF(200, 150), 0});
         ASSERT_EQ(interaction.viewport().contentRect(), QRectF(80, 60, 240, 180));

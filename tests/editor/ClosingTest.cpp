@@ -26,17 +26,17 @@ struct ClosingTest : EditorFixture {
             QCoreApplication::processEvents();
     }
 
-    void copy() { runUntilDone(editor->copyToClipboard()); }
+    void copy() { runUntilDone(editor->outputModel().copyToClipboard()); }
 };
 
 TEST_F(ClosingTest, OnlyWhatTheUserChangedCounts) {
-    EXPECT_FALSE(editor->hasUnexportedChanges()) << "a fresh capture";
+    EXPECT_FALSE(editor->outputModel().hasUnexportedChanges()) << "a fresh capture";
     editor->setZoom(2);
-    EXPECT_FALSE(editor->hasUnexportedChanges()) << "zoom is no change";
+    EXPECT_FALSE(editor->outputModel().hasUnexportedChanges()) << "zoom is no change";
     const std::pair<const char*, std::function<void()>> changes[] = {
         {"turn", [this] { editor->rotateClockwise(); }},
         {"style", [this] { editor->applyPresetTheme(PresetTheme::all().back()); }},
-        {"frame scale", [this] { editor->set_frameScale(1.7); }},
+        {"frame scale", [this] { editor->styleModel().set_frameScale(1.7); }},
         {"canvas", [this] { editor->setAspectRatio(AspectRatio::custom(3, 1)); }},
         {"mark",
          [this] {
@@ -54,35 +54,36 @@ TEST_F(ClosingTest, OnlyWhatTheUserChangedCounts) {
     };
     for (const auto& [name, change] : changes) {
         change();
-        EXPECT_TRUE(editor->hasUnexportedChanges()) << name;
+        EXPECT_TRUE(editor->outputModel().hasUnexportedChanges()) << name;
         if (!editor->annotationVM().annotationsVisible()) editor->annotationVM().toggleVisibility();
         copy();
-        EXPECT_FALSE(editor->hasUnexportedChanges()) << name << " after a copy";
+        EXPECT_FALSE(editor->outputModel().hasUnexportedChanges()) << name << " after a copy";
     }
 }
 
 TEST_F(ClosingTest, AColourIsAChangeAndUndoTakesItBack) {
     draw(AnnotationTool::rectangle, {10, 10}, {80, 60});
     editor->leaveAnnotationMode();
-    EXPECT_TRUE(editor->hasUnexportedChanges());
+    EXPECT_TRUE(editor->outputModel().hasUnexportedChanges());
     editor->undo();
-    EXPECT_FALSE(editor->hasUnexportedChanges());
+    EXPECT_FALSE(editor->outputModel().hasUnexportedChanges());
     editor->redo();
     copy();
     editor->toggleAnnotationMode();
     editor->annotationVM().selectAll();
     editor->annotationVM().setColor({0.1, 0.9, 0.2, 1});
-    EXPECT_TRUE(editor->hasUnexportedChanges());
+    EXPECT_TRUE(editor->outputModel().hasUnexportedChanges());
 }
 
 TEST_F(ClosingTest, WhatIsChangedWhileItIsWrittenStaysUnexported) {
     editor->rotateClockwise();
     renderer->gate.emplace();
-    auto exporting = editor->exportImage(QStringLiteral("/x/y.png"), ExportFormat::png);
+    auto exporting =
+        editor->outputModel().exportImage(QStringLiteral("/x/y.png"), ExportFormat::png);
     editor->rotateClockwise();
     renderer->gate->succeed();
     runUntilDone(std::move(exporting));
-    EXPECT_TRUE(editor->hasUnexportedChanges());
+    EXPECT_TRUE(editor->outputModel().hasUnexportedChanges());
 }
 
 TEST_F(ClosingTest, AnUntouchedDocumentClosesAtOnceAndAChangedOneAsks) {
@@ -141,7 +142,8 @@ TEST_F(ClosingTest, AnExportUnderWayIsWaitedFor) {
         editor->rotateClockwise();
         renderer->gate.emplace();
         if (!succeeds) exporter->saveFailure = ExportError::fileWriteFailed(folder.path());
-        auto exporting = editor->exportImage(QStringLiteral("/x/y.png"), ExportFormat::png);
+        auto exporting =
+            editor->outputModel().exportImage(QStringLiteral("/x/y.png"), ExportFormat::png);
         EXPECT_FALSE(closing->requestClose());
         EXPECT_EQ(closing->state(), ClosingState::waiting);
         runEvents();

@@ -72,9 +72,9 @@ TEST_F(DocumentDraftTest, ItStandsASecondAfterTheLastChangeAndSoonerThanFourWhil
     int padding = 0;
     runEventsUntil(
         [&] {
-            BackdropSettings changed = editor->backdrop();
+            BackdropSettings changed = editor->styleModel().backdrop();
             changed.padding = ++padding % 100;
-            editor->set_backdrop(changed);
+            editor->styleModel().set_backdrop(changed);
             return rotation() != before;
         },
         4000);
@@ -82,10 +82,11 @@ TEST_F(DocumentDraftTest, ItStandsASecondAfterTheLastChangeAndSoonerThanFourWhil
 
 TEST_F(DocumentDraftTest, ItGoesWhereNothingWouldBeLost) {
     const std::pair<const char*, std::function<void()>> waysOut[] = {
-        {"copy", [this] { runUntilDone(editor->copyToClipboard()); }},
+        {"copy", [this] { runUntilDone(editor->outputModel().copyToClipboard()); }},
         {"export",
          [this] {
-             runUntilDone(editor->exportImage(QStringLiteral("/x/y.png"), ExportFormat::png));
+             runUntilDone(
+                 editor->outputModel().exportImage(QStringLiteral("/x/y.png"), ExportFormat::png));
          }},
         {"undo", [this] { editor->undo(); }},
     };
@@ -127,11 +128,11 @@ Image texture() {
 }
 
 void changeEverything(EditorViewModel& editor) {
-    runUntilDone(editor.enhanceImage(AIEnhancementMode::sharpen, 0.7));
+    runUntilDone(editor.enhancement().enhanceImage(AIEnhancementMode::sharpen, 0.7));
     editor.applyPresetTheme(PresetTheme::all().back());
     editor.rotateClockwise();
     editor.setAspectRatio(AspectRatio::custom(3, 2));
-    editor.set_frameScale(1.4);
+    editor.styleModel().set_frameScale(1.4);
     editor.setZoom(3);
     WatermarkSettings mark;
     mark.textContent = QStringLiteral("mine");
@@ -156,13 +157,13 @@ TEST_F(DocumentDraftTest, ARestoredDocumentIsWhatItWasAndItsDraftGoesOn) {
     draw(AnnotationTool::number, {30, 20}, {60, 50});
     draw(AnnotationTool::blur, {100, 20}, {150, 70});
     editor->enterCropMode();
-    editor->set_cropRect({20, 10, 120, 60});
+    editor->cropSession().set_cropRect({20, 10, 120, 60});
     editor->applyCrop();
     const QImage original = editor->screenshot().bitmap();
     changeEverything(*editor);
     editor->annotationVM().toggleVisibility();
     const CompositeRequest expected = editor->wholePicture();
-    const auto preset = editor->currentPresetThemeId();
+    const auto preset = editor->styleModel().currentPresetThemeId();
     const ClaimedDraft claimed = left();
 
     editor = makeEditor();
@@ -171,20 +172,20 @@ TEST_F(DocumentDraftTest, ARestoredDocumentIsWhatItWasAndItsDraftGoesOn) {
     draft = makeDraft(claimed.folder);
     expectSamePicture(editor->wholePicture(), expected);
     EXPECT_FALSE(editor->annotationVM().annotationsVisible());
-    EXPECT_EQ(editor->currentPresetThemeId(), preset);
+    EXPECT_EQ(editor->styleModel().currentPresetThemeId(), preset);
     EXPECT_FALSE(editor->canUndo());
-    EXPECT_TRUE(editor->hasUnexportedChanges());
+    EXPECT_TRUE(editor->outputModel().hasUnexportedChanges());
     editor->rotateClockwise();
     expectKept(true, "another change");
     EXPECT_EQ(QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
     editor->undo();
-    EXPECT_TRUE(editor->hasUnexportedChanges()) << "undone to what was restored";
-    ASSERT_TRUE(editor->canRestoreOriginalImage());
-    editor->restoreOriginalImage();
+    EXPECT_TRUE(editor->outputModel().hasUnexportedChanges()) << "undone to what was restored";
+    ASSERT_TRUE(editor->enhancement().canRestoreOriginalImage());
+    editor->enhancement().restoreOriginalImage();
     EXPECT_EQ(editor->screenshot().bitmap(), original);
     editor->annotationVM().toggleVisibility();
-    runUntilDone(editor->copyToClipboard());
-    EXPECT_FALSE(editor->hasUnexportedChanges());
+    runUntilDone(editor->outputModel().copyToClipboard());
+    EXPECT_FALSE(editor->outputModel().hasUnexportedChanges());
     expectKept(false, "a copy");
 }
 

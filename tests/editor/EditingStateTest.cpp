@@ -33,7 +33,7 @@ TEST_F(EditingState, WhatIsTypedSurvivesEveryWayOut) {
         {"crop", [&] { editor->enterCropMode(); }},
         {"eyedropper", [&] { editor->toggleColorPicker(); }},
         {"style", [&] { editor->applyPresetTheme(PresetTheme::all().back()); }},
-        {"output", [&] { runUntilDone(editor->prepareRenderedImage()); }},
+        {"output", [&] { runUntilDone(editor->outputModel().prepareRenderedImage()); }},
         {"hidden", [&] { model().toggleVisibility(), editor->synchroniseAnnotations(); }},
         {"number", [&] { editor->finishEditing(); }},
     };
@@ -111,7 +111,7 @@ TEST_F(EditingState, UndoOfMarksFollowsACropAndForgetsOtherPictures) {
     draw(AnnotationTool::rectangle, {100, 100}, {150, 140});
     draw(AnnotationTool::rectangle, {200, 100}, {250, 140});
     editor->enterCropMode();
-    editor->set_cropRect({50, 60, 300, 200});
+    editor->cropSession().set_cropRect({50, 60, 300, 200});
     editor->applyCrop();
     editor->toggleAnnotationMode();
     editor->undo();
@@ -146,7 +146,7 @@ TEST_F(EditingState, UndoOfMarksFollowsACropAndForgetsOtherPictures) {
 TEST_F(EditingState, ReturningToAnnotationModeKeepsItsUndo) {
     draw(AnnotationTool::rectangle, {100, 100}, {150, 140});
     editor->leaveAnnotationMode();
-    editor->set_frameStyle(FrameStyle::safari);
+    editor->styleModel().set_frameStyle(FrameStyle::safari);
     editor->recordSnapshot();
     editor->undo();
     editor->toggleAnnotationMode();
@@ -157,27 +157,27 @@ TEST_F(EditingState, ReturningToAnnotationModeKeepsItsUndo) {
 TEST_F(EditingState, TheOriginalFollowsCropsAndGoesWithItsPicture) {
     const auto sizeBefore = editor->screenshot().pointSize();
     const auto enhance = [&] {
-        return runUntilDone(editor->enhanceImage(AIEnhancementMode::sharpen, 0.5));
+        return runUntilDone(editor->enhancement().enhanceImage(AIEnhancementMode::sharpen, 0.5));
     };
     ASSERT_TRUE(enhance());
     editor->enterCropMode();
-    editor->set_cropRect({50, 60, 300, 200});
+    editor->cropSession().set_cropRect({50, 60, 300, 200});
     editor->applyCrop();
-    editor->restoreOriginalImage();
+    editor->enhancement().restoreOriginalImage();
     EXPECT_EQ(editor->screenshot().pixelSize(), QSize(300, 200));
     EXPECT_EQ(editor->screenshot().pointSize(), QSizeF(300, 200));
     editor->undo();
-    EXPECT_TRUE(editor->canRestoreOriginalImage());
+    EXPECT_TRUE(editor->enhancement().canRestoreOriginalImage());
     editor->undo();
     EXPECT_EQ(editor->screenshot().pointSize(), sizeBefore);
-    EXPECT_TRUE(editor->canRestoreOriginalImage()) << "enhanced, not yet cropped";
+    EXPECT_TRUE(editor->enhancement().canRestoreOriginalImage()) << "enhanced, not yet cropped";
     editor->replaceScreenshot(picture({90, 90}));
-    EXPECT_FALSE(editor->canRestoreOriginalImage());
+    EXPECT_FALSE(editor->enhancement().canRestoreOriginalImage());
     ASSERT_TRUE(enhance());
     editor->reset();
-    EXPECT_FALSE(editor->canRestoreOriginalImage());
+    EXPECT_FALSE(editor->enhancement().canRestoreOriginalImage());
 
-    auto pending = editor->enhanceImage(AIEnhancementMode::sharpen, 0.5);
+    auto pending = editor->enhancement().enhanceImage(AIEnhancementMode::sharpen, 0.5);
     editor->replaceScreenshot(picture({70, 70}));
     EXPECT_FALSE(runUntilDone(std::move(pending))) << "of a picture that is gone";
     EXPECT_EQ(editor->screenshot().pixelSize(), QSize(70, 70));
@@ -190,10 +190,11 @@ TEST_F(EditingState, ModesExcludeEachOther) {
     editor->toggleColorPicker();
     EXPECT_FALSE(editor->isCropMode());
     editor->toggleAnnotationMode();
-    EXPECT_TRUE(editor->isAnnotationMode() && editor->isAnnotationPanelPresentationDeferred());
+    EXPECT_TRUE(editor->isAnnotationMode() &&
+                editor->annotationSession().isAnnotationPanelPresentationDeferred());
     editor->colorPickerVM().pick(editor->screenshot(), {5, 5}, false);
     EXPECT_TRUE(editor->isAnnotationMode());
-    EXPECT_FALSE(editor->isAnnotationPanelPresentationDeferred());
+    EXPECT_FALSE(editor->annotationSession().isAnnotationPanelPresentationDeferred());
     editor->enterCropMode();
     EXPECT_FALSE(editor->isAnnotationMode());
     EXPECT_TRUE(editor->canUndo()) << "as the key does something, so does the button";
@@ -205,14 +206,14 @@ TEST_F(EditingState, ZoomIsNoStepOfUndoAndTheFramesScaleIsOne) {
     editor->setZoom(3);
     editor->recordSnapshot();
     EXPECT_FALSE(editor->canUndo());
-    editor->set_frameScale(2);
+    editor->styleModel().set_frameScale(2);
     editor->recordSnapshot();
     editor->setZoom(2);
     editor->undo();
-    EXPECT_EQ(editor->frameScale(), 1);
+    EXPECT_EQ(editor->styleModel().frameScale(), 1);
     EXPECT_EQ(editor->canvasState().transform.scale, 2) << "where the user looks";
     editor->redo();
-    EXPECT_EQ(editor->frameScale(), 2);
+    EXPECT_EQ(editor->styleModel().frameScale(), 2);
 }
 
 // Equality leaves colours out; where the button is off, the key does nothing either.
@@ -254,16 +255,16 @@ TEST_F(EditingState, TheOutputsSizeFollowsAQuarterTurn) {
 
 TEST_F(EditingState, AnExportBesideACopyIsBusyToItsEnd) {
     renderer->gate.emplace();
-    auto copying = editor->copyToClipboard();
+    auto copying = editor->outputModel().copyToClipboard();
     const Completion<> copied = *renderer->gate;
     renderer->gate.emplace();
-    auto exporting = editor->prepareRenderedImage();
+    auto exporting = editor->outputModel().prepareRenderedImage();
     copied.succeed();
     runUntilDone(std::move(copying));
-    EXPECT_TRUE(editor->isExporting());
+    EXPECT_TRUE(editor->outputModel().isExporting());
     renderer->gate->succeed();
     runUntilDone(std::move(exporting));
-    EXPECT_FALSE(editor->isExporting());
+    EXPECT_FALSE(editor->outputModel().isExporting());
 }
 
 }  // namespace

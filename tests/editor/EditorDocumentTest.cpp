@@ -8,7 +8,7 @@ using EditorDocument = EditorFixture;
 TEST_F(EditorDocument, OpensWithTheStyleUsedLastElseTheFirstPreset) {
     editor->loadCapture({picture()});
     EXPECT_EQ(editor->style(), PresetTheme::all().front().style());
-    EXPECT_EQ(editor->currentPresetThemeId(), QStringLiteral("clean"));
+    EXPECT_EQ(editor->styleModel().currentPresetThemeId(), QStringLiteral("clean"));
     EXPECT_EQ(editor->canvasState().canvasSize, QSizeF(200, 100));
     EXPECT_FALSE(editor->canUndo());
 
@@ -22,16 +22,16 @@ TEST_F(EditorDocument, OpensWithTheStyleUsedLastElseTheFirstPreset) {
     editor->loadCapture({picture()});
     used.mockup.cornerRadius = 48;
     EXPECT_EQ(editor->style(), used);
-    EXPECT_FALSE(editor->currentPresetThemeId());
+    EXPECT_FALSE(editor->styleModel().currentPresetThemeId());
 }
 
 TEST_F(EditorDocument, KeepsTheStyleWhenItEndsSoonAfterAChange) {
     editor->loadCapture({picture()});
-    editor->set_frameStyle(FrameStyle::arc);
+    editor->styleModel().set_frameStyle(FrameStyle::arc);
     EXPECT_FALSE(styles->load()) << "not at each change";
     editor->cleanUp();
     EXPECT_EQ(styles->load()->frameStyle, FrameStyle::arc);
-    editor->set_frameStyle(FrameStyle::none);
+    editor->styleModel().set_frameStyle(FrameStyle::none);
     editor.reset();
     EXPECT_EQ(styles->load()->frameStyle, FrameStyle::arc) << "cleaned up is the end";
 }
@@ -111,7 +111,7 @@ TEST_F(EditorDocument, ResetForgetsAllButThePicture) {
     editor->loadCapture({picture()});
     draw(AnnotationTool::number, {10, 10}, {10, 10});
     editor->leaveAnnotationMode();
-    editor->set_frameScale(2);
+    editor->styleModel().set_frameScale(2);
     editor->setAspectRatio({QStringLiteral("1:1"), 1.0});
     EXPECT_EQ(editor->canvasState().canvasSize, QSizeF(200, 200));
     editor->reset();
@@ -119,7 +119,7 @@ TEST_F(EditorDocument, ResetForgetsAllButThePicture) {
     canvas.canvasSize = {200, 100};
     EXPECT_EQ(editor->canvasState(), canvas);
     EXPECT_EQ(editor->style(), EditorStyleSettings());
-    EXPECT_EQ(editor->frameScale(), 1);
+    EXPECT_EQ(editor->styleModel().frameScale(), 1);
     EXPECT_TRUE(editor->annotations().empty() && editor->annotationVM().annotations().empty());
     EXPECT_FALSE(editor->canUndo() || editor->annotationVM().historyService().canUndo());
     editor->rotateClockwise();
@@ -134,8 +134,8 @@ TEST_F(EditorDocument, CroppingLeavesAnnotationsOnWhatTheyMark) {
     const auto before = editor->annotations();
     editor->enterCropMode();
     EXPECT_FALSE(editor->isAnnotationMode());
-    EXPECT_EQ(editor->cropRect(), QRectF(0, 0, 200, 100));
-    editor->set_cropRect({50, 20, 120, 70});
+    EXPECT_EQ(editor->cropSession().cropRect(), QRectF(0, 0, 200, 100));
+    editor->cropSession().set_cropRect({50, 20, 120, 70});
     editor->applyCrop();
     EXPECT_FALSE(editor->isCropMode());
     EXPECT_EQ(editor->screenshot().pixelSize(), QSize(120, 70));
@@ -155,19 +155,20 @@ TEST_F(EditorDocument, CropFramesWithoutAreaOrRatioChangeNothing) {
     editor->loadCapture({picture()});
     for (const QRectF& frame : {QRectF(50, 50, 0, 10), QRectF(300, 300, 20, 20), QRectF()}) {
         editor->enterCropMode();
-        editor->set_cropRect(frame);
+        editor->cropSession().set_cropRect(frame);
         editor->applyCrop();
         EXPECT_FALSE(editor->isCropMode() || editor->canUndo());
         EXPECT_EQ(editor->screenshot().pixelSize(), QSize(200, 100));
     }
     editor->enterCropMode();
-    editor->setCropRatio(1);
-    EXPECT_EQ(editor->cropRect(), QRectF(50, 0, 100, 100));
-    EXPECT_TRUE(editor->cropLockAspectRatio());
-    editor->setCropRatio(0);
-    EXPECT_EQ(editor->cropLockedRatio(), 1);
+    editor->cropSession().setCropRatio(1);
+    EXPECT_EQ(editor->cropSession().cropRect(), QRectF(50, 0, 100, 100));
+    EXPECT_TRUE(editor->cropSession().cropLockAspectRatio());
+    editor->cropSession().setCropRatio(0);
+    EXPECT_EQ(editor->cropSession().cropLockedRatio(), 1);
     editor->cancelCrop();
-    EXPECT_FALSE(editor->cropLockAspectRatio() || editor->cropLockedRatio());
+    EXPECT_FALSE(editor->cropSession().cropLockAspectRatio() ||
+                 editor->cropSession().cropLockedRatio());
 }
 
 }  // namespace

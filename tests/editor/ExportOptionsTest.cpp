@@ -73,7 +73,7 @@ TEST_F(ExportSheet, ADismissedQuestionAndACancelledExportEndIdle) {
     exportTo(QStringLiteral("a.jpeg"));
     EXPECT_EQ(options->state(), ExportState::idle);
     EXPECT_EQ(options->errorMessage(), QString());
-    EXPECT_FALSE(editor->isExporting());
+    EXPECT_FALSE(editor->outputModel().isExporting());
 }
 
 TEST_F(ExportSheet, AFailureIsToldAndTheNextTrySucceeds) {
@@ -100,7 +100,7 @@ TEST_F(ExportSheet, ABusySheetTakesNoOtherExportAndMayGoMeanwhile) {
     options.reset();
     renderer->gate->succeed();
     settle();
-    EXPECT_FALSE(editor->isExporting());
+    EXPECT_FALSE(editor->outputModel().isExporting());
 }
 
 TEST_F(ExportSheet, AFolderThatIsGoneIsReplacedByHome) {

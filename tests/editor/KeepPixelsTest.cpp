@@ -8,10 +8,10 @@ using KeepPixels = EditorFixture;
 TEST_F(KeepPixels, GrowsTheCanvasAndIsUndone) {
     editor->loadCapture({picture()});
     const QSize before = editor->outputPixels();
-    BackdropSettings backdrop = editor->backdrop();
+    BackdropSettings backdrop = editor->styleModel().backdrop();
     backdrop.padding = 20;
     backdrop.keepPixels = true;
-    editor->set_backdrop(backdrop);
+    editor->styleModel().set_backdrop(backdrop);
     editor->recordSnapshot();
     EXPECT_EQ(editor->outputPixels(), QSize(240, 140));
     EXPECT_EQ(contentRect(editor->layout()), QRectF(20, 20, 200, 100));
@@ -23,19 +23,19 @@ TEST_F(KeepPixels, GrowsTheCanvasAndIsUndone) {
 
 TEST_F(KeepPixels, StaysOnUnderPresetsAndIsRemembered) {
     editor->loadCapture({picture()});
-    BackdropSettings backdrop = editor->backdrop();
+    BackdropSettings backdrop = editor->styleModel().backdrop();
     backdrop.keepPixels = true;
-    editor->set_backdrop(backdrop);
+    editor->styleModel().set_backdrop(backdrop);
     editor->applyPresetTheme(*PresetTheme::find(QStringLiteral("ocean")));
-    EXPECT_TRUE(editor->backdrop().keepPixels);
+    EXPECT_TRUE(editor->styleModel().backdrop().keepPixels);
     editor->autoBeautify();
-    EXPECT_TRUE(editor->backdrop().keepPixels);
+    EXPECT_TRUE(editor->styleModel().backdrop().keepPixels);
     editor->applyPresetTheme(*PresetTheme::find(QStringLiteral("ocean")));
     editor.reset();
     editor = makeEditor();
     editor->loadCapture({picture()});
-    EXPECT_TRUE(editor->backdrop().keepPixels);
-    EXPECT_EQ(editor->currentPresetThemeId(), QStringLiteral("ocean"));
+    EXPECT_TRUE(editor->styleModel().backdrop().keepPixels);
+    EXPECT_EQ(editor->styleModel().currentPresetThemeId(), QStringLiteral("ocean"));
 }
 
 }  // namespace

@@ -132,7 +132,7 @@ TEST_F(Keyboard, CropModeTakesReturnAndEscape) {
     EXPECT_TRUE(press(Qt::Key_Escape, plain, "\x1b"));
     EXPECT_FALSE(editor->isCropMode());
     editor->enterCropMode();
-    editor->set_cropRect({0, 0, 50, 50});
+    editor->cropSession().set_cropRect({0, 0, 50, 50});
     EXPECT_TRUE(press(Qt::Key_Return, plain, "\r"));
     EXPECT_EQ(editor->screenshot().pixelSize(), QSize(50, 50));
     EXPECT_FALSE(press(Qt::Key_Return, plain, "\r"));

@@ -47,7 +47,7 @@ struct PreviewTest : EditorWindowTest {
 
     /// Waits for what is made in the background.
     void expectShownIsExported(const std::string& what) {
-        const auto exported = runUntilDone(document.prepareRenderedImage());
+        const auto exported = runUntilDone(document.outputModel().prepareRenderedImage());
         QElapsedTimer timer;
         timer.start();
         double difference = 255;
@@ -68,7 +68,7 @@ TEST_F(PreviewTest, ThePresetsAreShownAsTheyAreExported) {
 
 TEST_F(PreviewTest, TheFramesAreShownAsTheyAreExported) {
     for (const auto& row : enumTable(FrameStyle{})) {
-        document.set_frameStyle(row.value);
+        document.styleModel().set_frameStyle(row.value);
         expectShownIsExported(row.raw);
     }
 }

@@ -42,7 +42,7 @@ TEST_F(SharingTest, EachWayGetsAFileOfTheDocumentsName) {
     EXPECT_EQ(QFileInfo(path).fileName(), u"my - shot.png");
     EXPECT_TRUE(path.startsWith(cache.path()));
     EXPECT_EQ(programs->opened, QStringList(QStringLiteral("viewer ") + path));
-    EXPECT_FALSE(editor->hasUnexportedChanges()) << "the picture is elsewhere now";
+    EXPECT_FALSE(editor->outputModel().hasUnexportedChanges()) << "the picture is elsewhere now";
     sharing->email();
     runEvents();
     EXPECT_EQ(programs->mailed,

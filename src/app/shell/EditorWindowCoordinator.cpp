@@ -179,7 +179,7 @@ std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
     for (const auto& each : editors_) {
         EditorViewModel& document = each.document();
         document.finishEditing();
-        if (document.hasUnexportedChanges()) {
+        if (document.outputModel().hasUnexportedChanges()) {
             found.push_back({QPointer(&document), each.name()});
         }
     }
@@ -187,8 +187,9 @@ std::vector<OpenDocument> EditorWindowCoordinator::unexportedDocuments() const {
 }
 
 bool EditorWindowCoordinator::isExporting() const {
-    return std::any_of(editors_.begin(), editors_.end(),
-                       [](const auto& each) { return each.document().isExporting(); });
+    return std::any_of(editors_.begin(), editors_.end(), [](const auto& each) {
+        return each.document().outputModel().isExporting();
+    });
 }
 
 void EditorWindowCoordinator::writeDrafts() {

@@ -28,11 +28,7 @@ PreviewRenderer::PreviewRenderer(EditorViewModel& editor,
       blurred_(std::move(watermark)) {
     connect(&editor, &EditorViewModel::screenshotChanged, this,
             &PreviewRenderer::requestScreenshot);
-    const auto styleSignals = {&EditorViewModel::backdropChanged, &EditorViewModel::mockupChanged,
-                               &EditorViewModel::frameStyleChanged,
-                               &EditorViewModel::frameScaleChanged};
-    for (const auto signal : styleSignals)
-        connect(&editor, signal, this, &PreviewRenderer::requestStyle);
+    connect(&editor.styleModel(), &StyleModel::styleChanged, this, &PreviewRenderer::requestStyle);
     connect(&editor, &EditorViewModel::canvasStateChanged, this, [this] {
         // Panning, zooming and turning show the same picture elsewhere.
         if (composedCanvas_ != editor_.canvasState().canvasSize) requestPreview();
@@ -58,10 +54,9 @@ void PreviewRenderer::watchBlurs() {
         movingBlur_.reset();
         refreshBlurs();
     });
-    for (const auto signal :
-         {&EditorViewModel::annotationsChanged, &EditorViewModel::isAnnotationModeChanged}) {
-        connect(&editor_, signal, this, &PreviewRenderer::refreshBlurs);
-    }
+    using Session = AnnotationSession;
+    for (const auto signal : {&Session::annotationsChanged, &Session::isAnnotationModeChanged})
+        connect(&editor_.annotationSession(), signal, this, &PreviewRenderer::refreshBlurs);
     using Annotations = AnnotationViewModel;
     for (const auto signal :
          {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
@@ -182,7 +177,7 @@ std::optional<PreviewRenderer::Sketch> PreviewRenderer::previewRequest() const {
     if (request.screenshot.isNull()) return {};
     if (isSameImage) sketch.blurs = last->request.annotations;
     request.setStyle(editor_.style());
-    request.frameScale = editor_.frameScale();
+    request.frameScale = editor_.styleModel().frameScale();
     request.canvasState = editor_.canvasState();
     request.canvasState.transform = {};
     request.outputScale = wantedScale_;

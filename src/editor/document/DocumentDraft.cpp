@@ -31,11 +31,13 @@ DocumentDraft::~DocumentDraft() {
 
 void DocumentDraft::connectDocument() {
     using Editor = EditorViewModel;
-    for (const auto signal :
-         {&Editor::screenshotChanged, &Editor::canRestoreOriginalImageChanged,
-          &Editor::canvasStateChanged, &Editor::backdropChanged, &Editor::mockupChanged,
-          &Editor::frameStyleChanged, &Editor::frameScaleChanged, &Editor::annotationsChanged})
+    for (const auto signal : {&Editor::screenshotChanged, &Editor::canvasStateChanged})
         connect(&editor_, signal, this, &DocumentDraft::changed);
+    connect(&editor_.styleModel(), &StyleModel::styleChanged, this, &DocumentDraft::changed);
+    connect(&editor_.annotationSession(), &AnnotationSession::annotationsChanged, this,
+            &DocumentDraft::changed);
+    connect(&editor_.enhancement(), &PictureEnhancement::canRestoreOriginalImageChanged, this,
+            &DocumentDraft::changed);
     using Annotations = AnnotationViewModel;
     for (const auto signal :
          {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged})
@@ -43,7 +45,7 @@ void DocumentDraft::connectDocument() {
     using Watermark = WatermarkViewModel;
     for (const auto signal : {&Watermark::isEnabledChanged, &Watermark::settingsChanged})
         connect(&editor_.watermarkVM(), signal, this, &DocumentDraft::changed);
-    connect(&editor_, &Editor::exported, this, &DocumentDraft::update);
+    connect(&editor_.outputModel(), &OutputModel::exported, this, &DocumentDraft::update);
 }
 
 void DocumentDraft::changed() {
@@ -57,11 +59,12 @@ void DocumentDraft::changed() {
 void DocumentDraft::update() {
     delay_.stop();
     if (isDiscarded_ || editor_.screenshot().isNull()) return;
-    writer_.update([document = editor_.draft(name_), picture = editor_.wholePicture(),
-                    unexported = editor_.unexportedChanges()]() -> std::optional<DraftDocument> {
-        if (!unexported.wouldLose(picture)) return std::nullopt;
-        return document;
-    });
+    writer_.update(
+        [document = editor_.draft(name_), picture = editor_.wholePicture(),
+         unexported = editor_.outputModel().unexportedChanges()]() -> std::optional<DraftDocument> {
+            if (!unexported.wouldLose(picture)) return std::nullopt;
+            return document;
+        });
 }
 
 void DocumentDraft::writeNow() {

@@ -9,15 +9,6 @@ namespace {
 
 constexpr double leastZoom = 0.1, greatestZoom = 5;
 
-/// The largest rectangle of a ratio within `rect`, around its middle.
-QRectF fitted(const QRectF& rect, double ratio) {
-    QSizeF size(rect.width(), rect.width() / ratio);
-    if (size.height() > rect.height()) size = {rect.height() * ratio, rect.height()};
-    QRectF result(QPointF(), size);
-    result.moveCenter(rect.center());
-    return result;
-}
-
 double pixelsPerPoint(const Image& image) {
     return image.bitmap().width() / image.pointSize().width();
 }
@@ -58,32 +49,25 @@ void EditorViewModel::setZoomText(const QString& percent) {
 void EditorViewModel::enterCropMode() {
     if (screenshot().isNull() || isCropMode()) return;
     leaveAnnotationMode();
-    annotatesAfterPicking_ = false;
-    stopPicking();
-    set_cropRect(QRectF(QPointF(), screenshot().pointSize()));
-    set_isCropMode(true);
-}
-
-void EditorViewModel::setCropRatio(std::optional<double> ratio) {
-    if (ratio && !(*ratio > 0 && std::isfinite(*ratio))) return;
-    set_cropLockAspectRatio(ratio.has_value());
-    set_cropLockedRatio(ratio);
-    if (ratio && isCropMode()) set_cropRect(fitted(cropRect(), *ratio));
+    annotationSession_.abandonPicking();
+    cropSession_.begin(screenshot().pointSize());
 }
 
 void EditorViewModel::applyCrop() {
     if (!isCropMode()) return;
-    const QRect pixels = cropRect().isEmpty() ? QRect() : touchedPixels(screenshot(), cropRect());
+    const QRectF rect = cropSession_.cropRect();
+    const QRect pixels = rect.isEmpty() ? QRect() : touchedPixels(screenshot(), rect);
     if (!pixels.isEmpty()) crop(pixels);
-    leaveCropMode();
+    cancelCrop();
     if (!pixels.isEmpty()) recordSnapshot();
 }
 
 void EditorViewModel::crop(const QRect& pixels) {
     const double scale = pixelsPerPoint(screenshot());
     const QRectF part(QPointF(pixels.topLeft()) / scale, QSizeF(pixels.size()) / scale);
-    if (const auto& original = screenshotBeforeEnhancement_) {
-        setOriginal(Image(original->bitmap().copy(touchedPixels(*original, part)), part.size()));
+    if (const auto original = enhancement_.original()) {
+        enhancement_.setOriginal(
+            Image(original->bitmap().copy(touchedPixels(*original, part)), part.size()));
     }
     const Image image(screenshot().bitmap().copy(pixels), scale);
     set_screenshot(image);
@@ -92,20 +76,11 @@ void EditorViewModel::crop(const QRect& pixels) {
     canvas.transform = {};
     set_canvasState(canvas);
 
-    annotationVM_.setAnnotations(annotations_);
-    annotationVM_.translateAll(-part.topLeft());
-    setAnnotations(annotationVM_.annotations());
+    annotationSession_.translate(-part.topLeft());
 }
 
 void EditorViewModel::cancelCrop() {
-    leaveCropMode();
-}
-
-void EditorViewModel::leaveCropMode() {
-    set_isCropMode(false);
-    set_cropRect({});
-    set_cropLockAspectRatio(false);
-    set_cropLockedRatio(std::nullopt);
+    cropSession_.end();
     CanvasState canvas = canvasState();
     canvas.cropRect = std::nullopt;
     canvas.isCropping = false;

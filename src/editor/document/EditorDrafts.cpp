@@ -16,37 +16,36 @@ DraftDocument EditorViewModel::draft(const QString& name) const {
     DraftDocument document;
     document.name = name;
     document.picture = screenshot();
-    document.original = screenshotBeforeEnhancement_;
-    document.style = style();
-    document.frameScale = frameScale();
+    document.original = enhancement_.original();
+    document.style = styleModel_.style();
+    document.frameScale = styleModel_.frameScale();
     document.canvas = atRest(canvasState());
     document.watermark = watermarkVM_.settings();
     document.isWatermarkEnabled = watermarkVM_.isEnabled();
     document.annotations = liveAnnotations();
     std::erase_if(document.annotations, isEmptyText);
-    document.areAnnotationsVisible = annotationVM_.annotationsVisible();
+    document.areAnnotationsVisible = annotationVM().annotationsVisible();
     return document;
 }
 
 void EditorViewModel::restoreDraft(const DraftDocument& draft) {
     set_screenshot(draft.picture);
-    setOriginal(draft.original);
+    enhancement_.setOriginal(draft.original);
     set_canvasState(draft.canvas);
-    setAnnotations(draft.annotations);
-    annotationVM_.setAnnotations(draft.annotations);
-    if (annotationVM_.annotationsVisible() != draft.areAnnotationsVisible) {
-        annotationVM_.toggleVisibility();
+    annotationSession_.reset(draft.annotations);
+    if (annotationVM().annotationsVisible() != draft.areAnnotationsVisible) {
+        annotationVM().toggleVisibility();
     }
-    setStyle(draft.style);
-    set_frameScale(draft.frameScale);
-    showPresetOf(draft.style);
+    styleModel_.setStyle(draft.style);
+    styleModel_.set_frameScale(draft.frameScale);
+    styleModel_.showPreset();
     watermarkVM_.set_settings(draft.watermark);
     watermarkVM_.set_isEnabled(draft.isWatermarkEnabled);
-    annotationVM_.historyService().clear();
+    annotationVM().historyService().clear();
     historyManager_.clear();
     recordSnapshot();
     // Nothing of it has left the editor.
-    markExported({});
+    outputModel_.markExported({});
 }
 
 }  // namespace kestrio

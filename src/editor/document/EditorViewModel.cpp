@@ -1,47 +1,38 @@
 #include "editor/document/EditorViewModel.h"
 
-#include "core/Clamp.h"
+#include "imaging/ExportError.h"
 #include "render/ImageComposer.h"
 #include "render/enhance/AutoBeautify.h"
 
 namespace kestrio {
 
-namespace {
-
-constexpr std::chrono::milliseconds stylePersistenceDelay{500};
-constexpr double largestCornerRadius = 48;
-
-}  // namespace
-
 EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
     : QObject(parent),
-      services_(std::move(services)),
-      annotationVM_({}, services_.memoryPressure.get()),
-      toolMemory_(annotationVM_, services_.userDefaults),
-      colorPickerVM_(std::make_shared<ColorHistoryService>(services_.userDefaults),
-                     services_.userDefaults, services_.pasteboard),
-      watermarkVM_(services_.watermark),
+      styleModel_(services.stylePersistence),
+      annotationSession_(services),
+      enhancement_(*this, services.enhancement),
+      outputModel_(*this, services),
+      watermarkVM_(services.watermark),
       historyManager_(HistoryManager<EditorSnapshot>::greatestHistorySize,
-                      services_.memoryPressure.get()) {
+                      services.memoryPressure.get()) {
+    connectUndo();
+    connect(this, &EditorViewModel::screenshotChanged, this, [this] {
+        annotationVM().set_pictureRect(QRectF(QPointF(), screenshot().pointSize()));
+    });
+    connect(&annotationSession_, &AnnotationSession::left, this, &EditorViewModel::recordSnapshot);
+    connect(&colorPickerVM(), &ColorPickerViewModel::backdropColorPicked, this,
+            &EditorViewModel::useForBackdrop);
+}
+
+void EditorViewModel::connectUndo() {
     const auto recompute = [this] { recomputeUndoFlags(); };
     connect(&historyManager_, &HistoryFlags::canUndoChanged, this, recompute);
     connect(&historyManager_, &HistoryFlags::canRedoChanged, this, recompute);
-    auto& annotationHistory = annotationVM_.historyService();
+    auto& annotationHistory = annotationVM().historyService();
     connect(&annotationHistory, &AnnotationHistoryService::canUndoChanged, this, recompute);
     connect(&annotationHistory, &AnnotationHistoryService::canRedoChanged, this, recompute);
-    connect(this, &EditorViewModel::isAnnotationModeChanged, this, recompute);
-    connect(this, &EditorViewModel::isCropModeChanged, this, recompute);
-    connect(this, &EditorViewModel::screenshotChanged, this,
-            [this] { annotationVM_.set_pictureRect(QRectF(QPointF(), screenshot().pointSize())); });
-
-    connectColorPicker();
-    stylePersistence_.setSingleShot(true);
-    stylePersistence_.setInterval(stylePersistenceDelay);
-    connect(&stylePersistence_, &QTimer::timeout, this, &EditorViewModel::persistStyle);
-    const auto persistLater = [this] { stylePersistence_.start(); };
-    connect(this, &EditorViewModel::backdropChanged, this, persistLater);
-    connect(this, &EditorViewModel::mockupChanged, this, persistLater);
-    connect(this, &EditorViewModel::frameStyleChanged, this, persistLater);
+    connect(&annotationSession_, &AnnotationSession::isAnnotationModeChanged, this, recompute);
+    connect(&cropSession_, &CropSession::isCropModeChanged, this, recompute);
 }
 
 EditorViewModel::~EditorViewModel() {
@@ -51,86 +42,48 @@ EditorViewModel::~EditorViewModel() {
 void EditorViewModel::loadCapture(const CapturedImage& capture) {
     set_isProcessingCapture(false);
     set_screenshot(capture.image);
-    setOriginal(std::nullopt);
+    enhancement_.setOriginal(std::nullopt);
     capturedRect_ = capture.captureRect;
     capturedDate_ = capture.captureDate;
     if (!historyItemId_) startAfresh();
-    annotationVM_.historyService().clear();
+    annotationVM().historyService().clear();
     historyManager_.clear();
     recordSnapshot();
-    markExported(presentPicture());
+    outputModel_.markExported(presentPicture());
 }
 
 void EditorViewModel::startAfresh() {
     CanvasState canvas;
     canvas.canvasSize = screenshot().pointSize();
     set_canvasState(canvas);
-    setAnnotations({});
-    annotationVM_.setAnnotations({});
-    loadPersistedStyle();
+    annotationSession_.reset({});
+    styleModel_.loadPersisted();
 }
 
 void EditorViewModel::replaceScreenshot(const Image& image) {
     leaveAnnotationMode();
-    annotatesAfterPicking_ = false;
-    stopPicking();
+    annotationSession_.abandonPicking();
     if (isCropMode()) cancelCrop();
     set_screenshot(image);
-    setOriginal(std::nullopt);
+    enhancement_.setOriginal(std::nullopt);
     CanvasState canvas = canvasState();
     canvas.canvasSize = canvasHolding(image.pointSize(), canvas.aspectRatio);
     canvas.transform = {};
     set_canvasState(canvas);
-    setAnnotations({});
-    annotationVM_.setAnnotations({});
-    annotationVM_.historyService().clear();
+    annotationSession_.reset({});
+    annotationVM().historyService().clear();
     recordSnapshot();
-}
-
-void EditorViewModel::loadPersistedStyle() {
-    if (auto style = services_.stylePersistence->load()) {
-        style->mockup.cornerRadius = clampedOr(style->mockup.cornerRadius, 0, largestCornerRadius);
-        setStyle(*style);
-        showPresetOf(*style);
-        return;
-    }
-    const PresetTheme& first = PresetTheme::all().front();
-    setStyle(first.style());
-    if (!currentPresetThemeId()) set_currentPresetThemeId(first.id);
-}
-
-void EditorViewModel::showPresetOf(EditorStyleSettings style) {
-    style.backdrop.keepPixels = std::nullopt;
-    std::optional<QString> found;
-    for (const PresetTheme& preset : PresetTheme::all())
-        if (preset.style() == style) found = preset.id;
-    set_currentPresetThemeId(found);
-}
-
-void EditorViewModel::setStyle(const EditorStyleSettings& style) {
-    set_backdrop(style.backdrop);
-    set_mockup(style.mockup);
-    set_frameStyle(style.frameStyle);
-}
-
-void EditorViewModel::setLook(EditorStyleSettings style) {
-    style.backdrop.keepPixels = backdrop().keepPixels;
-    setStyle(style);
-}
-
-void EditorViewModel::persistStyle() {
-    stylePersistence_.stop();
-    if (!isCleanedUp_) services_.stylePersistence->save(style());
 }
 
 // A state that differs from the current one in nothing, not even a colour, would be a step of undo
 // that does nothing.
 void EditorViewModel::recordSnapshot() {
     finishEditing();
-    EditorSnapshot snapshot{{liveAnnotations(), atRest(canvasState()), backdrop(), mockup(),
-                             frameStyle(), frameScale()},
-                            screenshot(),
-                            screenshotBeforeEnhancement_};
+    EditorSnapshot snapshot{
+        {liveAnnotations(), atRest(canvasState()), styleModel_.backdrop(), styleModel_.mockup(),
+         styleModel_.frameStyle(), styleModel_.frameScale()},
+        screenshot(),
+        enhancement_.original()};
     const auto& current = historyManager_.currentState();
     if (current && *current == snapshot &&
         areIdentical(current->state.annotations, snapshot.state.annotations)) {
@@ -140,7 +93,7 @@ void EditorViewModel::recordSnapshot() {
 }
 
 void EditorViewModel::recomputeUndoFlags() {
-    const auto& annotationHistory = annotationVM_.historyService();
+    const auto& annotationHistory = annotationVM().historyService();
     if (isCropMode()) {
         set_canUndo(true);
         set_canRedo(false);
@@ -157,7 +110,7 @@ void EditorViewModel::undo() {
     } else if (!canUndo()) {
         return;
     } else if (isAnnotationMode()) {
-        annotationVM_.undo();
+        annotationVM().undo();
         synchroniseAnnotations();
     } else if (const auto snapshot = historyManager_.undo()) {
         apply(*snapshot);
@@ -171,7 +124,7 @@ void EditorViewModel::redo() {
     } else if (!canRedo()) {
         return;
     } else if (isAnnotationMode()) {
-        annotationVM_.redo();
+        annotationVM().redo();
         synchroniseAnnotations();
     } else if (const auto snapshot = historyManager_.redo()) {
         apply(*snapshot);
@@ -182,18 +135,17 @@ void EditorViewModel::apply(const EditorSnapshot& snapshot) {
     const EditorState& state = snapshot.state;
     if (snapshot.screenshot.bitmap().cacheKey() != screenshot().bitmap().cacheKey()) {
         // Steps of undo that were made on another picture would put marks elsewhere.
-        annotationVM_.historyService().clear();
+        annotationVM().historyService().clear();
         set_screenshot(snapshot.screenshot);
     }
-    setOriginal(snapshot.original);
-    setAnnotations(state.annotations);
-    annotationVM_.setAnnotations(state.annotations);
+    enhancement_.setOriginal(snapshot.original);
+    annotationSession_.reset(state.annotations);
     CanvasState canvas = state.canvasState;
     canvas.transform.offset = canvasState().transform.offset;
     canvas.transform.scale = canvasState().transform.scale;
     set_canvasState(canvas);
-    setStyle({state.backdrop, state.mockup, state.frameStyle});
-    set_frameScale(state.frameScale);
+    styleModel_.setStyle({state.backdrop, state.mockup, state.frameStyle});
+    styleModel_.set_frameScale(state.frameScale);
 }
 
 void EditorViewModel::reset() {
@@ -202,43 +154,110 @@ void EditorViewModel::reset() {
     CanvasState canvas;
     canvas.canvasSize = screenshot().pointSize();
     set_canvasState(canvas);
-    setOriginal(std::nullopt);
-    setStyle({});
-    set_frameScale(1);
-    setAnnotations({});
-    annotationVM_.setAnnotations({});
-    annotationVM_.historyService().clear();
+    enhancement_.setOriginal(std::nullopt);
+    styleModel_.setStyle({});
+    styleModel_.set_frameScale(1);
+    annotationSession_.reset({});
+    annotationVM().historyService().clear();
     historyManager_.clear();
     recordSnapshot();
 }
 
 void EditorViewModel::cleanUp() {
     if (isCleanedUp_) return;
-    if (stylePersistence_.isActive()) persistStyle();
+    styleModel_.cleanUp();
     isCleanedUp_ = true;
     historyManager_.cleanUp();
 }
 
 void EditorViewModel::applyPresetTheme(const PresetTheme& preset) {
-    setLook(preset.style());
-    set_currentTheme(std::nullopt);
-    set_currentPresetThemeId(preset.id);
+    styleModel_.applyPresetTheme(preset);
     recordSnapshot();
 }
 
 void EditorViewModel::applyTheme(const Theme& theme) {
-    setStyle(theme.style());
-    set_currentTheme(theme);
-    set_currentPresetThemeId(std::nullopt);
+    styleModel_.applyTheme(theme);
     recordSnapshot();
 }
 
 void EditorViewModel::autoBeautify() {
     if (screenshot().isNull()) return;
-    setLook(autoBeautified(screenshot()));
-    set_currentTheme(std::nullopt);
-    set_currentPresetThemeId(std::nullopt);
+    styleModel_.applyLook(autoBeautified(screenshot()));
     recordSnapshot();
+}
+
+void EditorViewModel::useForBackdrop(const PickedColor& picked) {
+    BackdropSettings changed = styleModel_.backdrop();
+    changed.type = BackdropType::solid;
+    changed.solidColor = CodableColor{picked.red, picked.green, picked.blue, picked.alpha};
+    styleModel_.set_backdrop(changed);
+    recordSnapshot();
+}
+
+void EditorViewModel::replacePixels(const Image& image) {
+    set_screenshot(Image(image.bitmap(), screenshot().pointSize()));
+    recordSnapshot();
+}
+
+void EditorViewModel::toggleAnnotationMode() {
+    isAnnotationMode() ? leaveAnnotationMode() : enterAnnotationMode();
+}
+
+void EditorViewModel::enterAnnotationMode() {
+    if (screenshot().isNull()) return;
+    if (isCropMode()) cancelCrop();
+    annotationSession_.enter();
+}
+
+void EditorViewModel::startAnnotating(const std::vector<AnyAnnotation>& annotations,
+                                      std::optional<AnnotationTool> tool,
+                                      std::optional<CodableColor> color) {
+    if (!isAnnotationMode()) enterAnnotationMode();
+    if (!isAnnotationMode()) return;
+    for (const AnyAnnotation& annotation : annotations)
+        annotationVM().addAnnotation(annotation);
+    synchroniseAnnotations();
+    if (tool) {
+        // After the tool, which brings its own colour.
+        annotationVM().set_currentTool(*tool);
+        if (color) annotationVM().setColor(*color);
+    } else {
+        leaveAnnotationMode();
+    }
+}
+
+void EditorViewModel::toggleColorPicker(AnnotationSession::UseColor use) {
+    if (colorPickerVM().isColorPickingMode()) {
+        annotationSession_.stopPicking();
+        return;
+    }
+    if (screenshot().isNull()) return;
+    if (isCropMode()) cancelCrop();
+    annotationSession_.startPicking(std::move(use));
+}
+
+CompositeRequest EditorViewModel::outputRequest() {
+    if (screenshot().isNull()) throw ExportError::renderingFailed();
+    if (isAnnotationMode()) annotationVM().finishGesture();
+    finishEditing();
+    return presentPicture();
+}
+
+CompositeRequest EditorViewModel::presentPicture() const {
+    CompositeRequest request;
+    request.screenshot = screenshot();
+    request.setStyle(style());
+    request.frameScale = styleModel_.frameScale();
+    request.canvasState = canvasState();
+    if (watermarkVM_.isEnabled()) request.watermark = watermarkVM_.settings();
+    if (annotationVM().annotationsVisible()) request.annotations = liveAnnotations();
+    return request;
+}
+
+CompositeRequest EditorViewModel::wholePicture() const {
+    CompositeRequest whole = presentPicture();
+    whole.annotations = liveAnnotations();
+    return whole;
 }
 
 void EditorViewModel::setAspectRatio(const AspectRatio& aspectRatio) {
@@ -259,7 +278,7 @@ CompositeLayout EditorViewModel::layoutAt(double pixelDensity) const {
     CompositeRequest request;
     request.screenshot = screenshot();
     request.setStyle(style());
-    request.frameScale = frameScale();
+    request.frameScale = styleModel_.frameScale();
     request.canvasState = canvasState();
     return compositeLayout(request, pixelDensity);
 }

@@ -10,8 +10,8 @@ namespace kestrio {
 DocumentClosing::DocumentClosing(EditorViewModel& editor, EditorServices services, QObject* parent)
     : QObject(parent), editor_(editor), services_(std::move(services)) {
     // Queued: what was exported counts only once the export has reported so.
-    connect(&editor, &EditorViewModel::isExportingChanged, this, &DocumentClosing::exportEnded,
-            Qt::QueuedConnection);
+    connect(&editor.outputModel(), &OutputModel::isExportingChanged, this,
+            &DocumentClosing::exportEnded, Qt::QueuedConnection);
 }
 
 DocumentClosing::~DocumentClosing() {
@@ -21,12 +21,12 @@ DocumentClosing::~DocumentClosing() {
 bool DocumentClosing::requestClose() {
     if (isReleased_) return true;
     if (state() == ClosingState::saving) return false;
-    if (editor_.isExporting()) {
+    if (editor_.outputModel().isExporting()) {
         set_state(ClosingState::waiting);
         return false;
     }
     editor_.finishEditing();
-    if (editor_.hasUnexportedChanges()) {
+    if (editor_.outputModel().hasUnexportedChanges()) {
         set_errorMessage({});
         set_state(ClosingState::asking);
         return false;
@@ -35,7 +35,8 @@ bool DocumentClosing::requestClose() {
 }
 
 void DocumentClosing::exportEnded() {
-    if (state() == ClosingState::waiting && !editor_.isExporting() && requestClose()) release();
+    if (state() == ClosingState::waiting && !editor_.outputModel().isExporting() && requestClose())
+        release();
 }
 
 void DocumentClosing::release() {

@@ -47,11 +47,11 @@ void DocumentSharing::fail(const QString& reason) {
 }
 
 void DocumentSharing::begin(Way way, QString programId) {
-    if (isSharing() || editor_.isExporting()) {
+    if (isSharing() || editor_.outputModel().isExporting()) {
         editor_.set_toastMessage(Kestrio::tr("The picture is still being made"));
         return;
     }
-    if (editor_.hidesRedactions()) {
+    if (editor_.annotationSession().hidesRedactions()) {
         fail(Kestrio::tr("blurred areas are hidden with the annotations; show them first"));
         return;
     }
@@ -79,7 +79,7 @@ Task<> DocumentSharing::share(Way way, QString programId) {
     const auto pasteboard = services_.pasteboard;
     const QString name = name_;
     const QString path = newSharedFile(name, fileExtension(sharedFormat));
-    auto exporting = editor_.exportImage(path, sharedFormat);
+    auto exporting = editor_.outputModel().exportImage(path, sharedFormat);
     co_await exporting;
     if (way == Way::email) {
         auto mailing = sharing->email(path, name);

@@ -94,7 +94,7 @@ Task<> ExportOptions::write(QString path) {
     ExportState outcome = ExportState::success;
     QString failure;
     try {
-        auto exporting = editor_.exportImage(path, selectedFormat(), hooks);
+        auto exporting = editor_.outputModel().exportImage(path, selectedFormat(), hooks);
         co_await exporting;
     } catch (const Cancelled&) {
         outcome = ExportState::idle;

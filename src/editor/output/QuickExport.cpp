@@ -6,11 +6,11 @@ namespace kestrio {
 
 Task<SavedFile> quickExport(EditorViewModel& editor, AppSettings settings, const QString& folder) {
     // Nobody is there to ask; what is to be unreadable must not leave by itself.
-    if (editor.hidesRedactions()) editor.annotationVM().toggleVisibility();
+    if (editor.annotationSession().hidesRedactions()) editor.annotationVM().toggleVisibility();
     if (!folder.isEmpty()) settings.defaultSavePath = folder;
     const ExportFormat format = settings.defaultExportFormat;
-    return editor.exportImage(quickSaveTarget(settings, QDateTime::currentDateTime(), format),
-                              format);
+    return editor.outputModel().exportImage(
+        quickSaveTarget(settings, QDateTime::currentDateTime(), format), format);
 }
 
 }  // namespace kestrio

@@ -29,7 +29,8 @@ AnnotationPanel::AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& h
     }
     connect(&annotations().textEditing(), &TextEditing::editedTextIdChanged, this,
             &AnnotationPanel::toolChanged);
-    connect(&editor, &EditorViewModel::annotationsChanged, this, &AnnotationPanel::toolChanged);
+    connect(&editor.annotationSession(), &AnnotationSession::annotationsChanged, this,
+            &AnnotationPanel::toolChanged);
     connect(&annotations().numberEditing(), &NumberEditing::numberEditingStateChanged, this,
             &AnnotationPanel::numberEditingChanged);
 }

@@ -57,13 +57,14 @@ EditorViewModel& CanvasItem::editor() const {
 void CanvasItem::connectToEditor() {
     connect(preview_.get(), &PreviewRenderer::previewChanged, this, &CanvasItem::invalidate);
     using Editor = EditorViewModel;
-    for (const auto signal :
-         {&Editor::canvasStateChanged, &Editor::screenshotChanged, &Editor::backdropChanged,
-          &Editor::frameStyleChanged, &Editor::frameScaleChanged, &Editor::isCropModeChanged}) {
+    for (const auto signal : {&Editor::canvasStateChanged, &Editor::screenshotChanged})
         connect(&editor(), signal, this, &CanvasItem::refreshViewport);
-    }
-    for (const auto signal : {&Editor::annotationsChanged, &Editor::isAnnotationModeChanged})
-        connect(&editor(), signal, this, &CanvasItem::polish);
+    connect(&editor().styleModel(), &StyleModel::styleChanged, this, &CanvasItem::refreshViewport);
+    connect(&editor().cropSession(), &CropSession::isCropModeChanged, this,
+            &CanvasItem::refreshViewport);
+    using Session = AnnotationSession;
+    for (const auto signal : {&Session::annotationsChanged, &Session::isAnnotationModeChanged})
+        connect(&editor().annotationSession(), signal, this, &CanvasItem::polish);
     AnnotationViewModel& annotations = editor().annotationVM();
     using Annotations = AnnotationViewModel;
     for (const auto signal :
@@ -227,7 +228,7 @@ void CanvasItem::paintPreview(QPainter& painter) const {
     const QImage& preview = preview_->preview();
     const QSizeF canvas = interaction_->viewport().canvasSize() * pixelRatio();
     const bool isTransparent =
-        editor().backdrop().type == BackdropType::none || preview.hasAlphaChannel();
+        editor().styleModel().backdrop().type == BackdropType::none || preview.hasAlphaChannel();
     if (isTransparent) paintTransparencyGrid(painter, {QPointF(), canvas});
     if (preview.isNull()) return;
     if (!isPreviewScaled()) {

@@ -13,11 +13,11 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
       keyboard_(editor, *this, &hints) {
     keyboard_.activate();
     using Editor = EditorViewModel;
-    for (const auto signal :
-         {&Editor::canUndoChanged, &Editor::canRedoChanged, &Editor::isAnnotationModeChanged,
-          &Editor::isShortcutOverlayVisibleChanged}) {
+    for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged,
+                              &Editor::isShortcutOverlayVisibleChanged})
         connect(&editor, signal, this, &CommandPanel::enabledChanged);
-    }
+    connect(&editor.annotationSession(), &AnnotationSession::isAnnotationModeChanged, this,
+            &CommandPanel::enabledChanged);
     connect(&editor.annotationVM(), &AnnotationViewModel::selectedAnnotationChanged, this,
             &CommandPanel::enabledChanged);
     connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::enabledChanged);

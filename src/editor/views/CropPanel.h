@@ -34,12 +34,12 @@ class CropPanel : public QObject {
     void setImageRect(const QRectF& rect);
     double viewHeight() const { return viewHeight_; }
     void setViewHeight(double height);
-    QRectF frame() const { return mapping().toView(editor_.cropRect()); }
+    QRectF frame() const { return mapping().toView(editor_.cropSession().cropRect()); }
     QList<QPointF> handles() const;
     double toolbarY() const { return cropToolbarY(frame(), viewHeight_); }
     double labelY() const { return cropSizeLabelY(frame()); }
     QString sizeText() const;
-    double ratio() const { return editor_.cropLockedRatio().value_or(0); }
+    double ratio() const { return editor_.cropSession().cropLockedRatio().value_or(0); }
     double handleSize() const { return cropHandleSize; }
 
     /// A drag of a handle, or of the whole frame; ways are in points of the view, counted from

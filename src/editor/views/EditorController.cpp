@@ -69,24 +69,30 @@ ThumbnailProvider* EditorController::makeThumbnailProvider() {
 
 void EditorController::connectDocument() {
     using Editor = EditorViewModel;
-    const auto relay = [this](auto signals, auto to) {
+    using Session = AnnotationSession;
+    using Enhancement = PictureEnhancement;
+    const auto relay = [this](const auto& part, auto signals, auto to) {
         for (const auto signal : signals)
-            connect(&editor_, signal, this, to);
+            connect(&part, signal, this, to);
     };
-    relay(std::initializer_list{&Editor::backdropChanged, &Editor::mockupChanged,
-                                &Editor::frameStyleChanged, &Editor::frameScaleChanged},
-          &EditorController::styleChanged);
-    relay(std::initializer_list{&Editor::isAnnotationModeChanged, &Editor::isCropModeChanged,
-                                &Editor::isAnnotationPanelPresentationDeferredChanged},
+    connect(&editor_.styleModel(), &StyleModel::styleChanged, this,
+            &EditorController::styleChanged);
+    relay(editor_.annotationSession(),
+          std::initializer_list{&Session::isAnnotationModeChanged,
+                                &Session::isAnnotationPanelPresentationDeferredChanged},
           &EditorController::modeChanged);
+    connect(&editor_.cropSession(), &CropSession::isCropModeChanged, this,
+            &EditorController::modeChanged);
     connect(&commands_, &CommandPanel::pasteRequested, this, &EditorController::paste);
-    relay(std::initializer_list{&Editor::canvasStateChanged, &Editor::screenshotChanged},
+    relay(editor_, std::initializer_list{&Editor::canvasStateChanged, &Editor::screenshotChanged},
           &EditorController::canvasChanged);
-    relay(std::initializer_list{&Editor::expandedPanelChanged, &Editor::isRightPanelExpandedChanged,
+    relay(editor_,
+          std::initializer_list{&Editor::expandedPanelChanged, &Editor::isRightPanelExpandedChanged,
                                 &Editor::isShortcutOverlayVisibleChanged},
           &EditorController::panelsChanged);
-    relay(std::initializer_list{&Editor::isEnhancingImageChanged,
-                                &Editor::canRestoreOriginalImageChanged},
+    relay(editor_.enhancement(),
+          std::initializer_list{&Enhancement::isEnhancingImageChanged,
+                                &Enhancement::canRestoreOriginalImageChanged},
           &EditorController::enhancingChanged);
     connect(&editor_, &Editor::isProcessingCaptureChanged, this,
             &EditorController::processingChanged);
@@ -183,13 +189,13 @@ void EditorController::choose(const QString& field, const QVariant& value) {
 
 void EditorController::setBackdropImage(const QUrl& file) {
     readPictureFile(editor_, file.toLocalFile(), [this](const PictureFile& picture) {
-        BackdropSettings backdrop = editor_.backdrop();
+        BackdropSettings backdrop = editor_.styleModel().backdrop();
         ImageBackdropSettings settings = backdrop.imageSettings.value_or(ImageBackdropSettings());
         settings.imagePath = picture.path;
         settings.imageData = picture.data;
         backdrop.type = BackdropType::image;
         backdrop.imageSettings = settings;
-        editor_.set_backdrop(backdrop);
+        editor_.styleModel().set_backdrop(backdrop);
         commit();
     });
 }
@@ -271,7 +277,7 @@ Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
     QString failure;
     bool isEnhanced = false;
     try {
-        auto enhancing = editor_.enhanceImage(mode, strength);
+        auto enhancing = editor_.enhancement().enhanceImage(mode, strength);
         isEnhanced = co_await enhancing;
     } catch (const std::exception& error) {
         failure = describeFailure(error);
@@ -288,7 +294,7 @@ Task<> EditorController::runEnhance(AIEnhancementMode mode, double strength) {
 }
 
 void EditorController::restoreOriginal() {
-    editor_.restoreOriginalImage();
+    editor_.enhancement().restoreOriginalImage();
     Q_EMIT enhancingChanged();
     editor_.set_toastMessage(Kestrio::tr("Original image restored"));
 }

@@ -91,7 +91,8 @@ class EditorController : public QObject {
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
     bool isPaletteShown() const {
-        return editor_.isAnnotationMode() && !editor_.isAnnotationPanelPresentationDeferred();
+        return editor_.isAnnotationMode() &&
+               !editor_.annotationSession().isAnnotationPanelPresentationDeferred();
     }
     /// The unfolded section of the right panel; empty where none is.
     QString openPanel() const;
@@ -102,8 +103,8 @@ class EditorController : public QObject {
     void setShortcutOverlayVisible(bool isVisible) {
         editor_.set_isShortcutOverlayVisible(isVisible);
     }
-    bool isEnhancing() const { return editor_.isEnhancingImage(); }
-    bool canRestore() const { return editor_.canRestoreOriginalImage(); }
+    bool isEnhancing() const { return editor_.enhancement().isEnhancingImage(); }
+    bool canRestore() const { return editor_.enhancement().canRestoreOriginalImage(); }
     int zoomPercent() const;
     QString aspectName() const { return editor_.canvasState().aspectRatio.name; }
     QString pictureSize() const;

@@ -33,10 +33,11 @@ OutputPanel::OutputPanel(EditorViewModel& editor, EditorServices services, QStri
         connect(&export_, signal, this, &OutputPanel::exportChanged);
     connect(&export_, &Export::progressChanged, this, &OutputPanel::progressChanged);
     using Editor = EditorViewModel;
-    connect(&editor, &Editor::isExportingChanged, this, &OutputPanel::busyChanged);
-    for (const auto signal : {&Editor::canvasStateChanged, &Editor::screenshotChanged,
-                              &Editor::backdropChanged, &Editor::frameStyleChanged})
+    connect(&editor.outputModel(), &OutputModel::isExportingChanged, this,
+            &OutputPanel::busyChanged);
+    for (const auto signal : {&Editor::canvasStateChanged, &Editor::screenshotChanged})
         connect(&editor, signal, this, &OutputPanel::outputSizeChanged);
+    connect(&editor.styleModel(), &StyleModel::styleChanged, this, &OutputPanel::outputSizeChanged);
     copyFeedback_.setSingleShot(true);
     copyFeedback_.setInterval(copyFeedbackTime);
     connect(&copyFeedback_, &QTimer::timeout, this,
@@ -61,7 +62,7 @@ QString OutputPanel::outputSize() const {
 }
 
 void OutputPanel::unlessRedactionsAreHidden(Output output) {
-    if (editor_.hidesRedactions()) {
+    if (editor_.annotationSession().hidesRedactions()) {
         pending_ = output;
         Q_EMIT redactionsHidden();
     } else {
@@ -93,7 +94,7 @@ Task<> OutputPanel::runPin() {
     const QPointer<EditorViewModel> editor(&editor_);
     QString failure;
     try {
-        auto pinning = editor_.pinToDesktop();
+        auto pinning = editor_.outputModel().pinToDesktop();
         co_await pinning;
     } catch (const std::exception& error) {
         failure = describeFailure(error);
@@ -116,7 +117,7 @@ Task<> OutputPanel::runCopy() {
     set_copyState(QStringLiteral("copying"));
     QString failure;
     try {
-        auto copying = editor_.copyToClipboard();
+        auto copying = editor_.outputModel().copyToClipboard();
         co_await copying;
     } catch (const std::exception& error) {
         failure = describeFailure(error);
@@ -138,7 +139,7 @@ void OutputPanel::endCopying(const QString& state) {
 
 void OutputPanel::beginDrag() {
     // A drag under way cannot ask.
-    if (editor_.hidesRedactions()) {
+    if (editor_.annotationSession().hidesRedactions()) {
         editor_.set_errorMessage(Kestrio::tr(
             "Blurred areas are hidden; show the annotations before you drag the picture"));
         return;
@@ -151,7 +152,7 @@ Task<> OutputPanel::runDrag() {
     const QPointer<OutputPanel> self(this);
     QString failure;
     try {
-        auto rendering = editor_.prepareRenderedImage();
+        auto rendering = editor_.outputModel().prepareRenderedImage();
         const CompositeRequest taken = editor_.presentPicture();
         const Image picture = co_await rendering;
         auto work = [bitmap = picture.bitmap()] {
@@ -160,7 +161,7 @@ Task<> OutputPanel::runDrag() {
         const auto encoding = runInBackground(std::move(work));
         const QByteArray png = co_await encoding;
         const bool isTaken = self && wantsDrag_ && startDrag(picture.bitmap(), png);
-        if (self && isTaken) editor_.markExported(taken);
+        if (self && isTaken) editor_.outputModel().markExported(taken);
     } catch (const std::exception& error) {
         failure = describeFailure(error);
     }

@@ -44,8 +44,8 @@ class OutputPanel : public QObject {
     QString revealText() const { return desktopWords().showInFileViewer; }
     QString savedPath() const { return export_.savedPath(); }
     double progress() const { return export_.progress(); }
-    bool isBusy() const { return editor_.isExporting(); }
-    bool canPin() const { return editor_.canPin(); }
+    bool isBusy() const { return editor_.outputModel().isExporting(); }
+    bool canPin() const { return editor_.outputModel().canPin(); }
     QString outputSize() const;
 
     /// These ask first, by redactionsHidden(), where blurs are hidden with all annotations.

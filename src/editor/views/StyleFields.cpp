@@ -29,16 +29,16 @@ struct StyleField {
 /// A change of one part of the style, through a copy of it.
 template <typename Change>
 void changeBackdrop(EditorViewModel& editor, Change change) {
-    BackdropSettings backdrop = editor.backdrop();
+    BackdropSettings backdrop = editor.styleModel().backdrop();
     change(backdrop);
-    editor.set_backdrop(backdrop);
+    editor.styleModel().set_backdrop(backdrop);
 }
 
 template <typename Change>
 void changeMockup(EditorViewModel& editor, Change change) {
-    MockupSettings mockup = editor.mockup();
+    MockupSettings mockup = editor.styleModel().mockup();
     change(mockup);
-    editor.set_mockup(mockup);
+    editor.styleModel().set_mockup(mockup);
 }
 
 template <typename Change>
@@ -76,15 +76,15 @@ void changeWatermark(EditorViewModel& editor, Change change) {
 }
 
 PatternSettings patternOf(const EditorViewModel& editor) {
-    return editor.backdrop().pattern.value_or(PatternSettings());
+    return editor.styleModel().backdrop().pattern.value_or(PatternSettings());
 }
 
 OverlaySettings overlayOf(const EditorViewModel& editor) {
-    return editor.backdrop().overlay.value_or(OverlaySettings());
+    return editor.styleModel().backdrop().overlay.value_or(OverlaySettings());
 }
 
 ImageBackdropSettings imageOf(const EditorViewModel& editor) {
-    return editor.backdrop().imageSettings.value_or(ImageBackdropSettings());
+    return editor.styleModel().backdrop().imageSettings.value_or(ImageBackdropSettings());
 }
 
 const WatermarkSettings& watermarkOf(const EditorViewModel& editor) {
@@ -95,7 +95,8 @@ using Editor = EditorViewModel;
 using Value = QVariant;
 
 constexpr StyleField fields[] = {
-    {"backdropType", [](const Editor& e) -> Value { return rawName(e.backdrop().type); },
+    {"backdropType",
+     [](const Editor& e) -> Value { return rawName(e.styleModel().backdrop().type); },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) {
              b.type = enumOf(v, b.type);
@@ -107,7 +108,10 @@ constexpr StyleField fields[] = {
      }},
     {"solidColor",
      [](const Editor& e) -> Value {
-         return e.backdrop().solidColor.value_or(CodableColor{0.5, 0.5, 0.5, 1}).toQColor();
+         return e.styleModel()
+             .backdrop()
+             .solidColor.value_or(CodableColor{0.5, 0.5, 0.5, 1})
+             .toQColor();
      },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) {
@@ -117,8 +121,9 @@ constexpr StyleField fields[] = {
      }},
     {"gradient",
      [](const Editor& e) -> Value {
-         return e.backdrop().customGradientColors ? QString()
-                                                  : e.backdrop().gradientPreset.value_or(QString());
+         return e.styleModel().backdrop().customGradientColors
+                    ? QString()
+                    : e.styleModel().backdrop().gradientPreset.value_or(QString());
      },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) {
@@ -131,7 +136,7 @@ constexpr StyleField fields[] = {
      [](const Editor& e) -> Value {
          QVariantList colors;
          for (const auto& color :
-              e.backdrop().customGradientColors.value_or(std::vector<CodableColor>()))
+              e.styleModel().backdrop().customGradientColors.value_or(std::vector<CodableColor>()))
              colors << color.toQColor();
          return colors;
      },
@@ -158,28 +163,30 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changeImage(e, [&](auto& i) { i.scaleFit = enumOf(v, i.scaleFit); });
      }},
-    {"opacity", [](const Editor& e) -> Value { return e.backdrop().opacity; },
+    {"opacity", [](const Editor& e) -> Value { return e.styleModel().backdrop().opacity; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.opacity = clampedOr(v.toDouble(), 0, 1); });
      }},
-    {"padding", [](const Editor& e) -> Value { return e.backdrop().padding; },
+    {"padding", [](const Editor& e) -> Value { return e.styleModel().backdrop().padding; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.padding = clampedOr(v.toDouble(), 0, 100); });
      }},
-    {"keepPixels", [](const Editor& e) -> Value { return e.backdrop().keepPixels.value_or(false); },
+    {"keepPixels",
+     [](const Editor& e) -> Value { return e.styleModel().backdrop().keepPixels.value_or(false); },
      [](Editor& e, const Value& v) {
          changeBackdrop(
              e, [&](auto& b) { b.keepPixels = v.toBool() ? std::optional(true) : std::nullopt; });
      }},
-    {"blur", [](const Editor& e) -> Value { return e.backdrop().effects.blur; },
+    {"blur", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.blur; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.effects.blur = clampedOr(v.toDouble(), 0, 10); });
      }},
-    {"noise", [](const Editor& e) -> Value { return e.backdrop().effects.noise; },
+    {"noise", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.noise; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e, [&](auto& b) { b.effects.noise = clampedOr(v.toDouble(), 0, 100); });
      }},
-    {"saturation", [](const Editor& e) -> Value { return e.backdrop().effects.saturation; },
+    {"saturation",
+     [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.saturation; },
      [](Editor& e, const Value& v) {
          changeBackdrop(e,
                         [&](auto& b) { b.effects.saturation = clampedOr(v.toDouble(), 0, 200); });
@@ -187,7 +194,7 @@ constexpr StyleField fields[] = {
     {"effect",
      [](const Editor& e) -> Value {
          for (const EffectPreset& preset : EffectPreset::all())
-             if (preset.effects() == e.backdrop().effects) return preset.id;
+             if (preset.effects() == e.styleModel().backdrop().effects) return preset.id;
          return QString();
      },
      [](Editor& e, const Value& v) {
@@ -221,24 +228,28 @@ constexpr StyleField fields[] = {
      [](Editor& e, const Value& v) {
          changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
      }},
-    {"frame", [](const Editor& e) -> Value { return rawName(e.frameStyle()); },
-     [](Editor& e, const Value& v) { e.set_frameStyle(enumOf(v, e.frameStyle())); }},
-    {"frameScale", [](const Editor& e) -> Value { return e.frameScale(); },
-     [](Editor& e, const Value& v) { e.set_frameScale(clampedOr(v.toDouble(), 0.5, 2)); }},
-    {"cornerRadius", [](const Editor& e) -> Value { return e.mockup().cornerRadius; },
+    {"frame", [](const Editor& e) -> Value { return rawName(e.styleModel().frameStyle()); },
+     [](Editor& e, const Value& v) {
+         e.styleModel().set_frameStyle(enumOf(v, e.styleModel().frameStyle()));
+     }},
+    {"frameScale", [](const Editor& e) -> Value { return e.styleModel().frameScale(); },
+     [](Editor& e, const Value& v) {
+         e.styleModel().set_frameScale(clampedOr(v.toDouble(), 0.5, 2));
+     }},
+    {"cornerRadius", [](const Editor& e) -> Value { return e.styleModel().mockup().cornerRadius; },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.cornerRadius = clampedOr(v.toDouble(), 0, 48); });
      }},
-    {"shadow", [](const Editor& e) -> Value { return e.mockup().shadowEnabled; },
+    {"shadow", [](const Editor& e) -> Value { return e.styleModel().mockup().shadowEnabled; },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
      }},
     {"shadowIntensity",
-     [](const Editor& e) -> Value { return rawName(e.mockup().shadowIntensity); },
+     [](const Editor& e) -> Value { return rawName(e.styleModel().mockup().shadowIntensity); },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
      }},
-    {"light", [](const Editor& e) -> Value { return rawName(e.mockup().lightSource); },
+    {"light", [](const Editor& e) -> Value { return rawName(e.styleModel().mockup().lightSource); },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.lightSource = enumOf(v, m.lightSource); });
      }},

@@ -10,12 +10,10 @@ ThemePanel::ThemePanel(EditorViewModel& editor, std::shared_ptr<ThemeStorageServ
                        QObject* parent)
     : QObject(parent), editor_(editor), themes_(std::move(themes)) {
     connect(&themes_, &ThemeViewModel::userThemesChanged, this, &ThemePanel::themesChanged);
-    using Editor = EditorViewModel;
+    using Style = StyleModel;
     for (const auto signal :
-         {&Editor::currentPresetThemeIdChanged, &Editor::currentThemeChanged,
-          &Editor::backdropChanged, &Editor::mockupChanged, &Editor::frameStyleChanged}) {
-        connect(&editor, signal, this, &ThemePanel::currentChanged);
-    }
+         {&Style::currentPresetThemeIdChanged, &Style::currentThemeChanged, &Style::styleChanged})
+        connect(&editor.styleModel(), signal, this, &ThemePanel::currentChanged);
 }
 
 QVariantList ThemePanel::presets() const {
@@ -31,13 +29,13 @@ QVariantList ThemePanel::themes() const {
 
 // A style that was changed by hand is not the one it began as.
 QString ThemePanel::currentPreset() const {
-    const auto& id = editor_.currentPresetThemeId();
+    const auto& id = editor_.styleModel().currentPresetThemeId();
     const PresetTheme* preset = id ? PresetTheme::find(*id) : nullptr;
     return preset && preset->style() == editor_.style() ? *id : QString();
 }
 
 QString ThemePanel::currentTheme() const {
-    const auto& theme = editor_.currentTheme();
+    const auto& theme = editor_.styleModel().currentTheme();
     return theme && theme->style() == editor_.style() ? theme->id.toString(QUuid::WithoutBraces)
                                                       : QString();
 }

@@ -1,45 +1,58 @@
-#include "editor/document/EditorViewModel.h"
+#include "editor/document/AnnotationSession.h"
 
 namespace kestrio {
 
-void EditorViewModel::setAnnotations(std::vector<AnyAnnotation> annotations) {
+AnnotationSession::AnnotationSession(const EditorServices& services)
+    : annotationVM_({}, services.memoryPressure.get()),
+      toolMemory_(annotationVM_, services.userDefaults),
+      colorPickerVM_(std::make_shared<ColorHistoryService>(services.userDefaults),
+                     services.userDefaults, services.pasteboard) {
+    connectColorPicker();
+}
+
+void AnnotationSession::reset(const std::vector<AnyAnnotation>& annotations) {
+    setAnnotations(annotations);
+    annotationVM_.setAnnotations(annotations);
+}
+
+void AnnotationSession::translate(const QPointF& offset) {
+    annotationVM_.setAnnotations(annotations_);
+    annotationVM_.translateAll(offset);
+    setAnnotations(annotationVM_.annotations());
+}
+
+void AnnotationSession::setAnnotations(std::vector<AnyAnnotation> annotations) {
     annotations_ = std::move(annotations);
     Q_EMIT annotationsChanged();
 }
 
-const std::vector<AnyAnnotation>& EditorViewModel::liveAnnotations() const {
+const std::vector<AnyAnnotation>& AnnotationSession::liveAnnotations() const {
     return isAnnotationMode() ? annotationVM_.annotations() : annotations_;
 }
 
-void EditorViewModel::synchroniseAnnotations() {
+void AnnotationSession::synchroniseAnnotations() {
     if (isAnnotationMode()) setAnnotations(annotationVM_.annotations());
 }
 
-void EditorViewModel::finishEditing() {
+void AnnotationSession::finishEditing() {
     annotationVM_.finishEditing();
     synchroniseAnnotations();
 }
 
-bool EditorViewModel::hidesRedactions() const {
+bool AnnotationSession::hidesRedactions() const {
     const auto isBlur = [](const AnyAnnotation& each) {
         return each.as<BlurAnnotation>() != nullptr;
     };
     return !annotationVM_.annotationsVisible() && std::ranges::any_of(liveAnnotations(), isBlur);
 }
 
-void EditorViewModel::toggleAnnotationMode() {
-    isAnnotationMode() ? leaveAnnotationMode() : enterAnnotationMode();
-}
-
-void EditorViewModel::enterAnnotationMode() {
-    if (screenshot().isNull()) return;
-    if (isCropMode()) cancelCrop();
+void AnnotationSession::enter() {
     annotationVM_.setAnnotations(annotations_);
     set_isAnnotationPanelPresentationDeferred(colorPickerVM_.isColorPickingMode());
     set_isAnnotationMode(true);
 }
 
-void EditorViewModel::leaveAnnotationMode() {
+void AnnotationSession::leave() {
     if (!isAnnotationMode()) return;
     annotationVM_.finishEditing();
     annotationVM_.finishGesture();
@@ -48,57 +61,39 @@ void EditorViewModel::leaveAnnotationMode() {
     synchroniseAnnotations();
     set_isAnnotationMode(false);
     set_isAnnotationPanelPresentationDeferred(false);
-    recordSnapshot();
+    Q_EMIT left();
 }
 
-void EditorViewModel::startAnnotating(const std::vector<AnyAnnotation>& annotations,
-                                      std::optional<AnnotationTool> tool,
-                                      std::optional<CodableColor> color) {
-    if (!isAnnotationMode()) enterAnnotationMode();
-    if (!isAnnotationMode()) return;
-    for (const AnyAnnotation& annotation : annotations)
-        annotationVM_.addAnnotation(annotation);
-    synchroniseAnnotations();
-    if (tool) {
-        // After the tool, which brings its own colour.
-        annotationVM_.set_currentTool(*tool);
-        if (color) annotationVM_.setColor(*color);
-    } else {
-        leaveAnnotationMode();
-    }
-}
-
-void EditorViewModel::toggleColorPicker(UseColor use) {
-    if (colorPickerVM_.isColorPickingMode()) {
-        stopPicking();
-        return;
-    }
-    if (screenshot().isNull()) return;
-    if (isCropMode()) cancelCrop();
+void AnnotationSession::startPicking(UseColor use) {
     annotatesAfterPicking_ = isAnnotationMode();
     const std::set<QUuid>& selected = annotationVM_.selectedAnnotations();
     selectionBeforePicking_.assign(selected.begin(), selected.end());
-    leaveAnnotationMode();
+    leave();
     usePicked_ = std::move(use);
     colorPickerVM_.startPicking();
 }
 
-void EditorViewModel::stopPicking() {
+void AnnotationSession::stopPicking() {
     usePicked_ = {};
     colorPickerVM_.stopPicking();
 }
 
-void EditorViewModel::resumeAfterPicking() {
+void AnnotationSession::abandonPicking() {
+    annotatesAfterPicking_ = false;
+    stopPicking();
+}
+
+void AnnotationSession::resumeAfterPicking() {
     set_isAnnotationPanelPresentationDeferred(false);
     if (!std::exchange(annotatesAfterPicking_, false) || isAnnotationMode()) return;
-    enterAnnotationMode();
+    enter();
     for (const QUuid& id : selectionBeforePicking_)
         if (const AnyAnnotation* record = annotationVM_.annotation(id))
             annotationVM_.addToSelection(*record);
 }
 
 // Picking has ended before the colour comes, so annotation mode is on again where it was before.
-void EditorViewModel::usePickedColor(const PickedColor& picked) {
+void AnnotationSession::usePickedColor(const PickedColor& picked) {
     if (const UseColor use = std::exchange(usePicked_, {})) {
         use(picked);
     } else if (isAnnotationMode()) {
@@ -108,19 +103,12 @@ void EditorViewModel::usePickedColor(const PickedColor& picked) {
     }
 }
 
-void EditorViewModel::connectColorPicker() {
+void AnnotationSession::connectColorPicker() {
     using Picker = ColorPickerViewModel;
     connect(&colorPickerVM_, &Picker::isColorPickingModeChanged, this, [this] {
         if (!colorPickerVM_.isColorPickingMode()) resumeAfterPicking();
     });
-    connect(&colorPickerVM_, &Picker::colorPicked, this, &EditorViewModel::usePickedColor);
-    connect(&colorPickerVM_, &Picker::backdropColorPicked, this, [this](const PickedColor& picked) {
-        BackdropSettings changed = backdrop();
-        changed.type = BackdropType::solid;
-        changed.solidColor = CodableColor{picked.red, picked.green, picked.blue, picked.alpha};
-        set_backdrop(changed);
-        recordSnapshot();
-    });
+    connect(&colorPickerVM_, &Picker::colorPicked, this, &AnnotationSession::usePickedColor);
 }
 
 }  // namespace kestrio
