@@ -1,6 +1,20 @@
+# kestrio_include_root(<target> <visibility> <folder> <name>): lets the target include the headers of
+# one folder as "<name>/X.h", and nothing beside it. Each folder has a root of its own, in which a
+# link leads to it, since a shared one would put every room on everybody's include path.
+function(kestrio_include_root target visibility folder name)
+  file(RELATIVE_PATH path "${PROJECT_SOURCE_DIR}" "${folder}")
+  string(REPLACE "/" "-" root "${path}")
+  set(root "${PROJECT_BINARY_DIR}/include/${root}")
+  file(MAKE_DIRECTORY "${root}")
+  if(NOT EXISTS "${root}/${name}")
+    file(CREATE_LINK "${folder}" "${root}/${name}" SYMBOLIC)
+  endif()
+  target_include_directories(${target} ${visibility} "${root}")
+endfunction()
+
 # kestrio_room(<name> [LINKS <target>...] [EXCLUDE <pattern>...] [COROUTINES <file>...]): the library kestrio_<name> from
-# every source below the current folder. Naming the rooms it may include in LINKS is what puts them
-# on its include path. COROUTINES names the sources that need the coroutine library; the fuzzers'
+# every source below the current folder. Naming the rooms it includes in LINKS is what puts them on
+# its include path; tests/architecture/check_cmake.py wants these and no others. COROUTINES names the sources that need the coroutine library; the fuzzers'
 # Clang cannot compile it, so under KESTRIO_FUZZ the room goes without them, and only rooms that a
 # fuzzer links are built. A folder views/ has a target of its own, kestrio_views().
 function(kestrio_room name)
@@ -14,7 +28,9 @@ function(kestrio_room name)
     list(REMOVE_ITEM sources ${ROOM_COROUTINES})
   endif()
   add_library(kestrio_${name} STATIC ${sources})
-  target_include_directories(kestrio_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  file(RELATIVE_PATH room "${PROJECT_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")
+  string(REGEX REPLACE "/.*" "" room "${room}")
+  kestrio_include_root(kestrio_${name} PUBLIC "${PROJECT_SOURCE_DIR}/src/${room}" "${room}")
   target_link_libraries(kestrio_${name} PUBLIC kestrio_common ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
   target_precompile_headers(kestrio_${name} REUSE_FROM kestrio_pch)
   set_target_properties(kestrio_${name} PROPERTIES EXCLUDE_FROM_ALL "${KESTRIO_FUZZ}")
@@ -40,7 +56,7 @@ function(kestrio_views name)
   qt_add_qml_module(kestrio_${name}_views URI Kestrio.${initial}${rest} VERSION 1.0 NO_PLUGIN
                     OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Kestrio/${initial}${rest}"
                     RESOURCE_PREFIX /qt/qml QML_FILES ${qml_files})
-  target_include_directories(kestrio_${name}_views PUBLIC ${PROJECT_SOURCE_DIR}/src PRIVATE views)
+  target_include_directories(kestrio_${name}_views PRIVATE views)
   target_link_libraries(kestrio_${name}_views PUBLIC kestrio_${name} Qt6::Quick ${VIEWS_LINKS})
   # What the QML compiler writes shadows its own parameters.
   target_compile_options(kestrio_${name}_views PRIVATE -Wno-shadow)
@@ -54,7 +70,7 @@ function(kestrio_test room)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "ON_X_SERVER" "" "LINKS")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h)
   add_executable(test_${room} ${sources})
-  target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  kestrio_include_root(test_${room} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}" "${room}")
   target_compile_definitions(test_${room} PRIVATE KESTRIO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(test_${room} PRIVATE ${TEST_LINKS} kestrio_test_support GTest::gmock)
   target_precompile_headers(test_${room} REUSE_FROM kestrio_pch)

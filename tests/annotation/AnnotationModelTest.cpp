@@ -1,4 +1,4 @@
-#include "Samples.h"
+#include "support/AnnotationSamples.h"
 
 #include "annotation/model/Geometry.h"
 

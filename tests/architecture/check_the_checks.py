@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Holds the two architecture checks against small trees with known faults."""
+"""Holds the architecture checks against small trees with known faults."""
 import tempfile
 import unittest
 from pathlib import Path
 
+import check_cmake
 import check_includes
 import check_paths
 
@@ -34,6 +35,37 @@ class Includes(unittest.TestCase):
 
     def test_rooms_without_a_floor_are_found(self):
         self.assertEqual(len(self.faults(cellar__A="")), 1)
+
+
+class Links(unittest.TestCase):
+    files = {"core/A.h": "", "core/CMakeLists.txt": "kestrio_room(core)",
+             "ui/B.h": "", "ui/CMakeLists.txt": "kestrio_room(ui)"}
+
+    def faults(self, files):
+        return check_cmake.check(tree(self.files | files))
+
+    def test_links_and_includes_must_agree(self):
+        library = {"library/CMakeLists.txt": "kestrio_room(library LINKS kestrio_core Qt6::DBus)"}
+        includes = {"library/C.cpp": '#include "core/A.h"'}
+        self.assertEqual(self.faults(library | includes), [])
+        self.assertEqual(self.faults(library), ["kestrio_library links kestrio_core, which it does not include"])
+        self.assertEqual(self.faults(library | includes | {"library/D.cpp": '#include "ui/B.h"'}),
+                         ["kestrio_library does not link kestrio_ui, which it includes"])
+
+    def test_views_and_inner_libraries_have_links_of_their_own(self):
+        self.assertEqual(self.faults({
+            "app/CMakeLists.txt": "kestrio_room(app)\nkestrio_views(app LINKS kestrio_core kestrio_ui)",
+            "app/views/V.cpp": '#include "core/A.h"\n#include "ui/B.h"',
+            "app/cli/CMakeLists.txt": "kestrio_room(cli LINKS kestrio_app kestrio_core)",
+            "app/cli/W.cpp": '#include "core/A.h"\n#include "app/X.h"', "app/X.h": ""}), [])
+
+    def test_files_of_other_rooms_are_found(self):
+        taking = "qt_add_resources(kestrio_ui x FILES ${PROJECT_SOURCE_DIR}/%s)"
+        for path, count in (("assets/a.svg", 0), ("src/ui/a.svg", 0), ("src/uis/a.svg", 1), ("src/core/a.svg", 1)):
+            faults = self.faults({"ui/CMakeLists.txt": "kestrio_room(ui)\n" + taking % path})
+            self.assertEqual(len(faults), count, path)
+        self.assertEqual(len(self.faults({"ui/CMakeLists.txt": "kestrio_room(ui)\nfoo(../core/a.svg)"})), 1)
+        self.assertEqual(len(self.faults({"ui/views/qml/A.qml": 'import "../../../core"'})), 1)
 
 
 class Paths(unittest.TestCase):

@@ -1,9 +1,9 @@
 #include "library/drafts/DraftWriter.h"
 
-#include "annotation/Samples.h"
 #include "core/AtomicFile.h"
 #include "core/Parallel.h"
 #include "imaging/codecs/ImageDecoder.h"
+#include "support/AnnotationSamples.h"
 
 #include <sys/stat.h>
 #include <sys/wait.h>

@@ -1,11 +1,11 @@
 #include "annotation/painting/AnnotationPainter.h"
 
-#include "annotation/Samples.h"
 #include "annotation/painting/ArrowShape.h"
 #include "annotation/painting/MeasurementLabel.h"
 #include "annotation/painting/SmoothStroke.h"
 #include "core/Parallel.h"
 #include "imaging/filters/Resample.h"
+#include "support/AnnotationSamples.h"
 
 #include <gtest/gtest.h>
 #include <set>
