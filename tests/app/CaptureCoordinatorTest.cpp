@@ -1,6 +1,6 @@
 #include "app/CaptureFixture.h"
 
-#include "app/shell/CountdownPresenter.h"
+#include "app/program/CountdownPresenter.h"
 #include "support/PlainFloatingWindows.h"
 #include "support/ScriptedDisplays.h"
 #include "support/ScriptedGlobalHotkeys.h"

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Fails when a room includes a room that does not lie below it, or files include each other in a circle.
+"""Fails when a room includes a room that does not lie below it, or when files, or the folders inside a
+room, include each other in a circle.
 
 usage: check_includes.py PROJECT
 """
@@ -42,14 +43,26 @@ def upward_includes(includes):
     return faults
 
 
-def circles(includes):
+def inner_folders(includes):
+    """Each folder with the other folders of its room that its own files include."""
+    graph = {}
+    for name, targets in includes.items():
+        folder = name.rpartition("/")[0]
+        for target in targets:
+            other = target.rpartition("/")[0]
+            if other != folder and room_of(other + "/") == room_of(name):
+                graph.setdefault(folder, set()).add(other)
+    return {folder: sorted(others) for folder, others in sorted(graph.items())}
+
+
+def circles(includes, what="circle"):
     faults, done, path = [], set(), []
 
     def visit(name):
         if name in done:
             return
         if name in path:
-            faults.append("circle: " + " -> ".join(path[path.index(name):] + [name]))
+            faults.append(f"{what}: " + " -> ".join(path[path.index(name):] + [name]))
             return
         path.append(name)
         for target in includes.get(name, []):
@@ -64,7 +77,8 @@ def circles(includes):
 
 def check(source):
     includes = read_includes(source)
-    return upward_includes(includes) + circles(includes)
+    return (upward_includes(includes) + circles(includes)
+            + circles(inner_folders(includes), "circle of folders"))
 
 
 if __name__ == "__main__":

@@ -37,6 +37,11 @@ class Includes(unittest.TestCase):
         self.assertEqual(len(self.faults(cellar__A="")), 1)
 
 
+    def test_circles_of_folders_are_found(self):
+        self.assertEqual(len(self.faults(app__in__A='#include "app/out/B.h"', app__out__B="",
+                                         app__out__C='#include "app/in/D.h"', app__in__D="")), 1)
+
+
 class Links(unittest.TestCase):
     files = {"core/A.h": "", "core/CMakeLists.txt": "kestrio_room(core)",
              "ui/B.h": "", "ui/CMakeLists.txt": "kestrio_room(ui)"}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ExitStatus.h"
+#include "app/flows/ExitStatus.h"
 #include "core/Error.h"
 
 #include <QStringList>

@@ -4,9 +4,9 @@
 #include "app/cli/StopSignals.h"
 #include "app/clipboard/ClipboardKeeper.h"
 #include "app/instance/InstanceCommands.h"
+#include "app/program/ProgramParts.h"
 #include "app/shell/AppShortcuts.h"
 #include "app/shell/DraftRestoring.h"
-#include "app/shell/ProgramParts.h"
 #include "app/shell/Quitting.h"
 
 #include <QDeadlineTimer>

@@ -4,7 +4,7 @@
 #include "app/cli/StopSignals.h"
 #include "app/clipboard/ClipboardKeeper.h"
 #include "app/instance/InstanceAddress.h"
-#include "app/shell/AppDelegate.h"
+#include "app/program/AppDelegate.h"
 #include "app/views/SettingsWindowCoordinator.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ExitStatus.h"
 #include "app/capture/CaptureRequest.h"
+#include "app/flows/ExitStatus.h"
 #include "core/Json.h"
 
 namespace kestrio {

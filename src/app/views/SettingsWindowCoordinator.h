@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/program/ProgramParts.h"
 #include "app/settings/SettingsViewModel.h"
-#include "app/shell/ProgramParts.h"
 #include "app/shell/SettingsOpener.h"
 
 class QQuickWindow;

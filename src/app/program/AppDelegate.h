@@ -3,13 +3,13 @@
 #include "app/hotkeys/HotkeyManager.h"
 #include "app/instance/InstanceBus.h"
 #include "app/instance/InstanceCommands.h"
+#include "app/program/ImageIntake.h"
+#include "app/program/ProgramParts.h"
+#include "app/program/StatusMenus.h"
 #include "app/shell/AppShortcuts.h"
 #include "app/shell/DraftRestoring.h"
-#include "app/shell/ImageIntake.h"
-#include "app/shell/ProgramParts.h"
 #include "app/shell/Quitting.h"
 #include "app/shell/SettingsOpener.h"
-#include "app/shell/StatusMenus.h"
 
 namespace kestrio {
 

@@ -1,4 +1,4 @@
-#include "app/shell/CountdownIcon.h"
+#include "app/program/CountdownIcon.h"
 
 #include "imaging/text/SystemFont.h"
 #include "ui/Palette.h"

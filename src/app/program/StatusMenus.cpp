@@ -1,4 +1,4 @@
-#include "app/shell/StatusMenus.h"
+#include "app/program/StatusMenus.h"
 
 #include "app/shell/AppShortcuts.h"
 #include "core/Localisation.h"

@@ -1,4 +1,4 @@
-#include "app/shell/ProgramParts.h"
+#include "app/program/ProgramParts.h"
 
 #include "app/shell/ToastPresenter.h"
 #include "capture/ScreenCaptureService.h"

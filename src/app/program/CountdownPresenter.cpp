@@ -1,6 +1,6 @@
-#include "app/shell/CountdownPresenter.h"
+#include "app/program/CountdownPresenter.h"
 
-#include "app/shell/CountdownWindow.h"
+#include "app/program/CountdownWindow.h"
 
 namespace kestrio {
 

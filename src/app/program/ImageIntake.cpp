@@ -1,4 +1,4 @@
-#include "app/shell/ImageIntake.h"
+#include "app/program/ImageIntake.h"
 
 #include "core/Localisation.h"
 #include "imaging/codecs/ImageDecoder.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/capture/CaptureCoordinator.h"
-#include "app/shell/CountdownPresenter.h"
+#include "app/program/CountdownPresenter.h"
 #include "app/shell/EditorWindowCoordinator.h"
 #include "platform/PlatformServices.h"
 

@@ -1,6 +1,6 @@
-#include "app/shell/AppDelegate.h"
+#include "app/program/AppDelegate.h"
 
-#include "app/shell/CountdownIcon.h"
+#include "app/program/CountdownIcon.h"
 #include "core/Localisation.h"
 #include "core/Log.h"
 

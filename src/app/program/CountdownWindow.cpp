@@ -1,4 +1,4 @@
-#include "app/shell/CountdownWindow.h"
+#include "app/program/CountdownWindow.h"
 
 #include "core/Localisation.h"
 #include "imaging/text/SystemFont.h"
