@@ -79,7 +79,7 @@ TEST_F(CaptureCoordinatorTest, FailuresAreToldByTheirKind) {
             EXPECT_FALSE(captures->lastError());
             continue;
         }
-        ASSERT_TRUE(waitFor([&] { return !alerts->requests.empty(); }));
+        ASSERT_TRUE(waitUntil([&] { return !alerts->requests.empty(); }));
         EXPECT_EQ(alerts->requests.front().title, each.title);
         EXPECT_EQ(captures->lastError(), CaptureError(each.which));
         alerts->dismiss();
@@ -89,7 +89,7 @@ TEST_F(CaptureCoordinatorTest, FailuresAreToldByTheirKind) {
 TEST_F(CaptureCoordinatorTest, AStrangeFailureIsWrapped) {
     captures->startRegionCapture();
     service->fail(std::make_exception_ptr(std::runtime_error("out of luck")));
-    ASSERT_TRUE(waitFor([&] { return !alerts->requests.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !alerts->requests.empty(); }));
     EXPECT_TRUE(alerts->requests.front().text.startsWith(QStringLiteral("System error: ")));
     EXPECT_TRUE(alerts->requests.front().text.contains(QStringLiteral("out of luck")));
     EXPECT_FALSE(captures->isCapturing());
@@ -99,9 +99,9 @@ TEST_F(CaptureCoordinatorTest, TheSettingsPlaceIsOpenedByTheFirstButtonOnly) {
     for (const int button : {0, 1}) {
         captures->startRegionCapture();
         service->fail(ErrorCase::permissionDenied);
-        ASSERT_TRUE(waitFor([&] { return alerts->isPending(); }));
+        ASSERT_TRUE(waitUntil([&] { return alerts->isPending(); }));
         alerts->answer(button);
-        ASSERT_TRUE(waitFor([&] { return permission->settingsCount == 1; }));
+        ASSERT_TRUE(waitUntil([&] { return permission->settingsCount == 1; }));
     }
 }
 
@@ -109,11 +109,11 @@ TEST_F(CaptureCoordinatorTest, WhatNoPermissionWouldChangeIsToldWithoutADeadButt
     permission->insurmountable = QStringLiteral("not in this session");
     captures->startRegionCapture();
     service->fail(ErrorCase::permissionDenied);
-    ASSERT_TRUE(waitFor([&] { return alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([&] { return alerts->isPending(); }));
     EXPECT_EQ(alerts->requests.back().text, u"not in this session");
     EXPECT_LE(alerts->requests.back().buttons.size(), 1);
     alerts->answer(0);
-    ASSERT_TRUE(waitFor([&] { return !alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([&] { return !alerts->isPending(); }));
     EXPECT_EQ(permission->settingsCount, 0);
 }
 
@@ -122,25 +122,25 @@ TEST_F(CaptureCoordinatorTest, APictureThatCannotBeSavedIsKeptUntilItHasAPlace) 
     exporter->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::save));
-    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     EXPECT_TRUE(alerts->requests.back().text.contains(exporter->saveFailure->errorDescription()));
     EXPECT_TRUE(toasts->texts.isEmpty()) << "no tick";
     EXPECT_FALSE(captures->isCapturing()) << "the next capture need not wait";
     captures->startWindowCapture();
 
     alerts->answer(0);
-    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return dialogs->isPending(); }));
     dialogs->answer(QStringLiteral("/also/nowhere"));
-    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 2; })) << "asked again";
+    ASSERT_TRUE(waitUntil([this] { return alerts->requests.size() == 2; })) << "asked again";
     alerts->answer(0);
-    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return dialogs->isPending(); }));
     dialogs->dismiss();
-    ASSERT_TRUE(waitFor([this] { return alerts->requests.size() == 3; })) << "still there";
+    ASSERT_TRUE(waitUntil([this] { return alerts->requests.size() == 3; })) << "still there";
     exporter->saveFailure.reset();
     alerts->answer(0);
-    ASSERT_TRUE(waitFor([this] { return dialogs->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return dialogs->isPending(); }));
     dialogs->answer(other.path());
-    ASSERT_TRUE(waitFor([this] { return !exporter->savedPaths.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([this] { return !exporter->savedPaths.isEmpty(); }));
     EXPECT_EQ(QFileInfo(exporter->savedPaths.front()).path(), other.path());
     EXPECT_TRUE(toasts->texts.value(0).startsWith(QStringLiteral("Saved to ")));
     EXPECT_TRUE(captures->isCapturing()) << "the capture that began meanwhile goes on";
@@ -152,14 +152,14 @@ TEST_F(CaptureCoordinatorTest, EscapeKeepsAPictureThatCouldNotBeSaved) {
     exporter->saveFailure = ExportError::fileWriteFailed(QStringLiteral("/nowhere"));
     auto capturing = captures->capture({CaptureKind::region});
     service->finish(outcome(CaptureAction::save));
-    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     alerts->dismiss();
     EXPECT_EQ(runUntilDone(std::move(capturing)).action, CaptureAction::edit);
     EXPECT_EQ(editors->opened.size(), 1U);
 
     auto again = captures->capture({CaptureKind::region});
     service->finish(outcome(CaptureAction::save));
-    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     alerts->answer(1);
     EXPECT_THROW(runUntilDone(std::move(again)), Cancelled);
     EXPECT_EQ(editors->opened.size(), 1U);
@@ -169,7 +169,7 @@ TEST_F(CaptureCoordinatorTest, AClipboardThatRefusesIsToldOf) {
     exporter->copyFailure = ExportError::clipboardFailed();
     captures->startRegionCapture();
     service->finish(outcome(CaptureAction::copy));
-    ASSERT_TRUE(waitFor([this] { return alerts->isPending(); }));
+    ASSERT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     EXPECT_FALSE(captures->isCapturing());
     auto copying = captures->capture({CaptureKind::region});
     service->finish(outcome(CaptureAction::copy));
@@ -183,14 +183,14 @@ TEST_F(CaptureCoordinatorTest, ATimedCaptureCountsDownAndStandsBackForOthers) {
     EXPECT_EQ(captures->countdownRemaining(), 1);
     captures->startDelayedCapture(10, CaptureKind::region);
     EXPECT_EQ(captures->countdownRemaining(), 1);
-    ASSERT_TRUE(waitFor([&] { return service->windowCount == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return service->windowCount == 1; }));
     EXPECT_FALSE(captures->isCountingDown());
     service->finish(outcome(CaptureAction::edit));
     ASSERT_TRUE(waitForEnd());
 
     captures->startDelayedCapture(1, CaptureKind::window);
     captures->startRegionCapture();
-    ASSERT_TRUE(waitFor([&] { return !captures->isCountingDown(); }));
+    ASSERT_TRUE(waitUntil([&] { return !captures->isCountingDown(); }));
     EXPECT_EQ(service->windowCount, 1);
     service->fail(ErrorCase::cancelled);
     ASSERT_TRUE(waitForEnd());
@@ -215,19 +215,19 @@ TEST_F(CaptureCoordinatorTest, ATimedCaptureShowsItsSecondsAndIsCalledOffByEscap
     EXPECT_EQ(shownWindows(), 1);
     ASSERT_EQ(hotkeys->registered.size(), 1U);
     hotkeys->press(hotkeys->registered.begin()->first);
-    ASSERT_TRUE(waitFor([&] { return !shared->isCountingDown(); }));
+    ASSERT_TRUE(waitUntil([&] { return !shared->isCountingDown(); }));
     EXPECT_EQ(shownWindows(), 0);
     EXPECT_TRUE(hotkeys->registered.empty()) << "Escape is other programs' again";
     EXPECT_EQ(service->regionCount, 0);
 
     shared->startDelayedCapture(1, CaptureKind::region);
     EXPECT_EQ(shownWindows(), 1);
-    ASSERT_TRUE(waitFor([&] { return shared->countdownRemaining() == 0; }));
+    ASSERT_TRUE(waitUntil([&] { return shared->countdownRemaining() == 0; }));
     EXPECT_EQ(shownWindows(), 0);
     EXPECT_EQ(service->regionCount, 0) << "the number has left the screen before";
-    ASSERT_TRUE(waitFor([&] { return service->regionCount == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return service->regionCount == 1; }));
     service->fail(ErrorCase::cancelled);
-    ASSERT_TRUE(waitFor([&] { return !shared->isCapturing(); }));
+    ASSERT_TRUE(waitUntil([&] { return !shared->isCapturing(); }));
 }
 
 TEST_F(CaptureCoordinatorTest, AnImageOpensEvenDuringACapture) {
@@ -284,7 +284,8 @@ TEST_F(CaptureCoordinatorTest, RequestsThatNeedNoUserWaitTheirTurn) {
     auto first = captures->capture(request);
     auto second = captures->capture(request);
     for (int turn = 1; turn <= 2; ++turn) {
-        ASSERT_TRUE(waitFor([&] { return service->displayCount == turn && service->isPending(); }));
+        ASSERT_TRUE(
+            waitUntil([&] { return service->displayCount == turn && service->isPending(); }));
         service->finish(outcome(CaptureAction::edit));
     }
     runUntilDone(std::move(first));

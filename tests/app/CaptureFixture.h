@@ -7,9 +7,9 @@
 #include "support/ScriptedExporter.h"
 #include "support/ScriptedFileDialogs.h"
 #include "support/ScriptedScreenPermission.h"
+#include "support/Waiting.h"
 
 #include <gtest/gtest.h>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 namespace kestrio {
@@ -123,20 +123,8 @@ struct CaptureFixture : testing::Test {
         return made;
     }
 
-    /// Runs the event loop until the condition holds; false after ten seconds.
-    template <typename Condition>
-    static bool waitFor(Condition holds) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!holds()) {
-            if (timer.elapsed() > 10000) return false;
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        }
-        return true;
-    }
-
     bool waitForEnd() {
-        return waitFor([this] { return !captures->isCapturing(); });
+        return waitUntil([this] { return !captures->isCapturing(); });
     }
 };
 

@@ -309,7 +309,7 @@ TEST_F(EditorWindowCoordinatorTest, WhatASignalEndedIsOfferedUntilItIsAnswered) 
     auto first = restoring(), second = restoring();
     first->offer();
     second->offer();
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    EXPECT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     runEvents();
     ASSERT_EQ(alerts->requests.size(), 1U) << "each draft is offered once";
     EXPECT_TRUE(alerts->requests.back().text.contains(QStringLiteral("“one”")));
@@ -320,9 +320,9 @@ TEST_F(EditorWindowCoordinatorTest, WhatASignalEndedIsOfferedUntilItIsAnswered) 
     EXPECT_FALSE(editors->isEditorOpen());
 
     first->offer();
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    EXPECT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     alerts->answer(0);
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return windows().size() == 2U; }));
+    EXPECT_TRUE(waitUntil([this] { return windows().size() == 2U; }));
     const CompositeRequest actual = editors->currentEditorViewModel()->wholePicture();
     EXPECT_EQ(actual.canvasState, expected.canvasState);
     EXPECT_EQ(actual.screenshot.bitmap(), expected.screenshot.bitmap());
@@ -338,9 +338,9 @@ TEST_F(EditorWindowCoordinatorTest, WhatASignalEndedIsOfferedUntilItIsAnswered) 
     EXPECT_EQ(draftCount(), 2) << "restored and untouched";
     first = restoring();
     first->offer();
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return alerts->isPending(); }));
+    EXPECT_TRUE(waitUntil([this] { return alerts->isPending(); }));
     alerts->answer(1);
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return draftCount() == 0; }));
+    EXPECT_TRUE(waitUntil([this] { return draftCount() == 0; }));
 }
 
 TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
@@ -355,7 +355,7 @@ TEST_F(EditorWindowCoordinatorTest, QuittingWaitsForAnExport) {
     EXPECT_TRUE(alerts->requests.empty());
     exporter->saveGate->succeed();
     runUntilDone(std::move(exporting));
-    EXPECT_TRUE(CaptureFixture::waitFor([this] { return endings == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return endings == 1; }));
     EXPECT_EQ(exporter->savedPaths.size(), 1);
 }
 

@@ -128,7 +128,7 @@ TEST_F(InstanceTest, GarbageIsAnsweredAndEndlessLinesAreCutOff) {
         QLocalSocket raw;
         raw.connectToServer(socket);
         raw.write(text);
-        ASSERT_TRUE(waitFor([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
+        ASSERT_TRUE(waitUntil([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
         const QByteArray answer = raw.readAll();
         EXPECT_EQ(answer.contains("\"status\":2"), text.endsWith('\n'));
     }
@@ -152,7 +152,7 @@ TEST_F(InstanceTest, RequestsThatMakeNoSenseAreRefused) {
         QLocalSocket raw;
         raw.connectToServer(socket);
         raw.write("{\"verb\":\"capture\",\"kind\":\"display\"," + fields + "}\n");
-        EXPECT_TRUE(waitFor([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
+        EXPECT_TRUE(waitUntil([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
         return raw.readAll().contains("\"status\":2");
     };
     const QByteArray rows[] = {
@@ -186,7 +186,7 @@ TEST_F(InstanceTest, ManyIdleConnectionsKeepNobodyOut) {
     const auto isClosed = [](const auto& each) {
         return each->state() == QLocalSocket::UnconnectedState;
     };
-    EXPECT_TRUE(waitFor([&] { return std::ranges::count_if(idle, isClosed) >= 100; }));
+    EXPECT_TRUE(waitUntil([&] { return std::ranges::count_if(idle, isClosed) >= 100; }));
 }
 
 TEST_F(InstanceTest, ARemovedSocketComesBackWithItsFolder) {
@@ -197,7 +197,7 @@ TEST_F(InstanceTest, ARemovedSocketComesBackWithItsFolder) {
     for (const bool withFolder : {false, true}) {
         QFile::remove(socket);
         if (withFolder) QDir().rmdir(deep);
-        EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(socket); }));
+        EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(socket); }));
         EXPECT_EQ(ask({}).status, 0);
     }
 }

@@ -4,6 +4,8 @@
 #include "core/Parallel.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "support/AnnotationSamples.h"
+#include "support/NoisePicture.h"
+#include "support/Waiting.h"
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -20,27 +22,11 @@
 namespace kestrio {
 namespace {
 
-QImage noise(QSize size, QImage::Format format) {
-    QImage bitmap(size, format);
-    quint32 state = 7;
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(bitmap.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            state = state * 1664525 + 1013904223;
-            row[x] = format == QImage::Format_RGB32
-                         ? state | 0xff000000
-                         : qPremultiply(qRgba(state >> 8 & 255, state >> 16 & 255, state & 255,
-                                              state >> 24));
-        }
-    }
-    return bitmap;
-}
-
 DraftDocument sample() {
     DraftDocument document;
     document.name = QStringLiteral("Größe / “shot”");
-    document.picture = Image(noise({61, 43}, QImage::Format_ARGB32_Premultiplied), 1.5);
-    document.original = Image(noise({30, 21}, QImage::Format_RGB32), QSizeF(40.5, 28.25));
+    document.picture = Image(noisePicture({61, 43}, QImage::Format_ARGB32_Premultiplied), 1.5);
+    document.original = Image(noisePicture({30, 21}, QImage::Format_RGB32), QSizeF(40.5, 28.25));
     document.style.backdrop.padding = 17.3;
     document.style.backdrop.keepPixels = true;
     document.style.frameStyle = FrameStyle::safari;
@@ -91,14 +77,6 @@ struct DraftStoreTest : testing::Test {
         folder->write(document);
         return folder->path();
     }
-
-    static void runEventsUntil(const std::function<bool()>& condition) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!condition() && timer.elapsed() < 5000)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        EXPECT_TRUE(condition());
-    }
 };
 
 TEST_F(DraftStoreTest, ADocumentComesBackToTheLastBit) {
@@ -127,7 +105,7 @@ TEST_F(DraftStoreTest, ADocumentComesBackToTheLastBit) {
 
     document.original.reset();
     // Opaque pixels in a bitmap that may have others.
-    QImage opaque = noise({8, 8}, QImage::Format_RGB32);
+    QImage opaque = noisePicture({8, 8}, QImage::Format_RGB32);
     opaque.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     document.picture = Image(opaque);
     drafts.front().folder->write(document);
@@ -324,7 +302,7 @@ TEST_F(DraftStoreTest, AFolderThatCannotBeMadeIsToldAndADeletedOneIsMadeAgain) {
                      [&failures](const QString& reason) { failures << reason; });
     const auto keep = [&writer] { writer.update([] { return sample(); }); };
     keep();
-    runEventsUntil([&] { return failures.size() == 1; });
+    EXPECT_TRUE(waitUntil([&] { return failures.size() == 1; }));
     EXPECT_FALSE(failures.front().isEmpty());
     obstacle.remove();
     for (int time = 0; time < 2; ++time) {

@@ -5,10 +5,10 @@
 #include "support/MemoryPasteboard.h"
 #include "support/PlainFloatingWindows.h"
 #include "support/ScriptedDisplays.h"
+#include "support/Waiting.h"
 
 #include <gtest/gtest.h>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QMouseEvent>
 
 namespace kestrio {
@@ -60,13 +60,6 @@ struct PinsTest : testing::Test {
         const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
         QMouseEvent event(type, at, at + window.position(), button, buttons, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &event);
-    }
-
-    static bool waitFor(const std::function<bool()>& holds) {
-        const QDeadlineTimer limit(std::chrono::seconds(5));
-        while (!holds() && !limit.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        return holds();
     }
 
     static void drag(PinnedScreenshotWindow& window, QPointF from, QPointF by) {
@@ -121,12 +114,12 @@ TEST_F(PinsTest, CopiesItsPictureOrTellsThatItCannot) {
     QObject::connect(&pins, &PinnedScreenshotCoordinator::copyFailed,
                      [&failures](const QString& message) { failures << message; });
     Q_EMIT window.copyRequested();
-    EXPECT_TRUE(waitFor([this] { return !pasteboard->contents().isEmpty(); }));
+    EXPECT_TRUE(waitUntil([this] { return !pasteboard->contents().isEmpty(); }));
     EXPECT_EQ(pasteboard->contents().image, shown.bitmap());
     EXPECT_TRUE(failures.isEmpty());
     pasteboard->refusesImages = true;
     Q_EMIT window.copyRequested();
-    EXPECT_TRUE(waitFor([&failures] { return !failures.isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&failures] { return !failures.isEmpty(); }));
 }
 
 TEST_F(PinsTest, TheCloseButtonTakesAWholeClick) {

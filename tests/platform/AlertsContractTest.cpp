@@ -1,6 +1,7 @@
 #include "core/Cancelled.h"
 #include "platform/XDesk.h"
 #include "platform/linux/QtAlerts.h"
+#include "support/Contract.h"
 #include "support/ScriptedAlerts.h"
 
 #include <QApplication>
@@ -49,14 +50,9 @@ struct QtDesk : Desk {
     void escape() override { shownBox()->close(); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"desktop", []() -> std::unique_ptr<Desk> { return std::make_unique<QtDesk>(); }},
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, QtDesk>("desktop"),
 };
 
 struct Outcome {
@@ -72,7 +68,7 @@ Task<> await(Task<int> task, Outcome* outcome) {
     }
 }
 
-class AlertsContract : public testing::TestWithParam<Candidate> {
+class AlertsContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
     void ask(QStringList buttons, std::stop_token stop = {}) {
         outcome_ = {};
@@ -91,7 +87,7 @@ class AlertsContract : public testing::TestWithParam<Candidate> {
 
     const QStringList three_{QStringLiteral("Keep"), QStringLiteral("Burn"),
                              QStringLiteral("Cancel")};
-    std::unique_ptr<Desk> desk_ = GetParam().make();
+    std::shared_ptr<Desk> desk_ = GetParam().make();
     Outcome outcome_;
 };
 
@@ -127,8 +123,7 @@ TEST_P(AlertsContract, GoWithTheService) {
     EXPECT_EQ(answer(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AlertsContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, AlertsContract, testing::ValuesIn(candidates), candidateName);
 
 TEST(QtAlerts, SayWhatTheyAreAsked) {
     const WindowManager manager;

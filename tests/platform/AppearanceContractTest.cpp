@@ -1,8 +1,9 @@
 #include "platform/FakeSettingsPortal.h"
 #include "platform/PrivateBus.h"
-#include "platform/Waiting.h"
 #include "platform/linux/PortalAppearance.h"
+#include "support/Contract.h"
 #include "support/ScriptedAppearance.h"
+#include "support/Waiting.h"
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -54,17 +55,12 @@ struct PortalDesktop : Desktop {
     void setMotionReduced(bool isReduced) override { portal.change(gnome, animations, !isReduced); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desktop> (*make)();
+const Candidate<Desktop> candidates[] = {
+    candidate<Desktop, ScriptedDesktop>("scripted"),
+    candidate<Desktop, PortalDesktop>("portal"),
 };
 
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desktop> { return std::make_unique<ScriptedDesktop>(); }},
-    {"portal", []() -> std::unique_ptr<Desktop> { return std::make_unique<PortalDesktop>(); }},
-};
-
-class AppearanceContract : public testing::TestWithParam<Candidate> {};
+class AppearanceContract : public testing::TestWithParam<Candidate<Desktop>> {};
 
 TEST_P(AppearanceContract, FollowsTheDesktopAndSignalsChangesOnly) {
     const auto desktop = GetParam().make();
@@ -84,8 +80,7 @@ TEST_P(AppearanceContract, FollowsTheDesktopAndSignalsChangesOnly) {
     EXPECT_EQ(changes, 4);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AppearanceContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, AppearanceContract, testing::ValuesIn(candidates), candidateName);
 
 /// Gives the application a palette for the length of a test.
 struct PaletteGuard {

@@ -5,11 +5,11 @@
 #include "platform/PlatformServices.h"
 #include "platform/XDesk.h"
 #include "platform/linux/QtPasteboard.h"
+#include "support/NoisePicture.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QBuffer>
 #include <QElapsedTimer>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -41,11 +41,7 @@ QByteArray fileOf(const QImage& picture, const char* format) {
 }
 
 TEST_F(ClipboardReading, PicturesComeInWhateverFormatAndSize) {
-    QImage large(1500, 1200, QImage::Format_RGB32);
-    QRandomGenerator noise(1);
-    noise.generate(reinterpret_cast<quint32*>(large.bits()),
-                   reinterpret_cast<quint32*>(large.bits() + large.sizeInBytes()));
-    large = large.convertToFormat(QImage::Format_RGB888).convertToFormat(QImage::Format_RGB32);
+    const QImage large = noisePicture({1500, 1200}, QImage::Format_RGB32);
     const QByteArray file = encodeImage(large, ExportFormat::png);
     ASSERT_GT(file.size(), 4 << 20) << "it comes in parts";
     {

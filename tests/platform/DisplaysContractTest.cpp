@@ -1,6 +1,7 @@
-#include "platform/Waiting.h"
 #include "platform/linux/QtDisplays.h"
+#include "support/Contract.h"
 #include "support/ScriptedDisplays.h"
+#include "support/Waiting.h"
 
 #include <QCursor>
 #include <QProcess>
@@ -63,17 +64,12 @@ struct XServerDesk : Desk {
     void movePointer(QPoint point) override { QCursor::setPos(point); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, XServerDesk>("xserver"),
 };
 
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"xserver", []() -> std::unique_ptr<Desk> { return std::make_unique<XServerDesk>(); }},
-};
-
-class DisplaysContract : public testing::TestWithParam<Candidate> {};
+class DisplaysContract : public testing::TestWithParam<Candidate<Desk>> {};
 
 TEST_P(DisplaysContract, FollowMonitorsWithThePrimaryOneFirst) {
     const auto desk = GetParam().make();
@@ -104,8 +100,7 @@ TEST_P(DisplaysContract, KnowTheOneUnderThePointer) {
     EXPECT_EQ(displays.displayUnderPointer(), displays.displays().at(0));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, DisplaysContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, DisplaysContract, testing::ValuesIn(candidates), candidateName);
 
 /// Prints the displays of a program of its own; Qt reads scale factors at its start only.
 QStringList displaysUnder(const QString& factors) {

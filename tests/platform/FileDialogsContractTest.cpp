@@ -1,7 +1,8 @@
 #include "core/Cancelled.h"
-#include "platform/Waiting.h"
 #include "platform/linux/QtFileDialogs.h"
+#include "support/Contract.h"
 #include "support/ScriptedFileDialogs.h"
+#include "support/Waiting.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -65,14 +66,9 @@ struct QtDesk : Desk {
     void dismiss() override { shown<QFileDialog>()->reject(); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"desktop", []() -> std::unique_ptr<Desk> { return std::make_unique<QtDesk>(); }},
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, QtDesk>("desktop"),
 };
 
 /// How a flow that asks for a file ended.
@@ -91,7 +87,7 @@ Task<> await(Task<Chosen> task, Outcome* outcome) {
     outcome->isDone = true;
 }
 
-class FileDialogsContract : public testing::TestWithParam<Candidate> {
+class FileDialogsContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
     void SetUp() override { ASSERT_TRUE(folder_.isValid()); }
 
@@ -124,7 +120,7 @@ class FileDialogsContract : public testing::TestWithParam<Candidate> {
     }
 
     QTemporaryDir folder_;
-    std::unique_ptr<Desk> desk_ = GetParam().make();
+    std::shared_ptr<Desk> desk_ = GetParam().make();
     Outcome outcome_;
 };
 
@@ -169,8 +165,7 @@ TEST_P(FileDialogsContract, EndWithTheirServiceAndWithAStop) {
     EXPECT_EQ(awaited(), std::nullopt);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FileDialogsContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, FileDialogsContract, testing::ValuesIn(candidates), candidateName);
 
 /// What only real panels have.
 class QtFileDialogsTest : public FileDialogsContract {
@@ -240,8 +235,7 @@ TEST_P(QtFileDialogsTest, PanelsBlockTheirParentAndEndWithIt) {
     EXPECT_EQ(awaited(), std::nullopt);
 }
 
-INSTANTIATE_TEST_SUITE_P(Real, QtFileDialogsTest, testing::Values(candidates[1]),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(Real, QtFileDialogsTest, testing::Values(candidates[1]), candidateName);
 
 }  // namespace
 }  // namespace kestrio

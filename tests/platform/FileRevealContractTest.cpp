@@ -1,8 +1,9 @@
 #include "platform/FakeFileManager.h"
 #include "platform/PrivateBus.h"
-#include "platform/Waiting.h"
 #include "platform/linux/DBusFileReveal.h"
+#include "support/Contract.h"
 #include "support/RecordingFileReveal.h"
+#include "support/Waiting.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -42,17 +43,12 @@ struct BusDesktop : Desktop {
     }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desktop> (*make)();
+const Candidate<Desktop> candidates[] = {
+    candidate<Desktop, RecordedDesktop>("recording"),
+    candidate<Desktop, BusDesktop>("bus"),
 };
 
-const Candidate candidates[] = {
-    {"recording", []() -> std::unique_ptr<Desktop> { return std::make_unique<RecordedDesktop>(); }},
-    {"bus", []() -> std::unique_ptr<Desktop> { return std::make_unique<BusDesktop>(); }},
-};
-
-class FileRevealContract : public testing::TestWithParam<Candidate> {};
+class FileRevealContract : public testing::TestWithParam<Candidate<Desktop>> {};
 
 TEST_P(FileRevealContract, ShowsFilesByTheirAbsolutePath) {
     const auto desktop = GetParam().make();
@@ -64,8 +60,7 @@ TEST_P(FileRevealContract, ShowsFilesByTheirAbsolutePath) {
     EXPECT_EQ(desktop->shown(), paths);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FileRevealContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, FileRevealContract, testing::ValuesIn(candidates), candidateName);
 
 TEST(FileReveal, OpensTheFolderWhereNoViewerAnswers) {
     FakeFolderOpener opener;

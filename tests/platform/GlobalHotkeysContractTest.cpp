@@ -1,5 +1,6 @@
 #include "platform/XDesk.h"
 #include "platform/linux/x11/X11GlobalHotkeys.h"
+#include "support/Contract.h"
 #include "support/ScriptedGlobalHotkeys.h"
 
 #include "platform/KeySymbols.h"
@@ -80,14 +81,9 @@ struct XServerDesk : Desk {
     void takeControlShiftA() override { other.grab(keycodeA, controlShift | XCB_MOD_MASK_LOCK); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"xserver", []() -> std::unique_ptr<Desk> { return std::make_unique<XServerDesk>(); }},
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, XServerDesk>("xserver"),
 };
 
 /// Runs the loop so long that what is not to come would have come.
@@ -96,14 +92,14 @@ void runLoopAWhile(int milliseconds = 100) {
     QCoreApplication::exec();
 }
 
-class GlobalHotkeysContract : public testing::TestWithParam<Candidate> {
+class GlobalHotkeysContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
     GlobalHotkeysContract() {
         QObject::connect(&hotkeys_, &GlobalHotkeys::pressed,
                          [this](int id) { heard_.push_back(id); });
     }
 
-    std::unique_ptr<Desk> desk_ = GetParam().make();
+    std::shared_ptr<Desk> desk_ = GetParam().make();
     GlobalHotkeys& hotkeys_ = desk_->hotkeys();
     std::vector<int> heard_;
 };
@@ -143,8 +139,7 @@ TEST_P(GlobalHotkeysContract, AreRefusedWhereOthersHoldThemOrThereIsNoSuchKey) {
     EXPECT_TRUE(heard_.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, GlobalHotkeysContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, GlobalHotkeysContract, testing::ValuesIn(candidates), candidateName);
 
 class X11Hotkeys : public testing::Test {
   protected:

@@ -1,4 +1,5 @@
 #include "platform/PlatformServices.h"
+#include "support/Contract.h"
 #include "support/ScriptedMemoryPressure.h"
 
 #include <gtest/gtest.h>
@@ -6,20 +7,12 @@
 namespace kestrio {
 namespace {
 
-struct Candidate {
-    const char* name;
-    std::shared_ptr<MemoryPressure> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted",
-     []() -> std::shared_ptr<MemoryPressure> {
-         return std::make_shared<ScriptedMemoryPressure>();
-     }},
+const Candidate<MemoryPressure> candidates[] = {
+    candidate<MemoryPressure, ScriptedMemoryPressure>("scripted"),
     {"desktop", [] { return makePlatformServices().memoryPressure; }},
 };
 
-class MemoryPressureContract : public testing::TestWithParam<Candidate> {};
+class MemoryPressureContract : public testing::TestWithParam<Candidate<MemoryPressure>> {};
 
 TEST_P(MemoryPressureContract, SubscriptionsAndServicesMayGoInAnyOrder) {
     auto pressure = GetParam().make();
@@ -33,8 +26,7 @@ TEST_P(MemoryPressureContract, SubscriptionsAndServicesMayGoInAnyOrder) {
     EXPECT_EQ(late.use_count(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, MemoryPressureContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, MemoryPressureContract, testing::ValuesIn(candidates), candidateName);
 
 TEST(MemoryPressure, EventsReachLiveSubscriptionsOnly) {
     ScriptedMemoryPressure pressure;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Waiting.h"
 #include "platform/linux/x11/SelectionOwner.h"
+#include "support/Waiting.h"
 
 #include <QProcess>
 #include <csignal>

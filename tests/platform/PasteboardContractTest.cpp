@@ -1,6 +1,7 @@
 #include "imaging/codecs/ImageEncoder.h"
 #include "platform/OtherProgram.h"
 #include "platform/PlatformServices.h"
+#include "support/Contract.h"
 #include "support/MemoryPasteboard.h"
 
 #include <gtest/gtest.h>
@@ -11,18 +12,12 @@ namespace {
 constexpr PasteboardKinds everything{PasteboardKind::picture, PasteboardKind::files,
                                      PasteboardKind::text};
 
-struct Candidate {
-    const char* name;
-    std::shared_ptr<Pasteboard> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"memory",
-     []() -> std::shared_ptr<Pasteboard> { return std::make_shared<MemoryPasteboard>(); }},
+const Candidate<Pasteboard> candidates[] = {
+    candidate<Pasteboard, MemoryPasteboard>("memory"),
     {"desktop", [] { return makePlatformServices().pasteboard; }},
 };
 
-class PasteboardContract : public testing::TestWithParam<Candidate> {};
+class PasteboardContract : public testing::TestWithParam<Candidate<Pasteboard>> {};
 
 PasteboardContents contentsOf(const std::shared_ptr<Pasteboard>& pasteboard,
                               PasteboardKinds wanted = everything) {
@@ -74,8 +69,7 @@ TEST_P(PasteboardContract, KnowsItsOwnFromWhatOthersCopied) {
     EXPECT_TRUE(pasteboard->ownsContents());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, PasteboardContract, testing::ValuesIn(candidates), candidateName);
 
 }  // namespace
 }  // namespace kestrio

@@ -1,6 +1,7 @@
 #include "core/Cancelled.h"
 #include "platform/XDesk.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
+#include "support/Contract.h"
 #include "support/ScriptedScreenGrabber.h"
 
 #include <xcb/composite.h>
@@ -42,14 +43,9 @@ struct XServerDesk : Desk {
     quint64 windowID() const override { return window.winId(); }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"xserver", []() -> std::unique_ptr<Desk> { return std::make_unique<XServerDesk>(); }},
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, XServerDesk>("xserver"),
 };
 
 ScreenGrabError::Case failureOf(Task<QImage> task) {
@@ -62,9 +58,9 @@ ScreenGrabError::Case failureOf(Task<QImage> task) {
     return {};
 }
 
-class ScreenGrabberContract : public testing::TestWithParam<Candidate> {
+class ScreenGrabberContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
-    std::unique_ptr<Desk> desk_ = GetParam().make();
+    std::shared_ptr<Desk> desk_ = GetParam().make();
 };
 
 TEST_P(ScreenGrabberContract, RectanglesAreExactAndEndAtTheDesktop) {
@@ -111,8 +107,7 @@ TEST_P(ScreenGrabberContract, AStopEndsAGrab) {
     EXPECT_TRUE(isStopped(std::move(window)));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ScreenGrabberContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, ScreenGrabberContract, testing::ValuesIn(candidates), candidateName);
 
 TEST(ScriptedScreenGrabber, HoldsAnswersUntilTheTestGivesThem) {
     ScriptedScreenGrabber grabber;

@@ -1,7 +1,8 @@
-#include "platform/Waiting.h"
 #include "platform/linux/share/ExecLine.h"
 #include "platform/linux/share/XdgSharing.h"
+#include "support/Contract.h"
 #include "support/ScriptedSharing.h"
+#include "support/Waiting.h"
 
 #include <QDir>
 #include <QFile>
@@ -114,14 +115,9 @@ struct XdgDesk : Desk {
     }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
-};
-
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"xdg", []() -> std::unique_ptr<Desk> { return std::make_unique<XdgDesk>(); }},
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, XdgDesk>("xdg"),
 };
 
 QStringList namesOf(const std::vector<SharingProgram>& programs) {
@@ -134,7 +130,7 @@ QStringList namesOf(const std::vector<SharingProgram>& programs) {
 const QString png = QStringLiteral("image/png");
 const QString picture = QStringLiteral("/tmp/50% off \"now\".png");
 
-class SharingContract : public testing::TestWithParam<Candidate> {};
+class SharingContract : public testing::TestWithParam<Candidate<Desk>> {};
 
 TEST_P(SharingContract, OffersProgramsOfAKindAndOpensFilesWithThem) {
     const auto desk = GetParam().make();
@@ -161,8 +157,7 @@ TEST_P(SharingContract, MailsFilesWhereThereIsAMailProgram) {
                  SharingError);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SharingContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, SharingContract, testing::ValuesIn(candidates), candidateName);
 
 TEST(XdgSharing, FollowsWhatTheUserChoseAndLeavesOutWhatCannotBeStarted) {
     const XdgDesk desk;

@@ -1,6 +1,7 @@
 #include "platform/XDesk.h"
 #include "platform/linux/QtDisplays.h"
 #include "platform/linux/x11/X11WindowList.h"
+#include "support/Contract.h"
 #include "support/ScriptedDisplays.h"
 #include "support/ScriptedWindowList.h"
 
@@ -44,17 +45,12 @@ struct XServerDesk : Desk {
     }
 };
 
-struct Candidate {
-    const char* name;
-    std::unique_ptr<Desk> (*make)();
+const Candidate<Desk> candidates[] = {
+    candidate<Desk, ScriptedDesk>("scripted"),
+    candidate<Desk, XServerDesk>("xserver"),
 };
 
-const Candidate candidates[] = {
-    {"scripted", []() -> std::unique_ptr<Desk> { return std::make_unique<ScriptedDesk>(); }},
-    {"xserver", []() -> std::unique_ptr<Desk> { return std::make_unique<XServerDesk>(); }},
-};
-
-class WindowListContract : public testing::TestWithParam<Candidate> {};
+class WindowListContract : public testing::TestWithParam<Candidate<Desk>> {};
 
 TEST_P(WindowListContract, TellsWindowsFromFrontToBack) {
     const auto desk = GetParam().make();
@@ -77,8 +73,7 @@ TEST_P(WindowListContract, LeavesOutWhatIsNotLargerThanTheMinimum) {
     EXPECT_EQ(desk->list().windowsOnScreen(49).size(), 3U);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WindowListContract, testing::ValuesIn(candidates),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, WindowListContract, testing::ValuesIn(candidates), candidateName);
 
 class ManagedWindows : public testing::Test {
   protected:

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Waiting.h"
 #include "platform/linux/x11/XcbConnection.h"
+#include "support/Waiting.h"
 
 #include <QPainter>
 #include <QProcess>

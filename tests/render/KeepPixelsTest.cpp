@@ -1,29 +1,17 @@
 #include "render/ImageComposer.h"
 #include "render/RenderFixtures.h"
+#include "support/NoisePicture.h"
 
 #include <gtest/gtest.h>
 
 namespace kestrio {
 namespace {
 
-// Neighbouring pixels differ strongly, so that any resampling shows. Opaque.
-QImage speckled(QSize size) {
-    QImage bitmap(size, QImage::Format_RGB32);
-    quint32 noise = 7;
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            noise = noise * 1664525u + 1013904223u;
-            bitmap.setPixel(x, y, 0xff000000u | noise >> 8);
-        }
-    }
-    return bitmap;
-}
-
 CompositeRequest keepingRequest(QSize pixels, double density) {
     EditorStyleSettings style;
     style.mockup.cornerRadius = 0;
     style.backdrop.keepPixels = true;
-    CompositeRequest request = requestOf(speckled(pixels), style);
+    CompositeRequest request = requestOf(noisePicture(pixels, QImage::Format_RGB32), style);
     request.screenshot = Image(request.screenshot.bitmap(), density);
     request.canvasState.canvasSize = request.screenshot.pointSize();
     return request;

@@ -4,9 +4,9 @@
 #include "imaging/filters/BlackCover.h"
 #include "imaging/filters/GaussianBlur.h"
 #include "imaging/filters/Mosaic.h"
+#include "support/NoisePicture.h"
 
 #include <gtest/gtest.h>
-#include <QRandomGenerator>
 
 namespace kestrio {
 namespace {
@@ -16,11 +16,7 @@ constexpr QRectF everything(0, 0, 160, 120);
 const double undefined = std::nan("");
 
 QImage noise(QImage::Format format = QImage::Format_ARGB32_Premultiplied) {
-    QRandomGenerator random(7);
-    QImage bitmap(pixels, QImage::Format_ARGB32);
-    for (int i = 0; i < pixels.width() * pixels.height(); ++i)
-        reinterpret_cast<quint32*>(bitmap.bits())[i] = random.generate();
-    return bitmap.convertToFormat(format);
+    return noisePicture(pixels, format);
 }
 
 BlurAnnotation blur(QRectF bounds, BlurType type, double intensity) {

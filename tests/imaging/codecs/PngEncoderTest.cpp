@@ -1,4 +1,3 @@
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 #include <png.h>
@@ -9,6 +8,7 @@
 #include "imaging/codecs/LibpngWriter.h"
 #include "imaging/codecs/PngEncoder.h"
 #include "imaging/codecs/TestPictures.h"
+#include "support/NoisePicture.h"
 
 namespace kestrio {
 namespace {
@@ -16,17 +16,6 @@ namespace {
 // Large enough for several pieces.
 QImage largePicture(QImage::Format format) {
     return testPicture(1500, 900, format);
-}
-
-QImage noise(QSize size) {
-    QImage bitmap(size, QImage::Format_RGB32);
-    QRandomGenerator generator(7);
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<quint32*>(bitmap.scanLine(y));
-        for (int x = 0; x < size.width(); ++x)
-            row[x] = generator.generate() | 0xff000000u;
-    }
-    return bitmap;
 }
 
 QImage libpngsView(const QByteArray& file) {
@@ -48,7 +37,8 @@ TEST(PngEncoder, LibpngReadsBackExactlyThePixels) {
         const QImage opaque = testPicture(size.width(), size.height(), QImage::Format_RGB32);
         EXPECT_EQ(largestDifference(libpngsView(encodePng(opaque)), opaque), 0) << size.width();
     }
-    for (const QImage& bitmap : {largePicture(QImage::Format_RGB32), noise({900, 700})}) {
+    for (const QImage& bitmap :
+         {largePicture(QImage::Format_RGB32), noisePicture({900, 700}, QImage::Format_RGB32)}) {
         EXPECT_EQ(largestDifference(libpngsView(encodePng(bitmap)), bitmap), 0);
     }
 }
@@ -90,8 +80,8 @@ TEST(PngEncoder, FilesAreNotMuchLargerThanLibpngs) {
     const QImage dashboard =
         loadImageFile(QStringLiteral(KESTRIO_SOURCE_DIR "/tests/support/pictures/dashboard-4k.png"))
             .copy(0, 0, 1920, 1080);
-    for (const QImage& bitmap :
-         {flat, dashboard, noise({300, 300}), largePicture(QImage::Format_RGB32)}) {
+    for (const QImage& bitmap : {flat, dashboard, noisePicture({300, 300}, QImage::Format_RGB32),
+                                 largePicture(QImage::Format_RGB32)}) {
         const auto theirs = writtenByLibpng(bitmap, {PNG_COLOR_TYPE_RGB}).size();
         EXPECT_LE(encodePng(bitmap).size(), theirs * 1.1 + 100);
     }

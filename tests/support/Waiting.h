@@ -6,10 +6,11 @@
 
 namespace kestrio {
 
-/// Runs the main loop until the condition holds; false where it does not within five seconds.
+/// Runs the main loop until the condition holds; false where it does not within ten seconds, which
+/// a busy machine may need.
 template <typename Condition>
 bool waitUntil(Condition holds) {
-    const QDeadlineTimer limit(std::chrono::seconds(5));
+    const QDeadlineTimer limit(std::chrono::seconds(10));
     bool isMet = holds();
     QTimer poll;
     // Not quit(), which closes all windows first.
