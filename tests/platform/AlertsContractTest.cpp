@@ -5,6 +5,7 @@
 #include "support/ScriptedAlerts.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -25,6 +26,7 @@ struct Desk {
     virtual std::unique_ptr<Alerts>& alerts() = 0;
     virtual bool isPending() const = 0;
     virtual void choose(int button) = 0;
+    virtual void type(const QString& text) = 0;
     virtual void escape() = 0;
 };
 
@@ -34,6 +36,7 @@ struct ScriptedDesk : Desk {
     std::unique_ptr<Alerts>& alerts() override { return service; }
     bool isPending() const override { return service && scripted->isPending(); }
     void choose(int button) override { scripted->answer(button); }
+    void type(const QString& text) override { scripted->type(text); }
     void escape() override { scripted->dismiss(); }
 };
 
@@ -47,6 +50,9 @@ struct QtDesk : Desk {
             if (each->text() == QLatin1StringView(titles[button])) return each->click();
         if (button == 0) shownBox()->buttons().at(0)->click();
     }
+    void type(const QString& text) override {
+        if (auto* field = shownBox()->findChild<QLineEdit*>()) field->setText(text);
+    }
     void escape() override { shownBox()->close(); }
 };
 
@@ -57,12 +63,15 @@ const Candidate<Desk> candidates[] = {
 
 struct Outcome {
     std::optional<int> button;
+    QString text;
     bool isCancelled = false;
 };
 
-Task<> await(Task<int> task, Outcome* outcome) {
+Task<> await(Task<AlertAnswer> task, Outcome* outcome) {
     try {
-        outcome->button = co_await task;
+        const AlertAnswer answer = co_await task;
+        outcome->text = answer.text;
+        outcome->button = answer.button;
     } catch (const Cancelled&) {
         outcome->isCancelled = true;
     }
@@ -70,11 +79,13 @@ Task<> await(Task<int> task, Outcome* outcome) {
 
 class AlertsContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
-    void ask(QStringList buttons, std::stop_token stop = {}) {
+    void ask(QStringList buttons, std::stop_token stop = {},
+             std::optional<AlertTextField> field = std::nullopt) {
         outcome_ = {};
-        await(desk_->alerts()->show({AlertStyle::critical, QStringLiteral("Burn <it>?"),
-                                     QStringLiteral("There is\nno way back."), std::move(buttons)},
-                                    std::move(stop)),
+        await(desk_->alerts()->ask(
+                  {AlertStyle::critical, QStringLiteral("Burn <it>?"),
+                   QStringLiteral("There is\nno way back."), std::move(buttons), std::move(field)},
+                  std::move(stop)),
               &outcome_);
         EXPECT_TRUE(waitUntil([this] { return desk_->isPending(); }));
     }
@@ -108,6 +119,24 @@ TEST_P(AlertsContract, TellWhichButtonWasPressed) {
     EXPECT_EQ(answer(), 0);
 }
 
+TEST_P(AlertsContract, GiveBackWhatTheirTextFieldHolds) {
+    const AlertTextField field{QStringLiteral("start & go"), QStringLiteral("example")};
+    ask(three_, {}, field);
+    desk_->choose(0);
+    EXPECT_EQ(answer(), 0);
+    EXPECT_EQ(outcome_.text, field.text) << "as it was, where nothing was typed";
+    ask(three_, {}, field);
+    desk_->type(QStringLiteral("<other>"));
+    desk_->choose(1);
+    EXPECT_EQ(answer(), 1);
+    EXPECT_EQ(outcome_.text, QStringLiteral("<other>"));
+    ask(three_);
+    desk_->type(QStringLiteral("no field"));
+    desk_->choose(0);
+    EXPECT_EQ(answer(), 0);
+    EXPECT_EQ(outcome_.text, QString());
+}
+
 TEST_P(AlertsContract, CloseOnAStop) {
     std::stop_source stop;
     ask(three_, stop.get_token());
@@ -129,11 +158,11 @@ TEST(QtAlerts, SayWhatTheyAreAsked) {
     const WindowManager manager;
     QtAlerts alerts;
     Outcome outcome;
-    await(alerts.show({AlertStyle::warning,
-                       QStringLiteral("A < B"),
-                       QStringLiteral("Why & how"),
-                       {QStringLiteral("Yes"), QStringLiteral("No")}},
-                      {}),
+    await(alerts.ask({AlertStyle::warning,
+                      QStringLiteral("A < B"),
+                      QStringLiteral("Why & how"),
+                      {QStringLiteral("Yes"), QStringLiteral("No")}},
+                     {}),
           &outcome);
     EXPECT_TRUE(waitUntil([] { return shownBox()->isActiveWindow(); }));
     const QMessageBox* box = shownBox();
@@ -145,6 +174,32 @@ TEST(QtAlerts, SayWhatTheyAreAsked) {
     EXPECT_EQ(box->defaultButton()->text(), QStringLiteral("Yes"));
     box->defaultButton()->click();
     EXPECT_TRUE(waitUntil([&] { return outcome.button == 0; }));
+}
+
+TEST(QtAlerts, TakeTypingAtOnce) {
+    const WindowManager manager;
+    QtAlerts alerts;
+    Outcome outcome;
+    await(alerts.ask({AlertStyle::informational,
+                      QStringLiteral("Where?"),
+                      QStringLiteral("Name a place:"),
+                      {QStringLiteral("Go"), QStringLiteral("Cancel")},
+                      AlertTextField{QStringLiteral("here"), QStringLiteral("example")}},
+                     {}),
+          &outcome);
+    EXPECT_TRUE(waitUntil([] { return shownBox()->isActiveWindow(); }));
+    const auto* field = shownBox()->findChild<QLineEdit*>();
+    const auto* text =
+        shownBox()->findChild<QWidget*>(QStringLiteral("qt_msgbox_informativelabel"));
+    EXPECT_EQ(field->placeholderText(), QStringLiteral("example"));
+    EXPECT_GE(field->y(), text->geometry().bottom());
+    EXPECT_LE(field->geometry().bottom(), shownBox()->buttons().at(0)->parentWidget()->y());
+    // Over the text that it starts with, and Return takes the first button.
+    QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("type"), QStringLiteral("--delay"),
+                                                  QStringLiteral("20"), QStringLiteral("there")});
+    QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Return")});
+    EXPECT_TRUE(waitUntil([&] { return outcome.button == 0; }));
+    EXPECT_EQ(outcome.text, QStringLiteral("there"));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace kestrio {
 
 /// Alerts that a test answers: at once with `choice` where it is set, and otherwise by answer(),
-/// which goes to the latest one.
+/// which goes to the latest one. Text fields keep what they start with until type() changes it.
 class ScriptedAlerts : public Alerts {
   public:
     std::vector<AlertRequest> requests;
@@ -27,7 +27,12 @@ class ScriptedAlerts : public Alerts {
         if (!isPending()) return;
         const Open latest = open_->back();
         open_->pop_back();
-        latest.done.succeed(button);
+        latest.done.succeed({button, latest.text});
+    }
+
+    /// The user replaces what is in the text field of the latest one, where it has one.
+    void type(const QString& text) {
+        if (isPending() && requests.at(open_->back().number).textField) open_->back().text = text;
     }
 
     /// The user presses Escape.
@@ -35,13 +40,14 @@ class ScriptedAlerts : public Alerts {
         if (isPending()) answer(open_->back().lastButton);
     }
 
-    Task<int> show(AlertRequest request, std::stop_token stop) override {
+    Task<AlertAnswer> ask(AlertRequest request, std::stop_token stop) override {
         const int lastButton = std::max(static_cast<int>(request.buttons.size()) - 1, 0);
         const auto number = requests.size();
+        const QString text = request.textField ? request.textField->text : QString();
         requests.push_back(std::move(request));
-        const Completion<int> answered(std::move(stop));
+        const Completion<AlertAnswer> answered(std::move(stop));
         const auto open = open_;  // the double may be gone once this goes on
-        open->push_back({number, answered, lastButton});
+        open->push_back({number, answered, lastButton, text});
         if (choice) answer(*choice);
         const auto close = qScopeGuard([open, number] {
             std::erase_if(*open, [number](const Open& each) { return each.number == number; });
@@ -52,8 +58,9 @@ class ScriptedAlerts : public Alerts {
   private:
     struct Open {
         std::size_t number;
-        Completion<int> done;
+        Completion<AlertAnswer> done;
         int lastButton;
+        QString text;
     };
 
     std::shared_ptr<std::vector<Open>> open_ = std::make_shared<std::vector<Open>>();

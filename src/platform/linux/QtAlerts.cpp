@@ -3,6 +3,9 @@
 #include "core/Localisation.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -14,6 +17,7 @@ namespace {
 
 // In points. Qt lets texts break after a few words otherwise.
 constexpr int leastTextWidth = 320;
+constexpr int fieldWidth = 300;
 constexpr int iconSide = 48;
 
 QMessageBox::Icon iconOf(AlertStyle style) {
@@ -64,9 +68,27 @@ QList<QAbstractButton*> addButtons(QMessageBox* box, const AlertRequest& request
     return buttons;
 }
 
+/// Below the text and above the buttons, for which message boxes know no way.
+QLineEdit* addTextField(QMessageBox* box, const AlertRequest& request) {
+    auto* field = new QLineEdit(request.textField->text);
+    field->setPlaceholderText(request.textField->placeholder);
+    field->setAccessibleName(request.title);
+    field->setMinimumWidth(fieldWidth);
+    field->selectAll();
+    auto* grid = qobject_cast<QGridLayout*>(box->layout());
+    auto* text = box->findChild<QWidget*>(QStringLiteral("qt_msgbox_informativelabel"));
+    auto* buttons = box->findChild<QDialogButtonBox*>();
+    int row = 0, column = 0, rows = 1, columns = 1;
+    grid->getItemPosition(grid->indexOf(text), &row, &column, &rows, &columns);
+    grid->removeWidget(buttons);
+    grid->addWidget(field, row + rows, column, 1, columns);
+    grid->addWidget(buttons, row + rows + 1, 0, 1, grid->columnCount());
+    return field;
+}
+
 }  // namespace
 
-Task<int> QtAlerts::show(AlertRequest request, std::stop_token stop) {
+Task<AlertAnswer> QtAlerts::ask(AlertRequest request, std::stop_token stop) {
     const QPointer box(makeBox(request));
     const auto cleanup = qScopeGuard([box] {
         if (!box) return;
@@ -74,17 +96,23 @@ Task<int> QtAlerts::show(AlertRequest request, std::stop_token stop) {
         box->deleteLater();
     });
     const QList<QAbstractButton*> buttons = addButtons(box, request);
+    QLineEdit* const field = request.textField ? addTextField(box, request) : nullptr;
     const int lastButton = static_cast<int>(buttons.size()) - 1;
-    const Completion<int> done(std::move(stop));
-    QObject::connect(box, &QMessageBox::finished, box, [box, buttons, done, lastButton] {
+    const Completion<AlertAnswer> done(std::move(stop));
+    QObject::connect(box, &QMessageBox::finished, box, [box, buttons, field, done, lastButton] {
         const auto index = buttons.indexOf(box->clickedButton());
-        done.succeed(index < 0 ? lastButton : static_cast<int>(index));
+        done.succeed(
+            {index < 0 ? lastButton : static_cast<int>(index), field ? field->text() : QString()});
     });
-    QObject::connect(box, &QObject::destroyed, [done, lastButton] { done.succeed(lastButton); });
+    QObject::connect(box, &QObject::destroyed, [done, lastButton] {
+        done.succeed({lastButton, {}});
+    });
     QObject::connect(&lifetime_, &QObject::destroyed, box, &QDialog::reject);
     box->show();
     box->raise();
     box->activateWindow();
+    // Only now: until it is shown, the first button takes the focus.
+    if (field) field->setFocus();
     co_return co_await done;
 }
 

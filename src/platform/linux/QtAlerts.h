@@ -9,7 +9,7 @@ namespace kestrio {
 /// Alerts through QMessageBox. Needs a QApplication.
 class QtAlerts : public Alerts {
   public:
-    Task<int> show(AlertRequest request, std::stop_token stop) override;
+    Task<AlertAnswer> ask(AlertRequest request, std::stop_token stop) override;
 
   private:
     QObject lifetime_;  // open alerts go when it goes
