@@ -1,11 +1,14 @@
 #pragma once
 
+#include "core/Published.h"
+#include "platform/VirtualKeys.h"
+
 #include <QIcon>
+#include <QObject>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
-
-#include "platform/VirtualKeys.h"
 
 namespace kestrio {
 
@@ -18,11 +21,31 @@ struct StatusMenuEntry {
     QString toolTip;
     bool isEnabled = true;
     std::vector<StatusMenuEntry> entries;
+    QString icon = {};  ///< name of one in assets/icons; none where empty
 
     bool isSeparator() const { return title.isEmpty(); }
 };
 
 using StatusMenu = std::vector<StatusMenuEntry>;
+
+/// What the status item shows, and what the program changes while it is shown. Main thread only.
+class StatusItemModel : public QObject {
+    Q_OBJECT
+    PUBLISHED_WRITABLE(QIcon, icon, {})
+    PUBLISHED_WRITABLE(QString, toolTip, {})
+
+  public:
+    /// `menu` gives the entries as they are now.
+    explicit StatusItemModel(std::function<StatusMenu()> menu) : menu_(std::move(menu)) {}
+
+    StatusMenu menu() const { return menu_(); }
+    /// The entries have become others, which counts for a menu that is open. Each menu that opens
+    /// asks for them anyhow.
+    Q_SIGNAL void menuChanged();
+
+  private:
+    std::function<StatusMenu()> menu_;
+};
 
 /// The program's icon in the desktop's tray. Main thread only.
 class StatusItem {
@@ -31,11 +54,9 @@ class StatusItem {
 
     /// Whether the desktop has a tray now. One that comes later gets the icon then.
     virtual bool isAvailable() const = 0;
-    /// Shows the icon. `menu` is asked again each time the menu opens; actions run after the menu
-    /// has left the screen.
-    virtual void show(const QIcon& icon, const QString& toolTip,
-                      std::function<StatusMenu()> menu) = 0;
-    virtual void setIcon(const QIcon& icon, const QString& toolTip) = 0;
+    /// Shows what the model holds and follows it from then on. Actions run after the menu has left
+    /// the screen.
+    virtual void show(std::shared_ptr<StatusItemModel> model) = 0;
 };
 
 }  // namespace kestrio

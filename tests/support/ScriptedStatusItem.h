@@ -8,29 +8,40 @@ namespace kestrio {
 class ScriptedStatusItem : public StatusItem {
   public:
     bool hasTray = true;
-    bool isShown = false;
-    QIcon icon;
-    QString toolTip;
 
     bool isAvailable() const override { return hasTray; }
 
-    void show(const QIcon& shownIcon, const QString& shownToolTip,
-              std::function<StatusMenu()> menu) override {
-        isShown = true;
-        menu_ = std::move(menu);
-        setIcon(shownIcon, shownToolTip);
+    void show(std::shared_ptr<StatusItemModel> model) override {
+        model_ = std::move(model);
+        following_ = std::make_unique<QObject>();
+        QObject::connect(model_.get(), &StatusItemModel::menuChanged, following_.get(), [this] {
+            if (isOpen_) menu_ = model_->menu();
+        });
     }
 
-    void setIcon(const QIcon& shownIcon, const QString& shownToolTip) override {
-        icon = shownIcon;
-        toolTip = shownToolTip;
-    }
+    bool isShown() const { return model_ != nullptr; }
+    QIcon icon() const { return model_ ? model_->icon() : QIcon(); }
+    QString toolTip() const { return model_ ? model_->toolTip() : QString(); }
 
-    /// The menu as the program builds it now; empty before show().
-    StatusMenu openMenu() const { return menu_ ? menu_() : StatusMenu(); }
+    /// Opens the menu; it is empty before show().
+    void openMenu() {
+        isOpen_ = true;
+        menu_ = model_ ? model_->menu() : StatusMenu();
+    }
+    /// What it shows.
+    const StatusMenu& menu() const { return menu_; }
+    /// Chooses the entry of this index, which closes the menu first.
+    void choose(std::size_t index) {
+        isOpen_ = false;
+        const StatusMenuEntry chosen = std::exchange(menu_, {}).at(index);
+        if (chosen.isEnabled && chosen.action) chosen.action();
+    }
 
   private:
-    std::function<StatusMenu()> menu_;
+    std::shared_ptr<StatusItemModel> model_;
+    std::unique_ptr<QObject> following_;
+    StatusMenu menu_;
+    bool isOpen_ = false;
 };
 
 }  // namespace kestrio

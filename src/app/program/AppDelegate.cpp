@@ -92,23 +92,22 @@ void AppDelegate::giveBackMemoryWhenIdle() {
 }
 
 void AppDelegate::showStatusItem() {
-    parts_.platform.statusItem->show(
-        idleStatusBarIcon(), QStringLiteral("Kestrio"),
+    statusItem_ = std::make_shared<StatusItemModel>(
         [settings = parts_.settings, actions = menuActions(), captures = parts_.captures] {
             return captureMenu(settings->load(), actions, captures->countdownRemaining());
         });
+    followCountdown();
     connect(parts_.captures.get(), &CaptureCoordinator::countdownRemainingChanged, this,
-            &AppDelegate::showCountdown);
+            &AppDelegate::followCountdown);
+    parts_.platform.statusItem->show(statusItem_);
 }
 
-void AppDelegate::showCountdown() {
+void AppDelegate::followCountdown() {
     const int seconds = parts_.captures->countdownRemaining();
-    if (seconds > 0) {
-        parts_.platform.statusItem->setIcon(countdownIcon(seconds),
-                                            Kestrio::tr("Kestrio captures in %1s").arg(seconds));
-    } else {
-        parts_.platform.statusItem->setIcon(idleStatusBarIcon(), QStringLiteral("Kestrio"));
-    }
+    statusItem_->set_icon(seconds > 0 ? countdownIcon(seconds) : idleStatusBarIcon());
+    statusItem_->set_toolTip(seconds > 0 ? Kestrio::tr("Kestrio captures in %1s").arg(seconds)
+                                         : QStringLiteral("Kestrio"));
+    Q_EMIT statusItem_->menuChanged();
 }
 
 StatusMenuActions AppDelegate::menuActions() {

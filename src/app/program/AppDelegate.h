@@ -34,7 +34,7 @@ class AppDelegate : public QObject {
     void bindHotkeys();
     void bindShortcuts();
     void showStatusItem();
-    void showCountdown();
+    void followCountdown();
     void watchForTray();
     Task<> explainHowToReach();
     void giveBackMemoryWhenIdle();
@@ -53,6 +53,7 @@ class AppDelegate : public QObject {
     InstanceServer server_;
     InstanceBus bus_;
     QTimer idle_;
+    std::shared_ptr<StatusItemModel> statusItem_;
 };
 
 }  // namespace kestrio

@@ -1,10 +1,10 @@
 #include "capture/region/CaptureToolbarPainter.h"
 
 #include "capture/overlay/OverlayLabel.h"
+#include "imaging/SymbolImage.h"
 #include "imaging/text/SystemFont.h"
 #include "ui/Palette.h"
 
-#include <QImageReader>
 #include <QPainter>
 
 namespace kestrio {
@@ -24,17 +24,6 @@ OverlayLabel toolTipLabel(const CaptureToolbar& toolbar, const ToolbarLook& look
             systemFont(toolTipSize, QFont::Normal), 8, 4, 6};
 }
 
-QImage tinted(const QString& name, QColor color, int pixels) {
-    QImageReader reader(QStringLiteral(":/kestrio/icons/%1.svg").arg(name));
-    reader.setScaledSize({pixels, pixels});
-    QImage icon = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    if (icon.isNull()) return icon;
-    QPainter painter(&icon);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(icon.rect(), color);
-    return icon;
-}
-
 void paintSwatch(QPainter& painter, QPointF center, const CodableColor& color, bool isChosen,
                  bool isHovered, const Palette& colors) {
     if (isChosen || isHovered) {
@@ -52,7 +41,7 @@ void paintSwatch(QPainter& painter, QPointF center, const CodableColor& color, b
 const QImage& CaptureToolbarPainter::icon(const QString& name, QColor color, double scale) {
     QImage& icon = icons_[name + color.name() + QString::number(scale)];
     if (icon.isNull()) {
-        icon = tinted(name, color, qRound(iconSide * scale));
+        icon = symbolImage(name, color, qRound(iconSide * scale));
         icon.setDevicePixelRatio(scale);
     }
     return icon;

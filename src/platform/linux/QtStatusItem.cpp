@@ -43,10 +43,18 @@ bool QtStatusItem::isAvailable() const {
     return icon_ ? QSystemTrayIcon::isSystemTrayAvailable() : hasXTray();
 }
 
-void QtStatusItem::show(const QIcon& icon, const QString& toolTip,
-                        std::function<StatusMenu()> menu) {
-    entries_ = std::move(menu);
-    setIcon(icon, toolTip);
+void QtStatusItem::show(std::shared_ptr<StatusItemModel> model) {
+    if (model_) model_->disconnect(&waiting_);
+    model_ = std::move(model);
+    const auto follow = [this](auto signal, void (QtStatusItem::*update)()) {
+        // The timer stands for this object, which is none that can be connected to.
+        QObject::connect(model_.get(), signal, &waiting_, [this, update] {
+            if (icon_) (this->*update)();
+        });
+    };
+    follow(&StatusItemModel::iconChanged, &QtStatusItem::updateIcon);
+    follow(&StatusItemModel::toolTipChanged, &QtStatusItem::updateIcon);
+    follow(&StatusItemModel::menuChanged, &QtStatusItem::rebuild);
     tryToShow();
 }
 
@@ -92,19 +100,16 @@ void QtStatusItem::make() {
                          if (reason == QSystemTrayIcon::Trigger) menu_->popup(QCursor::pos());
                      });
     icon_->setContextMenu(menu_.get());
-    setIcon(picture_, toolTip_);
+    updateIcon();
 }
 
-void QtStatusItem::setIcon(const QIcon& icon, const QString& toolTip) {
-    picture_ = icon;
-    toolTip_ = toolTip;
-    if (!icon_) return;
-    icon_->setIcon(icon);
-    icon_->setToolTip(toolTip);
+void QtStatusItem::updateIcon() {
+    icon_->setIcon(model_->icon());
+    icon_->setToolTip(model_->toolTip());
 }
 
 void QtStatusItem::rebuild() {
-    if (entries_) fillMenu(*menu_, entries_());
+    fillMenu(*menu_, model_->menu());
 }
 
 }  // namespace kestrio

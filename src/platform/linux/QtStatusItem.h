@@ -21,8 +21,7 @@ class QtStatusItem : public StatusItem {
     explicit QtStatusItem(std::shared_ptr<XcbConnection> xServer);
 
     bool isAvailable() const override;
-    void show(const QIcon& icon, const QString& toolTip, std::function<StatusMenu()> menu) override;
-    void setIcon(const QIcon& icon, const QString& toolTip) override;
+    void show(std::shared_ptr<StatusItemModel> model) override;
 
   private:
     bool hasXTray() const;
@@ -31,12 +30,11 @@ class QtStatusItem : public StatusItem {
     void tryLater();
     void reveal();
     void make();
+    void updateIcon();
     void rebuild();
 
     std::shared_ptr<XcbConnection> xServer_;
-    std::function<StatusMenu()> entries_;
-    QIcon picture_;
-    QString toolTip_;
+    std::shared_ptr<StatusItemModel> model_;
     QTimer waiting_;
     std::unique_ptr<QDBusPendingCallWatcher> answer_;
     std::chrono::milliseconds nextWait_;

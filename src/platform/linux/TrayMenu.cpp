@@ -1,5 +1,7 @@
 #include "platform/linux/TrayMenu.h"
 
+#include "imaging/SymbolImage.h"
+
 #include <QCoreApplication>
 #include <QMenu>
 #include <QTimer>
@@ -11,20 +13,39 @@ namespace {
 
 // A compositing manager may still show the menu in the frame after the one in which it was closed.
 constexpr std::chrono::milliseconds leavingTime{80};
+constexpr int iconSide = 16;  // points
 
 bool isOfKind(const QAction* action, const StatusMenuEntry& entry) {
     return action->isSeparator() == entry.isSeparator() &&
            (action->menu() != nullptr) == !entry.entries.empty();
 }
 
-void addAction(QMenu& menu, const StatusMenuEntry& entry) {
-    if (entry.isSeparator()) {
-        menu.addSeparator();
-    } else if (entry.entries.empty()) {
-        menu.addAction(QString());
-    } else {
-        menu.addMenu(QString());
+void insertAction(QMenu& menu, QAction* before, const StatusMenuEntry& entry) {
+    auto* action = new QAction(&menu);
+    action->setSeparator(entry.isSeparator());
+    if (!entry.entries.empty()) action->setMenu(new QMenu(&menu));
+    menu.insertAction(before, action);
+}
+
+void discard(QAction* action) {
+    // It may be the one that is open, or whose key is being handled.
+    if (QMenu* inner = action->menu()) {
+        inner->close();
+        inner->deleteLater();
     }
+    action->deleteLater();
+}
+
+QIcon iconOf(const QMenu& menu, const QString& name) {
+    QIcon icon;
+    if (name.isEmpty()) return icon;
+    const QColor color = menu.palette().color(QPalette::WindowText);
+    for (const int scale : {1, 2}) {
+        QImage image = symbolImage(name, color, iconSide * scale);
+        image.setDevicePixelRatio(scale);
+        icon.addPixmap(QPixmap::fromImage(std::move(image)));
+    }
+    return icon;
 }
 
 QString textOf(const StatusMenuEntry& entry) {
@@ -36,9 +57,10 @@ QString textOf(const StatusMenuEntry& entry) {
     return text;
 }
 
-void showEntry(QAction& action, const StatusMenuEntry& entry) {
+void showEntry(const QMenu& menu, QAction& action, const StatusMenuEntry& entry) {
     if (entry.isSeparator()) return;
     action.setText(textOf(entry));
+    action.setIcon(iconOf(menu, entry.icon));
     action.setToolTip(entry.toolTip);
     action.setEnabled(entry.isEnabled);
     if (action.menu()) {
@@ -57,16 +79,22 @@ void showEntry(QAction& action, const StatusMenuEntry& entry) {
 void fillMenu(QMenu& menu, const StatusMenu& entries) {
     menu.setToolTipsVisible(true);
     const QList<QAction*> before = menu.actions();
-    if (!std::equal(before.begin(), before.end(), entries.begin(), entries.end(), isOfKind)) {
-        // Submenus belong to the menu and do not go with its actions.
-        qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-        menu.clear();
-        for (const StatusMenuEntry& entry : entries)
-            addAction(menu, entry);
+    const auto [firstOld, firstNew] =
+        std::mismatch(before.begin(), before.end(), entries.begin(), entries.end(), isOfKind);
+    // What follows upon the difference is compared from the end, so that it keeps its place.
+    const auto [lastOld, lastNew] =
+        std::mismatch(before.rbegin(), std::make_reverse_iterator(firstOld), entries.rbegin(),
+                      std::make_reverse_iterator(firstNew), isOfKind);
+    QAction* const next = lastOld == before.rbegin() ? nullptr : *std::prev(lastOld);
+    for (auto old = firstOld; old != lastOld.base(); ++old) {
+        menu.removeAction(*old);
+        discard(*old);
     }
+    for (auto added = firstNew; added != lastNew.base(); ++added)
+        insertAction(menu, next, *added);
     const QList<QAction*> actions = menu.actions();
     for (std::size_t i = 0; i < entries.size(); ++i)
-        showEntry(*actions[static_cast<qsizetype>(i)], entries[i]);
+        showEntry(menu, *actions[static_cast<qsizetype>(i)], entries[i]);
 }
 
 }  // namespace kestrio
