@@ -1,13 +1,10 @@
 #pragma once
 
-#include "annotation/editing/AnnotationTool.h"
-#include "capture/CaptureAction.h"
+#include "capture/RegionChoice.h"
 #include "core/Task.h"
 #include "imaging/Image.h"
 
 #include <functional>
-#include <optional>
-#include <vector>
 
 namespace kestrio {
 
@@ -25,10 +22,7 @@ struct RegionSelectionOptions {
 struct RegionCaptureResult {
     QRectF rect;
     Image image;
-    std::vector<AnyAnnotation> annotations;
-    CaptureAction action = CaptureAction::edit;
-    std::optional<AnnotationTool> initialTool;
-    std::optional<CodableColor> toolColor;  ///< that the tools start with, where one was chosen
+    RegionChoice choice;
 };
 
 /// Lets the user choose a part of the display under the pointer. Main thread only.

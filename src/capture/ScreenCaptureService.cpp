@@ -27,17 +27,15 @@ Task<RegionCaptureOutcome> outcomeOf(Dependencies with, RegionCaptureResult resu
     outcome.capturedImage.captureRect = result.rect;
     if (!result.image.isNull()) {
         outcome.capturedImage.image = std::move(result.image);
-        outcome.annotations = std::move(result.annotations);
-        outcome.initialTool = result.initialTool;
-        outcome.toolColor = result.toolColor;
+        outcome.choice = std::move(result.choice);
     } else {
+        outcome.choice.action = result.choice.action;
         const auto leaving = sleepFor(overlayLeaves, stop);
         co_await leaving;
         if (result.rect.isEmpty()) throw CaptureError(CaptureError::Case::invalidRegion);
         auto capturing = with.snapshots->capture(result.rect, stop);
         outcome.capturedImage.image = co_await capturing;
     }
-    outcome.action = result.action;
     outcome.capturedImage.captureDate = QDateTime::currentDateTime();
     co_return outcome;
 }

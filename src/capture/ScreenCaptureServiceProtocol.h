@@ -1,23 +1,15 @@
 #pragma once
 
-#include "annotation/editing/AnnotationTool.h"
-#include "annotation/model/AnyAnnotation.h"
-#include "capture/CaptureAction.h"
+#include "capture/RegionChoice.h"
 #include "core/Task.h"
 #include "imaging/CapturedImage.h"
-
-#include <optional>
-#include <vector>
 
 namespace kestrio {
 
 /// What a region capture yields.
 struct RegionCaptureOutcome {
     CapturedImage capturedImage;
-    std::vector<AnyAnnotation> annotations;
-    CaptureAction action = CaptureAction::edit;
-    std::optional<AnnotationTool> initialTool;
-    std::optional<CodableColor> toolColor;  ///< that the tools start with, where one was chosen
+    RegionChoice choice;
 };
 
 /// Lets the user choose what to capture and captures it. Main thread only. Both throw CaptureError;

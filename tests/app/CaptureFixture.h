@@ -119,7 +119,7 @@ struct CaptureFixture : testing::Test {
         RegionCaptureOutcome made;
         made.capturedImage = {Image(bitmap, 2), QRectF(5, 6, 20, 15),
                               QDateTime(QDate(2026, 5, 4), QTime(3, 2, 1))};
-        made.action = action;
+        made.choice.action = action;
         return made;
     }
 

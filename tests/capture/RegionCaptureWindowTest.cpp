@@ -147,8 +147,8 @@ TEST_F(RegionCaptureWindowTest, DeliversThePixelsAndTheChosenColour) {
     key(Qt::Key_Escape);
     ASSERT_EQ(endings, 1);
     ASSERT_TRUE(result);
-    EXPECT_EQ(result->initialTool, AnnotationTool::rectangle);
-    EXPECT_EQ(result->toolColor, quickColors[4]);
+    EXPECT_EQ(result->choice.tool, AnnotationTool::rectangle);
+    EXPECT_EQ(result->choice.toolColor, quickColors[4]);
     EXPECT_TRUE(result->image.bitmap().convertToFormat(QImage::Format_RGB32) ==
                 picture.copy(pixels(QRectF(100, 80, 200, 160))));
 }

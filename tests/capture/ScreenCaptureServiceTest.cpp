@@ -110,7 +110,7 @@ struct ScreenCaptureServiceTest : testing::Test {
         RegionCaptureResult result;
         result.rect = {10, 20, 20, 10};
         result.image = ScriptedSnapshots::picture();
-        result.action = CaptureAction::pin;
+        result.choice.action = CaptureAction::pin;
         return result;
     }
 
@@ -125,17 +125,17 @@ TEST_F(ScreenCaptureServiceTest, WhatWasFrozenIsDelivered) {
     const RegionCaptureOutcome outcome = runUntilDone(std::move(capturing));
     EXPECT_EQ(outcome.capturedImage.image.bitmap(), ScriptedSnapshots::picture().bitmap());
     EXPECT_EQ(outcome.capturedImage.captureRect, QRectF(10, 20, 20, 10));
-    EXPECT_EQ(outcome.action, CaptureAction::pin);
+    EXPECT_EQ(outcome.choice.action, CaptureAction::pin);
     EXPECT_TRUE(snapshots->rects.empty());
 }
 
 TEST_F(ScreenCaptureServiceTest, WithoutAPictureTheScreenIsCapturedNow) {
     auto capturing = service->startRegionCapture({});
-    selector->answer({QRectF(5, 5, 40, 30), {}, {}, CaptureAction::copy, {}});
+    selector->answer({QRectF(5, 5, 40, 30), {}, {CaptureAction::copy}});
     runUntilDone(std::move(capturing));
     EXPECT_EQ(snapshots->rects, std::vector<QRectF>({QRectF(5, 5, 40, 30)}));
     auto empty = service->startRegionCapture({});
-    selector->answer({QRectF(5, 5, 0, 30), {}, {}, CaptureAction::copy, {}});
+    selector->answer({QRectF(5, 5, 0, 30), {}, {CaptureAction::copy}});
     EXPECT_EQ(failureOf(std::move(empty)), ErrorCase::invalidRegion);
 }
 
@@ -205,7 +205,7 @@ TEST_F(ScreenCaptureServiceTest, EachInputGivesTheWholeTimeAgain) {
     service = make();
     auto capturing = service->startRegionCapture({});
     const auto working = adjustAndChoose();
-    EXPECT_EQ(runUntilDone(std::move(capturing)).action, CaptureAction::pin)
+    EXPECT_EQ(runUntilDone(std::move(capturing)).choice.action, CaptureAction::pin)
         << "after more than twice the limit";
     auto picking = service->startWindowCapture({});
     picker->onInput();

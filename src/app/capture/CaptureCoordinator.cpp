@@ -161,8 +161,8 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         RegionCaptureOutcome outcome = co_await acquiring;
         if (!self) throw goneError();
         isUserChoosing_ = false;
-        if (request.action && outcome.action == CaptureAction::edit) {
-            outcome.action = *request.action;
+        if (request.action && outcome.choice.action == CaptureAction::edit) {
+            outcome.choice.action = *request.action;
         }
         // A disk that hangs must not hold up the next capture.
         QTimer::singleShot(storageGrace, this, [this, turn] { endTurn(turn); });
@@ -213,16 +213,16 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
     const QPointer<CaptureCoordinator> self(this);
     const Image image = outcome.capturedImage.image;
     CaptureReport report;
-    report.action = outcome.action;
+    report.action = outcome.choice.action;
     if (!output.isEmpty()) {
         const ExportFormat format =
             formatNamed(QFileInfo(output).suffix()).value_or(ExportFormat::png);
         auto saving = collaborators_.exporter->saveImage(image, output, format, {});
         co_await saving;
         report.savedPath = output;
-        if (!self || outcome.action == CaptureAction::edit) co_return report;
+        if (!self || outcome.choice.action == CaptureAction::edit) co_return report;
     }
-    switch (outcome.action) {
+    switch (outcome.choice.action) {
         case CaptureAction::copy: {
             auto copying = copy(image);
             co_await copying;
@@ -270,12 +270,13 @@ void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const Q
     // Afterwards: an editor that is closed for it takes the picture before with it.
     collaborators_.editors->open(outcome.capturedImage, name);
     set_lastCapturedImage(outcome.capturedImage);
-    if (outcome.annotations.empty() && !outcome.initialTool && !outcome.toolColor) return;
+    if (outcome.choice.annotations.empty() && !outcome.choice.tool && !outcome.choice.toolColor)
+        return;
     // Once the window is up.
     QMetaObject::invokeMethod(
         this,
-        [editors = collaborators_.editors, annotations = outcome.annotations,
-         tool = outcome.initialTool, color = outcome.toolColor] {
+        [editors = collaborators_.editors, annotations = outcome.choice.annotations,
+         tool = outcome.choice.tool, color = outcome.choice.toolColor] {
             if (EditorViewModel* editor = editors->currentEditorViewModel()) {
                 editor->startAnnotating(annotations, tool, color);
             }

@@ -319,9 +319,7 @@ void RegionCaptureWindow::end(CaptureAction action, std::optional<AnnotationTool
     RegionCaptureResult result;
     result.rect = selection_.selection().translated(bounds_.topLeft());
     result.image = crop();
-    result.action = action;
-    result.initialTool = tool;
-    result.toolColor = toolColor_;
+    result.choice = {action, {}, tool, toolColor_};
     ending(std::move(result));
 }
 
