@@ -1,12 +1,13 @@
 #include "editor/views/MagnifierItem.h"
 
-#include <QPainterPath>
+#include "ui/Lens.h"
 
 namespace kestrio {
 
 namespace {
 
-constexpr int radius = 6;  // pixels around the middle one
+constexpr int radius = 6;       // pixels around the middle one
+constexpr double ringRoom = 2;  // points
 
 }  // namespace
 
@@ -25,23 +26,10 @@ void MagnifierItem::paint(QPainter* painter) {
     EditorViewModel& editor = controller_->editor();
     const QImage pixels = ColorPickerService().pixelsAround(
         editor.screenshot(), editor.colorPickerVM().cursorPosition(), radius);
-    const QRectF whole(QPointF(), size());
-    QPainterPath lens;
-    lens.addEllipse(whole.adjusted(2, 2, -2, -2));
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->save();
-    painter->setClipPath(lens);
-    painter->fillRect(whole, QColor(0x2a, 0x2a, 0x2e));
-    if (!pixels.isNull()) painter->drawImage(whole, pixels);
-    const double side = width() / (2 * radius + 1);
-    const QRectF middle(radius * side, radius * side, side, side);
-    painter->setPen(QPen(Qt::black, 3));
-    painter->drawRect(middle);
-    painter->setPen(QPen(Qt::white, 1.5));
-    painter->drawRect(middle);
-    painter->restore();
-    painter->setPen(QPen(QColor(255, 255, 255, 230), 3));
-    painter->drawPath(lens);
+    const Lens lens{QRectF(QPointF(), size()).adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom),
+                    width() / (2 * radius + 1), false};
+    lens.paint(*painter, pixels, {radius, radius});
 }
 
 }  // namespace kestrio
