@@ -3,6 +3,7 @@
 #include "capture/overlay/OverlayLabel.h"
 #include "capture/region/Magnifier.h"
 #include "capture/region/OverlayLayout.h"
+#include "capture/region/SelectionKeys.h"
 #include "capture/region/SelectionPainter.h"
 #include "imaging/text/SystemFont.h"
 
@@ -228,55 +229,13 @@ bool RegionCaptureWindow::takeKey(const QKeyEvent& event) {
 }
 
 bool RegionCaptureWindow::takeAdjustingKey(const QKeyEvent& event) {
-    const bool isControl = event.modifiers() & Qt::ControlModifier;
-    const double step = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
-    switch (event.key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            run(CaptureAction::edit);
-            return true;
-        case Qt::Key_Left:
-            moveByKey(event, {-step, 0});
-            return true;
-        case Qt::Key_Right:
-            moveByKey(event, {step, 0});
-            return true;
-        case Qt::Key_Up:
-            moveByKey(event, {0, -step});
-            return true;
-        case Qt::Key_Down:
-            moveByKey(event, {0, step});
-            return true;
-        case Qt::Key_C:
-            if (isControl) {
-                run(CaptureAction::copy);
-                return true;
-            }
-            break;
-        case Qt::Key_S:
-            if (isControl) {
-                run(CaptureAction::save);
-                return true;
-            }
-            break;
-        case Qt::Key_P:
-            if (isControl) {
-                run(CaptureAction::pin);
-                return true;
-            }
-            break;
-        default:
-            break;
-    }
-    if (isControl || event.text().size() != 1) return false;
-    if (const auto color = toolbar_.colorOfKey(event.text().front())) {
-        run(*color);
+    if (const auto step = stepOfKey(event)) {
+        moveByKey(event, *step);
         return true;
     }
-    const auto tool = annotationToolOfKey(event.text().front());
-    if (!tool || *tool == AnnotationTool::select) return false;
-    run(*tool);
-    return true;
+    const auto command = commandOfKey(event, toolbar_);
+    if (command) run(*command);
+    return command.has_value();
 }
 
 void RegionCaptureWindow::moveByKey(const QKeyEvent& event, QPointF step) {
