@@ -33,11 +33,10 @@ struct InstanceTest : CaptureFixture {
         return runUntilDone(client.ask(request, std::move(stop)));
     }
 
-    static InstanceRequest captureRequest() {
-        InstanceRequest request;
-        request.verb = InstanceVerb::capture;
-        request.action = CaptureAction::pin;
-        return request;
+    static CaptureVerb pinning() {
+        CaptureVerb verb;
+        verb.action = CaptureAction::pin;
+        return verb;
     }
 
     /// Once the capture is under way.
@@ -55,26 +54,52 @@ struct InstanceTest : CaptureFixture {
 
 TEST_F(InstanceTest, VerbsAreCarriedOutAndTheirOutcomeComesBack) {
     ASSERT_TRUE(server->listen(socket));
-    EXPECT_EQ(ask({}).status, 0);
+    EXPECT_EQ(ask(ActivateVerb()).status, 0);
     EXPECT_EQ(activations, 1);
 
     later([this] { service->finish(outcome(CaptureAction::edit)); });
-    EXPECT_EQ(ask(captureRequest()).status, 0);
+    EXPECT_EQ(ask(pinning()).status, 0);
     EXPECT_EQ(pins->pinned.size(), 1U);
 
     later([this] { service->fail(CaptureError::Case::cancelled); });
-    EXPECT_EQ(ask(captureRequest()).status, static_cast<int>(ExitStatus::cancelled));
+    EXPECT_EQ(ask(pinning()).status, static_cast<int>(ExitStatus::cancelled));
 
     later([this] { service->fail(CaptureError::Case::windowNotFound); });
-    const InstanceReply failed = ask(captureRequest());
+    const InstanceReply failed = ask(pinning());
     EXPECT_EQ(failed.status, static_cast<int>(ExitStatus::failed));
     EXPECT_EQ(failed.message, u"Target window not found");
     EXPECT_TRUE(alerts->requests.empty()) << "the command tells of it";
 }
 
+TEST_F(InstanceTest, EachVerbIsWrittenWithItsOwnFields) {
+    struct Row {
+        InstanceRequest request;
+        QByteArray line;
+    };
+    CaptureVerb capture = pinning();
+    capture.kind = CaptureKind::window;
+    capture.delay = 3;
+    capture.output = QStringLiteral("/a.png");
+    capture.isUnattended = true;
+    const Row rows[] = {
+        {ActivateVerb(), R"({"verb":"activate"})"},
+        {EditVerb{QStringLiteral("/a.png"), 2}, R"({"verb":"edit","file":"/a.png","density":2})"},
+        {capture,
+         R"({"verb":"capture","kind":"window","delay":3,"action":"pin","output":"/a.png","isUnattended":true})"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(encodeJsonText(row.request), row.line);
+        EXPECT_EQ(encodeJsonText(decodeJsonText<InstanceRequest>(row.line)), row.line);
+    }
+    // As the fields of all verbs were written together once.
+    const auto edit = decodeJsonText<InstanceRequest>(
+        R"({"verb":"edit","file":"","density":4,"kind":"region","delay":0,"isUnattended":false})");
+    EXPECT_EQ(std::get<EditVerb>(edit).density, 4);
+}
+
 TEST_F(InstanceTest, FailuresThatNobodyWouldReadAreToldOnTheDesktop) {
     ASSERT_TRUE(server->listen(socket));
-    InstanceRequest request = captureRequest();
+    CaptureVerb request = pinning();
     request.isUnattended = true;
     later([this] { service->fail(CaptureError::Case::captureTimeout); });
     ask(request);
@@ -83,8 +108,7 @@ TEST_F(InstanceTest, FailuresThatNobodyWouldReadAreToldOnTheDesktop) {
 
 TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {
     ASSERT_TRUE(server->listen(socket));
-    InstanceRequest request;
-    request.verb = InstanceVerb::edit;
+    EditVerb request;
     EXPECT_EQ(ask(request).status, static_cast<int>(ExitStatus::failed));
     pasteboard->readFailure = PasteboardError(PasteboardError::Case::notAnswering);
     EXPECT_EQ(ask(request).message, pasteboard->readFailure->errorDescription());
@@ -111,7 +135,7 @@ TEST_F(InstanceTest, ACommandThatIsInterruptedCancelsItsCapture) {
     ASSERT_TRUE(server->listen(socket));
     std::stop_source stop;
     later([&stop] { stop.request_stop(); });
-    EXPECT_THROW(ask(captureRequest(), stop.get_token()), Cancelled);
+    EXPECT_THROW(ask(pinning(), stop.get_token()), Cancelled);
     EXPECT_TRUE(waitForEnd());
     EXPECT_TRUE(pins->pinned.empty());
 }
@@ -119,7 +143,7 @@ TEST_F(InstanceTest, ACommandThatIsInterruptedCancelsItsCapture) {
 TEST_F(InstanceTest, AProgramThatEndsMeanwhileIsToldOf) {
     ASSERT_TRUE(server->listen(socket));
     later([this] { server.reset(); });
-    EXPECT_NE(ask(captureRequest()).status, 0);
+    EXPECT_NE(ask(pinning()).status, 0);
 }
 
 TEST_F(InstanceTest, GarbageIsAnsweredAndEndlessLinesAreCutOff) {
@@ -142,36 +166,41 @@ TEST_F(InstanceTest, ASocketThatACrashLeftBehindIsReplaced) {
     InstanceClient client;
     EXPECT_FALSE(client.connectTo(socket, std::chrono::milliseconds(0)));
     ASSERT_TRUE(server->listen(socket));
-    EXPECT_EQ(ask({}).status, 0);
+    EXPECT_EQ(ask(ActivateVerb()).status, 0);
 }
 
 TEST_F(InstanceTest, RequestsThatMakeNoSenseAreRefused) {
     ASSERT_TRUE(server->listen(socket));
     const QString picture = folder.filePath(QStringLiteral("x.png"));
-    const auto refused = [&](const QByteArray& fields) {
+    const auto refused = [&](const QByteArray& request) {
         QLocalSocket raw;
         raw.connectToServer(socket);
-        raw.write("{\"verb\":\"capture\",\"kind\":\"display\"," + fields + "}\n");
+        raw.write("{\"verb\":" + request + "}\n");
         EXPECT_TRUE(waitUntil([&] { return raw.state() == QLocalSocket::UnconnectedState; }));
         return raw.readAll().contains("\"status\":2");
     };
+    const QByteArray capture = R"("capture","kind":"display",)";
     const QByteArray rows[] = {
-        R"("output":"x.png")",
-        R"("output":"/tmp/x.txt")",
-        R"("output":"/tmp/x\u0000.png")",
-        R"("output":"/nowhere/at/all/x.png")",
-        R"("density":-1)",
-        R"("density":"two")",
-        R"("delay":-1)",
-        R"("delay":1e9)",
-        R"("kind":"everything")",
-        R"("action":"destroy")",
-        R"("output":["/tmp/x.png"])",
+        R"("destroy")",
+        R"(7)",
+        capture + R"("output":"x.png")",
+        capture + R"("output":"/tmp/x.txt")",
+        capture + R"("output":"/tmp/x\u0000.png")",
+        capture + R"("output":"/nowhere/at/all/x.png")",
+        R"("edit","density":-1)",
+        R"("edit","density":"two")",
+        R"("edit","file":"x.png")",
+        capture + R"("delay":-1)",
+        capture + R"("delay":1e9)",
+        R"("capture","kind":"everything")",
+        capture + R"("action":"destroy")",
+        capture + R"("output":["/tmp/x.png"])",
     };
     for (const QByteArray& row : rows)
         EXPECT_TRUE(refused(row)) << row.toStdString();
     ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("x.png")));
-    EXPECT_TRUE(refused("\"output\":\"" + picture.toUtf8() + '"'));
+    EXPECT_TRUE(refused(capture + "\"output\":\"" + picture.toUtf8() + '"'));
+    EXPECT_TRUE(editors->opened.empty());
     EXPECT_EQ(service->displayCount, 0);
 }
 
@@ -182,7 +211,7 @@ TEST_F(InstanceTest, ManyIdleConnectionsKeepNobodyOut) {
         idle.push_back(std::make_unique<QLocalSocket>());
         idle.back()->connectToServer(socket);
     }
-    EXPECT_EQ(ask({}).status, 0);
+    EXPECT_EQ(ask(ActivateVerb()).status, 0);
     const auto isClosed = [](const auto& each) {
         return each->state() == QLocalSocket::UnconnectedState;
     };
@@ -198,7 +227,7 @@ TEST_F(InstanceTest, ARemovedSocketComesBackWithItsFolder) {
         QFile::remove(socket);
         if (withFolder) QDir().rmdir(deep);
         EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(socket); }));
-        EXPECT_EQ(ask({}).status, 0);
+        EXPECT_EQ(ask(ActivateVerb()).status, 0);
     }
 }
 

@@ -7,15 +7,15 @@
 namespace kestrio {
 
 std::optional<ExitStatus> handOverCapture(const QStringList& arguments) {
-    const auto request = captureRequestFrom(arguments);
-    if (!request) return ExitStatus::done;
-    return handOverToInstance(*request);
+    const auto verb = captureRequestFrom(arguments);
+    if (!verb) return ExitStatus::done;
+    return handOverToInstance(*verb);
 }
 
 ExitStatus runCapture(const QStringList& arguments) {
-    const auto request = captureRequestFrom(arguments);
-    if (!request) return ExitStatus::done;
-    return runAlone(*request);
+    const auto verb = captureRequestFrom(arguments);
+    if (!verb) return ExitStatus::done;
+    return runAlone(*verb);
 }
 
 }  // namespace kestrio

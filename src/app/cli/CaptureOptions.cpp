@@ -1,7 +1,7 @@
 #include "app/cli/CaptureOptions.h"
 
 #include "app/cli/CommandLine.h"
-#include "app/instance/RequestCheck.h"
+#include "app/instance/verbs/PathCheck.h"
 #include "core/FileSystem.h"
 #include "core/Localisation.h"
 
@@ -44,7 +44,7 @@ int delayFrom(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("delay"))) return 0;
     bool isNumber = false;
     const int delay = parser.value(QStringLiteral("delay")).toInt(&isNumber);
-    if (!isNumber || delay < 0 || delay > longestDelay) {
+    if (!isNumber || !isDelay(delay)) {
         throw UsageError(Kestrio::tr("--delay takes whole seconds from 0 to %1").arg(longestDelay));
     }
     return delay;
@@ -69,7 +69,7 @@ QString outputFrom(const QCommandLineParser& parser) {
 
 }  // namespace
 
-std::optional<InstanceRequest> captureRequestFrom(const QStringList& arguments) {
+std::optional<CaptureVerb> captureRequestFrom(const QStringList& arguments) {
     QCommandLineParser parser;
     addCaptureOptions(parser);
     if (!parser.parse(QStringList(QStringLiteral("kestrio capture")) + arguments)) {
@@ -79,14 +79,13 @@ std::optional<InstanceRequest> captureRequestFrom(const QStringList& arguments) 
         printHelp(parser, "capture [options] region|window|display");
         return std::nullopt;
     }
-    InstanceRequest request;
-    request.verb = InstanceVerb::capture;
-    request.kind = kindFrom(parser.positionalArguments());
-    request.delay = delayFrom(parser);
-    request.action = actionFrom(parser);
-    request.output = outputFrom(parser);
-    request.isUnattended = ::isatty(STDERR_FILENO) == 0;
-    return request;
+    CaptureVerb verb;
+    verb.kind = kindFrom(parser.positionalArguments());
+    verb.delay = delayFrom(parser);
+    verb.action = actionFrom(parser);
+    verb.output = outputFrom(parser);
+    verb.isUnattended = ::isatty(STDERR_FILENO) == 0;
+    return verb;
 }
 
 }  // namespace kestrio

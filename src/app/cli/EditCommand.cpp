@@ -2,7 +2,6 @@
 
 #include "app/cli/InstanceHandover.h"
 #include "app/cli/LoneProgram.h"
-#include "app/instance/RequestCheck.h"
 #include "core/FileSystem.h"
 #include "core/Localisation.h"
 
@@ -35,7 +34,7 @@ double densityOption(const QCommandLineParser& parser) {
 }
 
 // Nothing where help was asked for, which has been printed.
-std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
+std::optional<EditVerb> editRequestFrom(const QStringList& arguments) {
     QCommandLineParser parser;
     addEditOptions(parser);
     if (!parser.parse(QStringList(QStringLiteral("kestrio edit")) + arguments)) {
@@ -47,25 +46,24 @@ std::optional<InstanceRequest> editRequestFrom(const QStringList& arguments) {
     }
     const QStringList inputs = parser.positionalArguments();
     if (inputs.size() > 1) throw UsageError(Kestrio::tr("the editor opens one picture at a time"));
-    InstanceRequest request;
-    request.verb = InstanceVerb::edit;
-    request.density = densityOption(parser);
-    if (!inputs.isEmpty()) request.file = absolutePath(inputs.front());
-    return request;
+    EditVerb verb;
+    verb.density = densityOption(parser);
+    if (!inputs.isEmpty()) verb.file = absolutePath(inputs.front());
+    return verb;
 }
 
 }  // namespace
 
 std::optional<ExitStatus> handOverEdit(const QStringList& arguments) {
-    const auto request = editRequestFrom(arguments);
-    if (!request) return ExitStatus::done;
-    return handOverToInstance(*request);
+    const auto verb = editRequestFrom(arguments);
+    if (!verb) return ExitStatus::done;
+    return handOverToInstance(*verb);
 }
 
 ExitStatus runEdit(const QStringList& arguments) {
-    const auto request = editRequestFrom(arguments);
-    if (!request) return ExitStatus::done;
-    return runAlone(*request);
+    const auto verb = editRequestFrom(arguments);
+    if (!verb) return ExitStatus::done;
+    return runAlone(*verb);
 }
 
 }  // namespace kestrio

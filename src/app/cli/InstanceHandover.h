@@ -2,7 +2,8 @@
 
 #include "app/cli/CommandLine.h"
 #include "app/instance/InstanceLock.h"
-#include "app/instance/InstanceMessages.h"
+#include "app/instance/InstanceReply.h"
+#include "app/instance/InstanceRequest.h"
 
 #include <memory>
 

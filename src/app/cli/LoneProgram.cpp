@@ -62,7 +62,7 @@ ExitStatus runAlone(const InstanceRequest& request) {
     InstanceCommands commands(*parts.captures, parts.platform.pasteboard, [] {});
     const ExitStatus status = reportReply(runUntilDone(commands.run(request, signals.token())));
     DraftRestoring restoring({parts.drafts, parts.editors, parts.platform.alerts});
-    if (request.verb == InstanceVerb::edit && status == ExitStatus::done) restoring.offer();
+    if (std::holds_alternative<EditVerb>(request) && status == ExitStatus::done) restoring.offer();
     waitForWindows(parts, signals.token());
     parts.editors->writeDrafts();
     handOverClipboard(*parts.platform.pasteboard);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/cli/CommandLine.h"
-#include "app/instance/InstanceMessages.h"
+#include "app/instance/InstanceRequest.h"
 
 namespace kestrio {
 

@@ -38,19 +38,19 @@ QString newTemporaryFile() {
 }
 
 // What is wrong with the options; empty where they have become part of the request.
-QString readOptions(const QVariantMap& options, InstanceRequest& request) {
+QString readOptions(const QVariantMap& options, CaptureVerb& verb) {
     for (auto option = options.begin(); option != options.end(); ++option) {
         const QString& key = option.key();
         const QString value = option->toString();
         if (key == u"delay") {
             bool isNumber = false;
-            request.delay = option->toInt(&isNumber);
+            verb.delay = option->toInt(&isNumber);
             if (isNumber) continue;
         } else if (key == u"action") {
-            request.action = fromRawString<CaptureAction>(value.toStdString());
-            if (request.action) continue;
+            verb.action = fromRawString<CaptureAction>(value.toStdString());
+            if (verb.action) continue;
         } else if (key == u"output") {
-            request.output = value;
+            verb.output = value;
             // An empty one would mean none.
             if (!value.isEmpty()) continue;
         }
@@ -84,38 +84,34 @@ void InstanceBus::publish() {
 
 void InstanceBus::Activate(const QDBusMessage& message) {
     message.setDelayedReply(true);
-    launch(answer(InstanceRequest(), message), this);
+    launch(answer(ActivateVerb(), message), this);
 }
 
 void InstanceBus::Edit(const QString& file, const QDBusMessage& message) {
     message.setDelayedReply(true);
-    InstanceRequest request;
-    request.verb = InstanceVerb::edit;
-    request.file = file;
-    launch(answer(std::move(request), message), this);
+    launch(answer(EditVerb{file}, message), this);
 }
 
 QString InstanceBus::Capture(const QString& kind, const QVariantMap& options,
                              const QDBusMessage& message) {
     message.setDelayedReply(true);
-    InstanceRequest request;
-    request.verb = InstanceVerb::capture;
+    CaptureVerb verb;
     const auto known = fromRawString<CaptureKind>(kind.toStdString());
     if (!known) {
         refuse(message, Kestrio::tr("there is no capture \"%1\"").arg(kind));
         return {};
     }
-    request.kind = *known;
-    if (const QString fault = readOptions(options, request); !fault.isEmpty()) {
+    verb.kind = *known;
+    if (const QString fault = readOptions(options, verb); !fault.isEmpty()) {
         refuse(message, fault);
         return {};
     }
     QString reserved;
-    if (!request.action && request.output.isEmpty()) {
+    if (!verb.action && verb.output.isEmpty()) {
         reserved = newTemporaryFile();
-        request.output = reserved;
+        verb.output = reserved;
     }
-    launch(answer(std::move(request), message, reserved), this);
+    launch(answer(std::move(verb), message, reserved), this);
     return {};
 }
 
@@ -131,7 +127,7 @@ Task<> InstanceBus::answer(InstanceRequest request, QDBusMessage message, QStrin
                                QDBusServiceWatcher::WatchForUnregistration);
     connect(&caller, &QDBusServiceWatcher::serviceUnregistered, this,
             [stop]() mutable { stop.request_stop(); });
-    const bool returnsPath = request.verb == InstanceVerb::capture;
+    const bool returnsPath = std::holds_alternative<CaptureVerb>(request);
     auto handling = handler_(std::move(request), stop.get_token());
     const InstanceReply reply = co_await handling;
     QDBusMessage answered =

@@ -13,12 +13,14 @@ namespace {
 constexpr std::chrono::milliseconds retryPause(20);
 constexpr int connectMilliseconds = 2000;
 
-InstanceReply replyFrom(const QByteArray& line) {
+InstanceReply replyFrom(const QByteArray& received) {
+    LineReader lines(longestMessage);
+    lines.append(received);
     try {
-        return decodeJsonText<InstanceReply>(line);
+        if (const auto line = lines.takeLine()) return decodeJsonText<InstanceReply>(*line);
     } catch (const JsonError&) {
-        return InstanceReply::failed(Kestrio::tr("the running Kestrio ended before it was done"));
     }
+    return InstanceReply::failed(Kestrio::tr("the running Kestrio ended before it was done"));
 }
 
 }  // namespace
@@ -46,7 +48,7 @@ Task<InstanceReply> InstanceClient::ask(InstanceRequest request, std::stop_token
     socket_.write(messageLine(request));
     socket_.flush();
     co_await ended;
-    co_return replyFrom(socket_.readLine());
+    co_return replyFrom(socket_.readAll());
 }
 
 }  // namespace kestrio

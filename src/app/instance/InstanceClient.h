@@ -1,6 +1,7 @@
 #pragma once
 
-#include "app/instance/InstanceMessages.h"
+#include "app/instance/InstanceReply.h"
+#include "app/instance/InstanceRequest.h"
 #include "core/Task.h"
 
 #include <QLocalSocket>

@@ -1,6 +1,6 @@
 #include "app/instance/InstanceCommands.h"
 
-#include "app/instance/RequestCheck.h"
+#include "app/instance/verbs/PathCheck.h"
 #include "core/Localisation.h"
 #include "core/NativePath.h"
 #include "imaging/codecs/PictureLoading.h"
@@ -25,30 +25,27 @@ class NothingToEdit : public Error {
     }
 };
 
-Task<NamedPicture> pictureFor(InstanceRequest request, std::shared_ptr<Pasteboard> pasteboard) {
-    if (request.file.isEmpty()) {
+Task<NamedPicture> pictureFor(EditVerb verb, std::shared_ptr<Pasteboard> pasteboard) {
+    if (verb.file.isEmpty()) {
         auto reading = pasteboard->read(PasteboardKind::picture);
         const PasteboardContents pasted = co_await reading;
         if (pasted.isEmpty()) throw NothingToEdit();
-        co_return NamedPicture{Image(pasted.image, request.density), Kestrio::tr("Clipboard")};
+        co_return NamedPicture{Image(pasted.image, verb.density), Kestrio::tr("Clipboard")};
     }
-    auto loading = loadPicture(request.file);
+    auto loading = loadPicture(verb.file);
     const LoadedPicture loaded = co_await loading;
-    co_return NamedPicture{Image(loaded.bitmap, request.density),
-                           printableText(QFileInfo(request.file).completeBaseName())};
+    co_return NamedPicture{Image(loaded.bitmap, verb.density),
+                           printableText(QFileInfo(verb.file).completeBaseName())};
 }
 
-// Why this cannot be done; empty where nothing speaks against it.
-Task<QString> faultWith(InstanceRequest request) {
-    if (const QString fault = faultOf(request); !fault.isEmpty()) co_return fault;
-    if (request.output.isEmpty()) co_return QString();
+// Why no picture can be written there; empty where nothing speaks against it.
+Task<QString> faultOnDisk(QString output) {
     QString fault;
     try {
-        auto looking =
-            runOnStorage([path = request.output] { return faultOfOutput(path); }, readLimit);
+        auto looking = runOnStorage([output] { return faultOfOutput(output); }, readLimit);
         fault = co_await looking;
     } catch (const std::exception& error) {
-        fault = request.output + QStringLiteral(": ") + describeFailure(error);
+        fault = output + QStringLiteral(": ") + describeFailure(error);
     }
     co_return fault;
 }
@@ -70,54 +67,48 @@ InstanceCommands::InstanceCommands(CaptureCoordinator& captures,
       activate_(std::move(activate)) {}
 
 Task<InstanceReply> InstanceCommands::run(InstanceRequest request, std::stop_token stop) {
-    const QPointer<InstanceCommands> self(this);
-    auto checking = faultWith(request);
-    const QString fault = co_await checking;
-    if (!self) co_return InstanceReply::cancelled();
-    if (!fault.isEmpty()) co_return InstanceReply::wrongUsage(fault);
-    switch (request.verb) {
-        case InstanceVerb::activate:
-            activate_();
-            co_return InstanceReply::done();
-        case InstanceVerb::edit: {
-            auto editing = edit(std::move(request));
-            co_return co_await editing;
-        }
-        case InstanceVerb::capture: {
-            auto capturing = capture(std::move(request), std::move(stop));
-            co_return co_await capturing;
-        }
+    if (const QString fault = faultOf(request); !fault.isEmpty()) {
+        co_return InstanceReply::wrongUsage(fault);
     }
-    co_return InstanceReply();
+    auto carrying = std::visit([&](const auto& verb) { return carryOut(verb, stop); }, request);
+    co_return co_await carrying;
 }
 
-Task<InstanceReply> InstanceCommands::capture(InstanceRequest request, std::stop_token stop) {
+Task<InstanceReply> InstanceCommands::carryOut(ActivateVerb, std::stop_token) {
+    activate_();
+    co_return InstanceReply::done();
+}
+
+Task<InstanceReply> InstanceCommands::carryOut(EditVerb verb, std::stop_token) {
     const QPointer<CaptureCoordinator> captures(&captures_);
     InstanceReply reply;
     try {
-        auto capturing = captures_.capture(request.captureRequest(), std::move(stop));
-        const CaptureReport report = co_await capturing;
-        reply = InstanceReply::done(report.savedPath);
-    } catch (const CaptureError& error) {
-        reply = replyFor(error);
-        if (captures && request.isUnattended) captures->report(error);
-    } catch (const std::exception& error) {
-        reply = replyFor(error);
-        if (captures && request.isUnattended) captures->report(CaptureError::from(error));
-    }
-    co_return reply;
-}
-
-Task<InstanceReply> InstanceCommands::edit(InstanceRequest request) {
-    const QPointer<CaptureCoordinator> captures(&captures_);
-    InstanceReply reply;
-    try {
-        auto finding = pictureFor(std::move(request), pasteboard_);
+        auto finding = pictureFor(std::move(verb), pasteboard_);
         const NamedPicture picture = co_await finding;
         if (!captures) co_return InstanceReply::cancelled();
         captures->openImage(picture.image, picture.name);
     } catch (const std::exception& error) {
         reply = replyFor(error);
+    }
+    co_return reply;
+}
+
+Task<InstanceReply> InstanceCommands::carryOut(CaptureVerb verb, std::stop_token stop) {
+    const QPointer<CaptureCoordinator> captures(&captures_);
+    if (!verb.output.isEmpty()) {
+        auto looking = faultOnDisk(verb.output);
+        const QString fault = co_await looking;
+        if (!captures) co_return InstanceReply::cancelled();
+        if (!fault.isEmpty()) co_return InstanceReply::wrongUsage(fault);
+    }
+    InstanceReply reply;
+    try {
+        auto capturing = captures->capture(verb.captureRequest(), std::move(stop));
+        const CaptureReport report = co_await capturing;
+        reply = InstanceReply::done(report.savedPath);
+    } catch (const std::exception& error) {
+        reply = replyFor(error);
+        if (captures && verb.isUnattended) captures->report(CaptureError::from(error));
     }
     co_return reply;
 }

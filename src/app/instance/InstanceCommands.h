@@ -1,7 +1,8 @@
 #pragma once
 
 #include "app/capture/CaptureCoordinator.h"
-#include "app/instance/InstanceMessages.h"
+#include "app/instance/InstanceReply.h"
+#include "app/instance/InstanceRequest.h"
 #include "platform/Pasteboard.h"
 
 #include <functional>
@@ -21,8 +22,9 @@ class InstanceCommands : public QObject {
     Task<InstanceReply> run(InstanceRequest request, std::stop_token stop);
 
   private:
-    Task<InstanceReply> capture(InstanceRequest request, std::stop_token stop);
-    Task<InstanceReply> edit(InstanceRequest request);
+    Task<InstanceReply> carryOut(ActivateVerb verb, std::stop_token stop);
+    Task<InstanceReply> carryOut(EditVerb verb, std::stop_token stop);
+    Task<InstanceReply> carryOut(CaptureVerb verb, std::stop_token stop);
 
     CaptureCoordinator& captures_;
     std::shared_ptr<Pasteboard> pasteboard_;

@@ -13,7 +13,6 @@ namespace kestrio {
 
 namespace {
 
-constexpr qint64 longestLine = 64 * 1024;
 constexpr std::size_t mostIdle = 64;
 constexpr int mostInLine = 512;
 constexpr std::chrono::seconds idleLimit(10);
@@ -89,11 +88,12 @@ void InstanceServer::accept() {
             connection->abort();
             continue;
         }
-        connection->setReadBufferSize(longestLine);
+        connection->setReadBufferSize(longestMessage);
         keepIdle(connection);
+        const auto lines = std::make_shared<LineReader>(longestMessage);
         connect(connection, &QLocalSocket::readyRead, this,
-                [this, connection] { read(connection); });
-        read(connection);
+                [this, connection, lines] { read(connection, *lines); });
+        read(connection, *lines);
     }
     // Where no descriptor was left for one, the server has closed itself.
     if (!server_.isListening()) retry_.start();
@@ -112,13 +112,14 @@ void InstanceServer::keepIdle(QLocalSocket* connection) {
     oldest->abort();
 }
 
-void InstanceServer::read(QLocalSocket* connection) {
-    if (connection->canReadLine()) {
-        const QByteArray line = connection->readLine(longestLine);
+void InstanceServer::read(QLocalSocket* connection, LineReader& lines) {
+    lines.append(connection->readAll());
+    if (const auto line = lines.takeLine()) {
+        // One connection asks for one thing.
         connection->disconnect(this);
         std::erase(idle_, connection);
-        launch(answer(connection, line), this);
-    } else if (connection->bytesAvailable() >= longestLine) {
+        launch(answer(connection, *line), this);
+    } else if (lines.isBroken()) {
         connection->abort();
     }
 }

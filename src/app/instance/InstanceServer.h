@@ -1,6 +1,7 @@
 #pragma once
 
-#include "app/instance/InstanceMessages.h"
+#include "app/instance/InstanceReply.h"
+#include "app/instance/InstanceRequest.h"
 #include "core/Task.h"
 
 #include <QFileSystemWatcher>
@@ -41,7 +42,7 @@ class InstanceServer : public QObject {
     void watch();
     void accept();
     void keepIdle(QLocalSocket* connection);
-    void read(QLocalSocket* connection);
+    void read(QLocalSocket* connection, LineReader& lines);
     Task<> answer(QLocalSocket* connection, QByteArray line);
     Task<InstanceReply> reply(QByteArray line, std::stop_token stop);
 
