@@ -76,12 +76,13 @@ TEST_F(CaptureCoordinatorTest, FailuresAreToldByTheirKind) {
         ASSERT_TRUE(waitForEnd());
         if (each.title.isEmpty()) {
             EXPECT_TRUE(alerts->requests.empty());
-            EXPECT_FALSE(captures->lastError());
+            EXPECT_FALSE(captures->lastFailure());
             continue;
         }
         ASSERT_TRUE(waitUntil([&] { return !alerts->requests.empty(); }));
         EXPECT_EQ(alerts->requests.front().title, each.title);
-        EXPECT_EQ(captures->lastError(), CaptureError(each.which));
+        ASSERT_TRUE(captures->lastFailure());
+        EXPECT_EQ(captures->lastFailure()->reason(), CaptureError(each.which).errorDescription());
         alerts->dismiss();
     }
 }
@@ -96,7 +97,8 @@ TEST_F(CaptureCoordinatorTest, AStrangeFailureIsWrapped) {
 }
 
 TEST_F(CaptureCoordinatorTest, TheSettingsPlaceIsOpenedByTheFirstButtonOnly) {
-    // In this order: what the first answer sets off has happened once the second one has its effect.
+    // In this order: what the first answer sets off has happened once the second one has its
+    // effect.
     for (const int button : {1, 0}) {
         captures->startRegionCapture();
         service->fail(ErrorCase::permissionDenied);
@@ -306,7 +308,7 @@ TEST_F(CaptureCoordinatorTest, AStopEndsARequestWhereverItIs) {
             runUntilDone(std::move(capturing));
             FAIL() << "delay " << delay;
         } catch (const std::exception& error) {
-            EXPECT_EQ(CaptureError::from(error).which(), ErrorCase::cancelled);
+            EXPECT_TRUE(FlowFailure::from(error).isCancelled());
         }
         EXPECT_FALSE(captures->isCapturing());
         EXPECT_FALSE(captures->isCountingDown());

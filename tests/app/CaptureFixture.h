@@ -108,9 +108,10 @@ struct CaptureFixture : testing::Test {
         AppSettings chosen = settings->load();
         chosen.defaultSavePath = folder.path();
         settings->save(chosen);
+        const auto failures = std::make_shared<FailureNotice>(
+            std::make_shared<PermissionManager>(permission, alerts), alerts);
         captures = std::make_unique<CaptureCoordinator>(CaptureCollaborators{
-            service, editors, pins, exporter, settings,
-            std::make_shared<PermissionManager>(permission, alerts), alerts, toasts, dialogs});
+            service, editors, pins, exporter, settings, failures, alerts, toasts, dialogs});
     }
 
     static RegionCaptureOutcome outcome(CaptureAction action) {

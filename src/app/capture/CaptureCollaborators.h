@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/shell/EditorOpener.h"
-#include "app/shell/PermissionManager.h"
+#include "app/shell/FailureNotice.h"
 #include "app/shell/Toasts.h"
 #include "capture/ScreenCaptureServiceProtocol.h"
 #include "library/export/PictureExporter.h"
@@ -19,7 +19,7 @@ struct CaptureCollaborators {
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;
     std::shared_ptr<PictureExporterProtocol> exporter;
     std::shared_ptr<AppSettingsServiceProtocol> settings;
-    std::shared_ptr<PermissionManager> permissions;
+    std::shared_ptr<FailureNotice> failures;
     std::shared_ptr<Alerts> alerts;
     std::shared_ptr<Toasts> toasts;
     std::shared_ptr<FileDialogs> fileDialogs;

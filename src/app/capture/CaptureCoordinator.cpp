@@ -75,12 +75,12 @@ void CaptureCoordinator::begin(CaptureKind kind) {
 
 Task<> CaptureCoordinator::runAndReport(CaptureKind kind) {
     const QPointer<CaptureCoordinator> self(this);
-    std::optional<CaptureError> failure;
+    std::optional<FlowFailure> failure;
     try {
         auto running = capture({kind}, stop_.get_token());
         co_await running;
     } catch (const std::exception& error) {
-        failure = CaptureError::from(error);
+        failure = failureOf(error);
     }
     if (self && failure) report(*failure);
 }
@@ -178,7 +178,7 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
 
 int CaptureCoordinator::beginTurn() {
     set_isCapturing(true);
-    set_lastError(std::nullopt);
+    set_lastFailure(std::nullopt);
     return ++turn_;
 }
 
@@ -292,24 +292,14 @@ void CaptureCoordinator::openImage(Image image, QString name) {
     openEditor(outcome, name);
 }
 
-void CaptureCoordinator::report(const CaptureError& error) {
-    if (error.which() == CaptureError::Case::cancelled) return;
-    set_lastError(error);
-    if (error.which() == CaptureError::Case::permissionDenied) {
-        launch(collaborators_.permissions->showPermissionAlert(), this);
-    } else {
-        launch(showAlert(error.errorDescription()), this);
-    }
+FlowFailure CaptureCoordinator::failureOf(const std::exception& error) {
+    return FlowFailure::from(error, Kestrio::tr("Capture Error"));
 }
 
-Task<> CaptureCoordinator::showAlert(QString text) {
-    const auto alerts = collaborators_.alerts;
-    AlertRequest request;
-    request.title = Kestrio::tr("Capture Error");
-    request.text = std::move(text);
-    request.buttons = {Kestrio::tr("OK")};
-    auto shown = alerts->show(std::move(request), stop_.get_token());
-    co_await shown;
+void CaptureCoordinator::report(const FlowFailure& failure) {
+    if (failure.isCancelled()) return;
+    set_lastFailure(failure);
+    launch(collaborators_.failures->show(failure, stop_.get_token()), this);
 }
 
 }  // namespace kestrio

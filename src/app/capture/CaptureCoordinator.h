@@ -16,7 +16,7 @@ class CaptureCoordinator : public QObject {
     /// The last picture that reached the editor, until that is closed.
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
     /// The last failure that was reported; a cancelled capture does not count as one.
-    PUBLISHED(std::optional<CaptureError>, lastError, std::nullopt)
+    PUBLISHED(std::optional<FlowFailure>, lastFailure, std::nullopt)
     /// Seconds left of a timed capture; 0 already a moment before it, so that what shows them has
     /// left the screen.
     PUBLISHED(int, countdownRemaining, 0)
@@ -48,8 +48,10 @@ class CaptureCoordinator : public QObject {
     /// ExportError where the picture cannot be written or copied. A stop cancels it.
     Task<CaptureReport> capture(CaptureRequest request, std::stop_token stop = {});
 
+    /// What a failure of a capture comes to.
+    static FlowFailure failureOf(const std::exception& error);
     /// Reports a failure as the own flows do; cancelling stays silent.
-    void report(const CaptureError& error);
+    void report(const FlowFailure& failure);
 
   private:
     void begin(CaptureKind kind);
@@ -71,7 +73,6 @@ class CaptureCoordinator : public QObject {
     /// The path; empty where the editor has got the picture.
     Task<QString> quickSave(RegionCaptureOutcome outcome, int turn, std::stop_token stop);
     void openEditor(const RegionCaptureOutcome& outcome, const QString& name = {});
-    Task<> showAlert(QString text);
 
     CaptureCollaborators collaborators_;
     CaptureSaver saver_;

@@ -5,7 +5,7 @@
 #include "app/cli/HoldClipboardCommand.h"
 #include "app/cli/RenderCommand.h"
 #include "app/cli/ResidentProgram.h"
-#include "core/Error.h"
+#include "app/flows/FlowFailure.h"
 #include "core/Localisation.h"
 #include "core/NativePath.h"
 
@@ -93,9 +93,10 @@ auto guarded(Work work) -> decltype(work()) {
         printError(error.errorDescription());
         return ExitStatus::wrongUsage;
     } catch (const std::exception& error) {
-        printError(describeFailure(error));
+        const FlowFailure failure = FlowFailure::from(error);
+        if (!failure.isCancelled()) printError(failure.reason());
+        return failure.exitStatus();
     }
-    return ExitStatus::failed;
 }
 
 }  // namespace

@@ -32,11 +32,7 @@ std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request) {
         }
     }
     const StopSignals signals;
-    try {
-        return reportReply(runUntilDone(client.ask(request, signals.token())));
-    } catch (const Cancelled&) {
-        return ExitStatus::cancelled;
-    }
+    return reportReply(runUntilDone(client.ask(request, signals.token())));
 }
 
 ExitStatus reportReply(const InstanceReply& reply) {

@@ -10,7 +10,7 @@
 namespace kestrio {
 
 /// Lets the running program carry out a request, waits for it and says how it went; nothing where
-/// none runs. Needs an application, no GUI.
+/// none runs. Throws Cancelled after a signal to stop. Needs an application, no GUI.
 std::optional<ExitStatus> handOverToInstance(const InstanceRequest& request);
 
 /// The lock of the running program, taken; null where another one has it.

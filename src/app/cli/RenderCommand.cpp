@@ -4,6 +4,7 @@
 #include "app/cli/RenderPlan.h"
 #include "app/cli/StopSignals.h"
 #include "app/cli/StyleOptions.h"
+#include "app/flows/FlowFailure.h"
 #include "core/FileSystem.h"
 #include "core/Localisation.h"
 #include "core/Stopwatch.h"
@@ -145,12 +146,6 @@ Task<RenderedFile> renderOne(Outputs outputs, CommandLineStyle style, RenderJob 
     co_return file;
 }
 
-bool isStop(const std::exception& error) {
-    const auto* exportError = dynamic_cast<const ExportError*>(&error);
-    return dynamic_cast<const Cancelled*>(&error) ||
-           (exportError && exportError->errorCase() == ExportError::Case::userCancelled);
-}
-
 Task<RenderReport> renderAll(RenderOptions options, Outputs outputs, std::stop_token stop) {
     RenderReport report;
     ProgressLine progress(static_cast<int>(options.jobs.size()));
@@ -167,11 +162,12 @@ Task<RenderReport> renderAll(RenderOptions options, Outputs outputs, std::stop_t
             RenderedFile file = co_await rendering;
             report.files.push_back(std::move(file));
         } catch (const std::exception& error) {
-            report.isCancelled = isStop(error);
+            const FlowFailure failure = FlowFailure::from(error);
+            report.isCancelled = failure.isCancelled();
             if (report.isCancelled) break;
             const auto* unreadable = dynamic_cast<const ImageLoadError*>(&error);
             const bool namesInput = unreadable && !unreadable->path().isEmpty();
-            report.failures.push_back({job.input, describeFailure(error), namesInput});
+            report.failures.push_back({job.input, failure.reason(), namesInput});
         }
     }
     co_return report;

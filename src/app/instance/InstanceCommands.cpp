@@ -50,12 +50,6 @@ Task<QString> faultOnDisk(QString output) {
     co_return fault;
 }
 
-InstanceReply replyFor(const std::exception& error) {
-    const CaptureError failure = CaptureError::from(error);
-    if (failure.which() == CaptureError::Case::cancelled) return InstanceReply::cancelled();
-    return InstanceReply::failed(describeFailure(error));
-}
-
 }  // namespace
 
 InstanceCommands::InstanceCommands(CaptureCoordinator& captures,
@@ -88,7 +82,7 @@ Task<InstanceReply> InstanceCommands::carryOut(EditVerb verb, std::stop_token) {
         if (!captures) co_return InstanceReply::cancelled();
         captures->openImage(picture.image, picture.name);
     } catch (const std::exception& error) {
-        reply = replyFor(error);
+        reply = InstanceReply::failed(FlowFailure::from(error));
     }
     co_return reply;
 }
@@ -107,8 +101,9 @@ Task<InstanceReply> InstanceCommands::carryOut(CaptureVerb verb, std::stop_token
         const CaptureReport report = co_await capturing;
         reply = InstanceReply::done(report.savedPath);
     } catch (const std::exception& error) {
-        reply = replyFor(error);
-        if (captures && verb.isUnattended) captures->report(CaptureError::from(error));
+        const FlowFailure failure = CaptureCoordinator::failureOf(error);
+        reply = InstanceReply::failed(failure);
+        if (captures && verb.isUnattended) captures->report(failure);
     }
     co_return reply;
 }

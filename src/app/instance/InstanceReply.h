@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/flows/ExitStatus.h"
+#include "app/flows/FlowFailure.h"
 #include "core/JsonLines.h"
 
 namespace kestrio {
@@ -17,6 +17,9 @@ struct InstanceReply {
     static InstanceReply done(QString path = {}) { return {0, {}, std::move(path)}; }
     static InstanceReply failed(QString message) {
         return {static_cast<int>(ExitStatus::failed), std::move(message), {}};
+    }
+    static InstanceReply failed(const FlowFailure& failure) {
+        return {static_cast<int>(failure.exitStatus()), failure.reason(), {}};
     }
     static InstanceReply wrongUsage(QString message) {
         return {static_cast<int>(ExitStatus::wrongUsage), std::move(message), {}};

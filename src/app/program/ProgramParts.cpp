@@ -39,7 +39,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     made.pins = parts.pins;
     made.exporter = parts.exporter;
     made.settings = parts.settings;
-    made.permissions = parts.permissions;
+    made.failures = std::make_shared<FailureNotice>(parts.permissions, parts.platform.alerts);
     made.alerts = parts.platform.alerts;
     made.toasts = parts.toasts;
     made.fileDialogs = parts.platform.fileDialogs;
