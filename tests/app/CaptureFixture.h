@@ -111,7 +111,7 @@ struct CaptureFixture : testing::Test {
         const auto failures = std::make_shared<FailureNotice>(
             std::make_shared<PermissionManager>(permission, alerts), alerts);
         captures = std::make_unique<CaptureCoordinator>(CaptureCollaborators{
-            service, editors, pins, exporter, settings, failures, alerts, toasts, dialogs});
+            service, editors, {}, pins, exporter, settings, failures, alerts, toasts, dialogs});
     }
 
     static RegionCaptureOutcome outcome(CaptureAction action) {

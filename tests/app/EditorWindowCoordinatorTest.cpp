@@ -122,6 +122,32 @@ struct EditorWindowCoordinatorTest : testing::Test {
     }
 };
 
+TEST_F(EditorWindowCoordinatorTest, WhatACaptureBringsGoesIntoItsOwnDocument) {
+    const auto service = std::make_shared<ScriptedScreenCapture>();
+    CaptureCollaborators with;
+    with.screenCapture = service;
+    with.editors = editors;
+    with.editorSteps = standardEditorSteps();
+    std::size_t brought = 0;
+    with.editorSteps.push_back([&brought](EditorViewModel& editor, const RegionCaptureOutcome&) {
+        brought = editor.annotationVM().annotations().size();
+    });
+    CaptureCoordinator captures(with);
+    captures.startRegionCapture();
+    RegionCaptureOutcome outcome = CaptureFixture::outcome(CaptureAction::edit);
+    outcome.choice.annotations = {CircleAnnotation{QUuid::createUuid(), {5, 5}, 3}};
+    outcome.choice.tool = AnnotationTool::arrow;
+    service->finish(outcome);
+    ASSERT_TRUE(waitUntil([this] { return editors->isEditorOpen(); }));
+    EditorViewModel* const captured = editors->currentEditorViewModel();
+    EditorViewModel& later = open("later");
+    runEvents();
+    EXPECT_EQ(captured->annotationVM().annotations(), outcome.choice.annotations);
+    EXPECT_EQ(captured->annotationVM().currentTool(), AnnotationTool::arrow);
+    EXPECT_EQ(brought, 1U) << "steps come one after the other";
+    EXPECT_FALSE(later.isAnnotationMode());
+}
+
 // As a capture does that shows its window before it has its picture.
 TEST_F(EditorWindowCoordinatorTest, ADocumentIsAdoptedBeforeItsPictureIsThere) {
     const std::shared_ptr<EditorViewModel> document = editors->makeDocument();

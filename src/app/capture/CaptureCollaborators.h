@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/capture/EditorSteps.h"
 #include "app/shell/EditorOpener.h"
 #include "app/shell/FailureNotice.h"
 #include "app/shell/Toasts.h"
@@ -16,6 +17,7 @@ namespace kestrio {
 struct CaptureCollaborators {
     std::shared_ptr<ScreenCaptureServiceProtocol> screenCapture;
     std::shared_ptr<EditorOpener> editors;
+    std::vector<EditorStep> editorSteps;
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;
     std::shared_ptr<PictureExporterProtocol> exporter;
     std::shared_ptr<AppSettingsServiceProtocol> settings;

@@ -270,16 +270,13 @@ void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const Q
     // Afterwards: an editor that is closed for it takes the picture before with it.
     collaborators_.editors->open(outcome.capturedImage, name);
     set_lastCapturedImage(outcome.capturedImage);
-    if (outcome.choice.annotations.empty() && !outcome.choice.tool && !outcome.choice.toolColor)
-        return;
+    const QPointer<EditorViewModel> editor(collaborators_.editors->currentEditorViewModel());
     // Once the window is up.
     QMetaObject::invokeMethod(
         this,
-        [editors = collaborators_.editors, annotations = outcome.choice.annotations,
-         tool = outcome.choice.tool, color = outcome.choice.toolColor] {
-            if (EditorViewModel* editor = editors->currentEditorViewModel()) {
-                editor->startAnnotating(annotations, tool, color);
-            }
+        [editor, outcome, steps = collaborators_.editorSteps] {
+            for (const EditorStep& step : steps)
+                if (editor) step(*editor, outcome);
         },
         Qt::QueuedConnection);
 }

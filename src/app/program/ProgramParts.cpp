@@ -36,6 +36,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
         std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),
         std::make_shared<OverlayWindowPicker>(overlay)});
     made.editors = parts.editors;
+    made.editorSteps = standardEditorSteps();
     made.pins = parts.pins;
     made.exporter = parts.exporter;
     made.settings = parts.settings;
