@@ -91,6 +91,7 @@ class RecordingToasts : public Toasts {
 /// A coordinator whose every collaborator is the test's.
 struct CaptureFixture : testing::Test {
     std::shared_ptr<ScriptedScreenCapture> service = std::make_shared<ScriptedScreenCapture>();
+    std::shared_ptr<SessionArbiter> sessions = std::make_shared<SessionArbiter>();
     std::shared_ptr<RecordingEditors> editors = std::make_shared<RecordingEditors>();
     std::shared_ptr<RecordingPins> pins = std::make_shared<RecordingPins>();
     std::shared_ptr<ScriptedExporter> exporter = std::make_shared<ScriptedExporter>();
@@ -108,10 +109,23 @@ struct CaptureFixture : testing::Test {
         AppSettings chosen = settings->load();
         chosen.defaultSavePath = folder.path();
         settings->save(chosen);
-        const auto failures = std::make_shared<FailureNotice>(
+        captures = std::make_unique<CaptureCoordinator>(collaborators());
+    }
+
+    CaptureCollaborators collaborators() {
+        CaptureCollaborators with;
+        with.screenCapture = service;
+        with.sessions = sessions;
+        with.editors = editors;
+        with.pins = pins;
+        with.exporter = exporter;
+        with.settings = settings;
+        with.failures = std::make_shared<FailureNotice>(
             std::make_shared<PermissionManager>(permission, alerts), alerts);
-        captures = std::make_unique<CaptureCoordinator>(CaptureCollaborators{
-            service, editors, {}, pins, exporter, settings, failures, alerts, toasts, dialogs});
+        with.alerts = alerts;
+        with.toasts = toasts;
+        with.fileDialogs = dialogs;
+        return with;
     }
 
     static RegionCaptureOutcome outcome(CaptureAction action) {

@@ -126,6 +126,7 @@ TEST_F(EditorWindowCoordinatorTest, WhatACaptureBringsGoesIntoItsOwnDocument) {
     const auto service = std::make_shared<ScriptedScreenCapture>();
     CaptureCollaborators with;
     with.screenCapture = service;
+    with.sessions = std::make_shared<SessionArbiter>();
     with.editors = editors;
     with.editorSteps = standardEditorSteps();
     std::size_t brought = 0;

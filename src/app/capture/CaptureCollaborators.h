@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/capture/EditorSteps.h"
+#include "app/flows/SessionArbiter.h"
 #include "app/shell/EditorOpener.h"
 #include "app/shell/FailureNotice.h"
 #include "app/shell/Toasts.h"
@@ -16,6 +17,7 @@ namespace kestrio {
 /// What the captures of the program work with.
 struct CaptureCollaborators {
     std::shared_ptr<ScreenCaptureServiceProtocol> screenCapture;
+    std::shared_ptr<SessionArbiter> sessions;
     std::shared_ptr<EditorOpener> editors;
     std::vector<EditorStep> editorSteps;
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;

@@ -3,9 +3,9 @@
 #include "core/Localisation.h"
 #include "library/export/FileNaming.h"
 
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QPointer>
+#include <QScopeGuard>
 #include <stdexcept>
 
 namespace kestrio {
@@ -19,10 +19,6 @@ constexpr std::chrono::milliseconds numberLeaves(150);
 
 // What a picture usually takes to be written, and more.
 constexpr std::chrono::seconds storageGrace(1);
-// For captures that asked at the same moment, a hundred of them at most.
-constexpr std::chrono::seconds turnLimit(120);
-// Whether the limit has passed, or a user has begun to choose.
-constexpr std::chrono::seconds turnCheck(1);
 
 CaptureError goneError() {
     return CaptureError(CaptureError::Case::cancelled);
@@ -45,10 +41,6 @@ Task<RegionCaptureOutcome> outcomeOf(Task<CapturedImage> taking) {
     RegionCaptureOutcome outcome;
     outcome.capturedImage = co_await taking;
     co_return outcome;
-}
-
-CaptureError busyError() {
-    return CaptureError::systemError(Kestrio::tr("another capture is under way"));
 }
 
 }  // namespace
@@ -122,24 +114,9 @@ Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
     co_return isDone;
 }
 
-Task<> CaptureCoordinator::waitForTurn(std::stop_token stop) {
-    const QPointer<CaptureCoordinator> self(this);
-    QDeadlineTimer limit(turnLimit);
-    while (isCapturing()) {
-        if (isUserChoosing_ || limit.hasExpired()) throw busyError();
-        const Completion<> turnOver(stop);
-        const QObject here;  // its end disconnects both
-        connect(this, &CaptureCoordinator::isCapturingChanged, &here,
-                [turnOver] { turnOver.succeed(); });
-        QTimer::singleShot(turnCheck, &here, [turnOver] { turnOver.succeed(); });
-        co_await turnOver;
-        if (!self) throw goneError();
-    }
-}
-
 Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
-    if (request.delay > 0 && (isCountingDown() || isCapturing())) throw busyError();
+    if (request.delay > 0 && (isCountingDown() || isCapturing())) throw SessionArbiter::busy();
     // The caller's stop and the program's end both stop it.
     std::stop_source either;
     const std::stop_callback caller(stop, [either]() mutable { either.request_stop(); });
@@ -149,43 +126,23 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
         const bool isDone = co_await counting;
         if (!self || !isDone) throw goneError();
     }
-    if (isCapturing()) {
-        auto waiting = waitForTurn(either.get_token());
-        co_await waiting;
-        if (!self) throw goneError();
-    }
-    const int turn = beginTurn();
-    try {
-        isUserChoosing_ = needsUser(request.kind);
-        auto acquiring = acquire(request.kind, either.get_token());
-        RegionCaptureOutcome outcome = co_await acquiring;
-        if (!self) throw goneError();
-        isUserChoosing_ = false;
-        if (request.action && outcome.choice.action == CaptureAction::edit) {
-            outcome.choice.action = *request.action;
-        }
-        // A disk that hangs must not hold up the next capture.
-        QTimer::singleShot(storageGrace, this, [this, turn] { endTurn(turn); });
-        auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
-        CaptureReport report = co_await carrying;
-        if (self) endTurn(turn);
-        co_return report;
-    } catch (...) {
-        if (self) endTurn(turn);
-        throw;
-    }
-}
-
-int CaptureCoordinator::beginTurn() {
-    set_isCapturing(true);
+    const auto sessions = collaborators_.sessions;
+    auto waiting = sessions->takeScreen(either.get_token());
+    const Turn turn = co_await waiting;
+    const auto ending = qScopeGuard([turn] { turn->end(); });
+    if (!self) throw goneError();
     set_lastFailure(std::nullopt);
-    return ++turn_;
-}
-
-void CaptureCoordinator::endTurn(int turn) {
-    if (turn != turn_) return;
-    isUserChoosing_ = false;
-    set_isCapturing(false);
+    turn->setUserChoosing(needsUser(request.kind));
+    auto acquiring = acquire(request.kind, either.get_token());
+    RegionCaptureOutcome outcome = co_await acquiring;
+    if (!self) throw goneError();
+    turn->setUserChoosing(false);
+    CaptureAction& action = outcome.choice.action;
+    if (request.action && action == CaptureAction::edit) action = *request.action;
+    // A disk that hangs must not hold up the next capture.
+    QTimer::singleShot(storageGrace, this, [turn] { turn->end(); });
+    auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
+    co_return co_await carrying;
 }
 
 Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {
@@ -209,7 +166,7 @@ Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::st
 }
 
 Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output,
-                                                 int turn, std::stop_token stop) {
+                                                 Turn turn, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
     const Image image = outcome.capturedImage.image;
     CaptureReport report;
@@ -253,12 +210,10 @@ Task<> CaptureCoordinator::copy(Image image) {
     toasts->show(Kestrio::tr("Copied to clipboard"), toastTime);
 }
 
-Task<QString> CaptureCoordinator::quickSave(RegionCaptureOutcome outcome, int turn,
+Task<QString> CaptureCoordinator::quickSave(RegionCaptureOutcome outcome, Turn turn,
                                             std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
-    const auto letOthersStart = [self, turn] {
-        if (self) self->endTurn(turn);
-    };
+    const auto letOthersStart = [turn] { turn->end(); };
     auto saving = saver_.save(outcome.capturedImage.image, letOthersStart, std::move(stop));
     const CaptureSaving saved = co_await saving;
     if (!self) throw goneError();

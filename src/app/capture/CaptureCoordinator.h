@@ -2,17 +2,15 @@
 
 #include "app/capture/CaptureRequest.h"
 #include "app/capture/CaptureSaver.h"
-#include "capture/CaptureError.h"
 #include "core/Published.h"
 
 namespace kestrio {
 
-/// Every capture goes through here: it lets one happen at a time, asks the service for a picture,
-/// does with it what was decided, and reports failures. One for the life of the program; main
-/// thread. Its end stops what is under way.
+/// Every capture goes through here: it waits for the screen, asks the service for a picture, does
+/// with it what was decided, and reports failures. One for the life of the program; main thread.
+/// Its end stops what is under way.
 class CaptureCoordinator : public QObject {
     Q_OBJECT
-    PUBLISHED(bool, isCapturing, false)
     /// The last picture that reached the editor, until that is closed.
     PUBLISHED(std::optional<CapturedImage>, lastCapturedImage, std::nullopt)
     /// The last failure that was reported; a cancelled capture does not count as one.
@@ -25,6 +23,9 @@ class CaptureCoordinator : public QObject {
   public:
     explicit CaptureCoordinator(CaptureCollaborators collaborators, QObject* parent = nullptr);
     ~CaptureCoordinator() override;
+
+    /// Whether a flow has the screen, so that what menus and hotkeys ask for would not begin.
+    bool isCapturing() const { return collaborators_.sessions->isScreenTaken(); }
 
     // As menus and hotkeys ask for them: nothing happens while a capture is under way, and failures
     // are shown in alerts.
@@ -60,24 +61,18 @@ class CaptureCoordinator : public QObject {
     /// False where the count was called off.
     Task<bool> countDown(int seconds, std::stop_token stop);
     Task<RegionCaptureOutcome> acquire(CaptureKind kind, std::stop_token stop);
-    /// Until no capture is under way; throws while the user chooses for one, who may take long.
-    Task<> waitForTurn(std::stop_token stop);
-    /// Makes this capture the one under way, and gives its number.
-    int beginTurn();
-    /// Lets the next capture start, unless one has taken over.
-    void endTurn(int turn);
-    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, int turn,
+    using Turn = std::shared_ptr<ScreenTurn>;
+
+    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, Turn turn,
                                  std::stop_token stop);
     /// Throws ExportError::clipboardFailed.
     Task<> copy(Image image);
     /// The path; empty where the editor has got the picture.
-    Task<QString> quickSave(RegionCaptureOutcome outcome, int turn, std::stop_token stop);
+    Task<QString> quickSave(RegionCaptureOutcome outcome, Turn turn, std::stop_token stop);
     void openEditor(const RegionCaptureOutcome& outcome, const QString& name = {});
 
     CaptureCollaborators collaborators_;
     CaptureSaver saver_;
-    int turn_ = 0;
-    bool isUserChoosing_ = false;
     std::stop_source countdown_;
     std::stop_source stop_;
 };

@@ -81,9 +81,9 @@ void AppDelegate::giveBackMemoryWhenIdle() {
     idle_.setSingleShot(true);
     idle_.setInterval(idleTime);
     connect(&idle_, &QTimer::timeout, this, [this] {
-        if (!parts_.captures->isCapturing()) malloc_trim(0);
+        if (!parts_.sessions->isScreenTaken()) malloc_trim(0);
     });
-    connect(parts_.captures.get(), &CaptureCoordinator::isCapturingChanged, &idle_,
+    connect(parts_.sessions.get(), &SessionArbiter::isScreenTakenChanged, &idle_,
             qOverload<>(&QTimer::start));
     connect(parts_.editors.get(), &EditorWindowCoordinator::documentClosed, this, [this] {
         if (!parts_.editors->isEditorOpen()) parts_.captures->forgetLastCapture();

@@ -35,6 +35,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
         platform.screenPermission, platform.displays, snapshots, parts.settings,
         std::make_shared<OverlayRegionSelector>(overlay, platform.appearance),
         std::make_shared<OverlayWindowPicker>(overlay)});
+    made.sessions = parts.sessions;
     made.editors = parts.editors;
     made.editorSteps = standardEditorSteps();
     made.pins = parts.pins;
@@ -61,6 +62,7 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.activation = std::make_shared<ActivationState>();
     parts.permissions =
         std::make_shared<PermissionManager>(platform.screenPermission, platform.alerts);
+    parts.sessions = std::make_shared<SessionArbiter>();
     parts.exporter = std::make_shared<PictureExporter>(platform.pasteboard);
     parts.pins = std::make_shared<PinnedScreenshotCoordinator>(
         platform.displays, platform.floatingWindows, parts.exporter);

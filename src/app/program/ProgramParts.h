@@ -16,6 +16,7 @@ struct ProgramParts {
     std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<ActivationState> activation;
     std::shared_ptr<PermissionManager> permissions;
+    std::shared_ptr<SessionArbiter> sessions;
     std::shared_ptr<PictureExporterProtocol> exporter;
     std::shared_ptr<PinnedScreenshotCoordinator> pins;
     std::shared_ptr<Toasts> toasts;
