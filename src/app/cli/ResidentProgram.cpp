@@ -46,7 +46,7 @@ ExitStatus runResident(const QStringList&) {
         std::make_shared<HotkeyManager>(parts.platform.globalHotkeys, parts.settings);
     AppDelegate delegate(
         parts, hotkeys,
-        std::make_shared<SettingsWindowCoordinator>(settingsServices(parts, hotkeys), parts));
+        std::make_unique<SettingsWindowCoordinator>(settingsServices(parts, hotkeys), parts));
     // Not quit(), which asks each window whether it may close.
     const std::stop_callback end(signals.token(), [] { QCoreApplication::exit(); });
     const InstanceAddress address = InstanceAddress::standard();

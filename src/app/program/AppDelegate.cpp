@@ -30,7 +30,7 @@ QString regionKeys(AppSettingsServiceProtocol& settings) {
 }  // namespace
 
 AppDelegate::AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotkeys,
-                         std::shared_ptr<SettingsOpener> settingsWindow, QObject* parent)
+                         std::unique_ptr<SettingsOpener> settingsWindow, QObject* parent)
     : QObject(parent),
       parts_(std::move(parts)),
       hotkeys_(std::move(hotkeys)),

@@ -19,7 +19,7 @@ class AppDelegate : public QObject {
 
   public:
     AppDelegate(ProgramParts parts, std::shared_ptr<HotkeyManager> hotkeys,
-                std::shared_ptr<SettingsOpener> settingsWindow, QObject* parent = nullptr);
+                std::unique_ptr<SettingsOpener> settingsWindow, QObject* parent = nullptr);
     ~AppDelegate() override;
 
     /// Shows the icon and takes up work. `socket` is where other starts ask.
@@ -48,7 +48,7 @@ class AppDelegate : public QObject {
     AppShortcuts shortcuts_;
     Quitting quitting_;
     DraftRestoring restoring_;
-    std::shared_ptr<SettingsOpener> settingsWindow_;
+    std::unique_ptr<SettingsOpener> settingsWindow_;
     InstanceCommands commands_;
     InstanceServer server_;
     InstanceBus bus_;
