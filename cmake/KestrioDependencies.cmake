@@ -15,7 +15,7 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-composite xcb-damage xcb-
 pkg_check_modules(CANBERRA REQUIRED IMPORTED_TARGET libcanberra)
 
 if(NOT KESTRIO_FUZZ)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Qml Quick)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools Qml Quick)
   find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
   find_package(GTest REQUIRED)
   find_package(benchmark REQUIRED)

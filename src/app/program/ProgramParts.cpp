@@ -9,7 +9,6 @@
 
 #include <QGuiApplication>
 #include <QIcon>
-#include <QLocale>
 
 namespace kestrio {
 
@@ -17,12 +16,6 @@ namespace {
 
 constexpr double bodySize = 13;
 constexpr std::chrono::milliseconds failureTime(3500);
-
-// A language that the user chose counts from the next start on.
-void applyLanguage(const UserDefaults& defaults) {
-    const auto languages = defaults.stringArray(QStringLiteral("AppleLanguages"));
-    if (languages && !languages->isEmpty()) QLocale::setDefault(QLocale(languages->front()));
-}
 
 CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     CaptureCollaborators made;
@@ -57,7 +50,6 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     ProgramParts parts;
     parts.platform = platform;
     parts.userDefaults = std::make_shared<IniUserDefaults>(IniUserDefaults::standardPath());
-    applyLanguage(*parts.userDefaults);
     parts.settings = std::make_shared<AppSettingsService>(parts.userDefaults);
     parts.activation = std::make_shared<ActivationState>();
     parts.permissions =

@@ -1,5 +1,6 @@
 #include "app/settings/SettingsViewModel.h"
 
+#include "app/shell/Translations.h"
 #include "core/Localisation.h"
 
 #include <QPointer>
@@ -44,7 +45,7 @@ void SettingsViewModel::setLanguage(AppLanguage language) {
     AppSettings changed = settings();
     changed.appLanguage = language;
     change(changed);
-    const QString key = QStringLiteral("AppleLanguages");
+    const QString key = languageKey();
     if (const auto code = languageCode(language)) {
         services_.userDefaults->setStringArray(key, {*code});
     } else {

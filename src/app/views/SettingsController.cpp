@@ -1,5 +1,6 @@
 #include "app/views/SettingsController.h"
 
+#include "app/shell/Translations.h"
 #include "app/views/SettingsFields.h"
 #include "core/Localisation.h"
 #include "library/export/FileNaming.h"
@@ -10,13 +11,25 @@ namespace kestrio {
 
 namespace {
 
+template <typename E>
+QVariantMap choice(const EnumRow<E>& row) {
+    return {{QStringLiteral("id"), QString::fromLatin1(row.raw)},
+            {QStringLiteral("name"), displayName(row.value)}};
+}
+
 template <typename Table>
 QVariantList rows(const Table& table) {
     QVariantList list;
-    for (const auto& row : table) {
-        list << QVariantMap{{QStringLiteral("id"), QString::fromLatin1(row.raw)},
-                            {QStringLiteral("name"), displayName(row.value)}};
-    }
+    for (const auto& row : table)
+        list << choice(row);
+    return list;
+}
+
+// What is set stays to be seen, even where there is no table of it.
+QVariantList languages(AppLanguage current) {
+    QVariantList list;
+    for (const auto& row : appLanguages)
+        if (isTranslated(row.value) || row.value == current) list << choice(row);
     return list;
 }
 
@@ -69,7 +82,7 @@ QVariantMap SettingsController::values() const {
 }
 
 QVariantMap SettingsController::choices() const {
-    return {{QStringLiteral("appLanguage"), rows(appLanguages)},
+    return {{QStringLiteral("appLanguage"), languages(model_.settings().appLanguage)},
             {QStringLiteral("defaultExportFormat"), rows(exportFormats)}};
 }
 

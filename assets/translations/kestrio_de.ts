@@ -1,0 +1,1359 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>Kestrio</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Screenshots worth showing.</source>
+        <translation>Bildschirmfotos, die sich sehen lassen können.</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Saving</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>File names</source>
+        <translation>Dateinamen</translation>
+    </message>
+    <message>
+        <source>Screen recording</source>
+        <translation>Bildschirmaufnahme</translation>
+    </message>
+    <message>
+        <source>Kestrio can capture the screen.</source>
+        <translation>Kestrio kann den Bildschirm aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Kestrio cannot capture the screen.</source>
+        <translation>Kestrio kann den Bildschirm nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>Check Again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Your pictures</source>
+        <translation>Ihre Bilder</translation>
+    </message>
+    <message>
+        <source>Everything is captured, edited and saved on this computer. Kestrio sends no pictures anywhere.</source>
+        <translation>Alles wird auf diesem Rechner aufgenommen, bearbeitet und gespeichert. Kestrio sendet keine Bilder.</translation>
+    </message>
+    <message>
+        <source>Save to</source>
+        <translation>Speicherort</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>Selecting a region</source>
+        <translation>Bereich auswählen</translation>
+    </message>
+    <message>
+        <source>Confirm before editing</source>
+        <translation>Vor dem Bearbeiten bestätigen</translation>
+    </message>
+    <message>
+        <source>Adjust the selection, then edit, copy, save or pin it. Otherwise the editor opens at once.</source>
+        <translation>Auswahl anpassen und dann bearbeiten, kopieren, speichern oder anheften. Sonst öffnet sich der Editor sofort.</translation>
+    </message>
+    <message>
+        <source>Snap to windows</source>
+        <translation>An Fenstern einrasten</translation>
+    </message>
+    <message>
+        <source>Show the magnifier</source>
+        <translation>Lupe anzeigen</translation>
+    </message>
+    <message>
+        <source>After the capture</source>
+        <translation>Nach der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Copy to the clipboard automatically</source>
+        <translation>Automatisch in die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>Saved presets</source>
+        <translation>Gespeicherte Vorlagen</translation>
+    </message>
+    <message>
+        <source>Delete this preset</source>
+        <translation>Diese Vorlage löschen</translation>
+    </message>
+    <message>
+        <source>Restart Kestrio to change its language.</source>
+        <translation>Starten Sie Kestrio neu, um die Sprache zu wechseln.</translation>
+    </message>
+    <message>
+        <source>Kestrio Settings</source>
+        <translation>Kestrio – Einstellungen</translation>
+    </message>
+    <message>
+        <source>Press shortcut...</source>
+        <translation>Tasten drücken …</translation>
+    </message>
+    <message>
+        <source>Click a shortcut, then press a new key combination to change it. Must include at least ⌘, ⌃, or ⌥, but for Print, media and other keys that type nothing.</source>
+        <translation>Klicken Sie auf ein Tastenkürzel und drücken Sie dann eine neue Kombination. Sie muss ⌘, ⌃ oder ⌥ enthalten, außer bei Druck, Medientasten und anderen Tasten, die nichts schreiben.</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>Globale Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>⌃ Control   ⌥ Alt   ⇧ Shift   ⌘ Super</source>
+        <translation>⌃ Strg   ⌥ Alt   ⇧ Umschalt   ⌘ Super</translation>
+    </message>
+    <message>
+        <source>Restore Defaults</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Bring to Front</source>
+        <translation>In den Vordergrund</translation>
+    </message>
+    <message>
+        <source>Send to Back</source>
+        <translation>In den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Renumber from here</source>
+        <translation>Ab hier neu nummerieren</translation>
+    </message>
+    <message>
+        <source>Delete and Renumber</source>
+        <translation>Löschen und neu nummerieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Hide annotations</source>
+        <translation>Anmerkungen ausblenden</translation>
+    </message>
+    <message>
+        <source>Show annotations</source>
+        <translation>Anmerkungen einblenden</translation>
+    </message>
+    <message>
+        <source>Bring to front</source>
+        <translation>In den Vordergrund</translation>
+    </message>
+    <message>
+        <source>Send to back</source>
+        <translation>In den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Delete selected</source>
+        <translation>Ausgewählte löschen</translation>
+    </message>
+    <message>
+        <source>Any other colour</source>
+        <translation>Andere Farbe</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>Intensität</translation>
+    </message>
+    <message>
+        <source>Canvas shape</source>
+        <translation>Form der Leinwand</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Use this ratio</source>
+        <translation>Dieses Verhältnis verwenden</translation>
+    </message>
+    <message>
+        <source>Padding</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Keep screenshot pixels</source>
+        <translation>Pixel beibehalten</translation>
+    </message>
+    <message>
+        <source>The canvas grows by padding and frame, and the screenshot stays sharp</source>
+        <translation>Die Leinwand wächst um Abstand und Rahmen, und das Bildschirmfoto bleibt scharf</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Saving failed</source>
+        <translation>Speichern fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Save the changes?</source>
+        <translation>Änderungen speichern?</translation>
+    </message>
+    <message>
+        <source>“%1” was changed since it last left the editor. Save writes it into the save folder.</source>
+        <translation>„%1“ wurde geändert, seit es den Editor zuletzt verlassen hat. „Speichern“ legt es im Speicherordner ab.</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Schließen, ohne zu speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Go on editing</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Ordner wählen …</translation>
+    </message>
+    <message>
+        <source>Save into another folder</source>
+        <translation>In einem anderen Ordner speichern</translation>
+    </message>
+    <message>
+        <source>Saving…</source>
+        <translation>Speichern …</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save and close</source>
+        <translation>Speichern und schließen</translation>
+    </message>
+    <message>
+        <source>Pick from the picture</source>
+        <translation>Aus dem Bild aufnehmen</translation>
+    </message>
+    <message>
+        <source>Pick a colour; with Alt for the backdrop</source>
+        <translation>Farbe aufnehmen; mit Alt für den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Copy this text</source>
+        <translation>Diesen Text kopieren</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt verwendet</translation>
+    </message>
+    <message>
+        <source>Use for the backdrop</source>
+        <translation>Für den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Use for the tools</source>
+        <translation>Für die Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Drag handles   Return Apply   Esc Cancel</source>
+        <translation>Griffe ziehen   Eingabe: Anwenden   Esc: Abbrechen</translation>
+    </message>
+    <message>
+        <source>Ratio Locked</source>
+        <translation>Verhältnis fest</translation>
+    </message>
+    <message>
+        <source>Free Ratio</source>
+        <translation>Verhältnis frei</translation>
+    </message>
+    <message>
+        <source>The whole picture again</source>
+        <translation>Wieder das ganze Bild</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Drag the finished picture into another program</source>
+        <translation>Das fertige Bild in ein anderes Programm ziehen</translation>
+    </message>
+    <message>
+        <source>Kestrio Editor – %1</source>
+        <translation>Kestrio – %1</translation>
+    </message>
+    <message>
+        <source>The window closes as soon as the picture is written</source>
+        <translation>Das Fenster schließt sich, sobald das Bild geschrieben ist</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <translation>Rauschen</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>Enhance the picture</source>
+        <translation>Bild verbessern</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Schärfen</translation>
+    </message>
+    <message>
+        <source>Denoise</source>
+        <translation>Entrauschen</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Upscale</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Restore original</source>
+        <translation>Original wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation>In Arbeit …</translation>
+    </message>
+    <message>
+        <source>Enhance</source>
+        <translation>Verbessern</translation>
+    </message>
+    <message>
+        <source>Export Options</source>
+        <translation>Exportoptionen</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Exporting image...</source>
+        <translation>Bild wird exportiert …</translation>
+    </message>
+    <message>
+        <source>Please wait</source>
+        <translation>Bitte warten</translation>
+    </message>
+    <message>
+        <source>Export Successful!</source>
+        <translation>Export erfolgreich!</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Export Failed</source>
+        <translation>Export fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Title bar size</source>
+        <translation>Größe der Titelleiste</translation>
+    </message>
+    <message>
+        <source>Your own</source>
+        <translation>Eigener</translation>
+    </message>
+    <message>
+        <source>Remove the last colour</source>
+        <translation>Letzte Farbe entfernen</translation>
+    </message>
+    <message>
+        <source>Make a gradient of your own</source>
+        <translation>Eigenen Verlauf anlegen</translation>
+    </message>
+    <message>
+        <source>Add a colour</source>
+        <translation>Farbe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Colour %1 of the gradient</source>
+        <translation>Farbe %1 des Verlaufs</translation>
+    </message>
+    <message>
+        <source>Blurred areas are hidden</source>
+        <translation>Verdeckende Bereiche sind ausgeblendet</translation>
+    </message>
+    <message>
+        <source>Annotations are hidden, so the picture would show what the blurred areas cover.</source>
+        <translation>Die Anmerkungen sind ausgeblendet; das Bild würde zeigen, was die weichgezeichneten Bereiche verdecken.</translation>
+    </message>
+    <message>
+        <source>Continue without</source>
+        <translation>Ohne sie fortfahren</translation>
+    </message>
+    <message>
+        <source>Show and continue</source>
+        <translation>Einblenden und fortfahren</translation>
+    </message>
+    <message>
+        <source>Another picture…</source>
+        <translation>Anderes Bild …</translation>
+    </message>
+    <message>
+        <source>Choose picture…</source>
+        <translation>Bild auswählen …</translation>
+    </message>
+    <message>
+        <source>Or drop a picture here</source>
+        <translation>Oder ein Bild hier ablegen</translation>
+    </message>
+    <message>
+        <source>Blur of the picture</source>
+        <translation>Bild weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Opacity of the picture</source>
+        <translation>Deckkraft des Bildes</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Corner radius</source>
+        <translation>Eckenradius</translation>
+    </message>
+    <message>
+        <source>Corner radius (set by the frame)</source>
+        <translation>Eckenradius (vom Rahmen)</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>Schlagschatten</translation>
+    </message>
+    <message>
+        <source>Light from</source>
+        <translation>Licht von</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Überlagerung</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>Thickness</source>
+        <translation>Strichstärke</translation>
+    </message>
+    <message>
+        <source>Colour of the pattern</source>
+        <translation>Farbe des Musters</translation>
+    </message>
+    <message>
+        <source>Start over?</source>
+        <translation>Von vorn beginnen?</translation>
+    </message>
+    <message>
+        <source>Annotations, style and all steps of undo go. The picture stays as it is now.</source>
+        <translation>Anmerkungen, Stil und alle rückgängig zu machenden Schritte gehen verloren. Das Bild bleibt, wie es jetzt ist.</translation>
+    </message>
+    <message>
+        <source>Start over</source>
+        <translation>Von vorn beginnen</translation>
+    </message>
+    <message>
+        <source>Backdrop</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message>
+        <source>Corners and shadow</source>
+        <translation>Ecken und Schatten</translation>
+    </message>
+    <message>
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>E-mail…</source>
+        <translation>E-Mail …</translation>
+    </message>
+    <message>
+        <source>Copy File</source>
+        <translation>Datei kopieren</translation>
+    </message>
+    <message>
+        <source>Open with %1</source>
+        <translation>Öffnen mit %1</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Close (Esc)</source>
+        <translation>Schließen (Esc)</translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation>Leinwand</translation>
+    </message>
+    <message>
+        <source>Delete this theme</source>
+        <translation>Dieses Design löschen</translation>
+    </message>
+    <message>
+        <source>Replace with the current style</source>
+        <translation>Durch den aktuellen Stil ersetzen</translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation>Umbenennen …</translation>
+    </message>
+    <message>
+        <source>Rename theme</source>
+        <translation>Design umbenennen</translation>
+    </message>
+    <message>
+        <source>Enter theme name</source>
+        <translation>Name des Designs eingeben</translation>
+    </message>
+    <message>
+        <source>Save your current backdrop, frame, and mockup settings as a reusable theme.</source>
+        <translation>Speichert den aktuellen Hintergrund, Rahmen, Ecken und Schatten als wiederverwendbares Design.</translation>
+    </message>
+    <message>
+        <source>Name of the theme</source>
+        <translation>Name des Designs</translation>
+    </message>
+    <message>
+        <source>A theme with this name already exists</source>
+        <translation>Ein Design mit diesem Namen existiert bereits</translation>
+    </message>
+    <message>
+        <source>A theme with this name already exists and will be replaced</source>
+        <translation>Ein Design mit diesem Namen existiert bereits und wird ersetzt</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep this style as a theme</source>
+        <translation>Diesen Stil als Design speichern</translation>
+    </message>
+    <message>
+        <source>Save style</source>
+        <translation>Stil speichern</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Start over…</source>
+        <translation>Von vorn beginnen …</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>Nach links drehen</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>Nach rechts drehen</translation>
+    </message>
+    <message>
+        <source>Annotate</source>
+        <translation>Anmerken</translation>
+    </message>
+    <message>
+        <source>Draw on the picture</source>
+        <translation>Auf das Bild zeichnen</translation>
+    </message>
+    <message>
+        <source>Auto beautify</source>
+        <translation>Automatisch verschönern</translation>
+    </message>
+    <message>
+        <source>Marks hidden</source>
+        <translation>Ausgeblendet</translation>
+    </message>
+    <message>
+        <source>Annotations are hidden; click to show them</source>
+        <translation>Anmerkungen sind ausgeblendet; klicken Sie, um sie einzublenden</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Hide the panel</source>
+        <translation>Leiste ausblenden</translation>
+    </message>
+    <message>
+        <source>Show the panel</source>
+        <translation>Leiste einblenden</translation>
+    </message>
+    <message>
+        <source>Pin to the desktop</source>
+        <translation>Auf dem Desktop anheften</translation>
+    </message>
+    <message>
+        <source>Share with another program</source>
+        <translation>Mit einem anderen Programm teilen</translation>
+    </message>
+    <message>
+        <source>Copying…</source>
+        <translation>Kopieren …</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy to clipboard</source>
+        <translation>In die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>Save as a file</source>
+        <translation>Als Datei speichern</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Horizontal offset</source>
+        <translation>Waagerechter Versatz</translation>
+    </message>
+    <message>
+        <source>Vertical offset</source>
+        <translation>Senkrechter Versatz</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Vorlagen</translation>
+    </message>
+    <message>
+        <source>Name of a new preset</source>
+        <translation>Name einer neuen Vorlage</translation>
+    </message>
+    <message>
+        <source>Keep this watermark</source>
+        <translation>Dieses Wasserzeichen speichern</translation>
+    </message>
+    <message>
+        <source>Show a watermark</source>
+        <translation>Wasserzeichen anzeigen</translation>
+    </message>
+    <message>
+        <source>Text of the watermark</source>
+        <translation>Text des Wasserzeichens</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Click to edit zoom percentage (10% - 500%)</source>
+        <translation>Klicken, um den Zoom einzugeben (10 % – 500 %)</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Type hex digits or three numbers</source>
+        <translation>Hex-Ziffern oder drei Zahlen eingeben</translation>
+    </message>
+    <message>
+        <source>Hex digits of the colour</source>
+        <translation>Hex-Ziffern der Farbe</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+    <message>
+        <source>Hue</source>
+        <translation>Farbton</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>Distribute Horizontally</source>
+        <translation>Waagerecht verteilen</translation>
+    </message>
+    <message>
+        <source>Distribute Vertically</source>
+        <translation>Senkrecht verteilen</translation>
+    </message>
+    <message>
+        <source>Please enter a positive integer</source>
+        <translation>Bitte eine positive ganze Zahl eingeben</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Select and move annotations</source>
+        <translation>Anmerkungen auswählen und verschieben</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Pfeil</translation>
+    </message>
+    <message>
+        <source>Draw arrows to point at things</source>
+        <translation>Mit Pfeilen auf etwas zeigen</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>Measure pixel distances</source>
+        <translation>Abstände in Pixeln messen</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Draw rectangles and squares</source>
+        <translation>Rechtecke und Quadrate zeichnen</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>Kreis</translation>
+    </message>
+    <message>
+        <source>Draw circles and ovals</source>
+        <translation>Kreise und Ellipsen zeichnen</translation>
+    </message>
+    <message>
+        <source>Add text annotations</source>
+        <translation>Text hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add numbered markers</source>
+        <translation>Nummern hinzufügen</translation>
+    </message>
+    <message>
+        <source>Brush</source>
+        <translation>Pinsel</translation>
+    </message>
+    <message>
+        <source>Freehand drawing</source>
+        <translation>Freihändig zeichnen</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Textmarker</translation>
+    </message>
+    <message>
+        <source>Highlight areas with transparency</source>
+        <translation>Bereiche durchscheinend hervorheben</translation>
+    </message>
+    <message>
+        <source>Blur sensitive information</source>
+        <translation>Vertrauliches weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Radierer</translation>
+    </message>
+    <message>
+        <source>Erase annotations</source>
+        <translation>Anmerkungen radieren</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>Extra Large</source>
+        <translation>Sehr groß</translation>
+    </message>
+    <message>
+        <source>Gaussian</source>
+        <translation>Gauß</translation>
+    </message>
+    <message>
+        <source>Pixelate</source>
+        <translation>Verpixeln</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Einfarbig</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>Umriss</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Füllen</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beides</translation>
+    </message>
+    <message>
+        <source>another capture is under way</source>
+        <translation>es läuft bereits eine andere Aufnahme</translation>
+    </message>
+    <message>
+        <source>Copied to clipboard</source>
+        <translation>In die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Capture Error</source>
+        <translation>Aufnahmefehler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>The Screenshot Was Not Saved</source>
+        <translation>Das Bildschirmfoto wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>%1
+It is still here: choose another folder for it.</source>
+        <translation>%1
+Es ist noch da: Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>Save the Screenshot into Folder</source>
+        <translation>Bildschirmfoto in Ordner speichern</translation>
+    </message>
+    <message>
+        <source>Saved to %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>Captures the screen: a region or a window of the user&apos;s choice, or the display under the pointer. Without an option for what becomes of the picture, the user decides, or the editor opens.</source>
+        <translation>Nimmt den Bildschirm auf: einen Bereich oder ein Fenster nach Wahl oder den Bildschirm unter dem Mauszeiger. Sagt keine Option, was aus dem Bild wird, entscheidet der Benutzer, oder der Editor öffnet sich.</translation>
+    </message>
+    <message>
+        <source>region, window or display</source>
+        <translation>region, window oder display</translation>
+    </message>
+    <message>
+        <source>wait so many seconds first</source>
+        <translation>zuvor so viele Sekunden warten</translation>
+    </message>
+    <message>
+        <source>open the picture in the editor</source>
+        <translation>das Bild im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>put it on the clipboard</source>
+        <translation>es in die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>pin it to the desktop</source>
+        <translation>es auf dem Desktop anheften</translation>
+    </message>
+    <message>
+        <source>write it to the save folder of the settings and print its path</source>
+        <translation>es in den Speicherordner der Einstellungen schreiben und den Pfad ausgeben</translation>
+    </message>
+    <message>
+        <source>write it to this file, as PNG, JPEG or WebP by its ending</source>
+        <translation>es in diese Datei schreiben, je nach Endung als PNG, JPEG oder WebP</translation>
+    </message>
+    <message>
+        <source>show help</source>
+        <translation>Hilfe anzeigen</translation>
+    </message>
+    <message>
+        <source>say what to capture: region, window or display</source>
+        <translation>geben Sie an, was aufgenommen werden soll: region, window oder display</translation>
+    </message>
+    <message>
+        <source>--delay takes whole seconds from 0 to %1</source>
+        <translation>--delay erwartet ganze Sekunden von 0 bis %1</translation>
+    </message>
+    <message>
+        <source>choose one of --edit, --copy, --pin and --save</source>
+        <translation>wählen Sie eine der Optionen --edit, --copy, --pin und --save</translation>
+    </message>
+    <message>
+        <source>capture a region, a window or a display</source>
+        <translation>einen Bereich, ein Fenster oder einen Bildschirm aufnehmen</translation>
+    </message>
+    <message>
+        <source>open the editor on a picture</source>
+        <translation>ein Bild im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>set pictures on a backdrop and write them as files</source>
+        <translation>Bilder auf einen Hintergrund setzen und als Dateien schreiben</translation>
+    </message>
+    <message>
+        <source>standard output cannot be written to</source>
+        <translation>auf die Standardausgabe kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Kestrio, a screenshot beautifier
+
+usage: kestrio                    start in the tray, or bring the running one to notice
+       kestrio VERB [ARGUMENTS]
+
+%1
+  -h, --help     show this help; after a verb, its options
+  -v, --version  show the version</source>
+        <translation>Kestrio, ein Verschönerer für Bildschirmfotos
+
+Aufruf: kestrio                      im Infobereich starten oder auf das laufende aufmerksam machen
+        kestrio BEFEHL [ARGUMENTE]
+
+%1
+  -h, --help     diese Hilfe anzeigen; nach einem Befehl dessen Optionen
+  -v, --version  die Version anzeigen</translation>
+    </message>
+    <message>
+        <source>usage: kestrio %1</source>
+        <translation>Aufruf: kestrio %1</translation>
+    </message>
+    <message>
+        <source>unknown verb &quot;%1&quot;; known are %2</source>
+        <translation>unbekannter Befehl „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>Opens the editor on a picture.</source>
+        <translation>Öffnet ein Bild im Editor.</translation>
+    </message>
+    <message>
+        <source>a picture; the clipboard&apos;s unless given</source>
+        <translation>ein Bild; ohne Angabe das der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>pixels per point of the picture, 1 unless given</source>
+        <translation>Pixel je Punkt des Bildes, ohne Angabe 1</translation>
+    </message>
+    <message>
+        <source>--density takes a number above 0 and at most %1</source>
+        <translation>--density erwartet eine Zahl über 0 und höchstens %1</translation>
+    </message>
+    <message>
+        <source>the editor opens one picture at a time</source>
+        <translation>der Editor öffnet ein Bild auf einmal</translation>
+    </message>
+    <message>
+        <source>hold-clipboard is for Kestrio itself, which starts it</source>
+        <translation>hold-clipboard ist Kestrio selbst vorbehalten, das es startet</translation>
+    </message>
+    <message>
+        <source>the running Kestrio does not answer; end it and try again</source>
+        <translation>das laufende Kestrio antwortet nicht; beenden Sie es und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>Sets pictures on a backdrop and writes them as files.</source>
+        <translation>Setzt Bilder auf einen Hintergrund und schreibt sie als Dateien.</translation>
+    </message>
+    <message>
+        <source>a picture; several may be given</source>
+        <translation>ein Bild; mehrere sind möglich</translation>
+    </message>
+    <message>
+        <source>the file to write, or a folder</source>
+        <translation>die zu schreibende Datei oder ein Ordner</translation>
+    </message>
+    <message>
+        <source>write to the save folder of the settings instead</source>
+        <translation>stattdessen in den Speicherordner der Einstellungen schreiben</translation>
+    </message>
+    <message>
+        <source>png, jpeg or webp; inferred from the output&apos;s ending unless given</source>
+        <translation>png, jpeg oder webp; ohne Angabe aus der Endung der Ausgabe abgeleitet</translation>
+    </message>
+    <message>
+        <source>print what was written as JSON</source>
+        <translation>als JSON ausgeben, was geschrieben wurde</translation>
+    </message>
+    <message>
+        <source>unknown format &quot;%1&quot;; known are %2</source>
+        <translation>unbekanntes Format „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>give only one of -o and --quick-save</source>
+        <translation>geben Sie nur eines von -o und --quick-save an</translation>
+    </message>
+    <message>
+        <source>say where the result goes: -o OUTPUT or --quick-save</source>
+        <translation>geben Sie an, wohin das Ergebnis soll: -o AUSGABE oder --quick-save</translation>
+    </message>
+    <message>
+        <source>the folder %1 does not exist</source>
+        <translation>der Ordner %1 existiert nicht</translation>
+    </message>
+    <message>
+        <source>cannot infer the format of &quot;%1&quot;; end it in .png, .jpeg or .webp, or give --format</source>
+        <translation>aus „%1“ geht kein Format hervor; verwenden Sie die Endung .png, .jpeg oder .webp oder geben Sie --format an</translation>
+    </message>
+    <message>
+        <source>%1 would be overwritten by its own result; name another output</source>
+        <translation>%1 würde vom eigenen Ergebnis überschrieben; geben Sie eine andere Ausgabe an</translation>
+    </message>
+    <message>
+        <source>name a picture to render</source>
+        <translation>geben Sie ein Bild an</translation>
+    </message>
+    <message>
+        <source>--quick-save takes one picture; name a folder for several</source>
+        <translation>--quick-save nimmt ein einziges Bild; geben Sie für mehrere einen Ordner an</translation>
+    </message>
+    <message>
+        <source>several pictures need a folder to go to; &quot;%1&quot; is none</source>
+        <translation>mehrere Bilder brauchen einen Ordner als Ziel; „%1“ ist keiner</translation>
+    </message>
+    <message>
+        <source>--%1 takes a number, not &quot;%2&quot;</source>
+        <translation>--%1 erwartet eine Zahl, nicht „%2“</translation>
+    </message>
+    <message>
+        <source>unknown %1 &quot;%2&quot;; known are %3</source>
+        <translation>unbekannter Wert für %1: „%2“; bekannt sind %3</translation>
+    </message>
+    <message>
+        <source>--%1 takes two numbers above 0 as in %2, not &quot;%3&quot;</source>
+        <translation>--%1 erwartet zwei Zahlen über 0 wie in %2, nicht „%3“</translation>
+    </message>
+    <message>
+        <source>--%1 takes a number above 0, not &quot;%2&quot;</source>
+        <translation>--%1 erwartet eine Zahl über 0, nicht „%2“</translation>
+    </message>
+    <message>
+        <source>the style file %1 cannot be used: %2</source>
+        <translation>die Stildatei %1 ist nicht verwendbar: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour; write it as #RRGGBB or #RRGGBBAA</source>
+        <translation>„%1“ ist keine Farbe; schreiben Sie sie als #RRGGBB oder #RRGGBBAA</translation>
+    </message>
+    <message>
+        <source>the annotations in %1 cannot be used: %2</source>
+        <translation>die Anmerkungen in %1 sind nicht verwendbar: %2</translation>
+    </message>
+    <message>
+        <source>start from a built-in style</source>
+        <translation>von einem mitgelieferten Stil ausgehen</translation>
+    </message>
+    <message>
+        <source>start from the JSON of an editor style</source>
+        <translation>vom JSON eines Editorstils ausgehen</translation>
+    </message>
+    <message>
+        <source>none, solid:#RRGGBB, gradient:ID or image:FILE</source>
+        <translation>none, solid:#RRGGBB, gradient:ID oder image:FILE</translation>
+    </message>
+    <message>
+        <source>points between canvas and picture, 0 to 100</source>
+        <translation>Punkte zwischen Leinwand und Bild, 0 bis 100</translation>
+    </message>
+    <message>
+        <source>none, macOS, safari, arc, windows, stack or stack2</source>
+        <translation>none, macOS, safari, arc, windows, stack oder stack2</translation>
+    </message>
+    <message>
+        <source>size of the frame&apos;s title bar, 1 is natural</source>
+        <translation>Größe der Titelleiste des Rahmens, 1 ist natürlich</translation>
+    </message>
+    <message>
+        <source>points, 4 and less is square</source>
+        <translation>Punkte, bis 4 eckig</translation>
+    </message>
+    <message>
+        <source>off, low, medium or high</source>
+        <translation>off, low, medium oder high</translation>
+    </message>
+    <message>
+        <source>where the light comes from, such as topLeft</source>
+        <translation>woher das Licht kommt, etwa topLeft</translation>
+    </message>
+    <message>
+        <source>circles, waves, dots, rays, grid, stripes, noise or none</source>
+        <translation>circles, waves, dots, rays, grid, stripes, noise oder none</translation>
+    </message>
+    <message>
+        <source>its colour, black at 10 percent unless given</source>
+        <translation>seine Farbe, ohne Angabe Schwarz mit 10 Prozent</translation>
+    </message>
+    <message>
+        <source>its strength, 0 to 1</source>
+        <translation>seine Stärke, 0 bis 1</translation>
+    </message>
+    <message>
+        <source>diagonalShadow, naturalShadow, softGlow, vignette or none</source>
+        <translation>diagonalShadow, naturalShadow, softGlow, vignette oder none</translation>
+    </message>
+    <message>
+        <source>its strength, 10 unless given</source>
+        <translation>ihre Stärke, ohne Angabe 10</translation>
+    </message>
+    <message>
+        <source>backdrop effects, such as dreamy or film</source>
+        <translation>Effekte des Hintergrunds, etwa dreamy oder film</translation>
+    </message>
+    <message>
+        <source>shape of the canvas around the picture</source>
+        <translation>Form der Leinwand um das Bild</translation>
+    </message>
+    <message>
+        <source>size of the canvas in points</source>
+        <translation>Größe der Leinwand in Punkten</translation>
+    </message>
+    <message>
+        <source>let the canvas grow so that the picture is not resampled</source>
+        <translation>die Leinwand wachsen lassen, damit das Bild nicht umgerechnet wird</translation>
+    </message>
+    <message>
+        <source>turn the finished picture clockwise</source>
+        <translation>das fertige Bild im Uhrzeigersinn drehen</translation>
+    </message>
+    <message>
+        <source>burn a text into the picture</source>
+        <translation>einen Text in das Bild einbrennen</translation>
+    </message>
+    <message>
+        <source>draw the annotations of a JSON list</source>
+        <translation>die Anmerkungen einer JSON-Liste zeichnen</translation>
+    </message>
+    <message>
+        <source>pixels per point of the input, 1 unless given</source>
+        <translation>Pixel je Punkt der Eingabe, ohne Angabe 1</translation>
+    </message>
+    <message>
+        <source>Conflicts with &quot;%1&quot;</source>
+        <translation>Konflikt mit „%1“</translation>
+    </message>
+    <message>
+        <source>Region Capture</source>
+        <translation>Bereich aufnehmen</translation>
+    </message>
+    <message>
+        <source>Window Capture</source>
+        <translation>Fenster aufnehmen</translation>
+    </message>
+    <message>
+        <source>Scrolling Capture</source>
+        <translation>Rollende Aufnahme</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Videoaufnahme</translation>
+    </message>
+    <message>
+        <source>the folder %1 must be a folder of yours that nobody else may enter; remove it, or set XDG_RUNTIME_DIR to another one</source>
+        <translation>der Ordner %1 muss Ihnen gehören und darf für niemanden sonst zugänglich sein; löschen Sie ihn oder setzen Sie XDG_RUNTIME_DIR auf einen anderen</translation>
+    </message>
+    <message>
+        <source>cancelled by the user</source>
+        <translation>vom Benutzer abgebrochen</translation>
+    </message>
+    <message>
+        <source>the option &quot;%1&quot; cannot be &quot;%2&quot;</source>
+        <translation>die Option „%1“ kann nicht „%2“ sein</translation>
+    </message>
+    <message>
+        <source>there is no capture &quot;%1&quot;</source>
+        <translation>es gibt keine Aufnahme „%1“</translation>
+    </message>
+    <message>
+        <source>the running Kestrio ended before it was done</source>
+        <translation>das laufende Kestrio endete, bevor es fertig war</translation>
+    </message>
+    <message>
+        <source>there is no picture on the clipboard; name a file to edit</source>
+        <translation>in der Zwischenablage ist kein Bild; geben Sie eine Datei an</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>the running Kestrio does not understand the request (%1); it may be of another version, so quit it and start it again</source>
+        <translation>das laufende Kestrio versteht die Anfrage nicht (%1); vielleicht ist es eine andere Version, beenden Sie es also und starten Sie es neu</translation>
+    </message>
+    <message>
+        <source>a file name cannot contain a NUL character</source>
+        <translation>ein Dateiname kann kein NUL-Zeichen enthalten</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an absolute path</source>
+        <translation>„%1“ ist kein absoluter Pfad</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not end in .png, .jpg or .webp</source>
+        <translation>„%1“ endet nicht auf .png, .jpg oder .webp</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a folder</source>
+        <translation>„%1“ ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a device or a pipe, not a file</source>
+        <translation>„%1“ ist ein Gerät oder eine Pipe, keine Datei</translation>
+    </message>
+    <message>
+        <source>the folder of &quot;%1&quot; does not exist</source>
+        <translation>der Ordner von „%1“ existiert nicht</translation>
+    </message>
+    <message>
+        <source>the folder of &quot;%1&quot; cannot be written to</source>
+        <translation>in den Ordner von „%1“ kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the density must be above 0 and at most %1</source>
+        <translation>die Dichte muss über 0 liegen und darf höchstens %1 sein</translation>
+    </message>
+    <message>
+        <source>the delay must be 0 to %1 seconds</source>
+        <translation>die Verzögerung muss zwischen 0 und %1 Sekunden liegen</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Bildschirmfotos</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Datenschutz</translation>
+    </message>
+</context>
+</TS>
