@@ -1355,5 +1355,1369 @@ Aufruf: kestrio                      im Infobereich starten oder auf das laufend
         <source>Privacy</source>
         <translation>Datenschutz</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Failed to set launch at login: %1</source>
+        <translation>Der Start bei der Anmeldung konnte nicht eingestellt werden: %1</translation>
+    </message>
+    <message>
+        <source>Select default save path</source>
+        <translation>Speicherordner auswählen</translation>
+    </message>
+    <message>
+        <source>Failed to delete preset: %1</source>
+        <translation>Die Vorlage konnte nicht gelöscht werden: %1</translation>
+    </message>
+    <message>
+        <source>Kestrio captures in %1s</source>
+        <translation>Kestrio nimmt in %1 s auf</translation>
+    </message>
+    <message>
+        <source>Kestrio Runs Without an Icon</source>
+        <translation>Kestrio läuft ohne Symbol</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray, so Kestrio shows no icon. Press %1 to capture a region, or start Kestrio again to open its preferences.</source>
+        <translation>Dieser Desktop hat keinen Infobereich, daher zeigt Kestrio kein Symbol. Drücken Sie %1, um einen Bereich aufzunehmen, oder starten Sie Kestrio erneut, um die Einstellungen zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Open Preferences</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Kestrio is running. Press %1 to capture a region.</source>
+        <translation>Kestrio läuft. Drücken Sie %1, um einen Bereich aufzunehmen.</translation>
+    </message>
+    <message>
+        <source>Esc cancels</source>
+        <translation>Esc bricht ab</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Restore the unsaved picture?</source>
+        <translation>Nicht gespeichertes Bild wiederherstellen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Restore %n unsaved pictures?</source>
+        <translation>
+            <numerusform>%n nicht gespeichertes Bild wiederherstellen?</numerusform>
+            <numerusform>%n nicht gespeicherte Bilder wiederherstellen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kestrio ended before the changes left the editor:
+%1</source>
+        <translation>Kestrio endete, bevor die Änderungen den Editor verlassen hatten:
+%1</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Restore All</source>
+        <translation>Alle wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>“%1” Was Not Restored</source>
+        <translation>„%1“ wurde nicht wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Capture %1</source>
+        <translation>Aufnahme %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>No Image in Clipboard</source>
+        <translation>Kein Bild in der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Please copy an image to the clipboard first, then try again.</source>
+        <translation>Bitte kopieren Sie zuerst ein Bild in die Zwischenablage und versuchen Sie es dann erneut.</translation>
+    </message>
+    <message>
+        <source>Select an image to beautify</source>
+        <translation>Bild zum Verschönern auswählen</translation>
+    </message>
+    <message>
+        <source>%1 requires screen recording permission to capture the screen.
+
+Please go to %2, find %1 and enable the permission, then restart %1.
+
+If %1 already appears enabled, toggle it off and on again (or remove it with “−” and let %1 re-add itself), then restart.</source>
+        <translation>%1 braucht die Berechtigung zur Bildschirmaufnahme, um den Bildschirm aufzunehmen.
+
+Bitte öffnen Sie %2, suchen Sie %1, aktivieren Sie die Berechtigung und starten Sie %1 dann neu.
+
+Ist %1 dort bereits aktiviert, schalten Sie es aus und wieder ein (oder entfernen Sie es mit „−“, damit %1 sich selbst wieder einträgt) und starten Sie es dann neu.</translation>
+    </message>
+    <message>
+        <source>The Screen Cannot Be Captured Here</source>
+        <translation>Der Bildschirm kann hier nicht aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>Screen Recording Permission Required</source>
+        <translation>Berechtigung zur Bildschirmaufnahme erforderlich</translation>
+    </message>
+    <message>
+        <source>Save the changes before quitting?</source>
+        <translation>Änderungen vor dem Beenden speichern?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Save the changes to %n pictures before quitting?</source>
+        <translation>
+            <numerusform>Änderungen an %n Bild vor dem Beenden speichern?</numerusform>
+            <numerusform>Änderungen an %n Bildern vor dem Beenden speichern?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Changed since it last left the editor:
+%1</source>
+        <translation>Geändert, seit es den Editor zuletzt verlassen hat:
+%1</translation>
+    </message>
+    <message>
+        <source>Save All</source>
+        <translation>Alle speichern</translation>
+    </message>
+    <message>
+        <source>Kestrio quits as soon as the picture is written</source>
+        <translation>Kestrio beendet sich, sobald das Bild geschrieben ist</translation>
+    </message>
+    <message>
+        <source>“%1” Was Not Saved</source>
+        <translation>„%1“ wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>%1
+Kestrio goes on, so that you can save it elsewhere.</source>
+        <translation>%1
+Kestrio läuft weiter, damit Sie es anderswo speichern können.</translation>
+    </message>
+    <message>
+        <source>Delayed Capture</source>
+        <translation>Verzögerte Aufnahme</translation>
+    </message>
+    <message>
+        <source>Region Capture in 3s</source>
+        <translation>Bereich in 3 s aufnehmen</translation>
+    </message>
+    <message>
+        <source>Region Capture in 5s</source>
+        <translation>Bereich in 5 s aufnehmen</translation>
+    </message>
+    <message>
+        <source>Region Capture in 10s</source>
+        <translation>Bereich in 10 s aufnehmen</translation>
+    </message>
+    <message>
+        <source>Window Capture in 3s</source>
+        <translation>Fenster in 3 s aufnehmen</translation>
+    </message>
+    <message>
+        <source>Window Capture in 5s</source>
+        <translation>Fenster in 5 s aufnehmen</translation>
+    </message>
+    <message>
+        <source>Paste from Clipboard</source>
+        <translation>Aus der Zwischenablage einfügen</translation>
+    </message>
+    <message>
+        <source>Import Image...</source>
+        <translation>Bild importieren …</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Quit Kestrio</source>
+        <translation>Kestrio beenden</translation>
+    </message>
+    <message>
+        <source>Cancel Capture</source>
+        <translation>Aufnahme abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel Capture in %1s</source>
+        <translation>Aufnahme in %1 s abbrechen</translation>
+    </message>
+    <message>
+        <source>Another program holds this combination</source>
+        <translation>Ein anderes Programm belegt diese Kombination</translation>
+    </message>
+    <message>
+        <source>This keyboard cannot press this combination</source>
+        <translation>Diese Tastatur kann diese Kombination nicht drücken</translation>
+    </message>
+    <message>
+        <source>System error: %1</source>
+        <translation>Systemfehler: %1</translation>
+    </message>
+    <message>
+        <source>Screen recording permission denied. Please allow Kestrio in %1.</source>
+        <translation>Keine Berechtigung zur Bildschirmaufnahme. Bitte erlauben Sie Kestrio unter %1.</translation>
+    </message>
+    <message>
+        <source>Capture timed out. Please try again.</source>
+        <translation>Zeitüberschreitung bei der Aufnahme. Bitte versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Invalid region selected</source>
+        <translation>Ungültiger Bereich ausgewählt</translation>
+    </message>
+    <message>
+        <source>Target window not found</source>
+        <translation>Zielfenster nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Capture cancelled</source>
+        <translation>Aufnahme abgebrochen</translation>
+    </message>
+    <message>
+        <source>there is no display to capture</source>
+        <translation>es gibt keinen Bildschirm zum Aufnehmen</translation>
+    </message>
+    <message>
+        <source>the display was disconnected during the capture</source>
+        <translation>der Bildschirm wurde während der Aufnahme getrennt</translation>
+    </message>
+    <message>
+        <source>Click on a window to capture it. Press Escape to cancel.</source>
+        <translation>Klicken Sie auf ein Fenster, um es aufzunehmen. Esc bricht ab.</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Failed to capture screen region</source>
+        <translation>Der Bereich konnte nicht aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>Failed to capture display</source>
+        <translation>Der Bildschirm konnte nicht aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for this</source>
+        <translation>dafür reicht der Speicher nicht</translation>
+    </message>
+    <message>
+        <source>unexpected failure: %1</source>
+        <translation>unerwarteter Fehler: %1</translation>
+    </message>
+    <message>
+        <source>expected an object</source>
+        <translation>ein Objekt wurde erwartet</translation>
+    </message>
+    <message>
+        <source>required key is missing</source>
+        <translation>ein erforderlicher Schlüssel fehlt</translation>
+    </message>
+    <message>
+        <source>expected a list</source>
+        <translation>eine Liste wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a longer list</source>
+        <translation>eine längere Liste wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected true or false</source>
+        <translation>true oder false wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a number</source>
+        <translation>eine Zahl wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a whole number</source>
+        <translation>eine ganze Zahl wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a whole number that is not negative</source>
+        <translation>eine nicht negative ganze Zahl wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a string</source>
+        <translation>eine Zeichenkette wurde erwartet</translation>
+    </message>
+    <message>
+        <source>not valid JSON at line %1, column %2</source>
+        <translation>kein gültiges JSON in Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>not valid JSON: a number is out of range</source>
+        <translation>kein gültiges JSON: eine Zahl liegt außerhalb des Bereichs</translation>
+    </message>
+    <message>
+        <source>a number is not finite</source>
+        <translation>eine Zahl ist nicht endlich</translation>
+    </message>
+    <message>
+        <source>the number is too large</source>
+        <translation>die Zahl ist zu groß</translation>
+    </message>
+    <message>
+        <source>expected base64 text</source>
+        <translation>Base64-Text wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a UUID</source>
+        <translation>eine UUID wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected a list of two numbers</source>
+        <translation>eine Liste aus zwei Zahlen wurde erwartet</translation>
+    </message>
+    <message>
+        <source>expected [[x, y], [width, height]]</source>
+        <translation>[[x, y], [Breite, Höhe]] wurde erwartet</translation>
+    </message>
+    <message>
+        <source>unknown value &quot;%1&quot;; known are %2</source>
+        <translation>unbekannter Wert „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>it is a device or a pipe, not a file</source>
+        <translation>es ist ein Gerät oder eine Pipe, keine Datei</translation>
+    </message>
+    <message>
+        <source>it has %1, more than the %2 that can be opened</source>
+        <translation>sie hat %1, mehr als die %2, die geöffnet werden können</translation>
+    </message>
+    <message>
+        <source>The time limit was exceeded</source>
+        <translation>Die Zeit wurde überschritten</translation>
+    </message>
+    <message>
+        <source>the disk or network folder does not answer</source>
+        <translation>der Datenträger oder Netzwerkordner antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Changes are not being kept on disk: %1</source>
+        <translation>Änderungen werden nicht auf dem Datenträger gesichert: %1</translation>
+    </message>
+    <message>
+        <source>Screenshot pinned to desktop</source>
+        <translation>Bildschirmfoto auf dem Desktop angeheftet</translation>
+    </message>
+    <message>
+        <source>Tip: Press V to switch to Select tool</source>
+        <translation>Tipp: V wechselt zum Auswahlwerkzeug</translation>
+    </message>
+    <message>
+        <source>Tip: Press A to switch to Arrow tool</source>
+        <translation>Tipp: A wechselt zum Pfeil</translation>
+    </message>
+    <message>
+        <source>Tip: Press R to switch to Rectangle tool</source>
+        <translation>Tipp: R wechselt zum Rechteck</translation>
+    </message>
+    <message>
+        <source>Tip: Press O to switch to Circle tool</source>
+        <translation>Tipp: O wechselt zum Kreis</translation>
+    </message>
+    <message>
+        <source>Tip: Press T to switch to Text tool</source>
+        <translation>Tipp: T wechselt zum Text</translation>
+    </message>
+    <message>
+        <source>Tip: Press N to switch to Number tool</source>
+        <translation>Tipp: N wechselt zur Nummer</translation>
+    </message>
+    <message>
+        <source>Tip: Press B to switch to Brush tool</source>
+        <translation>Tipp: B wechselt zum Pinsel</translation>
+    </message>
+    <message>
+        <source>Tip: Press H to switch to Highlighter tool</source>
+        <translation>Tipp: H wechselt zum Textmarker</translation>
+    </message>
+    <message>
+        <source>Tip: Press U to switch to Blur tool</source>
+        <translation>Tipp: U wechselt zum Weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Tip: Press E to switch to Eraser tool</source>
+        <translation>Tipp: E wechselt zum Radierer</translation>
+    </message>
+    <message>
+        <source>Tip: Press ⌘Z to undo</source>
+        <translation>Tipp: ⌘Z macht rückgängig</translation>
+    </message>
+    <message>
+        <source>Tip: Press ⌘⇧Z to redo</source>
+        <translation>Tipp: ⌘⇧Z wiederholt</translation>
+    </message>
+    <message>
+        <source>Tip: Press Delete or Backspace to delete</source>
+        <translation>Tipp: Entf oder Rücktaste löscht</translation>
+    </message>
+    <message>
+        <source>Tip: Press ⌘A to select all annotations</source>
+        <translation>Tipp: ⌘A wählt alle Anmerkungen aus</translation>
+    </message>
+    <message>
+        <source>Tip: Press ⌘] to bring to front</source>
+        <translation>Tipp: ⌘] holt in den Vordergrund</translation>
+    </message>
+    <message>
+        <source>Tip: Press ⌘[ to send to back</source>
+        <translation>Tipp: ⌘[ stellt in den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Tip: Press I to activate color picker</source>
+        <translation>Tipp: I aktiviert die Pipette</translation>
+    </message>
+    <message>
+        <source>Select all annotations</source>
+        <translation>Alle Anmerkungen auswählen</translation>
+    </message>
+    <message>
+        <source>⌥Click</source>
+        <translation>⌥Klick</translation>
+    </message>
+    <message>
+        <source>Cycle through overlapping</source>
+        <translation>Überlappende durchgehen</translation>
+    </message>
+    <message>
+        <source>⇧Click</source>
+        <translation>⇧Klick</translation>
+    </message>
+    <message>
+        <source>Add to selection</source>
+        <translation>Zur Auswahl hinzufügen</translation>
+    </message>
+    <message>
+        <source>Color picker</source>
+        <translation>Pipette</translation>
+    </message>
+    <message>
+        <source>Show shortcuts</source>
+        <translation>Tastenkürzel anzeigen</translation>
+    </message>
+    <message>
+        <source>⇧Drag</source>
+        <translation>⇧Ziehen</translation>
+    </message>
+    <message>
+        <source>Constrain to square/45°</source>
+        <translation>Auf Quadrat/45° beschränken</translation>
+    </message>
+    <message>
+        <source>⇧Resize</source>
+        <translation>⇧Größe ändern</translation>
+    </message>
+    <message>
+        <source>Maintain aspect ratio</source>
+        <translation>Seitenverhältnis beibehalten</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <comment>a key</comment>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Editing</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Save into Folder</source>
+        <translation>In Ordner speichern</translation>
+    </message>
+    <message>
+        <source>Share failed: %1</source>
+        <translation>Teilen fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>The picture is still being made</source>
+        <translation>Das Bild wird noch erstellt</translation>
+    </message>
+    <message>
+        <source>blurred areas are hidden with the annotations; show them first</source>
+        <translation>die weichgezeichneten Bereiche sind mit den Anmerkungen ausgeblendet; blenden Sie sie zuerst ein</translation>
+    </message>
+    <message>
+        <source>Copied as a file</source>
+        <translation>Als Datei kopiert</translation>
+    </message>
+    <message>
+        <source>Align left edges</source>
+        <translation>Linke Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Centre horizontally</source>
+        <translation>Waagerecht zentrieren</translation>
+    </message>
+    <message>
+        <source>Align right edges</source>
+        <translation>Rechte Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align top edges</source>
+        <translation>Obere Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Centre vertically</source>
+        <translation>Senkrecht zentrieren</translation>
+    </message>
+    <message>
+        <source>Align bottom edges</source>
+        <translation>Untere Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Choose a picture for the backdrop</source>
+        <translation>Bild für den Hintergrund auswählen</translation>
+    </message>
+    <message>
+        <source>Choose a picture for the watermark</source>
+        <translation>Bild für das Wasserzeichen auswählen</translation>
+    </message>
+    <message>
+        <source>Type two numbers above zero</source>
+        <translation>Zwei Zahlen über null eingeben</translation>
+    </message>
+    <message>
+        <source>One side may be at most 20 times the other</source>
+        <translation>Eine Seite darf höchstens 20-mal so lang sein wie die andere</translation>
+    </message>
+    <message>
+        <source>Auto beautify applied</source>
+        <translation>Automatisch verschönert</translation>
+    </message>
+    <message>
+        <source>Image enhanced</source>
+        <translation>Bild verbessert</translation>
+    </message>
+    <message>
+        <source>The picture has changed meanwhile and was not enhanced</source>
+        <translation>Das Bild hat sich inzwischen geändert und wurde nicht verbessert</translation>
+    </message>
+    <message>
+        <source>Original image restored</source>
+        <translation>Originalbild wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Everything is as at the start</source>
+        <translation>Alles ist wie am Anfang</translation>
+    </message>
+    <message>
+        <source>There is no picture on the clipboard</source>
+        <translation>In der Zwischenablage ist kein Bild</translation>
+    </message>
+    <message>
+        <source>Only pictures can be dropped here</source>
+        <translation>Hier können nur Bilder abgelegt werden</translation>
+    </message>
+    <message>
+        <source>the editor&apos;s window could not be made</source>
+        <translation>das Fenster des Editors konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>Failed to pin screenshot: %1</source>
+        <translation>Das Bildschirmfoto konnte nicht angeheftet werden: %1</translation>
+    </message>
+    <message>
+        <source>Copy failed: %1</source>
+        <translation>Kopieren fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Blurred areas are hidden; show the annotations before you drag the picture</source>
+        <translation>Weichgezeichnete Bereiche sind ausgeblendet; blenden Sie die Anmerkungen ein, bevor Sie das Bild ziehen</translation>
+    </message>
+    <message>
+        <source>A theme needs a name</source>
+        <translation>Ein Design braucht einen Namen</translation>
+    </message>
+    <message>
+        <source>Theme saved</source>
+        <translation>Design gespeichert</translation>
+    </message>
+    <message>
+        <source>its header ends early</source>
+        <translation>der Dateikopf endet zu früh</translation>
+    </message>
+    <message>
+        <source>its width or height is not positive</source>
+        <translation>Breite oder Höhe ist nicht positiv</translation>
+    </message>
+    <message>
+        <source>its pixels are said to begin inside its header</source>
+        <translation>die Pixel sollen im Dateikopf beginnen</translation>
+    </message>
+    <message>
+        <source>its pixel data ends early</source>
+        <translation>die Pixeldaten enden zu früh</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>it ends early</source>
+        <translation>es endet zu früh</translation>
+    </message>
+    <message>
+        <source>its pixel data is garbled</source>
+        <translation>die Pixeldaten sind verfälscht</translation>
+    </message>
+    <message>
+        <source>it holds no frame</source>
+        <translation>es enthält kein Einzelbild</translation>
+    </message>
+    <message>
+        <source>its blocks are garbled</source>
+        <translation>die Blöcke sind verfälscht</translation>
+    </message>
+    <message>
+        <source>a BigTIFF</source>
+        <translation>ein BigTIFF</translation>
+    </message>
+    <message>
+        <source>a %1 file holds at most %2 x %2 pixels, the picture has %3 x %4; write PNG instead</source>
+        <translation>eine %1-Datei fasst höchstens %2 x %2 Pixel, das Bild hat %3 x %4; schreiben Sie stattdessen PNG</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Die Datei „%1“ kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The picture is empty: it holds no data at all.</source>
+        <translation>Das Bild ist leer: Es enthält keine Daten.</translation>
+    </message>
+    <message>
+        <source>The picture is %1, which is not supported; please save it as PNG first.</source>
+        <translation>Das Bild ist %1, was nicht unterstützt wird; bitte speichern Sie es zuerst als PNG.</translation>
+    </message>
+    <message>
+        <source>This is not a picture in a supported format; please choose a PNG, JPEG, WebP, BMP, GIF, ICO, PPM or TIFF file.</source>
+        <translation>Dies ist kein Bild in einem unterstützten Format; bitte wählen Sie eine PNG-, JPEG-, WebP-, BMP-, GIF-, ICO-, PPM- oder TIFF-Datei.</translation>
+    </message>
+    <message>
+        <source>The picture is damaged or incomplete: %1.</source>
+        <translation>Das Bild ist beschädigt oder unvollständig: %1.</translation>
+    </message>
+    <message>
+        <source>The picture claims %1 × %2 pixels, which is more than can be opened; please scale it down first.</source>
+        <translation>Das Bild gibt %1 × %2 Pixel an, mehr als geöffnet werden können; bitte verkleinern Sie es zuerst.</translation>
+    </message>
+    <message>
+        <source>it holds less data than its size asks for</source>
+        <translation>es enthält weniger Daten, als seine Größe verlangt</translation>
+    </message>
+    <message>
+        <source>it ends before its size is given</source>
+        <translation>es endet vor der Angabe seiner Größe</translation>
+    </message>
+    <message>
+        <source>its pixel data ends early or is garbled</source>
+        <translation>die Pixeldaten enden zu früh oder sind verfälscht</translation>
+    </message>
+    <message>
+        <source>a TIFF with floating-point samples</source>
+        <translation>ein TIFF mit Gleitkommawerten</translation>
+    </message>
+    <message>
+        <source>a TIFF with signed or complex samples</source>
+        <translation>ein TIFF mit vorzeichenbehafteten oder komplexen Werten</translation>
+    </message>
+    <message>
+        <source>a TIFF with %1 samples of %2 bits a pixel and compression %3</source>
+        <translation>ein TIFF mit %1 Werten zu %2 Bit je Pixel und Kompression %3</translation>
+    </message>
+    <message>
+        <source>its chunks end early or are garbled</source>
+        <translation>die Abschnitte enden zu früh oder sind verfälscht</translation>
+    </message>
+    <message>
+        <source>a WebP file holds at most 4 GiB</source>
+        <translation>eine WebP-Datei fasst höchstens 4 GiB</translation>
+    </message>
+    <message>
+        <source>Failed to write file: %1</source>
+        <translation>Die Datei konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>WebP export is not available on this system. Please export as PNG or JPEG.</source>
+        <translation>WebP-Export ist auf diesem System nicht verfügbar. Bitte exportieren Sie als PNG oder JPEG.</translation>
+    </message>
+    <message>
+        <source>Unsupported export format: %1</source>
+        <translation>Nicht unterstütztes Exportformat: %1</translation>
+    </message>
+    <message>
+        <source>Image rendering failed</source>
+        <translation>Das Bild konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>Failed to copy to clipboard</source>
+        <translation>Kopieren in die Zwischenablage fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Unsupported export format</source>
+        <translation>Nicht unterstütztes Exportformat</translation>
+    </message>
+    <message>
+        <source>Insufficient disk space</source>
+        <translation>Nicht genügend Speicherplatz</translation>
+    </message>
+    <message>
+        <source>Export cancelled by user</source>
+        <translation>Export vom Benutzer abgebrochen</translation>
+    </message>
+    <message>
+        <source>Copied!</source>
+        <translation>Kopiert!</translation>
+    </message>
+    <message>
+        <source>No color</source>
+        <translation>Keine Farbe</translation>
+    </message>
+    <message>
+        <source>it does not name its picture</source>
+        <translation>er nennt sein Bild nicht</translation>
+    </message>
+    <message>
+        <source>Date (yyyy-MM-dd)</source>
+        <translation>Datum (JJJJ-MM-TT)</translation>
+    </message>
+    <message>
+        <source>Time (HH-mm-ss)</source>
+        <translation>Uhrzeit (HH-mm-ss)</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Laufende Nummer</translation>
+    </message>
+    <message>
+        <source>Pinned Screenshot</source>
+        <translation>Angeheftetes Bildschirmfoto</translation>
+    </message>
+    <message>
+        <source>Num %1</source>
+        <translation>Num %1</translation>
+    </message>
+    <message>
+        <source>Key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>Show in File Manager</source>
+        <translation>In Dateiverwaltung anzeigen</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Settings → Privacy → Screen Sharing</source>
+        <translation>Einstellungen → Datenschutz → Bildschirmfreigabe</translation>
+    </message>
+    <message>
+        <source>the display refuses the connection; it may serve too many programs, so close some and try again</source>
+        <translation>die Anzeige verweigert die Verbindung; vielleicht bedient sie zu viele Programme, schließen Sie also einige und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; exists already. Replace it?</source>
+        <translation>„%1“ existiert bereits. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>This version of Kestrio captures the screen of X11 sessions, and this is a Wayland session. To capture, choose an X11 session when you log in.
+
+Everything else works here too: take a screenshot with the desktop&apos;s own tool, then open it with “Paste from Clipboard” or “Import Image”, or with “kestrio edit” and “kestrio render” on the command line.</source>
+        <translation>Diese Version von Kestrio nimmt den Bildschirm in X11-Sitzungen auf, und dies ist eine Wayland-Sitzung. Wählen Sie zum Aufnehmen bei der Anmeldung eine X11-Sitzung.
+
+Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkzeug des Desktops und öffnen Sie es dann mit „Aus der Zwischenablage einfügen“ oder „Bild importieren“ oder auf der Befehlszeile mit „kestrio edit“ und „kestrio render“.</translation>
+    </message>
+    <message>
+        <source>The clipboard cannot be read: the display takes no more programs</source>
+        <translation>Die Zwischenablage kann nicht gelesen werden: Die Anzeige nimmt keine weiteren Programme an</translation>
+    </message>
+    <message>
+        <source>The program that holds the clipboard does not answer</source>
+        <translation>Das Programm, das die Zwischenablage hält, antwortet nicht</translation>
+    </message>
+    <message>
+        <source>What is on the clipboard is too large</source>
+        <translation>Der Inhalt der Zwischenablage ist zu groß</translation>
+    </message>
+    <message>
+        <source>What was copied could not be kept on the clipboard</source>
+        <translation>Das Kopierte konnte nicht in der Zwischenablage gehalten werden</translation>
+    </message>
+    <message>
+        <source>the window has gone</source>
+        <translation>das Fenster ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>the screen cannot be read</source>
+        <translation>der Bildschirm kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>there is no mail program; install one, and xdg-utils with it</source>
+        <translation>es gibt kein E-Mail-Programm; installieren Sie eines und dazu xdg-utils</translation>
+    </message>
+    <message>
+        <source>the program is no longer installed</source>
+        <translation>das Programm ist nicht mehr installiert</translation>
+    </message>
+    <message>
+        <source>%1 could not be started</source>
+        <translation>%1 konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>Invalid image input</source>
+        <translation>Ungültiges Eingabebild</translation>
+    </message>
+    <message>
+        <source>AI enhancement failed</source>
+        <translation>KI-Verbesserung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Enhance Colors</source>
+        <translation>Farben verbessern</translation>
+    </message>
+    <message>
+        <source>the picture would have %1 x %2 pixels, at most %3 a side are possible</source>
+        <translation>das Bild hätte %1 x %2 Pixel, möglich sind höchstens %3 je Seite</translation>
+    </message>
+    <message>
+        <source>the picture would have %1 x %2 pixels, at most 256 million are possible</source>
+        <translation>das Bild hätte %1 x %2 Pixel, möglich sind höchstens 256 Millionen</translation>
+    </message>
+    <message>
+        <source>the canvas has no size</source>
+        <translation>die Leinwand hat keine Größe</translation>
+    </message>
+    <message>
+        <source>the canvas has too few points for a shadow on so many pixels</source>
+        <translation>die Leinwand hat zu wenige Punkte für einen Schatten auf so vielen Pixeln</translation>
+    </message>
+    <message>
+        <source>Theme not found: %1</source>
+        <translation>Design nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Theme name already exists: %1</source>
+        <translation>Name des Designs existiert bereits: %1</translation>
+    </message>
+    <message>
+        <source>Theme encoding failed</source>
+        <translation>Das Design konnte nicht kodiert werden</translation>
+    </message>
+    <message>
+        <source>Theme decoding failed</source>
+        <translation>Das Design konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Failed to save theme: %1</source>
+        <translation>Das Design konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>%1:1 (Landscape)</source>
+        <translation>%1:1 (Querformat)</translation>
+    </message>
+    <message>
+        <source>1:%1 (Portrait)</source>
+        <translation>1:%1 (Hochformat)</translation>
+    </message>
+    <message>
+        <source>1:1 (Square)</source>
+        <translation>1:1 (Quadrat)</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ohne</translation>
+    </message>
+    <message>
+        <source>Gradient</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Soft</source>
+        <translation>Weich</translation>
+    </message>
+    <message>
+        <source>Dreamy</source>
+        <translation>Verträumt</translation>
+    </message>
+    <message>
+        <source>Vintage</source>
+        <translation>Vintage</translation>
+    </message>
+    <message>
+        <source>Vivid</source>
+        <translation>Lebhaft</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Gedämpft</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Hazy</source>
+        <translation>Dunstig</translation>
+    </message>
+    <message>
+        <source>Sharp</source>
+        <translation>Scharf</translation>
+    </message>
+    <message>
+        <source>Grainy</source>
+        <translation>Körnig</translation>
+    </message>
+    <message>
+        <source>Foggy</source>
+        <translation>Neblig</translation>
+    </message>
+    <message>
+        <source>Saturated</source>
+        <translation>Gesättigt</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stapel</translation>
+    </message>
+    <message>
+        <source>Stack 2</source>
+        <translation>Stapel 2</translation>
+    </message>
+    <message>
+        <source>macOS window frame</source>
+        <translation>macOS-Fensterrahmen</translation>
+    </message>
+    <message>
+        <source>Safari browser frame</source>
+        <translation>Safari-Browserrahmen</translation>
+    </message>
+    <message>
+        <source>Arc browser frame</source>
+        <translation>Arc-Browserrahmen</translation>
+    </message>
+    <message>
+        <source>Windows window frame</source>
+        <translation>Windows-Fensterrahmen</translation>
+    </message>
+    <message>
+        <source>Sunset</source>
+        <translation>Sonnenuntergang</translation>
+    </message>
+    <message>
+        <source>Fire</source>
+        <translation>Feuer</translation>
+    </message>
+    <message>
+        <source>Rose</source>
+        <translation>Rose</translation>
+    </message>
+    <message>
+        <source>Peach</source>
+        <translation>Pfirsich</translation>
+    </message>
+    <message>
+        <source>Coral</source>
+        <translation>Koralle</translation>
+    </message>
+    <message>
+        <source>Ocean</source>
+        <translation>Ozean</translation>
+    </message>
+    <message>
+        <source>Sky</source>
+        <translation>Himmel</translation>
+    </message>
+    <message>
+        <source>Midnight</source>
+        <translation>Mitternacht</translation>
+    </message>
+    <message>
+        <source>Arctic</source>
+        <translation>Arktis</translation>
+    </message>
+    <message>
+        <source>Deep Sea</source>
+        <translation>Tiefsee</translation>
+    </message>
+    <message>
+        <source>Forest</source>
+        <translation>Wald</translation>
+    </message>
+    <message>
+        <source>Moss</source>
+        <translation>Moos</translation>
+    </message>
+    <message>
+        <source>Autumn</source>
+        <translation>Herbst</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Erde</translation>
+    </message>
+    <message>
+        <source>Spring</source>
+        <translation>Frühling</translation>
+    </message>
+    <message>
+        <source>Lavender</source>
+        <translation>Lavendel</translation>
+    </message>
+    <message>
+        <source>Neon</source>
+        <translation>Neon</translation>
+    </message>
+    <message>
+        <source>Aurora</source>
+        <translation>Polarlicht</translation>
+    </message>
+    <message>
+        <source>Candy</source>
+        <translation>Bonbon</translation>
+    </message>
+    <message>
+        <source>Electric</source>
+        <translation>Elektrisch</translation>
+    </message>
+    <message>
+        <source>Silver</source>
+        <translation>Silber</translation>
+    </message>
+    <message>
+        <source>Charcoal</source>
+        <translation>Anthrazit</translation>
+    </message>
+    <message>
+        <source>Cream</source>
+        <translation>Creme</translation>
+    </message>
+    <message>
+        <source>Slate</source>
+        <translation>Schiefer</translation>
+    </message>
+    <message>
+        <source>Warm</source>
+        <translation>Warm</translation>
+    </message>
+    <message>
+        <source>Cool</source>
+        <translation>Kühl</translation>
+    </message>
+    <message>
+        <source>Nature</source>
+        <translation>Natur</translation>
+    </message>
+    <message>
+        <source>Vibrant</source>
+        <translation>Kräftig</translation>
+    </message>
+    <message>
+        <source>Neutral</source>
+        <translation>Neutral</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Stretch</source>
+        <translation>Strecken</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Leicht</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Stark</translation>
+    </message>
+    <message>
+        <source>Top Left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Top Right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Bottom Right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Diagonal Shadow</source>
+        <translation>Diagonaler Schatten</translation>
+    </message>
+    <message>
+        <source>Natural Shadow</source>
+        <translation>Natürlicher Schatten</translation>
+    </message>
+    <message>
+        <source>Soft Glow</source>
+        <translation>Sanftes Leuchten</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message>
+        <source>Underlay</source>
+        <translation>Darunter</translation>
+    </message>
+    <message>
+        <source>Circles</source>
+        <translation>Kreise</translation>
+    </message>
+    <message>
+        <source>Waves</source>
+        <translation>Wellen</translation>
+    </message>
+    <message>
+        <source>Dots</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Rays</source>
+        <translation>Strahlen</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Stripes</source>
+        <translation>Streifen</translation>
+    </message>
+    <message>
+        <source>Stage</source>
+        <translation>Bühne</translation>
+    </message>
+    <message>
+        <source>Clean</source>
+        <translation>Schlicht</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Dotted</source>
+        <translation>Gepunktet</translation>
+    </message>
+    <message>
+        <source>Top Center</source>
+        <translation>Oben Mitte</translation>
+    </message>
+    <message>
+        <source>Middle Left</source>
+        <translation>Mitte links</translation>
+    </message>
+    <message>
+        <source>Middle Right</source>
+        <translation>Mitte rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Center</source>
+        <translation>Unten Mitte</translation>
+    </message>
+    <message>
+        <source>Failed to save preset: %1</source>
+        <translation>Die Vorlage konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Preset name already exists: %1</source>
+        <translation>Name der Vorlage existiert bereits: %1</translation>
+    </message>
+    <message>
+        <source>Invalid watermark image data</source>
+        <translation>Ungültige Bilddaten des Wasserzeichens</translation>
+    </message>
+    <message>
+        <source>Watermark preset not found</source>
+        <translation>Wasserzeichenvorlage nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Failed to encode preset data</source>
+        <translation>Die Vorlage konnte nicht kodiert werden</translation>
+    </message>
+    <message>
+        <source>the stored presets cannot be read: %1</source>
+        <translation>die gespeicherten Vorlagen können nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Preset name cannot be empty</source>
+        <translation>Der Name der Vorlage darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>Preset &apos;%1&apos; saved</source>
+        <translation>Vorlage „%1“ gespeichert</translation>
+    </message>
+    <message>
+        <source>Preset deleted</source>
+        <translation>Vorlage gelöscht</translation>
+    </message>
+    <message>
+        <source>The saved watermark presets cannot be read</source>
+        <translation>Die gespeicherten Wasserzeichenvorlagen können nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Systemstandard</translation>
+    </message>
+    <message>
+        <source>Manual scroll</source>
+        <translation>Manuell rollen</translation>
+    </message>
+    <message>
+        <source>Auto scroll</source>
+        <translation>Automatisch rollen</translation>
+    </message>
+    <message>
+        <source>Use 3 or 6 hex digits</source>
+        <translation>3 oder 6 Hex-Ziffern verwenden</translation>
+    </message>
+    <message>
+        <source>Invalid characters</source>
+        <translation>Ungültige Zeichen</translation>
+    </message>
+    <message>
+        <source>the connection to the display was lost</source>
+        <translation>die Verbindung zur Anzeige ist abgebrochen</translation>
+    </message>
+    <message>
+        <source>there is no display to open a window on; start it in a desktop session</source>
+        <translation>es gibt keine Anzeige für ein Fenster; starten Sie es in einer Desktop-Sitzung</translation>
+    </message>
+    <message>
+        <source>“%1”, %2</source>
+        <translation>„%1“, %2</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Putting the picture together…</source>
+        <translation>Das Bild wird zusammengesetzt …</translation>
+    </message>
+    <message>
+        <source>Paste a picture</source>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
+        <source>Apply the crop</source>
+        <translation>Zuschnitt anwenden</translation>
+    </message>
+    <message>
+        <source>Cancel the crop</source>
+        <translation>Zuschnitt abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel what is being drawn or moved</source>
+        <translation>Zeichnen oder Verschieben abbrechen</translation>
+    </message>
+    <message>
+        <source>Hide shortcuts</source>
+        <translation>Tastenkürzel ausblenden</translation>
+    </message>
+    <message>
+        <source>Pick no colour</source>
+        <translation>Keine Farbe aufnehmen</translation>
+    </message>
+    <message>
+        <source>Leave annotation mode</source>
+        <translation>Anmerkungsmodus verlassen</translation>
+    </message>
+    <message>
+        <source>Fit the picture into the window</source>
+        <translation>Bild einpassen</translation>
+    </message>
+    <message>
+        <source>Close the window</source>
+        <translation>Fenster schließen</translation>
+    </message>
 </context>
 </TS>

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the architecture checks against small trees with known faults."""
+"""Holds the architecture checks against small trees and tables with known faults."""
 import tempfile
 import unittest
 from pathlib import Path
@@ -7,6 +7,7 @@ from pathlib import Path
 import check_cmake
 import check_includes
 import check_paths
+import check_translations
 
 
 def tree(files):
@@ -78,6 +79,45 @@ class Paths(unittest.TestCase):
         root = tree({"README.md": "see `src/core/A.h` and [this](docs/x.md)", "ARCHITECTURE.md": "`src/gone/`",
                      "src/core/A.h": ""})
         self.assertEqual(check_paths.check(root), ["ARCHITECTURE.md: src/gone/", "README.md: docs/x.md"])
+
+
+def table(*messages, context="Kestrio"):
+    rows = "".join(f'<message{" numerus=" + chr(34) + "yes" + chr(34) if isinstance(translation, list) else ""}>'
+                   f"<source>{source}</source>{translated(translation)}</message>"
+                   for source, translation in messages)
+    return list(check_translations.messages_of(f"<TS><context><name>{context}</name>{rows}</context></TS>"))
+
+
+def translated(translation):
+    if translation is None:
+        return '<translation type="unfinished"/>'
+    if isinstance(translation, list):
+        return "<translation>" + "".join(f"<numerusform>{form}</numerusform>" for form in translation) + "</translation>"
+    return f"<translation>{translation}</translation>"
+
+
+class Translations(unittest.TestCase):
+    def faults(self, texts, german):
+        return [*check_translations.source_faults(texts), *check_translations.table_faults(texts, german)]
+
+    def test_a_full_table_is_fine(self):
+        whole = table(("Copy", "Kopieren"), ("%1 of %2", "%2, davon %1"), ("%n files", ["eine Datei", "%n Dateien"]))
+        self.assertEqual(self.faults(whole, whole), [])
+
+    def test_what_is_missing_unfinished_or_left_over_is_found(self):
+        texts = table(("Copy", None), ("Cut", None))
+        german = table(("Cut", None), ("Paste", "Einfügen"))
+        self.assertEqual(len(self.faults(texts, german)), 3)
+
+    def test_other_placeholders_mnemonics_and_lines_are_found(self):
+        for source, translation in (("Open %1", "Öffnen"), ("&amp;Copy", "Kopieren"), ("a\nb", "a b"),
+                                    ("%n files", ["%n Datei %1", "%n Dateien"])):
+            texts = table((source, translation))
+            self.assertEqual(len(self.faults(texts, texts)), 1, source)
+
+    def test_fragments_and_foreign_contexts_are_found(self):
+        texts = table(("Saved to ", "Gespeichert "), context="SavePanel")
+        self.assertEqual(len(list(check_translations.source_faults(texts))), 2)
 
 
 if __name__ == "__main__":
