@@ -1836,7 +1836,7 @@ Kestrio läuft weiter, damit Sie es anderswo speichern können.</translation>
     </message>
     <message>
         <source>⇧Resize</source>
-        <translation>⇧Größe ändern</translation>
+        <translation>⇧Skalieren</translation>
     </message>
     <message>
         <source>Maintain aspect ratio</source>

@@ -8,6 +8,7 @@ Rectangle {
     id: overlay
     required property EditorController controller
     readonly property bool isShown: controller.isShortcutOverlayVisible
+    property real keyWidth: 84  // of the widest key
     anchors.fill: parent
     visible: opacity > 0
     opacity: isShown ? 1 : 0
@@ -32,7 +33,8 @@ Rectangle {
         color: Theme.surface
         MouseArea { anchors.fill: parent }
         Text {
-            x: 32
+            anchors.left: parent.left
+            anchors.leftMargin: 32
             y: 22
             text: qsTranslate("Kestrio", "Keyboard Shortcuts")
             font.pixelSize: 20
@@ -54,16 +56,16 @@ Rectangle {
             spacing: 40
             Repeater {
                 model: overlay.isShown ? overlay.controller.commands.columns : []
-                Column {
+                ColumnLayout {
                     required property var modelData
                     spacing: 10
                     Repeater {
                         model: parent.modelData
-                        Column {
+                        ColumnLayout {
                             id: category
                             required property var modelData
                             spacing: 4
-                            bottomPadding: 8
+                            Layout.bottomMargin: 8
                             Text {
                                 text: category.modelData.name
                                 font.pixelSize: Theme.bodySize
@@ -73,24 +75,24 @@ Rectangle {
                             }
                             Repeater {
                                 model: category.modelData.rows
-                                Row {
+                                RowLayout {
                                     id: line
                                     required property var modelData
                                     spacing: 10
                                     Rectangle {
-                                        width: 84
-                                        height: 22
+                                        implicitWidth: overlay.keyWidth
+                                        implicitHeight: 22
                                         radius: 4
                                         color: Theme.hover
                                         Text {
                                             anchors.centerIn: parent
+                                            onImplicitWidthChanged: overlay.keyWidth = Math.max(overlay.keyWidth, implicitWidth + 16)
                                             text: line.modelData.shortcut
                                             font.pixelSize: Theme.captionSize
                                             color: Theme.text
                                         }
                                     }
                                     Text {
-                                        anchors.verticalCenter: parent.verticalCenter
                                         text: line.modelData.description
                                         font.pixelSize: Theme.captionSize
                                         color: Theme.secondaryText

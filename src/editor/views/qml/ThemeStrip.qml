@@ -31,6 +31,7 @@ Rectangle {
         anchors.leftMargin: Theme.large
         anchors.rightMargin: Theme.large
         contentWidth: tiles.width
+        contentX: LayoutMirroring.enabled ? Math.max(0, contentWidth - width) : 0
         clip: true
         boundsBehavior: Flickable.StopAtBounds
 

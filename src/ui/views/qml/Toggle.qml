@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic as Basic
 
-// A switch with its label on the left.
+// A switch with its label before it.
 Basic.AbstractButton {
     id: toggle
     checkable: true
@@ -14,9 +14,14 @@ Basic.AbstractButton {
             text: toggle.text
             font.pixelSize: Theme.bodySize
             color: Theme.text
+            elide: Text.ElideRight
+            anchors.left: parent.left
+            anchors.right: track.left
+            anchors.rightMargin: Theme.small
             anchors.verticalCenter: parent.verticalCenter
         }
         Rectangle {
+            id: track
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             width: 34
