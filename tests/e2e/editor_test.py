@@ -16,8 +16,8 @@ from pathlib import Path
 from PIL import Image
 
 import pictures
-from desktop import wait_until
-from editor import PICTURE_COLOR, make_picture, open_editor
+from desktop import Desktop, wait_until
+from editor import GROUND, PICTURE_COLOR, SURFACE, make_picture, open_editor
 
 PROGRAM = Path()
 KEEP = Path()
@@ -250,6 +250,18 @@ class EditorTest(unittest.TestCase):
             self.wait_for_stage(editor, plain, "one step of undo to take the text back")
             editor.desktop.key("ctrl+shift+z")
             self.wait_for_stage(editor, typed, "and redo to bring it again")
+
+    def test_a_mirrored_window_in_german(self):
+        with Desktop(1280, 900, {"LANG": "de_DE.UTF-8", "KESTRIO_MIRRORED": "1"}) as desktop:
+            desktop.run([PROGRAM, "edit", make_picture(KEEP / "mirrored.png")])
+            # Without the word "Editor", which only the English title has.
+            window = desktop.wait_for_window("^Kestrio [^E]*mirrored$")
+
+            def edges():
+                frame = desktop.rect(window)
+                screen = desktop.screenshot()
+                return [screen.getpixel((x, frame.center[1])) for x in (frame.left + 8, frame.right - 8)]
+            wait_until(lambda: edges() == [SURFACE, GROUND], "the panel at the left edge")
 
     def test_copies_of_large_screens_are_quick(self):
         with open_editor(PROGRAM, SCREENSHOT, KEEP) as editor:
