@@ -1,6 +1,6 @@
 #include "app/cli/CommandLine.h"
 #include "app/cli/ProcessSetup.h"
-#include "app/shell/Translations.h"
+#include "app/language/Translations.h"
 #include "core/Localisation.h"
 #include "core/UserDefaults.h"
 #include "platform/PlatformServices.h"

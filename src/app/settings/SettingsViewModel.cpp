@@ -1,6 +1,6 @@
 #include "app/settings/SettingsViewModel.h"
 
-#include "app/shell/Translations.h"
+#include "app/language/Translations.h"
 #include "core/Localisation.h"
 
 #include <QPointer>

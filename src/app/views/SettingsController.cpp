@@ -1,6 +1,6 @@
 #include "app/views/SettingsController.h"
 
-#include "app/shell/Translations.h"
+#include "app/language/Translations.h"
 #include "app/views/SettingsFields.h"
 #include "core/Localisation.h"
 #include "library/export/FileNaming.h"

@@ -1,4 +1,4 @@
-#include "app/shell/Translations.h"
+#include "app/language/Translations.h"
 
 #include "core/UserDefaults.h"
 
