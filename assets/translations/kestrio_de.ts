@@ -2228,7 +2228,7 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>KI-Verbesserung fehlgeschlagen</translation>
     </message>
     <message>
-        <source>Enhance Colors</source>
+        <source>Enhance Colours</source>
         <translation>Farben verbessern</translation>
     </message>
     <message>

@@ -11,7 +11,7 @@ inline constexpr EnumTable<AIEnhancementMode, 5> aiEnhancementModes = {{
     {AIEnhancementMode::automatic, "auto", Kestrio::marked("Auto")},
     {AIEnhancementMode::sharpen, "sharpen", Kestrio::marked("Sharpen")},
     {AIEnhancementMode::denoise, "denoise", Kestrio::marked("Denoise")},
-    {AIEnhancementMode::enhanceColors, "enhanceColors", Kestrio::marked("Enhance Colors")},
+    {AIEnhancementMode::enhanceColors, "enhanceColors", Kestrio::marked("Enhance Colours")},
     {AIEnhancementMode::upscale, "upscale", Kestrio::marked("Upscale")},
 }};
 constexpr const auto& enumTable(AIEnhancementMode) {
