@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <cstdlib>
 #include <optional>
 #include <string_view>
 
@@ -29,13 +30,15 @@ concept TabledEnum = requires(E value) {
     enumTable(value).size();
 };
 
+/// The row of a case. A value that is no case of its enumeration, or one without a row, is a fault
+/// of the program and ends it.
 template <TabledEnum E>
 constexpr const EnumRow<E>& enumRow(E value) {
     const auto& table = enumTable(E{});
     for (const EnumRow<E>& row : table) {
         if (row.value == value) return row;
     }
-    return table.front();
+    std::abort();
 }
 
 template <TabledEnum E>

@@ -10,9 +10,9 @@ namespace kestrio {
 /// A picture and where and when it was taken. `captureRect` is in points of the desktop, from the
 /// top left of the primary display; a picture that was not captured has its own size at zero.
 struct CapturedImage {
-    Image image;
-    QRectF captureRect;
-    QDateTime captureDate;
+    Image image = {};
+    QRectF captureRect = {};
+    QDateTime captureDate = {};
 
     bool operator==(const CapturedImage& other) const {
         return image.bitmap() == other.image.bitmap() &&

@@ -12,9 +12,4 @@ QFont::Weight fontWeight(CodableFontWeight weight) {
     return static_cast<QFont::Weight>((static_cast<int>(weight) + 1) * 100);
 }
 
-CodableFontWeight codableFontWeight(int weight) {
-    const bool isNamed = weight % 100 == 0 && weight >= 100 && weight <= 900;
-    return isNamed ? static_cast<CodableFontWeight>(weight / 100 - 1) : CodableFontWeight::regular;
-}
-
 }  // namespace kestrio

@@ -51,7 +51,5 @@ constexpr const auto& enumTable(CodableFontWeight) {
 }
 
 QFont::Weight fontWeight(CodableFontWeight weight);
-/// Regular for a weight between the named ones.
-CodableFontWeight codableFontWeight(int weight);
 
 }  // namespace kestrio

@@ -62,7 +62,6 @@ class EditorViewModel : public QObject {
     const OutputModel& outputModel() const { return outputModel_; }
     WatermarkViewModel& watermarkVM() { return watermarkVM_; }
     const WatermarkViewModel& watermarkVM() const { return watermarkVM_; }
-    const HistoryManager<EditorSnapshot>& historyManager() const { return historyManager_; }
 
     // What everybody asks of them.
 

@@ -19,10 +19,7 @@ void ThemeViewModel::reload() {
         // What a save or deletion has just reported is the better message.
         if (errorMessage().isEmpty()) set_errorMessage(error.errorDescription());
     }
-    std::vector<Theme> all = defaults_;
-    all.insert(all.end(), user.begin(), user.end());
     set_userThemes(std::move(user));
-    set_allThemes(std::move(all));
     set_isLoading(false);
 }
 

@@ -7,10 +7,9 @@
 
 namespace kestrio {
 
-/// The list of themes: the built-in defaults followed by the user's own.
+/// The list of the user's own themes.
 class ThemeViewModel : public QObject {
     Q_OBJECT
-    PUBLISHED(std::vector<Theme>, allThemes, {})
     PUBLISHED(std::vector<Theme>, userThemes, {})
     PUBLISHED(std::optional<Theme>, selectedTheme, std::nullopt)
     PUBLISHED(QString, errorMessage, {})
@@ -20,7 +19,7 @@ class ThemeViewModel : public QObject {
     explicit ThemeViewModel(std::shared_ptr<ThemeStorageServiceProtocol> storageService,
                             QObject* parent = nullptr);
 
-    /// Reads the user's themes again. Where that fails the defaults stay and errorMessage says.
+    /// Reads the user's themes again. Where that fails none is listed and errorMessage says.
     void reload();
     /// Saves a style under a name and selects it. Failure is reported in errorMessage.
     void saveTheme(const QString& name, const EditorStyleSettings& style);
@@ -31,7 +30,6 @@ class ThemeViewModel : public QObject {
 
   private:
     std::shared_ptr<ThemeStorageServiceProtocol> storageService_;
-    const std::vector<Theme> defaults_ = Theme::defaults();
 };
 
 }  // namespace kestrio

@@ -81,15 +81,6 @@ Theme Theme::withStyle(const EditorStyleSettings& style) const {
     return {id, name, style.backdrop, style.mockup, style.frameStyle, createdAt, Date::now()};
 }
 
-std::vector<Theme> Theme::defaults() {
-    const auto theme = [](const char* name, const char* preset) {
-        return make(QString::fromLatin1(name),
-                    PresetTheme::find(QString::fromLatin1(preset))->style());
-    };
-    return {theme("Clean", "clean"), theme("Dark Mode", "dark"), theme("Sunset Glow", "sunset"),
-            theme("Ocean Breeze", "ocean")};
-}
-
 const std::vector<PresetTheme>& PresetTheme::all() {
     static const std::vector<PresetTheme> presets = makePresets();
     return presets;

@@ -23,9 +23,6 @@ struct Theme {
     /// A theme with a new id, dated now.
     static Theme make(const QString& name, const EditorStyleSettings& style);
 
-    /// The four themes that stand before the user's own; new ids and the current date at each call.
-    static std::vector<Theme> defaults();
-
     static constexpr auto jsonFields() {
         return std::tuple(
             jsonField("id", &Theme::id), jsonField("name", &Theme::name),
