@@ -37,6 +37,9 @@ class AnnotationLayer : public QObject {
     /// Paints in the pixels of the mapping that was shown last.
     void paint(QPainter& painter) const;
 
+    /// Whether what lies below and above the record that changes again and again is kept, so that
+    /// its repainting is cheap.
+    bool isPreparedForGesture() const { return sides_.has_value(); }
     /// Forgets what is kept for a record that changes again and again.
     void endGesture();
 
