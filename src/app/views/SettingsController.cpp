@@ -174,6 +174,15 @@ void SettingsController::deleteTheme(const QString& id) {
     model_.deleteTheme(QUuid(id));
 }
 
+QVariantList SettingsController::namingVariables() const {
+    QVariantList rows;
+    for (const NamingVariable& each : kestrio::namingVariables) {
+        rows << QVariantMap{{QStringLiteral("id"), QString::fromLatin1(each.variable)},
+                            {QStringLiteral("name"), Kestrio::tr(each.label)}};
+    }
+    return rows;
+}
+
 QString SettingsController::exampleName() const {
     const AppSettings& settings = model_.settings();
     return formatFileName(1, QDateTime::currentDateTime(), settings.fileNamingPattern) + u'.' +

@@ -27,6 +27,8 @@ class SettingsController : public QObject {
     Q_PROPERTY(QVariantList hotkeys READ hotkeys NOTIFY hotkeysChanged)
     /// Rows {id, name}.
     Q_PROPERTY(QVariantList themes READ themes NOTIFY themesChanged)
+    /// What naming patterns may hold, each {id, name}.
+    Q_PROPERTY(QVariantList namingVariables READ namingVariables CONSTANT)
     /// A file name as the naming pattern makes it now.
     Q_PROPERTY(QString exampleName READ exampleName NOTIFY valuesChanged)
     Q_PROPERTY(bool needsRestart READ needsRestart NOTIFY needsRestartChanged)
@@ -55,6 +57,7 @@ class SettingsController : public QObject {
     QVariantList hotkeys() const;
     QVariantList themes() const;
     QString exampleName() const;
+    QVariantList namingVariables() const;
     bool needsRestart() const { return model_.needsRestart(); }
     QString message() const { return model_.message(); }
     bool isScreenReadable() const { return permissions_->screenRecordingGranted(); }

@@ -32,6 +32,18 @@ QVariantList socialRows() {
     return rows;
 }
 
+/// With what assistive programs say of each.
+QVariantList frameRows() {
+    QVariantList rows;
+    for (const auto& each : frameStyles) {
+        QVariantMap values = viewRow(rawName(each.value), displayName(each.value));
+        const QString spoken = Kestrio::tr(frameMetrics(each.value).accessibilityText);
+        if (!spoken.isEmpty()) values.insert(QStringLiteral("spoken"), spoken);
+        rows << values;
+    }
+    return rows;
+}
+
 QVariantList gradientRows() {
     QVariantList rows;
     for (const GradientGroup& group : GradientGroup::all()) {
@@ -52,7 +64,8 @@ QVariantMap EditorController::choices() const {
             {QStringLiteral("overlay"), viewRows<OverlayType>()},
             {QStringLiteral("overlayPosition"), viewRows<OverlayPosition>()},
             {QStringLiteral("effect"), viewRows(EffectPreset::all())},
-            {QStringLiteral("frame"), viewRows<FrameStyle>()},
+            {QStringLiteral("frame"), frameRows()},
+            {QStringLiteral("enhancement"), viewRows<AIEnhancementMode>()},
             {QStringLiteral("shadowIntensity"), viewRows<ShadowIntensity>()},
             {QStringLiteral("light"), viewRows<LightSource>()},
             {QStringLiteral("aspect"), aspectRows(AspectRatio::presets())},

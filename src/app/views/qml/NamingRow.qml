@@ -30,11 +30,12 @@ ColumnLayout {
         Layout.fillWidth: true
         spacing: 6
         Repeater {
-            model: ["{date}", "{time}", "{sequence}"]
+            model: row.controller.namingVariables
             Chip {
-                required property string modelData
-                text: modelData
-                onClicked: row.controller.set("fileNamingPattern", row.controller.values.fileNamingPattern + modelData)
+                required property var modelData
+                text: modelData.id
+                onClicked: row.controller.set("fileNamingPattern", row.controller.values.fileNamingPattern + modelData.id)
+                Hint { isWanted: parent.hovered; words: parent.modelData.name }
             }
         }
         Text {

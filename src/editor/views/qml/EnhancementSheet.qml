@@ -10,14 +10,12 @@ Sheet {
     property string mode: "auto"
     property real strength: 0.5
     title: qsTranslate("Kestrio", "Enhance the picture")
-    sheetWidth: 420
+    sheetWidth: 540
     isBusy: controller.isEnhancing
 
     Segments {
         Layout.fillWidth: true
-        rows: [{id: "auto", name: qsTranslate("Kestrio", "Auto")}, {id: "sharpen", name: qsTranslate("Kestrio", "Sharpen")},
-            {id: "denoise", name: qsTranslate("Kestrio", "Denoise")}, {id: "enhanceColors", name: qsTranslate("Kestrio", "Colours")},
-            {id: "upscale", name: qsTranslate("Kestrio", "Upscale")}]
+        rows: sheet.controller.choices.enhancement
         current: sheet.mode
         onChosen: id => sheet.mode = id
     }

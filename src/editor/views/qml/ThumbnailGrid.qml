@@ -36,7 +36,7 @@ Item {
             width: grid.tileWidth
             height: grid.tileHeight
             focusPolicy: Qt.TabFocus
-            Accessible.name: modelData.name
+            Accessible.name: modelData.spoken ?? modelData.name
             onClicked: grid.chosen(modelData.id)
             Hint { isWanted: tile.hovered; words: tile.modelData.name }
             contentItem: Item {}
