@@ -17,7 +17,7 @@ struct CompositeRequest {
     BackdropSettings backdrop;
     MockupSettings mockup;
     FrameStyle frameStyle = FrameStyle::none;
-    double frameScale = 1;
+    double frameScale = frameScaleRange.standard;
     CanvasState canvasState;
     /// Output pixels a point of the canvas, above 0; the screenshot's own density unless given. A
     /// canvas on the screen shows the picture smaller than it is exported, patterns and all.

@@ -91,7 +91,7 @@ CompositeLayout compositeLayout(const CompositeRequest& request, double pixelDen
     if (request.outputScale) layout.leastBackdropScale = 0;
     layout.imageSize = request.screenshot.pointSize();
     layout.pixelDensity = request.screenshot.pixelDensity();
-    layout.padding = clampedOr(request.backdrop.padding, 0, 100);
+    layout.padding = BackdropSettings::paddingRange.clamped(request.backdrop.padding);
     layout.frameStyle = request.frameStyle;
     layout.frameScale = clampedOr(request.frameScale, 0, std::numeric_limits<double>::max());
     double scale = request.outputScale.value_or(pixelDensity);

@@ -73,7 +73,8 @@ void paintFramed(QImage& output, const ScreenshotGroup& group, const QRectF& con
 }  // namespace
 
 double framelessCornerRadius(double setting) {
-    return clampedOr(setting - 4, 0, 44);
+    constexpr double inset = 4;
+    return clampedOr(setting - inset, 0, MockupSettings::cornerRadiusRange.greatest - inset);
 }
 
 void paintScreenshotGroup(QImage& output, const ScreenshotGroup& group) {

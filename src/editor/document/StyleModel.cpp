@@ -1,13 +1,10 @@
 #include "editor/document/StyleModel.h"
 
-#include "core/Clamp.h"
-
 namespace kestrio {
 
 namespace {
 
 constexpr std::chrono::milliseconds persistenceDelay{500};
-constexpr double largestCornerRadius = 48;
 
 }  // namespace
 
@@ -65,7 +62,8 @@ void StyleModel::showPreset() {
 
 void StyleModel::loadPersisted() {
     if (auto style = persistence_->load()) {
-        style->mockup.cornerRadius = clampedOr(style->mockup.cornerRadius, 0, largestCornerRadius);
+        double& radius = style->mockup.cornerRadius;
+        radius = MockupSettings::cornerRadiusRange.clamped(radius);
         setStyle(*style);
         showPreset();
         return;

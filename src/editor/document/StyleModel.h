@@ -15,7 +15,7 @@ class StyleModel : public QObject {
     PUBLISHED_WRITABLE(BackdropSettings, backdrop, {})
     PUBLISHED_WRITABLE(MockupSettings, mockup, {})
     PUBLISHED_WRITABLE(FrameStyle, frameStyle, FrameStyle::none)
-    PUBLISHED_WRITABLE(double, frameScale, 1.0)
+    PUBLISHED_WRITABLE(double, frameScale, frameScaleRange.standard)
     PUBLISHED(std::optional<Theme>, currentTheme, std::nullopt)
     PUBLISHED(std::optional<QString>, currentPresetThemeId, std::nullopt)
 

@@ -157,6 +157,10 @@ QVariantMap EditorController::style() const {
     return styleFields(editor_);
 }
 
+QVariantMap EditorController::styleRanges() const {
+    return kestrio::styleRanges();
+}
+
 bool EditorController::isDark() const {
     return services_.appearance && services_.appearance->isDark();
 }

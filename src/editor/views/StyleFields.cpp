@@ -1,6 +1,5 @@
 #include "editor/views/StyleFields.h"
 
-#include "core/Clamp.h"
 #include "editor/views/ViewRows.h"
 #include "render/style/EffectPreset.h"
 #include "render/style/GradientPreset.h"
@@ -24,6 +23,7 @@ struct StyleField {
     const char* name;
     QVariant (*get)(const EditorViewModel&);
     void (*set)(EditorViewModel&, const QVariant&);  ///< null where it is only shown
+    const StyleRange* range = nullptr;               ///< of a number, which is clamped to it
 };
 
 /// A change of one part of the style, through a copy of it.
@@ -152,25 +152,25 @@ constexpr StyleField fields[] = {
     {"hasImage", [](const Editor& e) -> Value { return imageOf(e).imageData.has_value(); },
      nullptr},
     {"imageBlur", [](const Editor& e) -> Value { return imageOf(e).blur; },
-     [](Editor& e, const Value& v) {
-         changeImage(e, [&](auto& i) { i.blur = clampedOr(v.toDouble(), 0, 10); });
-     }},
+     [](Editor& e, const Value& v) { changeImage(e, [&](auto& i) { i.blur = v.toDouble(); }); },
+     &ImageBackdropSettings::blurRange},
     {"imageOpacity", [](const Editor& e) -> Value { return imageOf(e).opacity; },
-     [](Editor& e, const Value& v) {
-         changeImage(e, [&](auto& i) { i.opacity = clampedOr(v.toDouble(), 0, 100); });
-     }},
+     [](Editor& e, const Value& v) { changeImage(e, [&](auto& i) { i.opacity = v.toDouble(); }); },
+     &ImageBackdropSettings::opacityRange},
     {"imageFit", [](const Editor& e) -> Value { return rawName(imageOf(e).scaleFit); },
      [](Editor& e, const Value& v) {
          changeImage(e, [&](auto& i) { i.scaleFit = enumOf(v, i.scaleFit); });
      }},
     {"opacity", [](const Editor& e) -> Value { return e.styleModel().backdrop().opacity; },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.opacity = clampedOr(v.toDouble(), 0, 1); });
-     }},
+         changeBackdrop(e, [&](auto& b) { b.opacity = v.toDouble(); });
+     },
+     &BackdropSettings::opacityRange},
     {"padding", [](const Editor& e) -> Value { return e.styleModel().backdrop().padding; },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.padding = clampedOr(v.toDouble(), 0, 100); });
-     }},
+         changeBackdrop(e, [&](auto& b) { b.padding = v.toDouble(); });
+     },
+     &BackdropSettings::paddingRange},
     {"keepPixels",
      [](const Editor& e) -> Value { return e.styleModel().backdrop().keepPixels.value_or(false); },
      [](Editor& e, const Value& v) {
@@ -179,18 +179,20 @@ constexpr StyleField fields[] = {
      }},
     {"blur", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.blur; },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.effects.blur = clampedOr(v.toDouble(), 0, 10); });
-     }},
+         changeBackdrop(e, [&](auto& b) { b.effects.blur = v.toDouble(); });
+     },
+     &BackdropEffects::blurRange},
     {"noise", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.noise; },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.effects.noise = clampedOr(v.toDouble(), 0, 100); });
-     }},
+         changeBackdrop(e, [&](auto& b) { b.effects.noise = v.toDouble(); });
+     },
+     &BackdropEffects::noiseRange},
     {"saturation",
      [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.saturation; },
      [](Editor& e, const Value& v) {
-         changeBackdrop(e,
-                        [&](auto& b) { b.effects.saturation = clampedOr(v.toDouble(), 0, 200); });
-     }},
+         changeBackdrop(e, [&](auto& b) { b.effects.saturation = v.toDouble(); });
+     },
+     &BackdropEffects::saturationRange},
     {"effect",
      [](const Editor& e) -> Value {
          for (const EffectPreset& preset : EffectPreset::all())
@@ -208,12 +210,14 @@ constexpr StyleField fields[] = {
      }},
     {"patternIntensity", [](const Editor& e) -> Value { return patternOf(e).intensity; },
      [](Editor& e, const Value& v) {
-         changePattern(e, [&](auto& p) { p.intensity = clampedOr(v.toDouble(), 0, 1); });
-     }},
+         changePattern(e, [&](auto& p) { p.intensity = v.toDouble(); });
+     },
+     &PatternSettings::intensityRange},
     {"patternThickness", [](const Editor& e) -> Value { return patternOf(e).thickness; },
      [](Editor& e, const Value& v) {
-         changePattern(e, [&](auto& p) { p.thickness = clampedOr(v.toDouble(), 0, 1); });
-     }},
+         changePattern(e, [&](auto& p) { p.thickness = v.toDouble(); });
+     },
+     &PatternSettings::thicknessRange},
     {"patternColor", [](const Editor& e) -> Value { return patternOf(e).color.toQColor(); },
      [](Editor& e, const Value& v) { changePattern(e, [&](auto& p) { p.color = codable(v); }); }},
     {"overlay", [](const Editor& e) -> Value { return rawName(overlayOf(e).type); },
@@ -222,8 +226,9 @@ constexpr StyleField fields[] = {
      }},
     {"overlayOpacity", [](const Editor& e) -> Value { return overlayOf(e).opacity; },
      [](Editor& e, const Value& v) {
-         changeOverlay(e, [&](auto& o) { o.opacity = clampedOr(v.toDouble(), 0, 100); });
-     }},
+         changeOverlay(e, [&](auto& o) { o.opacity = v.toDouble(); });
+     },
+     &OverlaySettings::opacityRange},
     {"overlayPosition", [](const Editor& e) -> Value { return rawName(overlayOf(e).position); },
      [](Editor& e, const Value& v) {
          changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
@@ -233,13 +238,13 @@ constexpr StyleField fields[] = {
          e.styleModel().set_frameStyle(enumOf(v, e.styleModel().frameStyle()));
      }},
     {"frameScale", [](const Editor& e) -> Value { return e.styleModel().frameScale(); },
-     [](Editor& e, const Value& v) {
-         e.styleModel().set_frameScale(clampedOr(v.toDouble(), 0.5, 2));
-     }},
+     [](Editor& e, const Value& v) { e.styleModel().set_frameScale(v.toDouble()); },
+     &frameScaleRange},
     {"cornerRadius", [](const Editor& e) -> Value { return e.styleModel().mockup().cornerRadius; },
      [](Editor& e, const Value& v) {
-         changeMockup(e, [&](auto& m) { m.cornerRadius = clampedOr(v.toDouble(), 0, 48); });
-     }},
+         changeMockup(e, [&](auto& m) { m.cornerRadius = v.toDouble(); });
+     },
+     &MockupSettings::cornerRadiusRange},
     {"shadow", [](const Editor& e) -> Value { return e.styleModel().mockup().shadowEnabled; },
      [](Editor& e, const Value& v) {
          changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
@@ -265,12 +270,14 @@ constexpr StyleField fields[] = {
      }},
     {"watermarkOffsetX", [](const Editor& e) -> Value { return watermarkOf(e).offsetX; },
      [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.offsetX = clampedOr(v.toDouble(), 0, 200); });
-     }},
+         changeWatermark(e, [&](auto& w) { w.offsetX = v.toDouble(); });
+     },
+     &WatermarkSettings::offsetRange},
     {"watermarkOffsetY", [](const Editor& e) -> Value { return watermarkOf(e).offsetY; },
      [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.offsetY = clampedOr(v.toDouble(), 0, 200); });
-     }},
+         changeWatermark(e, [&](auto& w) { w.offsetY = v.toDouble(); });
+     },
+     &WatermarkSettings::offsetRange},
     {"watermarkText", [](const Editor& e) -> Value { return watermarkOf(e).textContent; },
      [](Editor& e, const Value& v) {
          changeWatermark(e, [&](auto& w) { w.textContent = v.toString(); });
@@ -281,12 +288,14 @@ constexpr StyleField fields[] = {
      }},
     {"watermarkOpacity", [](const Editor& e) -> Value { return watermarkOf(e).opacity; },
      [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.opacity = clampedOr(v.toDouble(), 0, 1); });
-     }},
+         changeWatermark(e, [&](auto& w) { w.opacity = v.toDouble(); });
+     },
+     &WatermarkSettings::opacityRange},
     {"watermarkScale", [](const Editor& e) -> Value { return watermarkOf(e).scale; },
      [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.scale = clampedOr(v.toDouble(), 0.02, 0.5); });
-     }},
+         changeWatermark(e, [&](auto& w) { w.scale = v.toDouble(); });
+     },
+     &WatermarkSettings::scaleRange},
     {"watermarkColor", [](const Editor& e) -> Value { return watermarkOf(e).textColor.toQColor(); },
      [](Editor& e, const Value& v) {
          changeWatermark(e, [&](auto& w) { w.textColor = codable(v); });
@@ -307,10 +316,22 @@ QVariantMap styleFields(const EditorViewModel& editor) {
     return values;
 }
 
+QVariantMap styleRanges() {
+    QVariantMap ranges;
+    for (const StyleField& field : fields) {
+        if (!field.range) continue;
+        ranges.insert(QString::fromLatin1(field.name),
+                      QVariantMap{{QStringLiteral("least"), field.range->least},
+                                  {QStringLiteral("greatest"), field.range->greatest},
+                                  {QStringLiteral("standard"), field.range->standard}});
+    }
+    return ranges;
+}
+
 bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value) {
     for (const StyleField& field : fields) {
         if (name != QLatin1String(field.name) || !field.set) continue;
-        field.set(editor, value);
+        field.set(editor, field.range ? field.range->clamped(value.toDouble()) : value);
         return true;
     }
     return false;

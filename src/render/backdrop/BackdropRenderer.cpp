@@ -1,6 +1,5 @@
 #include "render/backdrop/BackdropRenderer.h"
 
-#include "core/Clamp.h"
 #include "imaging/filters/ColorAdjust.h"
 #include "imaging/filters/GaussianBlur.h"
 #include "imaging/filters/Resample.h"
@@ -37,7 +36,7 @@ std::optional<LinearGradient> gradientOf(const QImage& bitmap, const BackdropSet
 }
 
 double clampedOpacity(const BackdropSettings& backdrop) {
-    return clampedOr(backdrop.opacity, 0, 1);
+    return BackdropSettings::opacityRange.clamped(backdrop.opacity);
 }
 
 }  // namespace
@@ -105,17 +104,18 @@ void BackdropRenderer::fillWithImage(QImage& bitmap, const BackdropSettings& bac
     bitmap.fill(Qt::transparent);
     ScaledDraw draw;
     draw.target = placedImage(image.size(), QRectF(bitmap.rect()), settings.scaleFit);
-    draw.opacity = clampedOr(settings.opacity, 0, 100) / 100 * clampedOpacity(backdrop);
+    draw.opacity = ImageBackdropSettings::opacityRange.clamped(settings.opacity) / 100 *
+                   clampedOpacity(backdrop);
     drawScaled(bitmap, image, draw);
-    const double blur = clampedOr(settings.blur, 0, 10) * scale;
+    const double blur = ImageBackdropSettings::blurRange.clamped(settings.blur) * scale;
     if (blur > 0) filterQueue_.sync([&] { gaussianBlur(bitmap, blur); });
 }
 
 void BackdropRenderer::applyEffects(QImage& bitmap, const BackdropEffects& effects,
                                     double scale) const {
-    const double blur = clampedOr(effects.blur, 0, 10);
-    const double noise = clampedOr(effects.noise, 0, 100);
-    const double saturation = clampedOr(effects.saturation, 0, 200);
+    const double blur = BackdropEffects::blurRange.clamped(effects.blur);
+    const double noise = BackdropEffects::noiseRange.clamped(effects.noise);
+    const double saturation = BackdropEffects::saturationRange.clamped(effects.saturation);
     if (blur > 0 || saturation != 100) {
         filterQueue_.sync([&] {
             if (blur > 0) gaussianBlur(bitmap, blur * scale);

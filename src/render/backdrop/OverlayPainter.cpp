@@ -1,6 +1,5 @@
 #include "render/backdrop/OverlayPainter.h"
 
-#include "core/Clamp.h"
 #include "core/Parallel.h"
 #include "core/Simd.h"
 
@@ -110,7 +109,7 @@ KESTRIO_SIMD void blendRow(QRgb* row, const float* alphas, int count, float leve
 void drawOverlay(QImage& bitmap, OverlayType type, double opacity) {
     const auto shade = std::find_if(std::begin(shades), std::end(shades),
                                     [type](const Shade& row) { return row.type == type; });
-    const auto share = static_cast<float>(clampedOr(opacity, 0, 100) / 100);
+    const auto share = static_cast<float>(OverlaySettings::opacityRange.clamped(opacity) / 100);
     if (shade == std::end(shades) || !(share > 0)) return;
     const int width = bitmap.width();
     const int height = bitmap.height();

@@ -1,6 +1,5 @@
 #include "render/backdrop/PatternPainter.h"
 
-#include "core/Clamp.h"
 #include "imaging/filters/Mask.h"
 #include "render/backdrop/DistanceFields.h"
 #include "render/backdrop/Grain.h"
@@ -119,7 +118,7 @@ double lineWidth(double thickness, double scale) {
 }  // namespace
 
 void drawPattern(QImage& bitmap, const PatternSettings& pattern, double scale) {
-    const double intensity = clampedOr(pattern.intensity, 0, 1);
+    const double intensity = PatternSettings::intensityRange.clamped(pattern.intensity);
     const PatternDrawing drawing{bitmap,
                                  double(bitmap.width()),
                                  double(bitmap.height()),

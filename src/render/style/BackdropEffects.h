@@ -1,14 +1,19 @@
 #pragma once
 
 #include "core/Json.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
 /// Filters over the whole backdrop. Stored as given and clamped where they are rendered.
 struct BackdropEffects {
-    double blur = 0;          ///< 0 to 10, points
-    double noise = 0;         ///< 0 to 100
-    double saturation = 100;  ///< 0 to 200, 100 is neutral
+    static constexpr StyleRange blurRange{0, 10, 0};
+    static constexpr StyleRange noiseRange{0, 100, 0};
+    static constexpr StyleRange saturationRange{0, 200, 100};
+
+    double blur = blurRange.standard;  ///< points
+    double noise = noiseRange.standard;
+    double saturation = saturationRange.standard;  ///< percent
 
     bool operator==(const BackdropEffects&) const = default;
 

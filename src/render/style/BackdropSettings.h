@@ -6,6 +6,7 @@
 #include "render/style/OverlaySettings.h"
 #include "render/style/PatternSettings.h"
 #include "render/style/PortraitSettings.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -25,13 +26,16 @@ constexpr const auto& enumTable(BackdropType) {
 /// The picture behind a screenshot. Initially what a new editor shows. Numbers are kept as stored
 /// and clamped where they are rendered.
 struct BackdropSettings {
+    static constexpr StyleRange opacityRange{0, 1, 1};
+    static constexpr StyleRange paddingRange{0, 100, 32};
+
     BackdropType type = BackdropType::solid;
     std::optional<CodableColor> solidColor = CodableColor{0.2, 0.2, 0.3, 1};
     std::optional<QString> gradientPreset;  ///< id in GradientPreset::all()
     /// Wins over `gradientPreset` when it has two colours or more.
     std::optional<std::vector<CodableColor>> customGradientColors;
-    double opacity = 1;   ///< 0 to 1
-    double padding = 32;  ///< points, 0 to 100
+    double opacity = opacityRange.standard;
+    double padding = paddingRange.standard;  ///< points
     BackdropEffects effects;
     std::optional<PatternSettings> pattern;
     std::optional<OverlaySettings> overlay;

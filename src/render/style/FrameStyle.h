@@ -1,10 +1,14 @@
 #pragma once
 
 #include "core/EnumTable.h"
+#include "render/style/StyleRange.h"
 
 #include <array>
 
 namespace kestrio {
+
+/// How much larger a frame's title bar may be drawn. Renders take any scale that is not below 0.
+inline constexpr StyleRange frameScaleRange{0.5, 2, 1};
 
 /// The imitation window around a screenshot.
 enum class FrameStyle { none, macOS, safari, arc, windows, stack, stack2 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Json.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -18,10 +19,13 @@ constexpr const auto& enumTable(ImageScaleFit) {
 
 /// A picture as backdrop.
 struct ImageBackdropSettings {
-    std::optional<QByteArray> imageData;  ///< the bytes of an encoded picture
-    std::optional<QString> imagePath;     ///< where they came from; never read again
-    double blur = 0;                      ///< 0 to 10, points
-    double opacity = 100;                 ///< percent
+    static constexpr StyleRange blurRange{0, 10, 0};
+    static constexpr StyleRange opacityRange{0, 100, 100};
+
+    std::optional<QByteArray> imageData;     ///< the bytes of an encoded picture
+    std::optional<QString> imagePath;        ///< where they came from; never read again
+    double blur = blurRange.standard;        ///< points
+    double opacity = opacityRange.standard;  ///< percent
     ImageScaleFit scaleFit = ImageScaleFit::fill;
 
     bool operator==(const ImageBackdropSettings&) const = default;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Json.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -46,7 +47,9 @@ constexpr const auto& enumTable(LightSource) {
 
 /// Corners and shadow of the screenshot.
 struct MockupSettings {
-    double cornerRadius = 12;  ///< points; read without a frame only
+    static constexpr StyleRange cornerRadiusRange{0, 48, 12};
+
+    double cornerRadius = cornerRadiusRange.standard;  ///< points; read without a frame only
     bool shadowEnabled = true;
     ShadowIntensity shadowIntensity = ShadowIntensity::medium;
     LightSource lightSource = LightSource::topLeft;

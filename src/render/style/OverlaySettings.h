@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Json.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -31,8 +32,10 @@ constexpr const auto& enumTable(OverlayPosition) {
 
 /// A gradient of light or shade. Its initial values are what is shown where there is none.
 struct OverlaySettings {
+    static constexpr StyleRange opacityRange{0, 100, 10};
+
     OverlayType type = OverlayType::none;
-    double opacity = 10;  ///< percent
+    double opacity = opacityRange.standard;  ///< percent
     OverlayPosition position = OverlayPosition::overlay;
 
     bool operator==(const OverlaySettings&) const = default;

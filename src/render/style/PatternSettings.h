@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/CodableColor.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -23,9 +24,12 @@ constexpr const auto& enumTable(PatternType) {
 
 /// A drawing on the backdrop's fill. Its initial values are what is shown where there is none.
 struct PatternSettings {
+    static constexpr StyleRange intensityRange{0, 1, 0.5};
+    static constexpr StyleRange thicknessRange{0, 1, 1};
+
     PatternType type = PatternType::none;
-    double intensity = 0.5;  ///< 0 to 1, a factor on the colour's alpha
-    double thickness = 1;    ///< 1 and more is a line of 3 points
+    double intensity = intensityRange.standard;  ///< a factor on the colour's alpha
+    double thickness = thicknessRange.standard;  ///< 1 and more is a line of 3 points
     CodableColor color = {0, 0, 0, 0.1};
 
     bool operator==(const PatternSettings&) const = default;

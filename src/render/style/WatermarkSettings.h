@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/CodableColor.h"
+#include "render/style/StyleRange.h"
 
 namespace kestrio {
 
@@ -45,14 +46,20 @@ constexpr const auto& enumTable(WatermarkPosition) {
 
 /// A mark burned into the screenshot. Initially what a new panel shows.
 struct WatermarkSettings {
+    static constexpr StyleRange opacityRange{0, 1, 0.5};
+    static constexpr StyleRange scaleRange{0.02, 0.5, 0.15};
+    static constexpr StyleRange offsetRange{0, 200, 20};
+
     WatermarkType type = WatermarkType::text;
     QString textContent = QStringLiteral("© Kestrio");
     std::optional<QByteArray> imageData;  ///< the bytes of an encoded picture
     WatermarkPosition position = WatermarkPosition::bottomRight;
-    double opacity = 0.5;  ///< 0 to 1
-    double scale = 0.15;   ///< share of the screenshot's width, at most 0.5
-    double offsetX = 20;   ///< points of the screenshot, inward from the nearer edge
-    double offsetY = 20;
+    double opacity = opacityRange.standard;
+    double scale =
+        scaleRange.standard;  ///< share of the screenshot's width; less is drawn as stored
+    double offsetX =
+        offsetRange.standard;  ///< points of the screenshot, inward from the nearer edge
+    double offsetY = offsetRange.standard;
     QString fontName = QStringLiteral("Helvetica Neue");
     CodableColor textColor = {1, 1, 1, 1};
 

@@ -16,7 +16,7 @@ namespace {
 constexpr double layoutSize = 64;
 
 double boxWidth(double imageWidth, const WatermarkSettings& settings) {
-    return imageWidth * clampedOr(settings.scale, 0, 0.5);
+    return imageWidth * clampedOr(settings.scale, 0, WatermarkSettings::scaleRange.greatest);
 }
 
 double axisPlace(int alignment, double outer, double inner, double offset) {
@@ -91,7 +91,7 @@ QRectF watermarkRect(QSizeF image, QSizeF mark, const WatermarkSettings& setting
 }
 
 Image paintWatermark(Image image, const WatermarkSettings& settings) {
-    const double opacity = clampedOr(settings.opacity, 0, 1);
+    const double opacity = WatermarkSettings::opacityRange.clamped(settings.opacity);
     if (image.isNull() || image.pointSize().isEmpty()) return image;
     return settings.type == WatermarkType::text ? paintText(std::move(image), settings, opacity)
                                                 : paintImage(std::move(image), settings, opacity);

@@ -30,7 +30,6 @@ ColumnLayout {
         controller: section.controller
         field: "padding"
         label: qsTranslate("Kestrio", "Padding")
-        usual: 32
         unit: " pt"
     }
     StyleSlider {
@@ -39,8 +38,6 @@ ColumnLayout {
         controller: section.controller
         field: "opacity"
         label: qsTranslate("Kestrio", "Opacity")
-        to: 1
-        usual: 1
         factor: 100
         unit: " %"
     }

@@ -25,7 +25,6 @@ ColumnLayout {
         controller: controls.controller
         field: "blur"
         label: qsTranslate("Kestrio", "Blur")
-        to: 10
         decimals: 1
     }
     StyleSlider {
@@ -40,8 +39,6 @@ ColumnLayout {
         controller: controls.controller
         field: "saturation"
         label: qsTranslate("Kestrio", "Saturation")
-        to: 200
-        usual: 100
         unit: " %"
     }
 }

@@ -25,9 +25,6 @@ ColumnLayout {
         field: "frameScale"
         visible: section.style.frame !== "none"
         label: qsTranslate("Kestrio", "Title bar size")
-        from: 0.5
-        to: 2
-        usual: 1
         factor: 100
         unit: " %"
     }

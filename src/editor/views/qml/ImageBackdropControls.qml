@@ -46,7 +46,6 @@ ColumnLayout {
         controller: controls.controller
         field: "imageBlur"
         label: qsTranslate("Kestrio", "Blur of the picture")
-        to: 10
         decimals: 1
         unit: " pt"
     }
@@ -56,7 +55,6 @@ ColumnLayout {
         controller: controls.controller
         field: "imageOpacity"
         label: qsTranslate("Kestrio", "Opacity of the picture")
-        usual: 100
         unit: " %"
     }
 }

@@ -15,8 +15,6 @@ ColumnLayout {
         enabled: section.style.frame === "none"
         opacity: enabled ? 1 : 0.4
         label: enabled ? qsTranslate("Kestrio", "Corner radius") : qsTranslate("Kestrio", "Corner radius (set by the frame)")
-        to: 48
-        usual: 12
         unit: " pt"
     }
     Toggle {

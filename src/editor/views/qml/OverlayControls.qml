@@ -27,7 +27,6 @@ ColumnLayout {
         controller: controls.controller
         field: "overlayOpacity"
         label: qsTranslate("Kestrio", "Strength")
-        usual: 10
         unit: " %"
     }
     Segments {

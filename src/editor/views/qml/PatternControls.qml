@@ -26,8 +26,6 @@ ColumnLayout {
         controller: controls.controller
         field: "patternIntensity"
         label: qsTranslate("Kestrio", "Strength")
-        to: 1
-        usual: 0.5
         factor: 100
         unit: " %"
     }
@@ -37,8 +35,6 @@ ColumnLayout {
         controller: controls.controller
         field: "patternThickness"
         label: qsTranslate("Kestrio", "Thickness")
-        to: 1
-        usual: 1
         factor: 100
         unit: " %"
     }

@@ -6,6 +6,10 @@ SliderRow {
     id: slider
     required property EditorController controller
     required property string field
+    readonly property var range: controller.styleRanges[field]
+    from: range.least
+    to: range.greatest
+    usual: range.standard
     value: controller.style[field]
     onMoved: value => slider.controller.set(slider.field, value)
     onSettled: slider.controller.commit()

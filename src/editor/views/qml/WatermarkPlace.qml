@@ -22,8 +22,6 @@ ColumnLayout {
         controller: place.controller
         field: "watermarkOffsetX"
         label: qsTranslate("Kestrio", "Horizontal offset")
-        to: 200
-        usual: 20
         unit: " pt"
     }
     StyleSlider {
@@ -32,8 +30,6 @@ ColumnLayout {
         controller: place.controller
         field: "watermarkOffsetY"
         label: qsTranslate("Kestrio", "Vertical offset")
-        to: 200
-        usual: 20
         unit: " pt"
     }
 }

@@ -43,9 +43,6 @@ ColumnLayout {
                 controller: section.controller
                 field: "watermarkScale"
                 label: qsTranslate("Kestrio", "Size")
-                from: 0.02
-                to: 0.5
-                usual: 0.15
                 factor: 100
                 unit: " %"
             }
@@ -54,8 +51,6 @@ ColumnLayout {
                 controller: section.controller
                 field: "watermarkOpacity"
                 label: qsTranslate("Kestrio", "Opacity")
-                to: 1
-                usual: 0.5
                 factor: 100
                 unit: " %"
             }
