@@ -130,6 +130,7 @@ TEST(AnnotationEquality, ComparesTheListedFieldsOnly) {
                               {"isHighlighter", nullptr},
                               {"id", encodeJson(fixedId)}};
     const std::vector<AnyAnnotation> samples = oneOfEach();
+    ASSERT_EQ(samples.size(), std::size(ignored)) << "each kind has its row";
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const JsonValue whole = encodeJson(samples[i]);
         for (const auto& [key, value] : whole["data"].items()) {
