@@ -36,8 +36,7 @@ class ScreenTurn {
 ///   one at a time: menus and hotkeys start none meanwhile, and a capture that another program asks
 ///   for waits, unless it would have to wait for a user.
 /// - A flow that goes on by itself once the user has chosen, as a recording does, has the screen
-/// for
-///   the choice alone. Still captures and it then go on side by side.
+///   for the choice alone. Still captures and it then go on side by side.
 /// - Opening pictures that exist already, and counting down, need no turn.
 ///
 /// Main thread.
