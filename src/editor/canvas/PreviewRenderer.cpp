@@ -59,10 +59,12 @@ void PreviewRenderer::watchBlurs() {
         connect(&editor_.annotationSession(), signal, this, &PreviewRenderer::refreshBlurs);
     using Annotations = AnnotationViewModel;
     for (const auto signal :
-         {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged,
-          &Annotations::gestureChanged}) {
+         {&Annotations::annotationsChanged, &Annotations::annotationsVisibleChanged}) {
         connect(&editor_.annotationVM(), signal, this, &PreviewRenderer::refreshBlurs);
     }
+    connect(&editor_.annotationVM(), &Annotations::gestureChanged, this, [this] {
+        if (editor_.annotationVM().isMovingRecord() != isRecordMoving_) refreshBlurs();
+    });
 }
 
 PreviewRenderer::~PreviewRenderer() {
@@ -91,7 +93,8 @@ void PreviewRenderer::refreshBlurs() {
     const bool isChanged = blurs != blurs_;
     blurs_ = blurs;
     const auto& selected = annotations.selectedAnnotation();
-    if (!annotations.isMovingRecord()) {
+    isRecordMoving_ = annotations.isMovingRecord();
+    if (!isRecordMoving_) {
         movingBlur_.reset();
         blurRest_.stop();
     } else if (isChanged && selected && selected->as<BlurAnnotation>()) {

@@ -53,6 +53,7 @@ class PreviewRenderer : public QObject {
     BlurredScreenshotPreviewLayer blurred_;
     std::vector<BlurAnnotation> blurs_, shownBlurs_;
     /// The blur that is left out while it moves.
+    bool isRecordMoving_ = false;
     std::optional<QUuid> movingBlur_;
     QTimer blurRest_, scaleRest_;
     double wantedScale_ = 0;

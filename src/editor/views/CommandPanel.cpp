@@ -15,32 +15,38 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
     using Editor = EditorViewModel;
     for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged,
                               &Editor::isShortcutOverlayVisibleChanged})
-        connect(&editor, signal, this, &CommandPanel::enabledChanged);
+        connect(&editor, signal, this, &CommandPanel::refreshEnabled);
     connect(&editor.annotationSession(), &AnnotationSession::isAnnotationModeChanged, this,
-            &CommandPanel::enabledChanged);
+            &CommandPanel::refreshEnabled);
     connect(&editor.annotationVM(), &AnnotationViewModel::selectedAnnotationChanged, this,
-            &CommandPanel::enabledChanged);
-    connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::enabledChanged);
-    connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::enabledChanged);
+            &CommandPanel::refreshEnabled);
+    connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::refreshEnabled);
+    connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::refreshEnabled);
 }
 
-QVariantMap CommandPanel::infos() const {
-    QVariantMap infos;
-    for (const EditorCommand& each : editorCommands()) {
-        const bool hasKey = each.scope != CommandScope::pointer;
-        infos.insert(QString::fromLatin1(each.id),
-                     QVariantMap{{QStringLiteral("title"), Kestrio::tr(each.title)},
-                                 {QStringLiteral("key"),
-                                  hasKey ? keysOf(each).front().toString() : QString()}});
-    }
-    return infos;
-}
-
-QVariantMap CommandPanel::enabled() const {
-    QVariantMap values;
+// Most of what is watched changes with every move of a drag; views are only told of a difference.
+void CommandPanel::refreshEnabled() {
+    std::vector<bool> enabled;
     for (const EditorCommand& each : editorCommands())
-        values.insert(QString::fromLatin1(each.id), isEnabled(each, editor_, *this));
-    return values;
+        enabled.push_back(kestrio::isEnabled(each, editor_, *this));
+    if (std::exchange(enabled_, enabled) == enabled) return;
+    ++revision_;
+    Q_EMIT enabledChanged();
+}
+
+QString CommandPanel::title(const QString& id) const {
+    const EditorCommand* const command = editorCommand(id);
+    return command ? Kestrio::tr(command->title) : QString();
+}
+
+QString CommandPanel::key(const QString& id) const {
+    const EditorCommand* const command = editorCommand(id);
+    return command ? keysOf(*command).front().toString() : QString();
+}
+
+bool CommandPanel::isEnabled(const QString& id) const {
+    const EditorCommand* const command = editorCommand(id);
+    return command && kestrio::isEnabled(*command, editor_, *this);
 }
 
 QVariantList CommandPanel::shortcuts() const {
@@ -78,7 +84,7 @@ QVariantList CommandPanel::columns() const {
 
 bool CommandPanel::runEnabled(const QString& id) {
     const EditorCommand* const command = editorCommand(id);
-    if (!command || !command->run || !isEnabled(*command, editor_, *this)) return false;
+    if (!command || !command->run || !isEnabled(id)) return false;
     command->run(editor_, *this);
     return true;
 }

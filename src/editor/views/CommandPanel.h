@@ -15,10 +15,8 @@ class CommandPanel : public QObject, private EditorActions {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Part of the editor")
-    /// By command: {title, key}; the key in portable form, empty where it has none.
-    Q_PROPERTY(QVariantMap infos READ infos CONSTANT)
-    /// By command, whether it can be done now.
-    Q_PROPERTY(QVariantMap enabled READ enabled NOTIFY enabledChanged)
+    /// Changes whenever some command can be done that could not be, or the other way round.
+    Q_PROPERTY(int revision READ revision NOTIFY enabledChanged)
     /// Those of the whole window, each {id, keys}.
     Q_PROPERTY(QVariantList shortcuts READ shortcuts CONSTANT)
     /// Two columns of categories for the list of shortcuts, each {name, rows}.
@@ -34,11 +32,15 @@ class CommandPanel : public QObject, private EditorActions {
     CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, Panels panels,
                  QObject* parent = nullptr);
 
-    QVariantMap infos() const;
-    QVariantMap enabled() const;
+    int revision() const { return revision_; }
     QVariantList shortcuts() const;
     QVariantList columns() const;
 
+    Q_INVOKABLE QString title(const QString& id) const;
+    /// In portable form.
+    Q_INVOKABLE QString key(const QString& id) const;
+    /// Whether it can be done now. Bindings read `revision` too.
+    Q_INVOKABLE bool isEnabled(const QString& id) const;
     /// By a button or menu, which may bring the command's key to mind, once. Nothing happens where
     /// it is not enabled.
     Q_INVOKABLE void run(const QString& id);
@@ -62,11 +64,14 @@ class CommandPanel : public QObject, private EditorActions {
     void closeWindow() override { Q_EMIT closeRequested(); }
     bool isBusy() const override { return panels_.output.isBusy() || panels_.share.isBusy(); }
     bool runEnabled(const QString& id);
+    void refreshEnabled();
 
     EditorViewModel& editor_;
     ShortcutHintManager& hints_;
     Panels panels_;
     AnnotationKeyboardHandler keyboard_;
+    std::vector<bool> enabled_;  ///< by command
+    int revision_ = 0;
 };
 
 }  // namespace kestrio

@@ -157,8 +157,8 @@ QVariantMap EditorController::style() const {
     return styleFields(editor_);
 }
 
-QVariantMap EditorController::styleRanges() const {
-    return kestrio::styleRanges();
+QVariantMap EditorController::styleRange(const QString& field) const {
+    return kestrio::styleRange(field);
 }
 
 bool EditorController::isDark() const {

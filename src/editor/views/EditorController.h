@@ -32,8 +32,6 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
-    /// What the numbers among them may be, each {least, greatest, standard}.
-    Q_PROPERTY(QVariantMap styleRanges READ styleRanges CONSTANT)
     /// Lists for pickers by the name of their field, each row {id, name}.
     Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
     /// A capture is still being put together; there is nothing to edit yet.
@@ -88,7 +86,6 @@ class EditorController : public QObject {
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     QVariantMap style() const;
-    QVariantMap styleRanges() const;
     QVariantMap choices() const;
     bool isProcessing() const { return editor_.isProcessingCapture(); }
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
@@ -117,6 +114,8 @@ class EditorController : public QObject {
     bool isDark() const;
     bool isMotionReduced() const;
 
+    /// What a style field that is a number may be, {least, greatest, standard}.
+    Q_INVOKABLE QVariantMap styleRange(const QString& field) const;
     /// Live change of a style field; commit() makes it a step of undo.
     Q_INVOKABLE void set(const QString& field, const QVariant& value);
     Q_INVOKABLE void commit();

@@ -316,16 +316,14 @@ QVariantMap styleFields(const EditorViewModel& editor) {
     return values;
 }
 
-QVariantMap styleRanges() {
-    QVariantMap ranges;
+QVariantMap styleRange(const QString& name) {
     for (const StyleField& field : fields) {
-        if (!field.range) continue;
-        ranges.insert(QString::fromLatin1(field.name),
-                      QVariantMap{{QStringLiteral("least"), field.range->least},
-                                  {QStringLiteral("greatest"), field.range->greatest},
-                                  {QStringLiteral("standard"), field.range->standard}});
+        if (name != QLatin1String(field.name) || !field.range) continue;
+        return {{QStringLiteral("least"), field.range->least},
+                {QStringLiteral("greatest"), field.range->greatest},
+                {QStringLiteral("standard"), field.range->standard}};
     }
-    return ranges;
+    return {};
 }
 
 bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value) {

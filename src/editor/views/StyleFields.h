@@ -14,8 +14,8 @@ CodableColor codableColor(const QColor& color);
 /// All fields, for bindings.
 QVariantMap styleFields(const EditorViewModel& editor);
 
-/// By field that is a number, {least, greatest, standard}.
-QVariantMap styleRanges();
+/// Of a field that is a number, {least, greatest, standard}.
+QVariantMap styleRange(const QString& name);
 
 /// Sets one field and records nothing; false for an unknown name. Numbers out of range are clamped.
 bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value);

@@ -19,12 +19,12 @@ Basic.Menu {
 
     MenuRow {
         text: qsTranslate("Kestrio", "Bring to Front")
-        key: menu.commands.infos.bringToFront.key
+        key: menu.commands.key("bringToFront")
         onTriggered: menu.commands.run("bringToFront")
     }
     MenuRow {
         text: qsTranslate("Kestrio", "Send to Back")
-        key: menu.commands.infos.sendToBack.key
+        key: menu.commands.key("sendToBack")
         onTriggered: menu.commands.run("sendToBack")
     }
     MenuRow {
@@ -39,7 +39,7 @@ Basic.Menu {
     }
     MenuRow {
         text: qsTranslate("Kestrio", "Delete")
-        key: menu.commands.infos["delete"].key
+        key: menu.commands.key("delete")
         onTriggered: menu.commands.run("delete")
     }
 }

@@ -15,7 +15,7 @@ ColumnLayout {
         symbol: "eyedropper"
         text: qsTranslate("Kestrio", "Pick from the picture")
         tip: qsTranslate("Kestrio", "Pick a colour; with Alt for the backdrop")
-        key: section.controller.commands.infos.eyedropper.key
+        key: section.controller.commands.key("eyedropper")
         checked: section.colors.isPicking
         background: Rectangle {
             radius: Theme.radius

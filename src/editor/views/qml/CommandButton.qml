@@ -6,8 +6,8 @@ import Kestrio.Ui
 IconButton {
     required property CommandPanel commands
     required property string command
-    tip: commands.infos[command].title
-    key: commands.infos[command].key
-    enabled: commands.enabled[command]
+    tip: commands.title(command)
+    key: commands.key(command)
+    enabled: commands.revision >= 0 && commands.isEnabled(command)
     onClicked: commands.run(command)
 }

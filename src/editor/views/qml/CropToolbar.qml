@@ -48,14 +48,14 @@ Rectangle {
         IconButton {
             symbol: "xmark"
             tip: qsTranslate("Kestrio", "Cancel")
-            key: bar.commands.infos.cancelCrop.key
+            key: bar.commands.key("cancelCrop")
             onClicked: bar.crop.cancel()
         }
         IconButton {
             symbol: "checkmark"
             isPrimary: true
             tip: qsTranslate("Kestrio", "Apply")
-            key: bar.commands.infos.applyCrop.key
+            key: bar.commands.key("applyCrop")
             onClicked: bar.crop.apply()
         }
     }

@@ -6,7 +6,7 @@ SliderRow {
     id: slider
     required property EditorController controller
     required property string field
-    readonly property var range: controller.styleRanges[field]
+    readonly property var range: controller.styleRange(field)
     from: range.least
     to: range.greatest
     usual: range.standard

@@ -110,7 +110,7 @@ Rectangle {
         IconButton {
             symbol: "keyboard"
             tip: qsTranslate("Kestrio", "Keyboard shortcuts")
-            key: bar.commands.infos.showShortcuts.key
+            key: bar.commands.key("showShortcuts")
             onClicked: bar.controller.isShortcutOverlayVisible = !bar.controller.isShortcutOverlayVisible
         }
         IconButton {
