@@ -245,9 +245,9 @@ const AnnotationToolInfo& annotationToolInfo(AnnotationTool tool) {
 }
 
 std::optional<AnnotationTool> annotationToolOfKey(QChar key) {
-    const auto found = std::ranges::find(tools, key.toLower(), [](const AnnotationToolInfo& info) {
-        return QChar::fromLatin1(info.key);
-    });
+    const auto* const found = std::ranges::find(
+        tools, key.toLower(),
+        [](const AnnotationToolInfo& info) { return QChar::fromLatin1(info.key); });
     return found == tools.end() ? std::nullopt : std::optional(found->tool);
 }
 

@@ -6,6 +6,6 @@ namespace kestrio {
 
 /// A rectangle that a record does not paint beyond, in points of its own;
 /// generous rather than tight.
-QRectF paintedExtent(const AnyAnnotation& record);
+QRectF paintedExtent(const AnyAnnotation& annotation);
 
 }  // namespace kestrio

@@ -267,7 +267,7 @@ std::span<const EditorCommand> editorCommands() {
 }
 
 const EditorCommand* editorCommand(const QString& id) {
-    const auto found = std::ranges::find_if(
+    const auto* const found = std::ranges::find_if(
         commands, [&id](const EditorCommand& each) { return id == QLatin1StringView(each.id); });
     return found == std::end(commands) ? nullptr : found;
 }

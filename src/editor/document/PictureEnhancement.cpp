@@ -34,11 +34,11 @@ Task<bool> PictureEnhancement::enhanceImage(AIEnhancementMode mode, double stren
     const auto service = service_;
     const Image before = editor_.screenshot();
     auto work = service->enhanceInBackground(before, mode, std::clamp(strength, 0.0, 1.0));
-    Image enhanced = co_await work;
+    const Image enhanced = co_await work;
     if (!self || before.bitmap().cacheKey() != editor_.screenshot().bitmap().cacheKey())
         co_return false;
     if (!original_) setOriginal(before);
-    editor_.replacePixels(std::move(enhanced));
+    editor_.replacePixels(enhanced);
     co_return true;
 }
 

@@ -11,7 +11,7 @@ bool isDensity(double density) {
 
 QString faultOf(const EditVerb& verb) {
     if (!verb.file.isEmpty()) {
-        if (const QString fault = faultOfPath(verb.file); !fault.isEmpty()) return fault;
+        if (QString fault = faultOfPath(verb.file); !fault.isEmpty()) return fault;
     }
     if (!isDensity(verb.density)) {
         return Kestrio::tr("the density must be above 0 and at most %1").arg(largestDensity);

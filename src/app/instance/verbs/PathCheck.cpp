@@ -17,7 +17,7 @@ QString faultOfPath(const QString& path) {
 }
 
 QString faultOfOutputName(const QString& path) {
-    if (const QString fault = faultOfPath(path); !fault.isEmpty()) return fault;
+    if (QString fault = faultOfPath(path); !fault.isEmpty()) return fault;
     if (path.endsWith(u'/') || !formatNamed(QFileInfo(path).suffix())) {
         return Kestrio::tr("\"%1\" does not end in .png, .jpg or .webp").arg(path);
     }
@@ -25,7 +25,7 @@ QString faultOfOutputName(const QString& path) {
 }
 
 QString faultOfOutput(const QString& path) {
-    if (const QString fault = faultOfOutputName(path); !fault.isEmpty()) return fault;
+    if (QString fault = faultOfOutputName(path); !fault.isEmpty()) return fault;
     const FileKind kind = fileKind(path);
     if (kind == FileKind::folder) return Kestrio::tr("\"%1\" is a folder").arg(path);
     if (kind == FileKind::special) {
