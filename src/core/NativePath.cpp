@@ -1,5 +1,6 @@
 #include "core/NativePath.h"
 
+#include <QList>
 #include <QStringDecoder>
 #include <algorithm>
 #include <optional>

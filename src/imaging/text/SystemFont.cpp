@@ -1,6 +1,7 @@
 #include "imaging/text/SystemFont.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 #include <cmath>
 
 namespace kestrio {
