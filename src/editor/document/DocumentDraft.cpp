@@ -20,6 +20,8 @@ DocumentDraft::DocumentDraft(EditorViewModel& editor, QString name,
       name_(std::move(name)),
       writer_(std::move(drafts), std::move(taken)) {
     delay_.setSingleShot(true);
+    // A coarse timer may fire a twentieth too early, before the user has come to rest.
+    delay_.setTimerType(Qt::PreciseTimer);
     connect(&delay_, &QTimer::timeout, this, &DocumentDraft::update);
     connect(&writer_, &DraftWriter::failed, this, &DocumentDraft::reportFailure);
     connectDocument();
