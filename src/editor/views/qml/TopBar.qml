@@ -52,7 +52,7 @@ Rectangle {
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         CommandButton {
             commands: bar.commands
-            command: "crop"
+            command: bar.controller.isCropMode ? "cancelCrop" : "crop"
             symbol: "crop"
             checked: bar.controller.isCropMode
         }
