@@ -151,19 +151,18 @@ void AnnotationPanel::setFillMode(const QString& id) {
 void AnnotationPanel::setBlur(const QString& type, double intensity) {
     const auto blur = annotations().selectedBlur();
     if (!blur) return;
-    if (!blurBefore_) blurBefore_ = *blur;
+    if (blurEdit_ && blurEdit_->id() != blur->id) commitBlur();
+    if (!blurEdit_) blurEdit_.emplace(annotations(), blur->id);
     BlurAnnotation changed = *blur;
     changed.blurType = namedValue<BlurType>(type).value_or(blur->blurType);
     changed.intensity = std::clamp(intensity, 0.0, 1.0);
-    annotations().applyAnnotation(changed);
+    blurEdit_->apply(changed);
 }
 
 void AnnotationPanel::commitBlur() {
-    const auto before = std::exchange(blurBefore_, std::nullopt);
-    const auto after = annotations().selectedAnnotation();
-    if (!before || !after || before->id() != after->id()) return;
-    annotations().applyAnnotation(*before);
-    annotations().updateAnnotation(*after);
+    if (!blurEdit_) return;
+    blurEdit_->commit();
+    blurEdit_.reset();
     editor_.synchroniseAnnotations();
 }
 

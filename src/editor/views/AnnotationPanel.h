@@ -71,7 +71,7 @@ class AnnotationPanel : public QObject {
 
     EditorViewModel& editor_;
     ShortcutHintManager& hints_;
-    std::optional<AnyAnnotation> blurBefore_;
+    std::optional<EditTransaction> blurEdit_;
 };
 
 }  // namespace kestrio
