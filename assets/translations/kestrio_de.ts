@@ -1128,7 +1128,7 @@ Aufruf: kestrio                      im Infobereich starten oder auf das laufend
         <translation>--quick-save nimmt ein einziges Bild; geben Sie für mehrere einen Ordner an</translation>
     </message>
     <message>
-        <source>several pictures need a folder to go to; &quot;%1&quot; is none</source>
+        <source>several pictures need a folder as their output; &quot;%1&quot; is not a folder</source>
         <translation>mehrere Bilder brauchen einen Ordner als Ziel; „%1“ ist keiner</translation>
     </message>
     <message>

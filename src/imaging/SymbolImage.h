@@ -6,8 +6,8 @@
 
 namespace kestrio {
 
-/// An icon of assets/icons in one colour, as wide and high as `pixels`; null where there is none of
-/// this name.
+/// An icon of assets/icons in one colour, as wide and high as `pixels`; null for an
+/// unknown name.
 QImage symbolImage(const QString& name, const QColor& color, int pixels);
 
 }  // namespace kestrio

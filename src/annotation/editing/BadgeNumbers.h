@@ -13,7 +13,7 @@ constexpr qint64 successor(qint64 number) {
 
 /// The number of a badge; none of other kinds.
 std::optional<qint64> numberOf(const AnyAnnotation& annotation);
-/// The number of the badge that is drawn next: after the highest, 1 where there is none.
+/// The number of the badge that is drawn next: one more than the highest, or 1 without badges.
 qint64 nextNumberAfter(const std::vector<AnyAnnotation>& annotations);
 
 /// The badges that change when they are counted again, with their new numbers, in the order of the

@@ -28,11 +28,11 @@ class NumberEditing : public QObject {
     explicit NumberEditing(AnnotationViewModel& model) : model_(model) {}
 
     bool isEditing() const { return numberEditingState().isEditing; }
-    /// Selects the badge, with the select tool; nothing happens where it is none.
+    /// Selects the badge, with the select tool; does nothing for other kinds.
     void start(const AnyAnnotation& annotation);
     /// What was typed so far.
     void setInput(const QString& text);
-    /// Ends with the number that was typed, or goes on with an error where it is none.
+    /// Ends with the number that was typed; for any other text, sets an error and goes on.
     void commit();
     void cancel() { set_numberEditingState({}); }
 

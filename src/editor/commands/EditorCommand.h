@@ -48,12 +48,12 @@ struct EditorCommand {
 
 /// In display order; of those that share a key, the first that is enabled has it.
 std::span<const EditorCommand> editorCommands();
-/// Null where there is none of this name.
+/// Null for an unknown name.
 const EditorCommand* editorCommand(const QString& id);
 bool isEnabled(const EditorCommand& command, const EditorViewModel& editor,
                const EditorActions& actions);
 QList<QKeySequence> keysOf(const EditorCommand& command);
-/// The tip of a command or a tool in English; null where there is none.
+/// The tip of a command or a tool in English; null if it has no tip.
 const char* tipOf(const QString& id);
 
 }  // namespace kestrio

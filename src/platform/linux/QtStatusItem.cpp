@@ -47,7 +47,7 @@ void QtStatusItem::show(std::shared_ptr<StatusItemModel> model) {
     if (model_) model_->disconnect(&waiting_);
     model_ = std::move(model);
     const auto follow = [this](auto signal, void (QtStatusItem::*update)()) {
-        // The timer stands for this object, which is none that can be connected to.
+        // The timer is the context of the connection, since this class is not a QObject.
         QObject::connect(model_.get(), signal, &waiting_, [this, update] {
             if (icon_) (this->*update)();
         });
