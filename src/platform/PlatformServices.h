@@ -16,6 +16,7 @@
 #include "platform/Sharing.h"
 #include "platform/Sounds.h"
 #include "platform/StatusItem.h"
+#include "platform/SyntheticScroll.h"
 #include "platform/WindowList.h"
 
 #include <memory>
@@ -40,6 +41,7 @@ struct PlatformServices {
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<Sounds> sounds;
     std::shared_ptr<Sharing> sharing;
+    std::shared_ptr<SyntheticScroll> syntheticScroll;
 };
 
 /// Before the application object exists: keeps what would block its start for ever from being

@@ -58,7 +58,8 @@ TEST(PlatformServices, AreAllThereAndMadeInNoTime) {
     EXPECT_LT(time.elapsed(), 20);
     EXPECT_TRUE(services.displays && services.screenGrabber && services.windowList &&
                 services.screenPermission && services.globalHotkeys && services.statusItem &&
-                services.alerts && services.loginItem && services.sounds);
+                services.alerts && services.loginItem && services.sounds &&
+                services.syntheticScroll);
 }
 
 }  // namespace
