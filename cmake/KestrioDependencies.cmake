@@ -11,7 +11,7 @@ pkg_check_modules(DEFLATE REQUIRED IMPORTED_TARGET libdeflate)
 pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp libwebpdemux)
 pkg_check_modules(JPEG REQUIRED IMPORTED_TARGET libjpeg)
 pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET libtiff-4)
-pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-composite xcb-damage xcb-randr xcb-shape xcb-shm xcb-xtest)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-composite xcb-damage xcb-randr xcb-shape xcb-shm xcb-xfixes xcb-xtest)
 pkg_check_modules(CANBERRA REQUIRED IMPORTED_TARGET libcanberra)
 
 if(NOT KESTRIO_FUZZ)

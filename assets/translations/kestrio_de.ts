@@ -2719,5 +2719,33 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Close the window</source>
         <translation>Fenster schließen</translation>
     </message>
+    <message>
+        <source>The screen cannot be read</source>
+        <translation>Der Bildschirm kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>The connection to the screen was lost</source>
+        <translation>Die Verbindung zum Bildschirm ist abgebrochen</translation>
+    </message>
+    <message>
+        <source>The screen does not tell what changes on it</source>
+        <translation>Der Bildschirm meldet nicht, was sich auf ihm ändert</translation>
+    </message>
+    <message>
+        <source>The screen does not answer</source>
+        <translation>Der Bildschirm antwortet nicht</translation>
+    </message>
+    <message>
+        <source>The display that was being captured has changed</source>
+        <translation>Der aufgenommene Bildschirm hat sich geändert</translation>
+    </message>
+    <message>
+        <source>No display available for scrolling capture</source>
+        <translation>Für die Aufnahme mit Scrollen ist kein Bildschirm verfügbar</translation>
+    </message>
+    <message>
+        <source>Manual scrolling capture region must stay within one display</source>
+        <translation>Der Bereich einer Aufnahme mit Scrollen von Hand muss auf einem Bildschirm bleiben</translation>
+    </message>
 </context>
 </TS>

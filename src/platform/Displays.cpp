@@ -12,10 +12,16 @@ bool holds(const QRectF& bounds, QPointF point) {
 
 }  // namespace
 
+const Display* findDisplay(const std::vector<Display>& displays, QPointF point) {
+    for (const Display& display : displays)
+        if (holds(display.bounds, point)) return &display;
+    return nullptr;
+}
+
 std::optional<Display> Displays::displayAt(QPointF point) const {
-    for (const Display& display : displays())
-        if (holds(display.bounds, point)) return display;
-    return std::nullopt;
+    const auto all = displays();
+    const Display* found = findDisplay(all, point);
+    return found ? std::optional(*found) : std::nullopt;
 }
 
 std::optional<Display> Displays::displayUnderPointer() const {

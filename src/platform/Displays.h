@@ -35,6 +35,9 @@ struct Display {
     }
 };
 
+/// The one of them that holds this point; null where it lies in a gap or outside.
+const Display* findDisplay(const std::vector<Display>& displays, QPointF point);
+
 /// The monitors of the desktop. Main thread only.
 class Displays : public QObject {
     Q_OBJECT

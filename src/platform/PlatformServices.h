@@ -13,12 +13,14 @@
 #include "platform/Pasteboard.h"
 #include "platform/ScreenGrabber.h"
 #include "platform/ScreenPermission.h"
+#include "platform/ScreenStream.h"
 #include "platform/Sharing.h"
 #include "platform/Sounds.h"
 #include "platform/StatusItem.h"
 #include "platform/SyntheticScroll.h"
 #include "platform/WindowList.h"
 
+#include <functional>
 #include <memory>
 
 namespace kestrio {
@@ -42,6 +44,8 @@ struct PlatformServices {
     std::shared_ptr<Sounds> sounds;
     std::shared_ptr<Sharing> sharing;
     std::shared_ptr<SyntheticScroll> syntheticScroll;
+    /// A stream for each use; empty where the platform has none.
+    std::function<std::shared_ptr<ScreenStream>()> makeScreenStream;
 };
 
 /// Before the application object exists: keeps what would block its start for ever from being

@@ -59,7 +59,7 @@ TEST(PlatformServices, AreAllThereAndMadeInNoTime) {
     EXPECT_TRUE(services.displays && services.screenGrabber && services.windowList &&
                 services.screenPermission && services.globalHotkeys && services.statusItem &&
                 services.alerts && services.loginItem && services.sounds &&
-                services.syntheticScroll);
+                services.syntheticScroll && services.makeScreenStream());
 }
 
 }  // namespace

@@ -151,4 +151,33 @@ class ForeignWindow {
     xcb_window_t id = 0;
 };
 
+/// A window in front of all others on which a test paints, black at first.
+class PaintedWindow {
+  public:
+    explicit PaintedWindow(QRect place) : place_(place), window_(place, 0, false) {
+        pen_ = xcb_generate_id(window_.handle);
+        xcb_create_gc(window_.handle, pen_, window_.id, 0, nullptr);
+        window_.map();
+        window_.sync();
+    }
+
+    /// In pixels of the desktop; done when it returns.
+    void paint(QRect pixels, QRgb color) {
+        const std::uint32_t value = color & 0xffffff;
+        xcb_change_gc(window_.handle, pen_, XCB_GC_FOREGROUND, &value);
+        const QRect within = pixels.translated(-place_.topLeft());
+        const xcb_rectangle_t part = {static_cast<std::int16_t>(within.x()),
+                                      static_cast<std::int16_t>(within.y()),
+                                      static_cast<std::uint16_t>(within.width()),
+                                      static_cast<std::uint16_t>(within.height())};
+        xcb_poly_fill_rectangle(window_.handle, window_.id, pen_, 1, &part);
+        window_.sync();
+    }
+
+  private:
+    QRect place_;
+    ForeignWindow window_;
+    xcb_gcontext_t pen_ = 0;
+};
+
 }  // namespace kestrio

@@ -24,4 +24,10 @@ bool waitUntil(Condition holds) {
     return isMet;
 }
 
+/// Runs the main loop for a while, in which something should not happen.
+inline void waitFor(std::chrono::milliseconds duration) {
+    const QDeadlineTimer end(duration);
+    waitUntil([&] { return end.hasExpired(); });
+}
+
 }  // namespace kestrio

@@ -17,6 +17,7 @@
 #include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
 #include "platform/linux/x11/X11ScreenPermission.h"
+#include "platform/linux/x11/X11ScreenStream.h"
 #include "platform/linux/x11/X11SyntheticScroll.h"
 #include "platform/linux/x11/X11WindowList.h"
 #include "platform/linux/x11/XServerCheck.h"
@@ -57,6 +58,9 @@ PlatformServices makePlatformServices() {
     services.sounds = std::make_shared<ThemeSounds>();
     services.sharing = std::make_shared<XdgSharing>();
     services.syntheticScroll = std::make_shared<X11SyntheticScroll>(xServer, services.displays);
+    services.makeScreenStream = [displays = services.displays] {
+        return std::make_shared<X11ScreenStream>(displays);
+    };
     installX11KeyLookup();
     return services;
 }

@@ -160,7 +160,6 @@ QImage PixelReader::read(xcb_drawable_t drawable, QRect part, PixelLayout layout
     const bool hasBands = segment_->isValid() && image.bytesPerLine() <= bandBytes;
     const bool isRead =
         hasBands ? readByBands(drawable, part, image) : readAtOnce(drawable, part, image);
-    connection_.dropEvents();
     if (!isRead) {
         segment_.reset();  // the connection may have been opened again
         return {};

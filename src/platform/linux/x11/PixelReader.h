@@ -27,7 +27,7 @@ class PixelReader {
 
     /// A part of a drawable, which must lie inside of it, at one moment: Format_RGB32 with a full
     /// fourth byte, or Format_ARGB32_Premultiplied where the layout has alpha. Null where the
-    /// server refuses.
+    /// server refuses. Events that have come meanwhile stay with the connection.
     QImage read(xcb_drawable_t drawable, QRect part, PixelLayout layout);
 
   private:

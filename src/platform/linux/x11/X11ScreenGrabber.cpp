@@ -17,6 +17,7 @@ QImage readScreen(XcbConnection& connection, PixelReader& reader, QRect pixels) 
         const QRect desktop = size ? QRect(0, 0, size->width, size->height) : QRect();
         image = reader.read(screen.root, pixels & desktop,
                             layoutOf(connection, screen.root_depth, screen.root_visual));
+        connection.dropEvents();
     }
     if (image.isNull()) throw ScreenGrabError(ScreenGrabError::Case::unreadable);
     return image;

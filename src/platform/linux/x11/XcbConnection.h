@@ -76,7 +76,8 @@ class XcbConnection {
     std::vector<std::uint32_t> values(xcb_get_property_cookie_t cookie) const;
     /// The bytes of a property that holds text; empty where it is missing or another kind.
     QByteArray text(xcb_get_property_cookie_t cookie) const;
-    /// Throws away the events that have come, errors of earlier requests among them.
+    /// Throws away the events that have come, errors of earlier requests among them. Needed now and
+    /// then where nobody reads them, since they are kept.
     void dropEvents() const;
 
   private:
