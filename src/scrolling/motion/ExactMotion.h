@@ -1,0 +1,118 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "scrolling/motion/FixedBands.h"
+#include "scrolling/motion/RowFallback.h"
+#include "scrolling/motion/RowSignature.h"
+
+namespace kestrio {
+
+/// What speaks for and against a motion: cells of rows and strips that show, bit for bit, what they
+/// should, or do not.
+struct MotionEvidence {
+    int followed = 0;      ///< show what they should
+    int matched = 0;       ///< of these, the ones that showed something else before
+    int contradicted = 0;  ///< show neither what they should nor what they did
+
+    /// What contradicts a motion weighs more than what happens to match: rows that repeat match
+    /// under many.
+    int score() const { return followed - 3 * contradicted; }
+    /// The share of what speaks for it, 0 to 1.
+    double share() const {
+        return followed == 0 ? 0 : double(followed) / double(followed + contradicted);
+    }
+    /// Whether anything has moved at all: rows that repeat seem to follow where they stand still.
+    bool showsMotion() const;
+};
+
+/// What the rows of two frames say about the motion between them, at full resolution.
+struct ExactMotion {
+    enum class Verdict {
+        still,      ///< nothing moved, though something may have changed in place
+        moved,      ///< one motion explains what changed, and no other does as well
+        ambiguous,  ///< several motions explain it, as in a list of equal rows
+        unknown,    ///< no motion explains it
+    };
+
+    Verdict verdict = Verdict::unknown;
+    int deltaY =
+        0;  ///< of the motion that explains most; pixels, upwards, negative when moved down
+    MotionEvidence evidence;
+    std::vector<int> alternatives;  ///< all motions that explain it, where ambiguous
+    /// Whether rows confirm it that do not repeat. Of frames with an unknown distance between them,
+    /// nothing else does.
+    bool isDistinct = false;
+    /// Whether rows come back bit for bit under any motion at all: text that is drawn anew between
+    /// two pixels never does.
+    bool hasExactRows = false;
+};
+
+/// What stays where it is, row by row, while the rest of a frame moves.
+struct ExactBands {
+    FixedBands bands;     ///< what is known to stay, or to have appeared
+    int bottomLimit = 0;  ///< a band at the bottom is not taller: the rows above have changed
+};
+
+/// Compares two frames of one size row by row. Keeps references to the signatures.
+class ExactComparison {
+  public:
+    ExactComparison(const RowSignature& previous, const RowSignature& current);
+
+    /// Looks at all motions up by 1 to `mostUp` pixels and down by 1 to `mostDown`.
+    ExactMotion search(int mostUp, int mostDown) const;
+
+    /// The evidence for one motion, negative when moved down, not 0; without what lies in the
+    /// bands.
+    MotionEvidence evidence(int deltaY, FixedBands bands = {}) const;
+
+    /// Of the motions of `range`, the one with the best evidence; nothing where none has any.
+    std::optional<int> bestWithin(MotionRange range) const;
+
+    /// Whether most of what the middle of the frame shows stayed where it was.
+    bool isMostlyStill() const;
+
+    /// Whether the overlap under a motion up shows anything to compare.
+    bool hasContent(int deltaY) const;
+
+    /// What stays at the top and the bottom under a motion up.
+    ExactBands fixedBands(int deltaY) const;
+
+    /// The row of the current frame below the last one before `end`, but not above `begin`, that
+    /// does not show what the motion up should have brought there; `begin` where all do.
+    int firstSoundRow(int deltaY, int begin, int end) const;
+
+  private:
+    struct RowTally {
+        int fixed = 0;     ///< cells that stayed as they were
+        int foreign = 0;   ///< cells that show something else than the motion brings there
+        int followed = 0;  ///< cells that the motion explains
+
+        bool isFixed(int strips) const;
+        bool isForeign(int strips) const;
+    };
+    struct BandEvidence;
+
+    /// Rows of a strip that are the same in both frames, at its top and its bottom.
+    struct StripEdges {
+        int top = 0;
+        int bottom = 0;
+    };
+
+    StripEdges edgesOf(int strip) const;
+    int distinctMatches(int deltaY) const;
+    void weighAlternatives(ExactMotion& motion) const;
+    std::vector<bool> movingStrips(int deltaY) const;
+    RowTally tally(int y, int deltaY, const std::vector<bool>& strips) const;
+    StripEdges commonEdges(const std::vector<bool>& strips) const;
+
+    const RowSignature& previous_;
+    const RowSignature& current_;
+    std::vector<std::uint32_t> unchanged_;  // as the keys; all bits where a cell with a key stayed
+    std::vector<StripEdges> edges_;
+    int changedCells_ = 0;
+    int movableCells_ = 0;  // with a key, and changed
+};
+
+}  // namespace kestrio
