@@ -5,6 +5,7 @@
 #include "app/cli/HoldClipboardCommand.h"
 #include "app/cli/RenderCommand.h"
 #include "app/cli/ResidentProgram.h"
+#include "app/cli/StitchCommand.h"
 #include "app/flows/FlowFailure.h"
 #include "core/Localisation.h"
 #include "core/NativePath.h"
@@ -25,6 +26,7 @@ constexpr CliVerb verbs[] = {
     {"edit", Kestrio::marked("open the editor on a picture"), runEdit, DisplayNeed::windows,
      handOverEdit},
     {"render", Kestrio::marked("set pictures on a backdrop and write them as files"), runRender},
+    {"stitch", Kestrio::marked("join frames of a scrolled page into one tall picture"), runStitch},
     {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},
 };
 
