@@ -183,8 +183,7 @@ struct Tour {
         look();
         controller.annotation()->setNumberText(QStringLiteral("-3"));
         controller.annotation()->commitNumber();
-        EXPECT_FALSE(
-            controller.annotation()->numberEditing()[QStringLiteral("error")].toString().isEmpty());
+        EXPECT_FALSE(controller.annotation()->numberEditing().error.isEmpty());
         controller.annotation()->cancelNumber();
         look();
     }
@@ -204,9 +203,7 @@ struct Tour {
 
     void pickColour() {
         EditorController& controller = window.controller();
-        const auto toolColor = [&] {
-            return controller.annotation()->tool()[QStringLiteral("color")].value<QColor>();
-        };
+        const auto toolColor = [&] { return controller.annotation()->tool().color; };
         const QColor before = toolColor();
         for (const bool isAnnotating : {false, true}) {
             if (isAnnotating) controller.editor().toggleAnnotationMode();

@@ -2,6 +2,7 @@
 
 #include "editor/views/PictureFile.h"
 #include "editor/views/ThumbnailProvider.h"
+#include "editor/views/ViewRows.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
 
@@ -145,6 +146,16 @@ void EditorController::refreshThumbnails() {
 
 QString EditorController::thumbnails() const {
     return QStringLiteral("image://%1/").arg(thumbnailProvider_);
+}
+
+QString EditorController::openPanel() const {
+    const auto& panel = editor_.expandedPanel();
+    return panel ? rawName(*panel) : QString();
+}
+
+void EditorController::togglePanel(const QString& section) {
+    const auto named = namedValue<RightPanelSection>(section);
+    editor_.set_expandedPanel(named == editor_.expandedPanel() ? std::nullopt : named);
 }
 
 bool EditorController::isDark() const {

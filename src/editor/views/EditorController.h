@@ -6,6 +6,7 @@
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CommandPanel.h"
 #include "editor/views/CropPanel.h"
+#include "editor/views/EditorChoices.h"
 #include "editor/views/OutputPanel.h"
 #include "editor/views/SharePanel.h"
 #include "editor/views/StyleFields.h"
@@ -33,8 +34,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(kestrio::StyleFields* style READ style CONSTANT)
-    /// Lists for pickers by the name of their field, each row {id, name}.
-    Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
+    Q_PROPERTY(kestrio::EditorChoices* choices READ choices CONSTANT)
     /// A capture is still being put together; there is nothing to edit yet.
     Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY processingChanged)
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
@@ -87,7 +87,7 @@ class EditorController : public QObject {
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     StyleFields* style() { return &style_; }
-    QVariantMap choices() const;
+    EditorChoices* choices() { return &choices_; }
     bool isProcessing() const { return editor_.isProcessingCapture(); }
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
@@ -184,6 +184,7 @@ class EditorController : public QObject {
     ThemePanel themes_;
     WatermarkPanel watermark_;
     StyleFields style_;
+    EditorChoices choices_;
     /// Kept from one composition to the next while an editor is open.
     std::shared_ptr<DecodedPictures> decodedPictures_ = DecodedPictures::shared();
     std::shared_ptr<class ThumbnailSource> thumbnails_;
