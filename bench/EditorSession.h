@@ -136,7 +136,11 @@ class Session {
             return;
         }
         const QPointF left = slider->mapToScene({12, slider->height() / 2});
-        const QVariantMap before = window_->controller().style();
+        const auto style = [&] {
+            return std::pair(controller.editor().style(),
+                             controller.editor().watermarkVM().settings());
+        };
+        const auto before = style();
         startLog();
         Pointer pointer(view_);
         pointer.press(left);
@@ -145,7 +149,7 @@ class Session {
         });
         pointer.release(left);
         application().log.isRecording = false;
-        isComplete_ &= before != window_->controller().style();
+        isComplete_ &= before != style();
         reportFrames(what);
         settle();
     }

@@ -62,7 +62,7 @@ class JsonObject : private detail::JsonMembers<Key, T, Allocator> {
     /// Keeps the member of this key where there is one; the second value says if it is new.
     template <typename AnyKey>
     std::pair<iterator, bool> emplace(AnyKey&& key, T&& value) {
-        if (const iterator old = find(key); old != end()) return {old, false};
+        if (const auto old = find(key); old != end()) return {old, false};
         Members::emplace_back(std::forward<AnyKey>(key), std::move(value));
         indexLast();
         return {std::prev(end()), true};
@@ -92,7 +92,7 @@ class JsonObject : private detail::JsonMembers<Key, T, Allocator> {
     size_type count(std::string_view key) const { return positionOf(key) == size() ? 0 : 1; }
 
     iterator erase(iterator first, iterator last) {
-        const iterator next = Members::erase(first, last);
+        const auto next = Members::erase(first, last);
         indexAll();
         return next;
     }

@@ -118,15 +118,15 @@ struct Tour {
     void walkBackdrops() {
         EditorController& controller = window.controller();
         for (const char* type : {"none", "gradient", "image", "solid"}) {
-            controller.choose(QStringLiteral("backdropType"), QString::fromLatin1(type));
+            controller.style()->backdropType()->choose(QString::fromLatin1(type));
             look();
         }
-        EXPECT_FALSE(controller.style()[QStringLiteral("gradient")].toString().isEmpty())
+        EXPECT_FALSE(controller.style()->gradient()->value().isEmpty())
             << "a gradient is chosen with the kind";
-        controller.choose(QStringLiteral("customGradient"),
-                          QVariantList{QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)});
-        controller.choose(QStringLiteral("pattern"), QStringLiteral("dots"));
-        controller.choose(QStringLiteral("overlay"), QStringLiteral("vignette"));
+        controller.style()->customGradient()->choose(
+            {QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)});
+        controller.style()->pattern()->choose(QStringLiteral("dots"));
+        controller.style()->overlay()->choose(QStringLiteral("vignette"));
         look();
         openColourPopovers();
     }
@@ -135,14 +135,14 @@ struct Tour {
         EditorController& controller = window.controller();
         controller.watermark()->savePreset(QStringLiteral("Mine"));
         for (const QString& type : {QStringLiteral("image"), QStringLiteral("text")}) {
-            controller.set(QStringLiteral("watermark"), true);
-            controller.set(QStringLiteral("watermarkType"), type);
+            controller.style()->watermark()->set(true);
+            controller.style()->watermarkType()->set(type);
             for (const auto& section : rightPanelSections) {
                 controller.togglePanel(QString::fromLatin1(section.raw));
                 look();
             }
         }
-        controller.set(QStringLiteral("watermark"), false);
+        controller.style()->watermark()->set(false);
     }
 
     void walkThemes() {
@@ -152,7 +152,7 @@ struct Tour {
             EXPECT_EQ(controller.themes()->currentPreset(), preset.id);
             look(20);
         }
-        controller.set(QStringLiteral("padding"), 11);
+        controller.style()->padding()->set(11);
         EXPECT_EQ(controller.themes()->currentPreset(), QString()) << "changed by hand";
         controller.themes()->save(QStringLiteral("Mine"));
         look();
@@ -183,8 +183,7 @@ struct Tour {
         look();
         controller.annotation()->setNumberText(QStringLiteral("-3"));
         controller.annotation()->commitNumber();
-        EXPECT_FALSE(
-            controller.annotation()->numberEditing()[QStringLiteral("error")].toString().isEmpty());
+        EXPECT_FALSE(controller.annotation()->numberEditing().error.isEmpty());
         controller.annotation()->cancelNumber();
         look();
     }
@@ -204,9 +203,7 @@ struct Tour {
 
     void pickColour() {
         EditorController& controller = window.controller();
-        const auto toolColor = [&] {
-            return controller.annotation()->tool()[QStringLiteral("color")].value<QColor>();
-        };
+        const auto toolColor = [&] { return controller.annotation()->tool().color; };
         const QColor before = toolColor();
         for (const bool isAnnotating : {false, true}) {
             if (isAnnotating) controller.editor().toggleAnnotationMode();
@@ -282,7 +279,8 @@ TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
     rubbish.write("no picture");
     rubbish.close();
     const QUrl file = QUrl::fromLocalFile(rubbish.fileName());
-    const QVariantMap style = controller.style();
+    const EditorStyleSettings style = controller.editor().style();
+    const WatermarkSettings mark = controller.editor().watermarkVM().settings();
     const qint64 picture = controller.editor().screenshot().bitmap().cacheKey();
     controller.openFile(file);
     controller.openFile(QUrl::fromLocalFile(folder.filePath(QStringLiteral("none.png"))));
@@ -295,7 +293,8 @@ TEST_F(EditorWindowTest, RefusesWhatCannotBeAndKeepsTheDocument) {
     runEventsFor(200);
     EXPECT_EQ(refusals.texts.size(), 8) << refusals.texts.join(u'\n').toStdString();
     EXPECT_EQ(refusals.texts.count(QString()), 0);
-    EXPECT_EQ(controller.style(), style);
+    EXPECT_EQ(controller.editor().style(), style);
+    EXPECT_EQ(controller.editor().watermarkVM().settings(), mark);
     EXPECT_EQ(controller.editor().screenshot().bitmap().cacheKey(), picture);
     const std::pair<const char*, const char*> ratios[] = {
         {"0", "1"}, {"1", "0"}, {"-3", "2"}, {"", "2"}, {"x", "2"}, {"1e9", "1"}, {"nan", "1"}};
@@ -350,14 +349,14 @@ TEST_F(EditorWindowTest, ThemesAreReplacedRenamedAndSharedByAllWindows) {
     const EditorServices shared = services();
     EditorController first(documentOn(picture()), shared, QStringLiteral("a"));
     EditorController second(documentOn(picture()), shared, QStringLiteral("b"));
-    first.set(QStringLiteral("padding"), 11);
+    first.style()->padding()->set(11);
     first.themes()->save(QStringLiteral("Mine"));
     ASSERT_EQ(second.themes()->userThemes().size(), 1u);
     EXPECT_TRUE(second.themes()->isNameTaken(QStringLiteral(" Mine "), {}));
     const QString id = second.themes()->userThemes().front().id.toString();
     EXPECT_FALSE(second.themes()->isNameTaken(QStringLiteral("Mine"), id));
 
-    second.set(QStringLiteral("padding"), 77);
+    second.style()->padding()->set(77);
     second.themes()->save(QStringLiteral("Mine"));
     ASSERT_EQ(first.themes()->userThemes().size(), 1u);
     EXPECT_EQ(first.themes()->userThemes().front().backdrop.padding, 77);

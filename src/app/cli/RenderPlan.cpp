@@ -70,8 +70,9 @@ std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice&
         throw UsageError(Kestrio::tr("--quick-save takes one picture; name a folder for several"));
     }
     if (inputs.size() > 1) {
-        throw UsageError(Kestrio::tr("several pictures need a folder as their output; \"%1\" is not a folder")
-                             .arg(choice.output));
+        throw UsageError(
+            Kestrio::tr("several pictures need a folder as their output; \"%1\" is not a folder")
+                .arg(choice.output));
     }
     if (isQuickSave) {
         const ExportFormat format = choice.format.value_or(settings.defaultExportFormat);

@@ -11,10 +11,10 @@ namespace kestrio {
 /// be lost.
 void handOverClipboard(Pasteboard& pasteboard);
 
-/// The other process: puts `held`, as it has inherited it, on the clipboard, calls `taken` and
+/// The other process: puts `bytes`, as it has inherited them, on the clipboard, calls `taken` and
 /// returns when another program copies something. False where it cannot, which is also where a
 /// third program has copied in the meantime.
-bool holdClipboard(Pasteboard& pasteboard, const QByteArray& held,
+bool holdClipboard(Pasteboard& pasteboard, const QByteArray& bytes,
                    const std::function<void()>& taken);
 
 }  // namespace kestrio

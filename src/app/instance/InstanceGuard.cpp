@@ -61,7 +61,10 @@ void InstanceGuard::serve(std::function<void()> onAsked) {
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                      [this, asked = std::move(onAsked)] {
                          // Being reached was the answer.
-                         Descriptor(::accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC));
+                         {
+                             const Descriptor reached(
+                                 ::accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC));
+                         }
                          asked();
                      });
 }

@@ -6,7 +6,7 @@
 namespace kestrio {
 
 /// The longest line of a conversation between two starts of the program, in bytes.
-inline constexpr qsizetype longestMessage = 64 * 1024;
+inline constexpr qsizetype longestMessage = qsizetype{64} * 1024;
 
 /// How a request went; the numbers are exit statuses.
 struct InstanceReply {

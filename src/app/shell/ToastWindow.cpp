@@ -33,9 +33,9 @@ void paintTick(QPainter& painter, const QRectF& place) {
 
 }  // namespace
 
-ToastWindow::ToastWindow(QString text, std::shared_ptr<FloatingWindows> floating)
+ToastWindow::ToastWindow(const QString& text, std::shared_ptr<FloatingWindows> floating)
     : floating_(std::move(floating)) {
-    text_ = QFontMetricsF(font()).elidedText(std::move(text), Qt::ElideMiddle, largestText);
+    text_ = QFontMetricsF(font()).elidedText(text, Qt::ElideMiddle, largestText);
     if (floating_->supportsTranslucency()) {
         QSurfaceFormat translucent;
         translucent.setAlphaBufferSize(8);

@@ -14,7 +14,7 @@ class ToastWindow : public QRasterWindow {
     Q_OBJECT
 
   public:
-    ToastWindow(QString text, std::shared_ptr<FloatingWindows> floating);
+    ToastWindow(const QString& text, std::shared_ptr<FloatingWindows> floating);
 
     /// In points.
     QSize fittingSize() const;

@@ -6,6 +6,7 @@
 
 #include <QQmlComponent>
 #include <QQuickWindow>
+#include <tuple>
 
 void qml_register_types_Kestrio_App();
 
@@ -50,7 +51,7 @@ void SettingsWindowCoordinator::make() {
         qWarning("%s", qUtf8Printable(error.toString()));
     window_.reset(qobject_cast<QQuickWindow*>(made.get()));
     if (!window_) return;
-    made.release();
+    std::ignore = made.release();
     centre(*window_);
     // Queued: the window is still in its own closing call.
     connect(

@@ -36,7 +36,7 @@ RegionCaptureWindow::RegionCaptureWindow(const Display& display, DisplaySnapshot
                                          RegionSelectionOptions options, bool isDark, Ending ending)
     : FrozenWindow(display, std::move(snapshot)),
       selection_(display.bounds, std::move(windows), 1 / display.scale),
-      options_(options),
+      options_(std::move(options)),
       bounds_(display.bounds),
       isDark_(isDark),
       ending_(std::move(ending)),

@@ -35,27 +35,25 @@ AnnotationPanel::AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& h
             &AnnotationPanel::numberEditingChanged);
 }
 
-QVariantMap AnnotationPanel::tool() const {
+AnnotationState AnnotationPanel::tool() const {
     const ToolSettings& settings = annotations().toolSettings();
-    QVariantMap values = {
-        {QStringLiteral("id"), toolId(annotations().currentTool())},
-        {QStringLiteral("color"), settings.color.toQColor()},
-        {QStringLiteral("strokeSize"), rawName(settings.strokeSize)},
-        {QStringLiteral("fillMode"), rawName(settings.fillMode)},
-        {QStringLiteral("showsFill"), annotations().isFillPickerShown()},
-        {QStringLiteral("hasSelection"), annotations().selectedAnnotation().has_value()},
-        {QStringLiteral("isNumberSelected"), selectedNumber() != nullptr},
-        {QStringLiteral("selectedCount"),
-         static_cast<int>(annotations().selectedAnnotations().size())},
-        {QStringLiteral("isVisible"), annotations().annotationsVisible()},
-        {QStringLiteral("areMarksHidden"),
-         !annotations().annotationsVisible() && !editor_.liveAnnotations().empty()},
-    };
+    AnnotationState state;
+    state.id = toolId(annotations().currentTool());
+    state.color = settings.color.toQColor();
+    state.strokeSize = rawName(settings.strokeSize);
+    state.fillMode = rawName(settings.fillMode);
+    state.showsFill = annotations().isFillPickerShown();
+    state.hasSelection = annotations().selectedAnnotation().has_value();
+    state.isNumberSelected = selectedNumber() != nullptr;
+    state.selectedCount = static_cast<int>(annotations().selectedAnnotations().size());
+    state.isVisible = annotations().annotationsVisible();
+    state.areMarksHidden = !state.isVisible && !editor_.liveAnnotations().empty();
     if (const auto blur = annotations().selectedBlur()) {
-        values.insert(QStringLiteral("blurType"), rawName(blur->blurType));
-        values.insert(QStringLiteral("blurIntensity"), blur->intensity);
+        state.hasBlur = true;
+        state.blurType = rawName(blur->blurType);
+        state.blurIntensity = blur->intensity;
     }
-    return values;
+    return state;
 }
 
 QVariantList AnnotationPanel::tools() const {
@@ -105,11 +103,9 @@ QVariantList AnnotationPanel::alignments() const {
     return rows;
 }
 
-QVariantMap AnnotationPanel::numberEditing() const {
+NumberEditorState AnnotationPanel::numberEditing() const {
     const NumberEditingState& state = annotations().numberEditing().numberEditingState();
-    return {{QStringLiteral("isEditing"), state.isEditing},
-            {QStringLiteral("text"), state.inputValue},
-            {QStringLiteral("error"), state.errorMessage.value_or(QString())}};
+    return {state.isEditing, state.inputValue, state.errorMessage.value_or(QString())};
 }
 
 const NumberAnnotation* AnnotationPanel::selectedNumber() const {

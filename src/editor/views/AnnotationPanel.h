@@ -2,6 +2,7 @@
 
 #include "editor/document/EditorViewModel.h"
 #include "editor/keyboard/ShortcutHintManager.h"
+#include "editor/views/AnnotationState.h"
 
 #include <QQmlEngine>
 #include <QVariantMap>
@@ -14,21 +15,21 @@ class AnnotationPanel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Part of the editor")
-    Q_PROPERTY(QVariantMap tool READ tool NOTIFY toolChanged)
+    Q_PROPERTY(kestrio::AnnotationState tool READ tool NOTIFY toolChanged)
     Q_PROPERTY(QVariantList tools READ tools CONSTANT)
     Q_PROPERTY(QVariantList quickColors READ quickColorList CONSTANT)
     Q_PROPERTY(QVariantList strokeSizes READ strokeSizes CONSTANT)
     Q_PROPERTY(QVariantList fillModes READ fillModes CONSTANT)
     Q_PROPERTY(QVariantList blurTypes READ blurTypes CONSTANT)
     Q_PROPERTY(QVariantList alignments READ alignments CONSTANT)
-    Q_PROPERTY(QVariantMap numberEditing READ numberEditing NOTIFY numberEditingChanged)
+    Q_PROPERTY(
+        kestrio::NumberEditorState numberEditing READ numberEditing NOTIFY numberEditingChanged)
     Q_PROPERTY(bool isTextEditing READ isTextEditing NOTIFY toolChanged)
 
   public:
     AnnotationPanel(EditorViewModel& editor, ShortcutHintManager& hints, QObject* parent = nullptr);
 
-    /// What holds now: tool, colour, stroke, fill, and what the selection allows.
-    QVariantMap tool() const;
+    AnnotationState tool() const;
     /// Each {id, name, key, description}.
     QVariantList tools() const;
     QVariantList quickColorList() const;
@@ -38,7 +39,7 @@ class AnnotationPanel : public QObject {
     /// Ways to line up or spread out the selection, each {id, name, symbol, least}: how many
     /// records it takes at least.
     QVariantList alignments() const;
-    QVariantMap numberEditing() const;
+    NumberEditorState numberEditing() const;
     bool isTextEditing() const { return annotations().textEditing().isTextEditing(); }
 
     Q_INVOKABLE void setTool(const QString& id);

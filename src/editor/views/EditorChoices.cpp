@@ -1,9 +1,9 @@
-#include "editor/views/EditorController.h"
+#include "editor/views/EditorChoices.h"
+
+#include "editor/document/EditorViewModel.h"
 #include "editor/views/ViewRows.h"
 #include "render/style/EffectPreset.h"
 #include "render/style/GradientPreset.h"
-
-// What the editor's pickers offer.
 
 namespace kestrio {
 
@@ -22,18 +22,43 @@ QVariantList aspectRows(const std::vector<AspectRatio>& list) {
     return rows;
 }
 
-QVariantList socialRows() {
+}  // namespace
+
+QVariantList EditorChoices::backdropType() {
+    return viewRows<BackdropType>();
+}
+
+QVariantList EditorChoices::gradientGroups() {
     QVariantList rows;
-    for (const SocialPlatform& platform : SocialPlatform::all()) {
-        QVariantMap values = viewRow(platform.name.toLower(), platform.name);
-        values.insert(QStringLiteral("rows"), aspectRows(platform.presets));
+    for (const GradientGroup& group : GradientGroup::all()) {
+        QVariantMap values = viewRow(group.id, Kestrio::tr(group.name.toUtf8().constData()));
+        values.insert(QStringLiteral("rows"), viewRows(group.presets));
         rows << values;
     }
     return rows;
 }
 
-/// With what assistive programs say of each.
-QVariantList frameRows() {
+QVariantList EditorChoices::imageFit() {
+    return viewRows<ImageScaleFit>();
+}
+
+QVariantList EditorChoices::pattern() {
+    return viewRows<PatternType>();
+}
+
+QVariantList EditorChoices::overlay() {
+    return viewRows<OverlayType>();
+}
+
+QVariantList EditorChoices::overlayPosition() {
+    return viewRows<OverlayPosition>();
+}
+
+QVariantList EditorChoices::effect() {
+    return viewRows(EffectPreset::all());
+}
+
+QVariantList EditorChoices::frame() {
     QVariantList rows;
     for (const auto& each : frameStyles) {
         QVariantMap values = viewRow(rawName(each.value), displayName(each.value));
@@ -44,42 +69,30 @@ QVariantList frameRows() {
     return rows;
 }
 
-QVariantList gradientRows() {
+QVariantList EditorChoices::enhancement() {
+    return viewRows<AIEnhancementMode>();
+}
+
+QVariantList EditorChoices::shadowIntensity() {
+    return viewRows<ShadowIntensity>();
+}
+
+QVariantList EditorChoices::light() {
+    return viewRows<LightSource>();
+}
+
+QVariantList EditorChoices::aspect() {
+    return aspectRows(AspectRatio::presets());
+}
+
+QVariantList EditorChoices::social() {
     QVariantList rows;
-    for (const GradientGroup& group : GradientGroup::all()) {
-        QVariantMap values = viewRow(group.id, Kestrio::tr(group.name.toUtf8().constData()));
-        values.insert(QStringLiteral("rows"), viewRows(group.presets));
+    for (const SocialPlatform& platform : SocialPlatform::all()) {
+        QVariantMap values = viewRow(platform.name.toLower(), platform.name);
+        values.insert(QStringLiteral("rows"), aspectRows(platform.presets));
         rows << values;
     }
     return rows;
-}
-
-}  // namespace
-
-QVariantMap EditorController::choices() const {
-    return {{QStringLiteral("backdropType"), viewRows<BackdropType>()},
-            {QStringLiteral("gradientGroups"), gradientRows()},
-            {QStringLiteral("imageFit"), viewRows<ImageScaleFit>()},
-            {QStringLiteral("pattern"), viewRows<PatternType>()},
-            {QStringLiteral("overlay"), viewRows<OverlayType>()},
-            {QStringLiteral("overlayPosition"), viewRows<OverlayPosition>()},
-            {QStringLiteral("effect"), viewRows(EffectPreset::all())},
-            {QStringLiteral("frame"), frameRows()},
-            {QStringLiteral("enhancement"), viewRows<AIEnhancementMode>()},
-            {QStringLiteral("shadowIntensity"), viewRows<ShadowIntensity>()},
-            {QStringLiteral("light"), viewRows<LightSource>()},
-            {QStringLiteral("aspect"), aspectRows(AspectRatio::presets())},
-            {QStringLiteral("social"), socialRows()}};
-}
-
-QString EditorController::openPanel() const {
-    const auto& panel = editor_.expandedPanel();
-    return panel ? rawName(*panel) : QString();
-}
-
-void EditorController::togglePanel(const QString& section) {
-    const auto named = namedValue<RightPanelSection>(section);
-    editor_.set_expandedPanel(named == editor_.expandedPanel() ? std::nullopt : named);
 }
 
 }  // namespace kestrio

@@ -1,8 +1,8 @@
 #include "editor/views/EditorController.h"
 
 #include "editor/views/PictureFile.h"
-#include "editor/views/StyleFields.h"
 #include "editor/views/ThumbnailProvider.h"
+#include "editor/views/ViewRows.h"
 #include "imaging/codecs/ImageDecoder.h"
 #include "imaging/filters/Resample.h"
 
@@ -51,6 +51,7 @@ EditorController::EditorController(std::shared_ptr<EditorViewModel> document,
       commands_(editor_, hints_, {colors_, output_, share_}),
       themes_(editor_, services_.themes),
       watermark_(editor_),
+      style_(editor_),
       thumbnails_(std::make_shared<ThumbnailSource>()),
       thumbnailProvider_(nextProviderName()) {
     thumbnailTimer_.setSingleShot(true);
@@ -75,8 +76,6 @@ void EditorController::connectDocument() {
         for (const auto signal : signals)
             connect(&part, signal, this, to);
     };
-    connect(&editor_.styleModel(), &StyleModel::styleChanged, this,
-            &EditorController::styleChanged);
     relay(editor_.annotationSession(),
           std::initializer_list{&Session::isAnnotationModeChanged,
                                 &Session::isAnnotationPanelPresentationDeferredChanged},
@@ -97,16 +96,12 @@ void EditorController::connectDocument() {
     connect(&editor_, &Editor::isProcessingCaptureChanged, this,
             &EditorController::processingChanged);
     connect(&editor_, &Editor::screenshotChanged, this, [this] { launch(shrinkPicture(), this); });
-    connect(&editor_.watermarkVM(), &WatermarkViewModel::isEnabledChanged, this,
-            &EditorController::styleChanged);
-    connect(&editor_.watermarkVM(), &WatermarkViewModel::settingsChanged, this,
-            &EditorController::styleChanged);
     connect(&editor_.colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this,
             &EditorController::modeChanged);
     connect(&layout_, &ResponsiveLayoutManager::currentModeChanged, this,
             &EditorController::panelsChanged);
     const auto refreshLater = [this] { thumbnailTimer_.start(); };
-    connect(this, &EditorController::styleChanged, this, refreshLater);
+    connect(&editor_.styleModel(), &StyleModel::styleChanged, this, refreshLater);
     connect(&themes_, &ThemePanel::themesChanged, this, refreshLater);
     if (services_.appearance) {
         using Look = Appearance;
@@ -153,12 +148,14 @@ QString EditorController::thumbnails() const {
     return QStringLiteral("image://%1/").arg(thumbnailProvider_);
 }
 
-QVariantMap EditorController::style() const {
-    return styleFields(editor_);
+QString EditorController::openPanel() const {
+    const auto& panel = editor_.expandedPanel();
+    return panel ? rawName(*panel) : QString();
 }
 
-QVariantMap EditorController::styleRange(const QString& field) const {
-    return kestrio::styleRange(field);
+void EditorController::togglePanel(const QString& section) {
+    const auto named = namedValue<RightPanelSection>(section);
+    editor_.set_expandedPanel(named == editor_.expandedPanel() ? std::nullopt : named);
 }
 
 bool EditorController::isDark() const {
@@ -178,19 +175,6 @@ QString EditorController::pictureSize() const {
     return QStringLiteral("%1 × %2").arg(pixels.width()).arg(pixels.height());
 }
 
-void EditorController::set(const QString& field, const QVariant& value) {
-    setStyleField(editor_, field, value);
-}
-
-void EditorController::commit() {
-    editor_.recordSnapshot();
-}
-
-void EditorController::choose(const QString& field, const QVariant& value) {
-    set(field, value);
-    commit();
-}
-
 void EditorController::setBackdropImage(const QUrl& file) {
     readPictureFile(editor_, file.toLocalFile(), [this](const PictureFile& picture) {
         BackdropSettings backdrop = editor_.styleModel().backdrop();
@@ -200,7 +184,7 @@ void EditorController::setBackdropImage(const QUrl& file) {
         backdrop.type = BackdropType::image;
         backdrop.imageSettings = settings;
         editor_.styleModel().set_backdrop(backdrop);
-        commit();
+        editor_.recordSnapshot();
     });
 }
 

@@ -6,8 +6,10 @@
 #include "editor/views/ColorPanel.h"
 #include "editor/views/CommandPanel.h"
 #include "editor/views/CropPanel.h"
+#include "editor/views/EditorChoices.h"
 #include "editor/views/OutputPanel.h"
 #include "editor/views/SharePanel.h"
+#include "editor/views/StyleFields.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -31,9 +33,8 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
-    Q_PROPERTY(QVariantMap style READ style NOTIFY styleChanged)
-    /// Lists for pickers by the name of their field, each row {id, name}.
-    Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
+    Q_PROPERTY(kestrio::StyleFields* style READ style CONSTANT)
+    Q_PROPERTY(kestrio::EditorChoices* choices READ choices CONSTANT)
     /// A capture is still being put together; there is nothing to edit yet.
     Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY processingChanged)
     Q_PROPERTY(bool isAnnotationMode READ isAnnotationMode NOTIFY modeChanged)
@@ -85,8 +86,8 @@ class EditorController : public QObject {
     SharePanel* share() { return &share_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
-    QVariantMap style() const;
-    QVariantMap choices() const;
+    StyleFields* style() { return &style_; }
+    EditorChoices* choices() { return &choices_; }
     bool isProcessing() const { return editor_.isProcessingCapture(); }
     bool isAnnotationMode() const { return editor_.isAnnotationMode(); }
     bool isCropMode() const { return editor_.isCropMode(); }
@@ -114,13 +115,6 @@ class EditorController : public QObject {
     bool isDark() const;
     bool isMotionReduced() const;
 
-    /// What a style field that is a number may be, {least, greatest, standard}.
-    Q_INVOKABLE QVariantMap styleRange(const QString& field) const;
-    /// Live change of a style field; commit() makes it a step of undo.
-    Q_INVOKABLE void set(const QString& field, const QVariant& value);
-    Q_INVOKABLE void commit();
-    /// Both at once, for choices that are made with one click.
-    Q_INVOKABLE void choose(const QString& field, const QVariant& value);
     Q_INVOKABLE void setBackdropImage(const QUrl& file);
     /// Asks for a picture file and makes it the backdrop, or the watermark.
     Q_INVOKABLE void chooseBackdropImage();
@@ -152,7 +146,6 @@ class EditorController : public QObject {
     /// Says that a drop held no picture.
     Q_INVOKABLE void refuseDrop();
 
-    Q_SIGNAL void styleChanged();
     Q_SIGNAL void processingChanged();
     Q_SIGNAL void panelsChanged();
     Q_SIGNAL void modeChanged();
@@ -190,6 +183,8 @@ class EditorController : public QObject {
     CommandPanel commands_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
+    StyleFields style_;
+    EditorChoices choices_;
     /// Kept from one composition to the next while an editor is open.
     std::shared_ptr<DecodedPictures> decodedPictures_ = DecodedPictures::shared();
     std::shared_ptr<class ThumbnailSource> thumbnails_;

@@ -10,21 +10,10 @@ namespace kestrio {
 
 namespace {
 
-CodableColor codable(const QVariant& value) {
-    return codableColor(value.value<QColor>());
-}
-
 template <typename E>
-E enumOf(const QVariant& value, E otherwise) {
-    return namedValue<E>(value.toString()).value_or(otherwise);
+E enumOf(const QString& value, E otherwise) {
+    return namedValue<E>(value).value_or(otherwise);
 }
-
-struct StyleField {
-    const char* name;
-    QVariant (*get)(const EditorViewModel&);
-    void (*set)(EditorViewModel&, const QVariant&);  ///< null where it is only shown
-    const StyleRange* range = nullptr;               ///< of a number, which is clamped to it
-};
 
 /// A change of one part of the style, through a copy of it.
 template <typename Change>
@@ -91,248 +80,267 @@ const WatermarkSettings& watermarkOf(const EditorViewModel& editor) {
     return editor.watermarkVM().settings();
 }
 
-using Editor = EditorViewModel;
-using Value = QVariant;
-
-constexpr StyleField fields[] = {
-    {"backdropType",
-     [](const Editor& e) -> Value { return rawName(e.styleModel().backdrop().type); },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) {
-             b.type = enumOf(v, b.type);
-             const bool isChosen = b.gradientPreset || b.customGradientColors;
-             if (b.type == BackdropType::gradient && !isChosen) {
-                 b.gradientPreset = GradientPreset::all().front().id;
-             }
-         });
-     }},
-    {"solidColor",
-     [](const Editor& e) -> Value {
-         return e.styleModel()
-             .backdrop()
-             .solidColor.value_or(CodableColor{0.5, 0.5, 0.5, 1})
-             .toQColor();
-     },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) {
-             b.type = BackdropType::solid;
-             b.solidColor = codable(v);
-         });
-     }},
-    {"gradient",
-     [](const Editor& e) -> Value {
-         return e.styleModel().backdrop().customGradientColors
-                    ? QString()
-                    : e.styleModel().backdrop().gradientPreset.value_or(QString());
-     },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) {
-             b.type = BackdropType::gradient;
-             b.gradientPreset = v.toString();
-             b.customGradientColors = std::nullopt;
-         });
-     }},
-    {"customGradient",
-     [](const Editor& e) -> Value {
-         QVariantList colors;
-         for (const auto& color :
-              e.styleModel().backdrop().customGradientColors.value_or(std::vector<CodableColor>()))
-             colors << color.toQColor();
-         return colors;
-     },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) {
-             std::vector<CodableColor> colors;
-             for (const QVariant& color : v.toList())
-                 colors.push_back(codable(color));
-             b.type = BackdropType::gradient;
-             b.customGradientColors = colors;
-         });
-     }},
-    {"hasImage", [](const Editor& e) -> Value { return imageOf(e).imageData.has_value(); },
-     nullptr},
-    {"imageBlur", [](const Editor& e) -> Value { return imageOf(e).blur; },
-     [](Editor& e, const Value& v) { changeImage(e, [&](auto& i) { i.blur = v.toDouble(); }); },
-     &ImageBackdropSettings::blurRange},
-    {"imageOpacity", [](const Editor& e) -> Value { return imageOf(e).opacity; },
-     [](Editor& e, const Value& v) { changeImage(e, [&](auto& i) { i.opacity = v.toDouble(); }); },
-     &ImageBackdropSettings::opacityRange},
-    {"imageFit", [](const Editor& e) -> Value { return rawName(imageOf(e).scaleFit); },
-     [](Editor& e, const Value& v) {
-         changeImage(e, [&](auto& i) { i.scaleFit = enumOf(v, i.scaleFit); });
-     }},
-    {"opacity", [](const Editor& e) -> Value { return e.styleModel().backdrop().opacity; },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.opacity = v.toDouble(); });
-     },
-     &BackdropSettings::opacityRange},
-    {"padding", [](const Editor& e) -> Value { return e.styleModel().backdrop().padding; },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.padding = v.toDouble(); });
-     },
-     &BackdropSettings::paddingRange},
-    {"keepPixels",
-     [](const Editor& e) -> Value { return e.styleModel().backdrop().keepPixels.value_or(false); },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(
-             e, [&](auto& b) { b.keepPixels = v.toBool() ? std::optional(true) : std::nullopt; });
-     }},
-    {"blur", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.blur; },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.effects.blur = v.toDouble(); });
-     },
-     &BackdropEffects::blurRange},
-    {"noise", [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.noise; },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.effects.noise = v.toDouble(); });
-     },
-     &BackdropEffects::noiseRange},
-    {"saturation",
-     [](const Editor& e) -> Value { return e.styleModel().backdrop().effects.saturation; },
-     [](Editor& e, const Value& v) {
-         changeBackdrop(e, [&](auto& b) { b.effects.saturation = v.toDouble(); });
-     },
-     &BackdropEffects::saturationRange},
-    {"effect",
-     [](const Editor& e) -> Value {
-         for (const EffectPreset& preset : EffectPreset::all())
-             if (preset.effects() == e.styleModel().backdrop().effects) return preset.id;
-         return QString();
-     },
-     [](Editor& e, const Value& v) {
-         for (const EffectPreset& preset : EffectPreset::all())
-             if (preset.id == v.toString())
-                 changeBackdrop(e, [&](auto& b) { b.effects = preset.effects(); });
-     }},
-    {"pattern", [](const Editor& e) -> Value { return rawName(patternOf(e).type); },
-     [](Editor& e, const Value& v) {
-         changePattern(e, [&](auto& p) { p.type = enumOf(v, p.type); });
-     }},
-    {"patternIntensity", [](const Editor& e) -> Value { return patternOf(e).intensity; },
-     [](Editor& e, const Value& v) {
-         changePattern(e, [&](auto& p) { p.intensity = v.toDouble(); });
-     },
-     &PatternSettings::intensityRange},
-    {"patternThickness", [](const Editor& e) -> Value { return patternOf(e).thickness; },
-     [](Editor& e, const Value& v) {
-         changePattern(e, [&](auto& p) { p.thickness = v.toDouble(); });
-     },
-     &PatternSettings::thicknessRange},
-    {"patternColor", [](const Editor& e) -> Value { return patternOf(e).color.toQColor(); },
-     [](Editor& e, const Value& v) { changePattern(e, [&](auto& p) { p.color = codable(v); }); }},
-    {"overlay", [](const Editor& e) -> Value { return rawName(overlayOf(e).type); },
-     [](Editor& e, const Value& v) {
-         changeOverlay(e, [&](auto& o) { o.type = enumOf(v, o.type); });
-     }},
-    {"overlayOpacity", [](const Editor& e) -> Value { return overlayOf(e).opacity; },
-     [](Editor& e, const Value& v) {
-         changeOverlay(e, [&](auto& o) { o.opacity = v.toDouble(); });
-     },
-     &OverlaySettings::opacityRange},
-    {"overlayPosition", [](const Editor& e) -> Value { return rawName(overlayOf(e).position); },
-     [](Editor& e, const Value& v) {
-         changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
-     }},
-    {"frame", [](const Editor& e) -> Value { return rawName(e.styleModel().frameStyle()); },
-     [](Editor& e, const Value& v) {
-         e.styleModel().set_frameStyle(enumOf(v, e.styleModel().frameStyle()));
-     }},
-    {"frameScale", [](const Editor& e) -> Value { return e.styleModel().frameScale(); },
-     [](Editor& e, const Value& v) { e.styleModel().set_frameScale(v.toDouble()); },
-     &frameScaleRange},
-    {"cornerRadius", [](const Editor& e) -> Value { return e.styleModel().mockup().cornerRadius; },
-     [](Editor& e, const Value& v) {
-         changeMockup(e, [&](auto& m) { m.cornerRadius = v.toDouble(); });
-     },
-     &MockupSettings::cornerRadiusRange},
-    {"shadow", [](const Editor& e) -> Value { return e.styleModel().mockup().shadowEnabled; },
-     [](Editor& e, const Value& v) {
-         changeMockup(e, [&](auto& m) { m.shadowEnabled = v.toBool(); });
-     }},
-    {"shadowIntensity",
-     [](const Editor& e) -> Value { return rawName(e.styleModel().mockup().shadowIntensity); },
-     [](Editor& e, const Value& v) {
-         changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
-     }},
-    {"light", [](const Editor& e) -> Value { return rawName(e.styleModel().mockup().lightSource); },
-     [](Editor& e, const Value& v) {
-         changeMockup(e, [&](auto& m) { m.lightSource = enumOf(v, m.lightSource); });
-     }},
-    {"watermark", [](const Editor& e) -> Value { return e.watermarkVM().isEnabled(); },
-     [](Editor& e, const Value& v) { e.watermarkVM().set_isEnabled(v.toBool()); }},
-    {"watermarkType", [](const Editor& e) -> Value { return rawName(watermarkOf(e).type); },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.type = enumOf(v, w.type); });
-     }},
-    {"watermarkFont", [](const Editor& e) -> Value { return watermarkOf(e).fontName; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.fontName = v.toString(); });
-     }},
-    {"watermarkOffsetX", [](const Editor& e) -> Value { return watermarkOf(e).offsetX; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.offsetX = v.toDouble(); });
-     },
-     &WatermarkSettings::offsetRange},
-    {"watermarkOffsetY", [](const Editor& e) -> Value { return watermarkOf(e).offsetY; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.offsetY = v.toDouble(); });
-     },
-     &WatermarkSettings::offsetRange},
-    {"watermarkText", [](const Editor& e) -> Value { return watermarkOf(e).textContent; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.textContent = v.toString(); });
-     }},
-    {"watermarkPosition", [](const Editor& e) -> Value { return rawName(watermarkOf(e).position); },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.position = enumOf(v, w.position); });
-     }},
-    {"watermarkOpacity", [](const Editor& e) -> Value { return watermarkOf(e).opacity; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.opacity = v.toDouble(); });
-     },
-     &WatermarkSettings::opacityRange},
-    {"watermarkScale", [](const Editor& e) -> Value { return watermarkOf(e).scale; },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.scale = v.toDouble(); });
-     },
-     &WatermarkSettings::scaleRange},
-    {"watermarkColor", [](const Editor& e) -> Value { return watermarkOf(e).textColor.toQColor(); },
-     [](Editor& e, const Value& v) {
-         changeWatermark(e, [&](auto& w) { w.textColor = codable(v); });
-     }},
-};
-
 }  // namespace
+
+using Editor = EditorViewModel;
+
+const StyleText::Row StyleFields::backdropTypeRow = {
+    [](const Editor& e) -> QString { return rawName(e.styleModel().backdrop().type); },
+    [](Editor& e, const QString& v) {
+        changeBackdrop(e, [&](auto& b) {
+            b.type = enumOf(v, b.type);
+            const bool isChosen = b.gradientPreset || b.customGradientColors;
+            if (b.type == BackdropType::gradient && !isChosen) {
+                b.gradientPreset = GradientPreset::all().front().id;
+            }
+        });
+    }};
+
+const StyleColor::Row StyleFields::solidColorRow = {
+    [](const Editor& e) -> QColor {
+        return e.styleModel()
+            .backdrop()
+            .solidColor.value_or(CodableColor{0.5, 0.5, 0.5, 1})
+            .toQColor();
+    },
+    [](Editor& e, const QColor& v) {
+        changeBackdrop(e, [&](auto& b) {
+            b.type = BackdropType::solid;
+            b.solidColor = codableColor(v);
+        });
+    }};
+
+const StyleText::Row StyleFields::gradientRow = {
+    [](const Editor& e) -> QString {
+        return e.styleModel().backdrop().customGradientColors
+                   ? QString()
+                   : e.styleModel().backdrop().gradientPreset.value_or(QString());
+    },
+    [](Editor& e, const QString& v) {
+        changeBackdrop(e, [&](auto& b) {
+            b.type = BackdropType::gradient;
+            b.gradientPreset = v;
+            b.customGradientColors = std::nullopt;
+        });
+    }};
+
+const StyleColors::Row StyleFields::customGradientRow = {
+    [](const Editor& e) -> QVariantList {
+        QVariantList colors;
+        for (const auto& color :
+             e.styleModel().backdrop().customGradientColors.value_or(std::vector<CodableColor>()))
+            colors << color.toQColor();
+        return colors;
+    },
+    [](Editor& e, const QVariantList& v) {
+        changeBackdrop(e, [&](auto& b) {
+            std::vector<CodableColor> colors;
+            for (const QVariant& color : v)
+                colors.push_back(codableColor(color.value<QColor>()));
+            b.type = BackdropType::gradient;
+            b.customGradientColors = colors;
+        });
+    }};
+
+const StyleSwitch::Row StyleFields::hasImageRow = {
+    [](const Editor& e) -> bool { return imageOf(e).imageData.has_value(); }};
+
+const StyleNumber::Row StyleFields::imageBlurRow = {
+    [](const Editor& e) -> double { return imageOf(e).blur; },
+    [](Editor& e, const double& v) { changeImage(e, [&](auto& i) { i.blur = v; }); },
+    &ImageBackdropSettings::blurRange};
+
+const StyleNumber::Row StyleFields::imageOpacityRow = {
+    [](const Editor& e) -> double { return imageOf(e).opacity; },
+    [](Editor& e, const double& v) { changeImage(e, [&](auto& i) { i.opacity = v; }); },
+    &ImageBackdropSettings::opacityRange};
+
+const StyleText::Row StyleFields::imageFitRow = {
+    [](const Editor& e) -> QString { return rawName(imageOf(e).scaleFit); },
+    [](Editor& e, const QString& v) {
+        changeImage(e, [&](auto& i) { i.scaleFit = enumOf(v, i.scaleFit); });
+    }};
+
+const StyleNumber::Row StyleFields::opacityRow = {
+    [](const Editor& e) -> double { return e.styleModel().backdrop().opacity; },
+    [](Editor& e, const double& v) { changeBackdrop(e, [&](auto& b) { b.opacity = v; }); },
+    &BackdropSettings::opacityRange};
+
+const StyleNumber::Row StyleFields::paddingRow = {
+    [](const Editor& e) -> double { return e.styleModel().backdrop().padding; },
+    [](Editor& e, const double& v) { changeBackdrop(e, [&](auto& b) { b.padding = v; }); },
+    &BackdropSettings::paddingRange};
+
+const StyleSwitch::Row StyleFields::keepPixelsRow = {
+    [](const Editor& e) -> bool { return e.styleModel().backdrop().keepPixels.value_or(false); },
+    [](Editor& e, const bool& v) {
+        changeBackdrop(e, [&](auto& b) { b.keepPixels = v ? std::optional(true) : std::nullopt; });
+    }};
+
+const StyleNumber::Row StyleFields::blurRow = {
+    [](const Editor& e) -> double { return e.styleModel().backdrop().effects.blur; },
+    [](Editor& e, const double& v) { changeBackdrop(e, [&](auto& b) { b.effects.blur = v; }); },
+    &BackdropEffects::blurRange};
+
+const StyleNumber::Row StyleFields::noiseRow = {
+    [](const Editor& e) -> double { return e.styleModel().backdrop().effects.noise; },
+    [](Editor& e, const double& v) { changeBackdrop(e, [&](auto& b) { b.effects.noise = v; }); },
+    &BackdropEffects::noiseRange};
+
+const StyleNumber::Row StyleFields::saturationRow = {
+    [](const Editor& e) -> double { return e.styleModel().backdrop().effects.saturation; },
+    [](Editor& e, const double& v) {
+        changeBackdrop(e, [&](auto& b) { b.effects.saturation = v; });
+    },
+    &BackdropEffects::saturationRange};
+
+const StyleText::Row StyleFields::effectRow = {
+    [](const Editor& e) -> QString {
+        for (const EffectPreset& preset : EffectPreset::all())
+            if (preset.effects() == e.styleModel().backdrop().effects) return preset.id;
+        return QString();
+    },
+    [](Editor& e, const QString& v) {
+        for (const EffectPreset& preset : EffectPreset::all())
+            if (preset.id == v) changeBackdrop(e, [&](auto& b) { b.effects = preset.effects(); });
+    }};
+
+const StyleText::Row StyleFields::patternRow = {
+    [](const Editor& e) -> QString { return rawName(patternOf(e).type); },
+    [](Editor& e, const QString& v) {
+        changePattern(e, [&](auto& p) { p.type = enumOf(v, p.type); });
+    }};
+
+const StyleNumber::Row StyleFields::patternIntensityRow = {
+    [](const Editor& e) -> double { return patternOf(e).intensity; },
+    [](Editor& e, const double& v) { changePattern(e, [&](auto& p) { p.intensity = v; }); },
+    &PatternSettings::intensityRange};
+
+const StyleNumber::Row StyleFields::patternThicknessRow = {
+    [](const Editor& e) -> double { return patternOf(e).thickness; },
+    [](Editor& e, const double& v) { changePattern(e, [&](auto& p) { p.thickness = v; }); },
+    &PatternSettings::thicknessRange};
+
+const StyleColor::Row StyleFields::patternColorRow = {
+    [](const Editor& e) -> QColor { return patternOf(e).color.toQColor(); },
+    [](Editor& e, const QColor& v) {
+        changePattern(e, [&](auto& p) { p.color = codableColor(v); });
+    }};
+
+const StyleText::Row StyleFields::overlayRow = {
+    [](const Editor& e) -> QString { return rawName(overlayOf(e).type); },
+    [](Editor& e, const QString& v) {
+        changeOverlay(e, [&](auto& o) { o.type = enumOf(v, o.type); });
+    }};
+
+const StyleNumber::Row StyleFields::overlayOpacityRow = {
+    [](const Editor& e) -> double { return overlayOf(e).opacity; },
+    [](Editor& e, const double& v) { changeOverlay(e, [&](auto& o) { o.opacity = v; }); },
+    &OverlaySettings::opacityRange};
+
+const StyleText::Row StyleFields::overlayPositionRow = {
+    [](const Editor& e) -> QString { return rawName(overlayOf(e).position); },
+    [](Editor& e, const QString& v) {
+        changeOverlay(e, [&](auto& o) { o.position = enumOf(v, o.position); });
+    }};
+
+const StyleText::Row StyleFields::frameRow = {
+    [](const Editor& e) -> QString { return rawName(e.styleModel().frameStyle()); },
+    [](Editor& e, const QString& v) {
+        e.styleModel().set_frameStyle(enumOf(v, e.styleModel().frameStyle()));
+    }};
+
+const StyleNumber::Row StyleFields::frameScaleRow = {
+    [](const Editor& e) -> double { return e.styleModel().frameScale(); },
+    [](Editor& e, const double& v) { e.styleModel().set_frameScale(v); }, &frameScaleRange};
+
+const StyleNumber::Row StyleFields::cornerRadiusRow = {
+    [](const Editor& e) -> double { return e.styleModel().mockup().cornerRadius; },
+    [](Editor& e, const double& v) { changeMockup(e, [&](auto& m) { m.cornerRadius = v; }); },
+    &MockupSettings::cornerRadiusRange};
+
+const StyleSwitch::Row StyleFields::shadowRow = {
+    [](const Editor& e) -> bool { return e.styleModel().mockup().shadowEnabled; },
+    [](Editor& e, const bool& v) { changeMockup(e, [&](auto& m) { m.shadowEnabled = v; }); }};
+
+const StyleText::Row StyleFields::shadowIntensityRow = {
+    [](const Editor& e) -> QString { return rawName(e.styleModel().mockup().shadowIntensity); },
+    [](Editor& e, const QString& v) {
+        changeMockup(e, [&](auto& m) { m.shadowIntensity = enumOf(v, m.shadowIntensity); });
+    }};
+
+const StyleText::Row StyleFields::lightRow = {
+    [](const Editor& e) -> QString { return rawName(e.styleModel().mockup().lightSource); },
+    [](Editor& e, const QString& v) {
+        changeMockup(e, [&](auto& m) { m.lightSource = enumOf(v, m.lightSource); });
+    }};
+
+const StyleSwitch::Row StyleFields::watermarkRow = {
+    [](const Editor& e) -> bool { return e.watermarkVM().isEnabled(); },
+    [](Editor& e, const bool& v) { e.watermarkVM().set_isEnabled(v); }};
+
+const StyleText::Row StyleFields::watermarkTypeRow = {
+    [](const Editor& e) -> QString { return rawName(watermarkOf(e).type); },
+    [](Editor& e, const QString& v) {
+        changeWatermark(e, [&](auto& w) { w.type = enumOf(v, w.type); });
+    }};
+
+const StyleText::Row StyleFields::watermarkFontRow = {
+    [](const Editor& e) -> QString { return watermarkOf(e).fontName; },
+    [](Editor& e, const QString& v) { changeWatermark(e, [&](auto& w) { w.fontName = v; }); }};
+
+const StyleNumber::Row StyleFields::watermarkOffsetXRow = {
+    [](const Editor& e) -> double { return watermarkOf(e).offsetX; },
+    [](Editor& e, const double& v) { changeWatermark(e, [&](auto& w) { w.offsetX = v; }); },
+    &WatermarkSettings::offsetRange};
+
+const StyleNumber::Row StyleFields::watermarkOffsetYRow = {
+    [](const Editor& e) -> double { return watermarkOf(e).offsetY; },
+    [](Editor& e, const double& v) { changeWatermark(e, [&](auto& w) { w.offsetY = v; }); },
+    &WatermarkSettings::offsetRange};
+
+const StyleText::Row StyleFields::watermarkTextRow = {
+    [](const Editor& e) -> QString { return watermarkOf(e).textContent; },
+    [](Editor& e, const QString& v) { changeWatermark(e, [&](auto& w) { w.textContent = v; }); }};
+
+const StyleText::Row StyleFields::watermarkPositionRow = {
+    [](const Editor& e) -> QString { return rawName(watermarkOf(e).position); },
+    [](Editor& e, const QString& v) {
+        changeWatermark(e, [&](auto& w) { w.position = enumOf(v, w.position); });
+    }};
+
+const StyleNumber::Row StyleFields::watermarkOpacityRow = {
+    [](const Editor& e) -> double { return watermarkOf(e).opacity; },
+    [](Editor& e, const double& v) { changeWatermark(e, [&](auto& w) { w.opacity = v; }); },
+    &WatermarkSettings::opacityRange};
+
+const StyleNumber::Row StyleFields::watermarkScaleRow = {
+    [](const Editor& e) -> double { return watermarkOf(e).scale; },
+    [](Editor& e, const double& v) { changeWatermark(e, [&](auto& w) { w.scale = v; }); },
+    &WatermarkSettings::scaleRange};
+
+const StyleColor::Row StyleFields::watermarkColorRow = {
+    [](const Editor& e) -> QColor { return watermarkOf(e).textColor.toQColor(); },
+    [](Editor& e, const QColor& v) {
+        changeWatermark(e, [&](auto& w) { w.textColor = codableColor(v); });
+    }};
+
+StyleFields::StyleFields(EditorViewModel& editor, QObject* parent)
+    : QObject(parent), editor_(editor) {
+    using Mark = WatermarkViewModel;
+    connect(&editor.styleModel(), &StyleModel::styleChanged, this, &StyleFields::refresh);
+    for (const auto signal : {&Mark::isEnabledChanged, &Mark::settingsChanged})
+        connect(&editor.watermarkVM(), signal, this, &StyleFields::refresh);
+}
+
+void StyleFields::refresh() {
+    for (QObject* field : children())
+        static_cast<StyleField*>(field)->refresh();
+}
 
 CodableColor codableColor(const QColor& color) {
     const QColor rgb = color.toRgb();
     return {rgb.redF(), rgb.greenF(), rgb.blueF(), rgb.alphaF()};
-}
-
-QVariantMap styleFields(const EditorViewModel& editor) {
-    QVariantMap values;
-    for (const StyleField& field : fields)
-        values.insert(QString::fromLatin1(field.name), field.get(editor));
-    return values;
-}
-
-QVariantMap styleRange(const QString& name) {
-    for (const StyleField& field : fields) {
-        if (name != QLatin1String(field.name) || !field.range) continue;
-        return {{QStringLiteral("least"), field.range->least},
-                {QStringLiteral("greatest"), field.range->greatest},
-                {QStringLiteral("standard"), field.range->standard}};
-    }
-    return {};
-}
-
-bool setStyleField(EditorViewModel& editor, const QString& name, const QVariant& value) {
-    for (const StyleField& field : fields) {
-        if (name != QLatin1String(field.name) || !field.set) continue;
-        field.set(editor, field.range ? field.range->clamped(value.toDouble()) : value);
-        return true;
-    }
-    return false;
 }
 
 }  // namespace kestrio

@@ -16,7 +16,7 @@ namespace {
 constexpr int entryCount = 4096;
 
 QRgb colourAt(const std::vector<CodableColor>& colors, double place) {
-    const double last = static_cast<double>(colors.size() - 1);
+    const auto last = static_cast<double>(colors.size() - 1);
     const double stop = clampedOr(place, 0, 1) * last;
     const auto index =
         static_cast<std::size_t>(std::min(std::floor(stop), std::max(last - 1, 0.0)));

@@ -78,7 +78,7 @@ KESTRIO_SIMD void alphasAlong(float* places, int count, const Shade& shade, floa
     const float first = shade.stops[0] * opacity;
     const float second = shade.stops[1] * opacity;
     const float third = shade.stopCount == 3 ? shade.stops[2] * opacity : second;
-    const float spans = static_cast<float>(shade.stopCount - 1);
+    const auto spans = static_cast<float>(shade.stopCount - 1);
     for (int i = 0; i < count; ++i) {
         const float along = places[i] * spans;
         const float upper = std::min(along, 1.0f);
@@ -107,8 +107,8 @@ KESTRIO_SIMD void blendRow(QRgb* row, const float* alphas, int count, float leve
 }  // namespace
 
 void drawOverlay(QImage& bitmap, OverlayType type, double opacity) {
-    const auto shade = std::find_if(std::begin(shades), std::end(shades),
-                                    [type](const Shade& row) { return row.type == type; });
+    const auto* const shade = std::find_if(std::begin(shades), std::end(shades),
+                                           [type](const Shade& row) { return row.type == type; });
     const auto share = static_cast<float>(OverlaySettings::opacityRange.clamped(opacity) / 100);
     if (shade == std::end(shades) || !(share > 0)) return;
     const int width = bitmap.width();

@@ -115,8 +115,9 @@ constexpr GlyphRow glyphRows[] = {
 }  // namespace
 
 void paintFrameGlyph(QPainter& painter, FrameGlyph glyph, QPointF centre, const GlyphStyle& style) {
-    const auto row = std::find_if(std::begin(glyphRows), std::end(glyphRows),
-                                  [glyph](const GlyphRow& each) { return each.glyph == glyph; });
+    const auto* const row =
+        std::find_if(std::begin(glyphRows), std::end(glyphRows),
+                     [glyph](const GlyphRow& each) { return each.glyph == glyph; });
     if (row == std::end(glyphRows)) return;
     const GlyphPaths paths = row->paths();
     const double strokeWidth = style.weight == GlyphWeight::medium ? 2.4 : 1.75;

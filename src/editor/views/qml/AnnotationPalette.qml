@@ -8,8 +8,7 @@ Rectangle {
     id: annotator
     required property EditorController controller
     readonly property AnnotationPanel panel: controller.annotation
-    readonly property var tool: panel.tool
-    readonly property bool hasBlur: tool.blurType !== undefined
+    readonly property annotationState tool: panel.tool
 
     implicitWidth: content.implicitWidth + 16
     implicitHeight: content.implicitHeight + 12
@@ -96,24 +95,24 @@ Rectangle {
                 onChosen: id => annotator.panel.setFillMode(id)
             }
             Segments {
-                visible: annotator.hasBlur
+                visible: annotator.tool.hasBlur
                 width: 190
                 rows: annotator.panel.blurTypes
-                current: annotator.tool.blurType ?? ""
+                current: annotator.tool.blurType
                 onChosen: id => {
                     annotator.panel.setBlur(id, annotator.tool.blurIntensity)
                     annotator.panel.commitBlur()
                 }
             }
             SliderRow {
-                visible: annotator.hasBlur
+                visible: annotator.tool.hasBlur
                 width: 120
                 label: qsTranslate("Kestrio", "Intensity")
                 to: 1
                 usual: 0.5
                 factor: 100
                 unit: " %"
-                value: annotator.tool.blurIntensity ?? 0.5
+                value: annotator.tool.blurIntensity
                 onMoved: value => annotator.panel.setBlur(annotator.tool.blurType, value)
                 onSettled: annotator.panel.commitBlur()
             }

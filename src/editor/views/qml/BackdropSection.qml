@@ -6,37 +6,35 @@ import Kestrio.Ui
 ColumnLayout {
     id: section
     required property EditorController controller
-    readonly property var style: controller.style
+    readonly property StyleFields style: controller.style
     spacing: Theme.medium
 
     Segments {
         Layout.fillWidth: true
         rows: section.controller.choices.backdropType
-        current: section.style.backdropType
+        current: section.style.backdropType.value
         onChosen: id => {
-            if (id === "image" && !section.style.hasImage) section.controller.chooseBackdropImage()
-            else section.controller.choose("backdropType", id)
+            if (id === "image" && !section.style.hasImage.value) section.controller.chooseBackdropImage()
+            else section.style.backdropType.choose(id)
         }
     }
     Loader {
         Layout.fillWidth: true
         visible: item !== null
-        sourceComponent: section.style.backdropType === "solid" ? solid
-            : section.style.backdropType === "gradient" ? gradient
-            : section.style.backdropType === "image" ? image : null
+        sourceComponent: section.style.backdropType.value === "solid" ? solid
+            : section.style.backdropType.value === "gradient" ? gradient
+            : section.style.backdropType.value === "image" ? image : null
     }
     StyleSlider {
         Layout.fillWidth: true
-        controller: section.controller
-        field: "padding"
+        field: section.style.padding
         label: qsTranslate("Kestrio", "Padding")
         unit: " pt"
     }
     StyleSlider {
         Layout.fillWidth: true
-        visible: section.style.backdropType !== "none"
-        controller: section.controller
-        field: "opacity"
+        visible: section.style.backdropType.value !== "none"
+        field: section.style.opacity
         label: qsTranslate("Kestrio", "Opacity")
         factor: 100
         unit: " %"
@@ -49,8 +47,8 @@ ColumnLayout {
         id: keepPixels
         Layout.fillWidth: true
         text: qsTranslate("Kestrio", "Keep screenshot pixels")
-        checked: section.style.keepPixels
-        onToggled: section.controller.choose("keepPixels", checked)
+        checked: section.style.keepPixels.value
+        onToggled: section.style.keepPixels.choose(checked)
         Hint {
             isWanted: keepPixels.hovered
             words: qsTranslate("Kestrio", "The canvas grows by padding and frame, and the screenshot stays sharp")
@@ -74,9 +72,9 @@ ColumnLayout {
         ColorRow {
             picking: section.controller.colors
             label: qsTranslate("Kestrio", "Colour")
-            color: section.style.solidColor
-            onMoved: color => section.controller.set("solidColor", color)
-            onPicked: color => section.controller.choose("solidColor", color)
+            color: section.style.solidColor.value
+            onMoved: color => section.style.solidColor.value = color
+            onPicked: color => section.style.solidColor.choose(color)
         }
     }
     Component {

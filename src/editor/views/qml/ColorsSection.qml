@@ -80,7 +80,7 @@ ColumnLayout {
             text: qsTranslate("Kestrio", "Use for the backdrop")
             enabled: section.colors.hasColor
             opacity: enabled ? 1 : 0.4
-            onClicked: section.controller.choose("solidColor", section.colors.swatch)
+            onClicked: section.controller.style.solidColor.choose(section.colors.swatch)
         }
         Chip {
             text: qsTranslate("Kestrio", "Use for the tools")

@@ -16,28 +16,25 @@ ColumnLayout {
         kind: "effect"
         tileHeight: 36
         rows: controls.controller.choices.effect
-        current: controls.controller.style.effect
+        current: controls.controller.style.effect.value
         revision: controls.controller.thumbnailRevision
-        onChosen: id => controls.controller.choose("effect", id)
+        onChosen: id => controls.controller.style.effect.choose(id)
     }
     StyleSlider {
         Layout.fillWidth: true
-        controller: controls.controller
-        field: "blur"
+        field: controls.controller.style.blur
         label: qsTranslate("Kestrio", "Blur")
         decimals: 1
     }
     StyleSlider {
         Layout.fillWidth: true
-        controller: controls.controller
-        field: "noise"
+        field: controls.controller.style.noise
         label: qsTranslate("Kestrio", "Noise")
         unit: " %"
     }
     StyleSlider {
         Layout.fillWidth: true
-        controller: controls.controller
-        field: "saturation"
+        field: controls.controller.style.saturation
         label: qsTranslate("Kestrio", "Saturation")
         unit: " %"
     }

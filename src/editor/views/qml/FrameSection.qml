@@ -7,7 +7,7 @@ ColumnLayout {
     id: section
     spacing: Theme.medium
     required property EditorController controller
-    readonly property var style: controller.style
+    readonly property StyleFields style: controller.style
     ThumbnailGrid {
         controller: section.controller
         Layout.fillWidth: true
@@ -15,15 +15,14 @@ ColumnLayout {
         columns: 3
         tileHeight: 52
         rows: section.controller.choices.frame
-        current: section.style.frame
+        current: section.style.frame.value
         revision: section.controller.thumbnailRevision
-        onChosen: id => section.controller.choose("frame", id)
+        onChosen: id => section.style.frame.choose(id)
     }
     StyleSlider {
         Layout.fillWidth: true
-        controller: section.controller
-        field: "frameScale"
-        visible: section.style.frame !== "none"
+        field: section.style.frameScale
+        visible: section.style.frame.value !== "none"
         label: qsTranslate("Kestrio", "Title bar size")
         factor: 100
         unit: " %"

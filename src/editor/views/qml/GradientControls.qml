@@ -7,7 +7,7 @@ import Kestrio.Ui
 ColumnLayout {
     id: controls
     required property EditorController controller
-    readonly property var own: controller.style.customGradient
+    readonly property var own: controller.style.customGradient.value
     readonly property int greatestCount: 6
     spacing: Theme.small
 
@@ -26,8 +26,8 @@ ColumnLayout {
                 columns: 5
                 tileHeight: 28
                 rows: group.modelData.rows
-                current: controls.controller.style.gradient
-                onChosen: id => controls.controller.choose("gradient", id)
+                current: controls.controller.style.gradient.value
+                onChosen: id => controls.controller.style.gradient.choose(id)
             }
         }
     }
@@ -44,7 +44,7 @@ ColumnLayout {
             implicitWidth: 26
             implicitHeight: 26
             tip: qsTranslate("Kestrio", "Remove the last colour")
-            onClicked: controls.controller.choose("customGradient", controls.own.slice(0, -1))
+            onClicked: controls.controller.style.customGradient.choose(controls.own.slice(0, -1))
         }
         IconButton {
             symbol: "plus"
@@ -52,7 +52,7 @@ ColumnLayout {
             implicitHeight: 26
             enabled: controls.own.length < controls.greatestCount
             tip: controls.own.length < 2 ? qsTranslate("Kestrio", "Make a gradient of your own") : qsTranslate("Kestrio", "Add a colour")
-            onClicked: controls.controller.choose("customGradient", controls.own.length < 2
+            onClicked: controls.controller.style.customGradient.choose(controls.own.length < 2
                 ? ["#5B8DEF", "#B26BE8"] : controls.own.concat([controls.own[controls.own.length - 1]]))
         }
     }
@@ -71,8 +71,8 @@ ColumnLayout {
                     colors[index] = color
                     return colors
                 }
-                onMoved: color => controls.controller.set("customGradient", changed(color))
-                onPicked: color => controls.controller.choose("customGradient", changed(color))
+                onMoved: color => controls.controller.style.customGradient.value = changed(color)
+                onPicked: color => controls.controller.style.customGradient.choose(changed(color))
             }
         }
     }

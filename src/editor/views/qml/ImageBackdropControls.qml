@@ -20,7 +20,7 @@ ColumnLayout {
             anchors.fill: parent
             anchors.margins: 2
             symbol: "photo"
-            text: controls.controller.style.hasImage ? qsTranslate("Kestrio", "Another picture…") : qsTranslate("Kestrio", "Choose picture…")
+            text: controls.controller.style.hasImage.value ? qsTranslate("Kestrio", "Another picture…") : qsTranslate("Kestrio", "Choose picture…")
             tip: qsTranslate("Kestrio", "Or drop a picture here")
             onClicked: controls.controller.chooseBackdropImage()
         }
@@ -35,25 +35,23 @@ ColumnLayout {
     }
     Segments {
         Layout.fillWidth: true
-        visible: controls.controller.style.hasImage
+        visible: controls.controller.style.hasImage.value
         rows: controls.controller.choices.imageFit
-        current: controls.controller.style.imageFit
-        onChosen: id => controls.controller.choose("imageFit", id)
+        current: controls.controller.style.imageFit.value
+        onChosen: id => controls.controller.style.imageFit.choose(id)
     }
     StyleSlider {
         Layout.fillWidth: true
-        visible: controls.controller.style.hasImage
-        controller: controls.controller
-        field: "imageBlur"
+        visible: controls.controller.style.hasImage.value
+        field: controls.controller.style.imageBlur
         label: qsTranslate("Kestrio", "Blur of the picture")
         decimals: 1
         unit: " pt"
     }
     StyleSlider {
         Layout.fillWidth: true
-        visible: controls.controller.style.hasImage
-        controller: controls.controller
-        field: "imageOpacity"
+        visible: controls.controller.style.hasImage.value
+        field: controls.controller.style.imageOpacity
         label: qsTranslate("Kestrio", "Opacity of the picture")
         unit: " %"
     }

@@ -7,7 +7,7 @@ Item {
     id: editor
     required property CanvasItem canvas
     required property EditorController controller
-    readonly property var state_: controller.annotation.numberEditing
+    readonly property numberEditorState state_: controller.annotation.numberEditing
     visible: state_.isEditing
     x: canvas.numberEditorRect.x
     y: canvas.numberEditorRect.y

@@ -6,7 +6,7 @@ import Kestrio.Ui
 ColumnLayout {
     id: controls
     required property EditorController controller
-    readonly property bool hasOverlay: controller.style.overlay !== "none"
+    readonly property bool hasOverlay: controller.style.overlay.value !== "none"
     spacing: Theme.small
 
     Caption { text: qsTranslate("Kestrio", "Overlay") }
@@ -17,15 +17,14 @@ ColumnLayout {
         columns: 5
         tileHeight: 32
         rows: controls.controller.choices.overlay
-        current: controls.controller.style.overlay
+        current: controls.controller.style.overlay.value
         revision: controls.controller.thumbnailRevision
-        onChosen: id => controls.controller.choose("overlay", id)
+        onChosen: id => controls.controller.style.overlay.choose(id)
     }
     StyleSlider {
         Layout.fillWidth: true
         visible: controls.hasOverlay
-        controller: controls.controller
-        field: "overlayOpacity"
+        field: controls.controller.style.overlayOpacity
         label: qsTranslate("Kestrio", "Strength")
         unit: " %"
     }
@@ -33,7 +32,7 @@ ColumnLayout {
         Layout.fillWidth: true
         visible: controls.hasOverlay
         rows: controls.controller.choices.overlayPosition
-        current: controls.controller.style.overlayPosition
-        onChosen: id => controls.controller.choose("overlayPosition", id)
+        current: controls.controller.style.overlayPosition.value
+        onChosen: id => controls.controller.style.overlayPosition.choose(id)
     }
 }

@@ -6,7 +6,7 @@ import Kestrio.Ui
 ColumnLayout {
     id: controls
     required property EditorController controller
-    readonly property bool hasPattern: controller.style.pattern !== "none"
+    readonly property bool hasPattern: controller.style.pattern.value !== "none"
     spacing: Theme.small
 
     Caption { text: qsTranslate("Kestrio", "Pattern") }
@@ -16,15 +16,14 @@ ColumnLayout {
         kind: "pattern"
         tileHeight: 36
         rows: controls.controller.choices.pattern
-        current: controls.controller.style.pattern
+        current: controls.controller.style.pattern.value
         revision: controls.controller.thumbnailRevision
-        onChosen: id => controls.controller.choose("pattern", id)
+        onChosen: id => controls.controller.style.pattern.choose(id)
     }
     StyleSlider {
         Layout.fillWidth: true
         visible: controls.hasPattern
-        controller: controls.controller
-        field: "patternIntensity"
+        field: controls.controller.style.patternIntensity
         label: qsTranslate("Kestrio", "Strength")
         factor: 100
         unit: " %"
@@ -32,8 +31,7 @@ ColumnLayout {
     StyleSlider {
         Layout.fillWidth: true
         visible: controls.hasPattern
-        controller: controls.controller
-        field: "patternThickness"
+        field: controls.controller.style.patternThickness
         label: qsTranslate("Kestrio", "Thickness")
         factor: 100
         unit: " %"
@@ -47,10 +45,10 @@ ColumnLayout {
         }
         ColorWell {
             picking: controls.controller.colors
-            color: controls.controller.style.patternColor
+            color: controls.controller.style.patternColor.value
             quick: Theme.inkColors
-            onMoved: color => controls.controller.set("patternColor", color)
-            onPicked: color => controls.controller.choose("patternColor", color)
+            onMoved: color => controls.controller.style.patternColor.value = color
+            onPicked: color => controls.controller.style.patternColor.choose(color)
         }
     }
 }

@@ -4,13 +4,11 @@ import Kestrio.Ui
 // A slider of one field of the style.
 SliderRow {
     id: slider
-    required property EditorController controller
-    required property string field
-    readonly property var range: controller.styleRange(field)
-    from: range.least
-    to: range.greatest
-    usual: range.standard
-    value: controller.style[field]
-    onMoved: value => slider.controller.set(slider.field, value)
-    onSettled: slider.controller.commit()
+    required property StyleNumber field
+    from: field.least
+    to: field.greatest
+    usual: field.standard
+    value: field.value
+    onMoved: value => slider.field.value = value
+    onSettled: slider.field.commit()
 }

@@ -7,28 +7,26 @@ import Kestrio.Ui
 ColumnLayout {
     id: place
     required property EditorController controller
-    readonly property string position: controller.style.watermarkPosition
+    readonly property string position: controller.style.watermarkPosition.value
     spacing: Theme.small
 
     Caption { text: qsTranslate("Kestrio", "Place") }
     NineGrid {
         rows: place.controller.watermark.positions
         current: place.position
-        onChosen: id => place.controller.set("watermarkPosition", id)
+        onChosen: id => place.controller.style.watermarkPosition.value = id
     }
     StyleSlider {
         Layout.fillWidth: true
         visible: !/Center$|^center$/.test(place.position)
-        controller: place.controller
-        field: "watermarkOffsetX"
+        field: place.controller.style.watermarkOffsetX
         label: qsTranslate("Kestrio", "Horizontal offset")
         unit: " pt"
     }
     StyleSlider {
         Layout.fillWidth: true
         visible: !/^middle|^center$/.test(place.position)
-        controller: place.controller
-        field: "watermarkOffsetY"
+        field: place.controller.style.watermarkOffsetY
         label: qsTranslate("Kestrio", "Vertical offset")
         unit: " pt"
     }

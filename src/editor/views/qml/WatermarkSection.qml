@@ -6,27 +6,27 @@ import Kestrio.Ui
 ColumnLayout {
     id: section
     required property EditorController controller
-    readonly property var style: controller.style
-    readonly property bool isText: style.watermarkType === "text"
+    readonly property StyleFields style: controller.style
+    readonly property bool isText: style.watermarkType.value === "text"
     spacing: Theme.medium
 
     Toggle {
         Layout.fillWidth: true
         text: qsTranslate("Kestrio", "Show a watermark")
-        checked: section.style.watermark
-        onToggled: section.controller.set("watermark", checked)
+        checked: section.style.watermark.value
+        onToggled: section.style.watermark.value = checked
     }
     Loader {
         Layout.fillWidth: true
-        active: section.style.watermark
+        active: section.style.watermark.value
         visible: active
         sourceComponent: ColumnLayout {
             spacing: Theme.medium
             Segments {
                 Layout.fillWidth: true
                 rows: section.controller.watermark.types
-                current: section.style.watermarkType
-                onChosen: id => section.controller.set("watermarkType", id)
+                current: section.style.watermarkType.value
+                onChosen: id => section.style.watermarkType.value = id
             }
             WatermarkTextControls {
                 Layout.fillWidth: true
@@ -40,16 +40,14 @@ ColumnLayout {
             }
             StyleSlider {
                 Layout.fillWidth: true
-                controller: section.controller
-                field: "watermarkScale"
+                field: section.style.watermarkScale
                 label: qsTranslate("Kestrio", "Size")
                 factor: 100
                 unit: " %"
             }
             StyleSlider {
                 Layout.fillWidth: true
-                controller: section.controller
-                field: "watermarkOpacity"
+                field: section.style.watermarkOpacity
                 label: qsTranslate("Kestrio", "Opacity")
                 factor: 100
                 unit: " %"

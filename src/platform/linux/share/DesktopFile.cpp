@@ -7,7 +7,7 @@ namespace kestrio {
 
 namespace {
 
-constexpr qint64 largestFile = 4 * 1024 * 1024;
+constexpr qint64 largestFile = qint64{4} * 1024 * 1024;
 
 QString unescaped(const QString& text) {
     QString plain;

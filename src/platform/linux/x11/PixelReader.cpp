@@ -16,7 +16,7 @@ constexpr std::uint32_t opaque = 0xff000000U;
 // for it, so that neither side sleeps, and all together fit the processor's cache. A picture as one
 // segment took six times as long at 3840 x 2160.
 constexpr int bandCount = 4;
-constexpr qsizetype bandBytes = 768 * 1024;
+constexpr qsizetype bandBytes = qsizetype{768} * 1024;
 
 const xcb_visualtype_t* findVisual(const xcb_screen_t& screen, xcb_visualid_t visual) {
     for (auto depth = xcb_screen_allowed_depths_iterator(&screen); depth.rem;
@@ -58,7 +58,7 @@ void copyRows(QImage& image, int firstRow, int rows, const std::byte* from) {
 /// Asks for a picture's untouched memory in large pages; the kernel takes several times as long to
 /// hand it over in small ones, and that is most of a grab.
 void useLargePages(QImage& image) {
-    constexpr std::uintptr_t pageBytes = 2 * 1024 * 1024;
+    constexpr std::uintptr_t pageBytes = std::uintptr_t{2} * 1024 * 1024;
     const auto start = reinterpret_cast<std::uintptr_t>(image.bits());
     const std::uintptr_t end = start + static_cast<std::uintptr_t>(image.sizeInBytes());
     const std::uintptr_t first = (start + pageBytes - 1) / pageBytes * pageBytes;
@@ -109,7 +109,7 @@ bool PixelReader::readByBands(xcb_drawable_t drawable, QRect part, QImage& image
     const int rowsPerBand = static_cast<int>(std::max<qsizetype>(bandBytes / stride, 1));
     const auto rowsAt = [&](int row) { return std::min(rowsPerBand, part.height() - row); };
     const auto placeOf = [&](int row) {
-        return row / rowsPerBand % bandCount * rowsPerBand * stride;
+        return stride * (row / rowsPerBand % bandCount) * rowsPerBand;
     };
     std::deque<xcb_shm_get_image_cookie_t> asked;
     const auto ask = [&](int row) {

@@ -47,6 +47,7 @@ SelectionClient::SelectionClient(const char* selection, std::function<bool()> is
 
 std::vector<xcb_atom_t> SelectionClient::atoms(const std::vector<const char*>& names) const {
     std::vector<xcb_intern_atom_cookie_t> cookies;
+    cookies.reserve(names.size());
     for (const char* name : names)
         cookies.push_back(
             xcb_intern_atom(handle_, false, static_cast<std::uint16_t>(std::strlen(name)), name));

@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/ClientWindow.h"
 
+#include <QRegion>
 #include <algorithm>
 
 namespace kestrio {
