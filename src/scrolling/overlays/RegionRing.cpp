@@ -1,21 +1,37 @@
 #include "scrolling/overlays/RegionRing.h"
 
 #include <QPainterPath>
-#include <QPolygonF>
 #include <cmath>
 
 namespace kestrio {
 
 namespace {
 
-QRegion rounded(const QRectF& rectangle, double radius) {
-    QPainterPath path;
-    path.addRoundedRect(rectangle, radius, radius);
-    return QRegion(path.toFillPolygon().toPolygon());
-}
-
 QRectF grown(const QRectF& rectangle, double by) {
     return rectangle.adjusted(-by, -by, by, by);
+}
+
+// All points that the line touches: where its edge is cut to whole points, it stays smooth within.
+QRegion touchedBy(const QRectF& line, double corner, double width) {
+    QPainterPath middle;
+    middle.addRoundedRect(line, corner, corner);
+    QPainterPathStroker stroker;
+    stroker.setWidth(width);
+    const QPainterPath stroke = stroker.createStroke(middle);
+    const QRect outer = grown(line, width / 2).toAlignedRect();
+    const int side = static_cast<int>(std::ceil(corner + width / 2));
+    const QRect inner = grown(line, -width / 2).toAlignedRect();
+    QRegion touched = QRegion(outer) - QRegion(inner);
+    for (const QPoint& at : {outer.topLeft(), outer.topRight() - QPoint(side - 1, 0),
+                             outer.bottomLeft() - QPoint(0, side - 1),
+                             outer.bottomRight() - QPoint(side - 1, side - 1)}) {
+        const QRect square(at, QSize(side, side));
+        touched -= square;
+        for (int y = square.top(); y <= square.bottom(); ++y)
+            for (int x = square.left(); x <= square.right(); ++x)
+                if (stroke.intersects(QRectF(x, y, 1, 1))) touched += QRect(x, y, 1, 1);
+    }
+    return touched;
 }
 
 }  // namespace
@@ -23,17 +39,16 @@ QRectF grown(const QRectF& rectangle, double by) {
 RegionRing ringAround(const QRectF& region, const QRectF& display, const RingMeasures& measures) {
     const int gap = measures.clearance;
     const QRect hole = region.toAlignedRect().adjusted(-gap, -gap, gap, gap);
-    const int reach = static_cast<int>(std::ceil(measures.lineWidth)) + measures.outside;
+    const double middle = measures.inset + measures.lineWidth / 2;
+    const int reach =
+        static_cast<int>(std::ceil(middle + measures.lineWidth / 2)) + measures.outside;
     const QRegion whole = QRegion(hole.adjusted(-reach, -reach, reach, reach)) - QRegion(hole);
     const QRegion shown = whole & display.toAlignedRect();
 
-    const double half = measures.lineWidth / 2;
     RegionRing ring;
-    ring.line = grown(QRectF(hole), half);
+    ring.line = grown(QRectF(hole), middle);
     ring.strips.assign(shown.begin(), shown.end());
-    ring.shape = (rounded(grown(ring.line, half), measures.corner + half) -
-                  rounded(QRectF(hole), std::max(measures.corner - half, 0.0))) &
-                 shown;
+    ring.shape = touchedBy(ring.line, measures.corner, measures.lineWidth) & shown;
     return ring;
 }
 

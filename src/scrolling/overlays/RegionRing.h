@@ -12,6 +12,8 @@ struct RingMeasures {
     /// is moved by up to half a pixel, which must not bring it into the region.
     int clearance = 1;
     double lineWidth = 3;
+    /// Between what is left free and the line: room for its rounded corners.
+    int inset = 1;
     int outside = 0;    ///< room beyond the line
     double corner = 5;  ///< radius of the line's middle
 };
@@ -22,7 +24,7 @@ struct RegionRing {
     QRectF line;                ///< the middle of the line
     std::vector<QRect> strips;  ///< what is left of the ring within the display, in rectangles that
                                 ///< do not overlap; none where the region fills the display
-    QRegion shape;              ///< the line itself, in whole points within the strips
+    QRegion shape;              ///< of the strips, all points that the line touches
 };
 
 /// `display` holds the region; the ring is cut off at its edges.

@@ -21,14 +21,14 @@ QRegion covered(const RegionRing& ring) {
 TEST(RegionRing, StandsRoundTheRegionAndNowhereInIt) {
     const RingMeasures measures{.clearance = 1, .lineWidth = 3, .outside = 2};
     const RegionRing ring = ringAround({100, 200, 300, 150}, display, measures);
-    EXPECT_EQ(covered(ring), QRegion(94, 194, 312, 162) - QRegion(99, 199, 302, 152));
-    EXPECT_EQ(ring.line, QRectF(97.5, 197.5, 305, 155));
+    EXPECT_EQ(covered(ring), QRegion(93, 193, 314, 164) - QRegion(99, 199, 302, 152));
+    EXPECT_EQ(ring.line, QRectF(96.5, 196.5, 307, 157));
     // The line's own shape: whole along the sides, without the corners.
-    EXPECT_TRUE(ring.shape.contains(QRect(120, 196, 200, 3)));
-    EXPECT_TRUE(ring.shape.contains(QRect(401, 220, 3, 100)));
-    EXPECT_FALSE(ring.shape.contains(QPoint(96, 196)));
-    EXPECT_FALSE(ring.shape.contains(QPoint(403, 353)));
-    EXPECT_FALSE(ring.shape.intersects(QRect(99, 199, 302, 152)));
+    EXPECT_TRUE(ring.shape.contains(QRect(120, 195, 200, 3)));
+    EXPECT_TRUE(ring.shape.contains(QRect(402, 220, 3, 100)));
+    EXPECT_FALSE(ring.shape.contains(QPoint(95, 195)));
+    EXPECT_FALSE(ring.shape.contains(QPoint(404, 354)));
+    EXPECT_FALSE(ring.shape.intersects(QRect(98, 210, 304, 120)));
     EXPECT_TRUE((ring.shape - covered(ring)).isEmpty());
 }
 
@@ -40,7 +40,7 @@ TEST(RegionRing, LeavesPartsOfPointsOfTheRegionAlone) {
 
 TEST(RegionRing, EndsAtTheEdgesOfItsDisplay) {
     const RegionRing corner = ringAround({0, 0, 400, 300}, display, {});
-    EXPECT_EQ(covered(corner), QRegion(401, 0, 3, 304) + QRegion(0, 301, 401, 3));
+    EXPECT_EQ(covered(corner), QRegion(401, 0, 4, 305) + QRegion(0, 301, 401, 4));
     const RegionRing column = ringAround({300, 0, 200, 800}, display, {});
     EXPECT_EQ(column.strips.size(), 2U);
     EXPECT_TRUE(ringAround(display, display, {}).strips.empty());
@@ -109,7 +109,7 @@ TEST(RegionOverlayView, PaintsDashesThatMoveAndWhitenInAFlash) {
     const auto countOn = [](const QImage& image, QColor color) {
         int count = 0;
         for (int x = 30; x < 170; ++x)
-            count += image.pixelColor(x, 17) == color;
+            count += image.pixelColor(x, 16) == color;
         return count;
     };
     const QImage still = painted();

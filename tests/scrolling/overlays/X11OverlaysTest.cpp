@@ -1,7 +1,9 @@
 #include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
+#include "platform/linux/x11/X11ScreenStream.h"
 #include "scrolling/overlays/ScrollingRegionOverlay.h"
 #include "support/ScriptedAppearance.h"
+#include "support/ScriptedDisplays.h"
 #include "support/Waiting.h"
 #include "ui/Palette.h"
 
@@ -9,6 +11,7 @@
 #include <QPainter>
 #include <QRasterWindow>
 #include <QScreen>
+#include <atomic>
 
 #include <gtest/gtest.h>
 
@@ -98,10 +101,31 @@ TEST_F(X11Overlays, FrameStandsRoundTheRegionAndNeverInIt) {
         waitUntil([&] { return count(grab(display), page) == all.width() * all.height(); }));
 }
 
+TEST_F(X11Overlays, FrameDoesNotCountAsAChangeOfTheRegion) {
+    const double scale = page_->devicePixelRatio();
+    const auto displays = std::make_shared<ScriptedDisplays>();
+    const QRectF display = page_->screen()->geometry();
+    displays->setDisplays({{QStringLiteral("one"), display, display, pixels(display), scale}});
+    const QRectF region(60, 50, 200, 120);
+    overlay_.show(region, display);
+    const QRectF around = region.adjusted(-6, -6, 6, 6);
+    ASSERT_TRUE(waitUntil([&] { return count(grab(around), Palette::light().accent) > 100; }));
+    std::atomic<int> frames = 0;
+    X11ScreenStream stream(displays);
+    stream.setFrameHandler([&](const StreamedFrame&) { ++frames; });
+    runUntilDone(stream.start({region, 60}));
+    for (int round = 0; round < 5; ++round) {
+        overlay_.flash();
+        waitFor(100ms);
+    }
+    EXPECT_EQ(frames, 1);
+    runUntilDone(stream.stop());
+}
+
 TEST_F(X11Overlays, FrameWalksUnlessMotionIsReducedAndFlashesWhite) {
     const QRectF display = page_->screen()->geometry();
     const QRectF region(60, 50, 200, 120);
-    const QRectF top(80, 46, 100, 3);
+    const QRectF top(80, 45, 100, 3);
     overlay_.show(region, display);
     const QColor dash = Palette::light().accent;
     ASSERT_TRUE(waitUntil([&] { return count(grab(top), dash) > 50; }));
