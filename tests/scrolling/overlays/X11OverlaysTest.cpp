@@ -1,6 +1,8 @@
 #include "platform/linux/x11/X11FloatingWindows.h"
+#include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
 #include "platform/linux/x11/X11ScreenStream.h"
+#include "scrolling/overlays/CaptureKeys.h"
 #include "scrolling/overlays/ScrollingRegionOverlay.h"
 #include "support/ScriptedAppearance.h"
 #include "support/ScriptedDisplays.h"
@@ -9,6 +11,7 @@
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <QProcess>
 #include <QRasterWindow>
 #include <QScreen>
 #include <atomic>
@@ -120,6 +123,30 @@ TEST_F(X11Overlays, FrameDoesNotCountAsAChangeOfTheRegion) {
     }
     EXPECT_EQ(frames, 1);
     runUntilDone(stream.stop());
+}
+
+TEST_F(X11Overlays, KeysAreTakenFromTheWindowThatHasTheFocus) {
+    std::string pressed;
+    const auto hotkeys = std::make_shared<X11GlobalHotkeys>();
+    const auto press = [](const char* key) {
+        QProcess::execute(QStringLiteral("xdotool"),
+                          {QStringLiteral("key"), QString::fromLatin1(key)});
+    };
+    {
+        CaptureKeys keys(hotkeys);
+        QObject::connect(&keys, &CaptureKeys::confirmed, [&] { pressed += 'd'; });
+        QObject::connect(&keys, &CaptureKeys::cancelled, [&] { pressed += 'c'; });
+        for (const char* key : {"Return", "Escape", "KP_Enter"}) {
+            const std::size_t before = pressed.size();
+            press(key);
+            EXPECT_TRUE(waitUntil([&] { return pressed.size() > before; })) << key;
+            waitFor(60ms);  // until the release is seen
+        }
+        EXPECT_EQ(pressed, "dcd");
+    }
+    press("Return");
+    waitFor(100ms);
+    EXPECT_EQ(pressed, "dcd") << "the keys are other programs' again";
 }
 
 TEST_F(X11Overlays, FrameWalksUnlessMotionIsReducedAndFlashesWhite) {
