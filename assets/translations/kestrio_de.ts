@@ -2747,5 +2747,60 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Manual scrolling capture region must stay within one display</source>
         <translation>Der Bereich einer Aufnahme mit Scrollen von Hand muss auf einem Bildschirm bleiben</translation>
     </message>
+    <message>
+        <source>Waiting for capture...</source>
+        <translation>Warten auf die Aufnahme …</translation>
+    </message>
+    <message>
+        <source>Bottom reached</source>
+        <translation>Ende erreicht</translation>
+    </message>
+    <message>
+        <source>Throw away what was captured</source>
+        <translation>Das Aufgenommene verwerfen</translation>
+    </message>
+    <message>
+        <source>Esc to cancel</source>
+        <translation>Esc zum Abbrechen</translation>
+    </message>
+    <message>
+        <source>Scroll the target window to capture...</source>
+        <translation>Scrollen Sie das Zielfenster, um es aufzunehmen …</translation>
+    </message>
+    <message>
+        <source>Region selected. Click to start auto-scroll capture.</source>
+        <translation>Bereich ausgewählt. Klicken, um die rollende Aufnahme zu starten.</translation>
+    </message>
+    <message>
+        <source>Auto-scrolling capture in progress...</source>
+        <translation>Die automatische rollende Aufnahme läuft …</translation>
+    </message>
+    <message>
+        <source>Start Scrolling</source>
+        <translation>Scrollen starten</translation>
+    </message>
+    <message>
+        <source>Scroll and capture the window</source>
+        <translation>Das Fenster scrollen und aufnehmen</translation>
+    </message>
+    <message>
+        <source>Make one picture of all frames</source>
+        <translation>Aus allen Bildern eines machen</translation>
+    </message>
+    <message>
+        <source>Enter to start</source>
+        <translation>Enter zum Starten</translation>
+    </message>
+    <message>
+        <source>Enter to stop</source>
+        <translation>Enter zum Anhalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln frames, %1 px</source>
+        <translation>
+            <numerusform>%Ln Bild, %1 px</numerusform>
+            <numerusform>%Ln Bilder, %1 px</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

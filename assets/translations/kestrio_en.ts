@@ -24,5 +24,12 @@
             <numerusform>Save the changes to %n pictures before quitting?</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln frames, %1 px</source>
+        <translation>
+            <numerusform>%Ln frame, %1 px</numerusform>
+            <numerusform>%Ln frames, %1 px</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>
