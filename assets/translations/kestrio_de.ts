@@ -954,14 +954,6 @@ Es ist noch da: Wählen Sie einen anderen Ordner.</translation>
         <translation>Gespeichert als %1</translation>
     </message>
     <message>
-        <source>Captures the screen: a region or a window of the user&apos;s choice, or the display under the pointer. Without an option for what becomes of the picture, the user decides, or the editor opens.</source>
-        <translation>Nimmt den Bildschirm auf: einen Bereich oder ein Fenster nach Wahl oder den Bildschirm unter dem Mauszeiger. Sagt keine Option, was aus dem Bild wird, entscheidet der Benutzer, oder der Editor öffnet sich.</translation>
-    </message>
-    <message>
-        <source>region, window or display</source>
-        <translation>region, window oder display</translation>
-    </message>
-    <message>
         <source>wait so many seconds first</source>
         <translation>zuvor so viele Sekunden warten</translation>
     </message>
@@ -990,20 +982,12 @@ Es ist noch da: Wählen Sie einen anderen Ordner.</translation>
         <translation>Hilfe anzeigen</translation>
     </message>
     <message>
-        <source>say what to capture: region, window or display</source>
-        <translation>geben Sie an, was aufgenommen werden soll: region, window oder display</translation>
-    </message>
-    <message>
         <source>--delay takes whole seconds from 0 to %1</source>
         <translation>--delay erwartet ganze Sekunden von 0 bis %1</translation>
     </message>
     <message>
         <source>choose one of --edit, --copy, --pin and --save</source>
         <translation>wählen Sie eine der Optionen --edit, --copy, --pin und --save</translation>
-    </message>
-    <message>
-        <source>capture a region, a window or a display</source>
-        <translation>einen Bereich, ein Fenster oder einen Bildschirm aufnehmen</translation>
     </message>
     <message>
         <source>open the editor on a picture</source>
@@ -2801,6 +2785,242 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
             <numerusform>%Ln Bild, %1 px</numerusform>
             <numerusform>%Ln Bilder, %1 px</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs follow the screen.</source>
+        <translation>Diese Arbeitsumgebung lässt Programme den Bildschirm nicht verfolgen.</translation>
+    </message>
+    <message>
+        <source>Captures the screen: a region or a window of the user&apos;s choice, the display under the pointer, or a page that is scrolled. Without an option for what becomes of the picture, the user decides, or the editor opens.</source>
+        <translation>Nimmt den Bildschirm auf: einen Bereich oder ein Fenster nach Wahl des Benutzers, den Bildschirm unter dem Zeiger oder eine Seite, die gerollt wird. Ohne eine Option dafür, was aus dem Bild wird, entscheidet der Benutzer, oder der Editor öffnet sich.</translation>
+    </message>
+    <message>
+        <source>region, window, display or scrolling</source>
+        <translation>region, window, display oder scrolling</translation>
+    </message>
+    <message>
+        <source>scrolling: let Kestrio scroll down to the end</source>
+        <translation>scrolling: Kestrio rollt selbst bis zum Ende</translation>
+    </message>
+    <message>
+        <source>scrolling: this part of the desktop, in points; --auto then begins by itself</source>
+        <translation>scrolling: dieser Teil der Arbeitsfläche, in Punkten; --auto beginnt dann von selbst</translation>
+    </message>
+    <message>
+        <source>say what to capture: region, window, display or scrolling</source>
+        <translation>geben Sie an, was aufgenommen werden soll: region, window, display oder scrolling</translation>
+    </message>
+    <message>
+        <source>--region takes left, top, width and height in points, as in 100,80,800,600</source>
+        <translation>--region erwartet links, oben, Breite und Höhe in Punkten, etwa 100,80,800,600</translation>
+    </message>
+    <message>
+        <source>capture a region, a window, a display or a scrolled page</source>
+        <translation>einen Bereich, ein Fenster, einen Bildschirm oder eine gerollte Seite aufnehmen</translation>
+    </message>
+    <message>
+        <source>join frames of a scrolled page into one tall picture</source>
+        <translation>Bilder einer gerollten Seite zu einem langen Bild zusammensetzen</translation>
+    </message>
+    <message>
+        <source>Joins frames of a scrolled page into one tall picture.</source>
+        <translation>Setzt Bilder einer gerollten Seite zu einem langen Bild zusammen.</translation>
+    </message>
+    <message>
+        <source>pictures of one size, from the top of the page down</source>
+        <translation>Bilder einer Größe, vom Anfang der Seite abwärts</translation>
+    </message>
+    <message>
+        <source>the file to write</source>
+        <translation>die Datei, die geschrieben wird</translation>
+    </message>
+    <message>
+        <source>join frames that do not continue the ones before, and say where</source>
+        <translation>auch Bilder ansetzen, die nicht an die vorigen anschließen, und sagen, wo</translation>
+    </message>
+    <message>
+        <source>print what became of each frame as JSON</source>
+        <translation>als JSON ausgeben, was aus jedem Bild wurde</translation>
+    </message>
+    <message>
+        <source>cannot infer the format of %1; known endings are %2</source>
+        <translation>das Format von %1 ist nicht zu erkennen; bekannte Endungen sind %2</translation>
+    </message>
+    <message>
+        <source>say where the result goes: -o OUTPUT</source>
+        <translation>geben Sie an, wohin das Ergebnis soll: -o OUTPUT</translation>
+    </message>
+    <message>
+        <source>it shows the same as the frame before</source>
+        <translation>es zeigt dasselbe wie das Bild davor</translation>
+    </message>
+    <message>
+        <source>it adds no rows</source>
+        <translation>es bringt keine neuen Zeilen</translation>
+    </message>
+    <message>
+        <source>it moved sideways</source>
+        <translation>es hat sich seitwärts bewegt</translation>
+    </message>
+    <message>
+        <source>the picture would become too large</source>
+        <translation>das Bild würde zu groß</translation>
+    </message>
+    <message>
+        <source>it does not continue the frame before</source>
+        <translation>es schließt nicht an das Bild davor an</translation>
+    </message>
+    <message>
+        <source>frame %1 (%2) was joined at row %3 without a match: %4</source>
+        <translation>Bild %1 (%2) wurde bei Zeile %3 ohne Übereinstimmung angesetzt: %4</translation>
+    </message>
+    <message>
+        <source>frame %1 (%2) was not appended: %3</source>
+        <translation>Bild %1 (%2) wurde nicht angesetzt: %3</translation>
+    </message>
+    <message>
+        <source>no frame could be read</source>
+        <translation>kein Bild war lesbar</translation>
+    </message>
+    <message>
+        <source>there is not enough room for the picture in memory or in the temporary folder</source>
+        <translation>im Speicher oder im Ordner für temporäre Dateien ist nicht genug Platz für das Bild</translation>
+    </message>
+    <message>
+        <source>the frames do not make one picture, nothing was written; --keep-going joins them nevertheless</source>
+        <translation>die Bilder ergeben kein Ganzes, nichts wurde geschrieben; --keep-going setzt sie dennoch zusammen</translation>
+    </message>
+    <message>
+        <source>Scrolling Capture Error</source>
+        <translation>Fehler bei der rollenden Aufnahme</translation>
+    </message>
+    <message>
+        <source>only scrolling captures scroll by themselves or take a region</source>
+        <translation>nur rollende Aufnahmen rollen von selbst oder haben einen Bereich</translation>
+    </message>
+    <message>
+        <source>a region is its left, top, width and height in points</source>
+        <translation>ein Bereich besteht aus links, oben, Breite und Höhe in Punkten</translation>
+    </message>
+    <message>
+        <source>Keep What Was Captured</source>
+        <translation>Aufgenommenes behalten</translation>
+    </message>
+    <message>
+        <source>Automatic Scrolling Capture</source>
+        <translation>Automatisch rollende Aufnahme</translation>
+    </message>
+    <message>
+        <source>Failed to capture initial frame</source>
+        <translation>Das erste Bild konnte nicht aufgenommen werden</translation>
+    </message>
+    <message>
+        <source>Screen capture stream stopped: %1</source>
+        <translation>Die Bildschirmaufnahme wurde beendet: %1</translation>
+    </message>
+    <message>
+        <source>Screen capture stream produced no initial frame</source>
+        <translation>Die Bildschirmaufnahme lieferte kein erstes Bild</translation>
+    </message>
+    <message>
+        <source>Frame %1 has no overlap with previous frame; content may be discontinuous</source>
+        <translation>Bild %1 überschneidet sich nicht mit dem vorigen; der Inhalt könnte Lücken haben</translation>
+    </message>
+    <message>
+        <source>Automatic scrolling is not possible: this desktop does not let programs turn the wheel. Please use manual scrolling.</source>
+        <translation>Automatisches Rollen ist nicht möglich: Diese Arbeitsumgebung lässt Programme das Mausrad nicht drehen. Bitte rollen Sie von Hand.</translation>
+    </message>
+    <message>
+        <source>Selected region is too small. Please select a larger area.</source>
+        <translation>Der gewählte Bereich ist zu klein. Bitte wählen Sie einen größeren.</translation>
+    </message>
+    <message>
+        <source>Maximum frame limit reached</source>
+        <translation>Die Höchstzahl an Bildern ist erreicht</translation>
+    </message>
+    <message>
+        <source>Capture timed out</source>
+        <translation>Die Aufnahme dauerte zu lange</translation>
+    </message>
+    <message>
+        <source>Insufficient image features for matching</source>
+        <translation>Zu wenige Bildmerkmale zum Vergleichen</translation>
+    </message>
+    <message>
+        <source>Match confidence too low</source>
+        <translation>Die Bilder passen zu unsicher zusammen</translation>
+    </message>
+    <message>
+        <source>No captured frame is available for stitching.</source>
+        <translation>Es gibt kein aufgenommenes Bild zum Zusammensetzen.</translation>
+    </message>
+    <message>
+        <source>Image stitching failed</source>
+        <translation>Das Zusammensetzen ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Out of memory. Please reduce the number of screenshots.</source>
+        <translation>Nicht genug Speicher. Bitte nehmen Sie weniger Bilder auf.</translation>
+    </message>
+    <message>
+        <source>Scrolling capture cancelled</source>
+        <translation>Rollende Aufnahme abgebrochen</translation>
+    </message>
+    <message>
+        <source>A scrolling capture is already active</source>
+        <translation>Eine rollende Aufnahme läuft bereits</translation>
+    </message>
+    <message>
+        <source>Scroll up and down only.</source>
+        <translation>Nur auf und ab rollen.</translation>
+    </message>
+    <message>
+        <source>Scroll down to go on.</source>
+        <translation>Rollen Sie abwärts weiter.</translation>
+    </message>
+    <message>
+        <source>The rows repeat. Scroll on slowly.</source>
+        <translation>Die Zeilen wiederholen sich. Rollen Sie langsam weiter.</translation>
+    </message>
+    <message>
+        <source>Too fast. Scroll back a little.</source>
+        <translation>Zu schnell. Rollen Sie ein wenig zurück.</translation>
+    </message>
+    <message>
+        <source>it was scrolled back</source>
+        <translation>es wurde zurückgerollt</translation>
+    </message>
+    <message>
+        <source>it shows rows above the first frame</source>
+        <translation>es zeigt Zeilen über dem ersten Bild</translation>
+    </message>
+    <message>
+        <source>its rows repeat, so that several motions explain it</source>
+        <translation>seine Zeilen wiederholen sich, sodass mehrere Bewegungen möglich sind</translation>
+    </message>
+    <message>
+        <source>the rows that it shares with the frame before are blank</source>
+        <translation>die Zeilen, die es mit dem Bild davor gemeinsam hat, sind leer</translation>
+    </message>
+    <message>
+        <source>its parts moved differently</source>
+        <translation>seine Teile haben sich verschieden bewegt</translation>
+    </message>
+    <message>
+        <source>it was scrolled too far, so that rows are missing</source>
+        <translation>es wurde zu weit gerollt, sodass Zeilen fehlen</translation>
+    </message>
+    <message>
+        <source>its size differs</source>
+        <translation>seine Größe weicht ab</translation>
+    </message>
+    <message>
+        <source>Scrolling capture</source>
+        <translation>Rollende Aufnahme</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Art</translation>
     </message>
 </context>
 </TS>

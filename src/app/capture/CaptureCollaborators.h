@@ -10,6 +10,7 @@
 #include "library/pins/PinnedScreenshotCoordinator.h"
 #include "platform/Alerts.h"
 #include "platform/FileDialogs.h"
+#include "scrolling/capture/ScrollingCaptureServiceProtocol.h"
 #include "settings/AppSettingsService.h"
 
 namespace kestrio {
@@ -17,6 +18,7 @@ namespace kestrio {
 /// What the captures of the program work with.
 struct CaptureCollaborators {
     std::shared_ptr<ScreenCaptureServiceProtocol> screenCapture;
+    std::shared_ptr<ScrollingCaptureServiceProtocol> scrollingCapture;
     std::shared_ptr<SessionArbiter> sessions;
     std::shared_ptr<EditorOpener> editors;
     std::vector<EditorStep> editorSteps;

@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QScopeGuard>
-#include <stdexcept>
 
 namespace kestrio {
 
@@ -29,6 +28,7 @@ bool needsUser(CaptureKind kind) {
     switch (kind) {
         case CaptureKind::region:
         case CaptureKind::window:
+        case CaptureKind::scrolling:
             return true;
         case CaptureKind::display:
             return false;
@@ -36,11 +36,11 @@ bool needsUser(CaptureKind kind) {
     return true;
 }
 
-// For kinds that leave the user no choice but the picture.
-Task<RegionCaptureOutcome> outcomeOf(Task<CapturedImage> taking) {
-    RegionCaptureOutcome outcome;
-    outcome.capturedImage = co_await taking;
-    co_return outcome;
+// Whether an editor will show the picture, as far as that is known before there is one.
+ScrolledOpening openingFor(const CaptureRequest& request) {
+    const bool wantsEditor = request.action.value_or(CaptureAction::edit) == CaptureAction::edit;
+    return wantsEditor && request.output.isEmpty() ? ScrolledOpening::editor
+                                                   : ScrolledOpening::nothing;
 }
 
 }  // namespace
@@ -53,23 +53,29 @@ CaptureCoordinator::~CaptureCoordinator() {
 }
 
 void CaptureCoordinator::startRegionCapture() {
-    begin(CaptureKind::region);
+    begin({CaptureKind::region});
 }
 
 void CaptureCoordinator::startWindowCapture() {
-    begin(CaptureKind::window);
+    begin({CaptureKind::window});
 }
 
-void CaptureCoordinator::begin(CaptureKind kind) {
+void CaptureCoordinator::startScrollingCapture(std::optional<ScrollingCaptureMode> mode) {
+    CaptureRequest request{CaptureKind::scrolling};
+    request.scrolling.mode = mode;
+    begin(std::move(request));
+}
+
+void CaptureCoordinator::begin(CaptureRequest request) {
     if (isCapturing()) return;
-    launch(runAndReport(kind), this);
+    launch(runAndReport(std::move(request)), this);
 }
 
-Task<> CaptureCoordinator::runAndReport(CaptureKind kind) {
+Task<> CaptureCoordinator::runAndReport(CaptureRequest request) {
     const QPointer<CaptureCoordinator> self(this);
     std::optional<FlowFailure> failure;
     try {
-        auto running = capture({kind}, stop_.get_token());
+        auto running = capture(std::move(request), stop_.get_token());
         co_await running;
     } catch (const std::exception& error) {
         failure = failureOf(error);
@@ -86,7 +92,7 @@ Task<> CaptureCoordinator::countDownAndBegin(int seconds, CaptureKind kind) {
     const QPointer<CaptureCoordinator> self(this);
     auto counting = countDown(seconds, stop_.get_token());
     const bool isDone = co_await counting;
-    if (self && isDone) begin(kind);
+    if (self && isDone) begin({kind});
 }
 
 Task<bool> CaptureCoordinator::countDown(int seconds, std::stop_token stop) {
@@ -133,41 +139,56 @@ Task<CaptureReport> CaptureCoordinator::capture(CaptureRequest request, std::sto
     if (!self) throw goneError();
     set_lastFailure(std::nullopt);
     turn->setUserChoosing(needsUser(request.kind));
-    auto acquiring = acquire(request.kind, either.get_token());
-    RegionCaptureOutcome outcome = co_await acquiring;
+    auto acquiring = acquire(request, either.get_token());
+    Acquired acquired = co_await acquiring;
     if (!self) throw goneError();
     turn->setUserChoosing(false);
-    CaptureAction& action = outcome.choice.action;
+    CaptureAction& action = acquired.outcome.choice.action;
     if (request.action && action == CaptureAction::edit) action = *request.action;
     // A disk that hangs must not hold up the next capture.
     QTimer::singleShot(storageGrace, this, [turn] { turn->end(); });
-    auto carrying = carryOut(std::move(outcome), request.output, turn, either.get_token());
+    auto carrying = carryOut(std::move(acquired), request.output, turn, either.get_token());
     co_return co_await carrying;
 }
 
-Task<RegionCaptureOutcome> CaptureCoordinator::acquire(CaptureKind kind, std::stop_token stop) {
+Task<CaptureCoordinator::Acquired> CaptureCoordinator::acquire(CaptureRequest request,
+                                                               std::stop_token stop) {
     // Held by this flow, which may outlive the coordinator.
-    const auto service = collaborators_.screenCapture;
-    switch (kind) {
+    const auto with = collaborators_;
+    Acquired acquired;
+    switch (request.kind) {
         case CaptureKind::region: {
-            auto selecting = service->startRegionCapture(std::move(stop));
-            co_return co_await selecting;
+            auto selecting = with.screenCapture->startRegionCapture(std::move(stop));
+            acquired.outcome = co_await selecting;
+            break;
         }
         case CaptureKind::window: {
-            auto taking = outcomeOf(service->startWindowCapture(std::move(stop)));
-            co_return co_await taking;
+            auto taking = with.screenCapture->startWindowCapture(std::move(stop));
+            acquired.outcome.capturedImage = co_await taking;
+            break;
         }
         case CaptureKind::display: {
-            auto taking = outcomeOf(service->captureDisplay(std::move(stop)));
-            co_return co_await taking;
+            auto taking = with.screenCapture->captureDisplay(std::move(stop));
+            acquired.outcome.capturedImage = co_await taking;
+            break;
+        }
+        case CaptureKind::scrolling: {
+            auto scrolling =
+                captureScrolling(with.scrollingCapture, with.editors, request.scrolling,
+                                 openingFor(request), std::move(stop));
+            ScrolledCapture captured = co_await scrolling;
+            acquired.outcome.capturedImage = std::move(captured.image);
+            acquired.document = std::move(captured.document);
+            break;
         }
     }
-    throw std::logic_error("an unknown kind of capture");
+    co_return acquired;
 }
 
-Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, QString output,
-                                                 Turn turn, std::stop_token stop) {
+Task<CaptureReport> CaptureCoordinator::carryOut(Acquired acquired, QString output, Turn turn,
+                                                 std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
+    const RegionCaptureOutcome& outcome = acquired.outcome;
     const Image image = outcome.capturedImage.image;
     CaptureReport report;
     report.action = outcome.choice.action;
@@ -186,7 +207,7 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
             break;
         }
         case CaptureAction::save: {
-            auto saving = quickSave(std::move(outcome), turn, std::move(stop));
+            auto saving = quickSave(acquired, turn, std::move(stop));
             const QString path = co_await saving;
             if (path.isEmpty()) report.action = CaptureAction::edit;
             if (report.savedPath.isEmpty()) report.savedPath = path;
@@ -197,7 +218,7 @@ Task<CaptureReport> CaptureCoordinator::carryOut(RegionCaptureOutcome outcome, Q
             break;
         case CaptureAction::edit:
         case CaptureAction::ocr:
-            openEditor(outcome);
+            openEditor(acquired);
             break;
     }
     co_return report;
@@ -210,22 +231,31 @@ Task<> CaptureCoordinator::copy(Image image) {
     toasts->show(Kestrio::tr("Copied to clipboard"), toastTime);
 }
 
-Task<QString> CaptureCoordinator::quickSave(RegionCaptureOutcome outcome, Turn turn,
-                                            std::stop_token stop) {
+Task<QString> CaptureCoordinator::quickSave(Acquired acquired, Turn turn, std::stop_token stop) {
     const QPointer<CaptureCoordinator> self(this);
     const auto letOthersStart = [turn] { turn->end(); };
-    auto saving = saver_.save(outcome.capturedImage.image, letOthersStart, std::move(stop));
+    auto saving =
+        saver_.save(acquired.outcome.capturedImage.image, letOthersStart, std::move(stop));
     const CaptureSaving saved = co_await saving;
     if (!self) throw goneError();
-    if (saved.opensEditor) openEditor(outcome);
+    if (saved.opensEditor) openEditor(acquired);
     co_return saved.path;
 }
 
-void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const QString& name) {
+void CaptureCoordinator::openEditor(const Acquired& acquired, const QString& name) {
+    const RegionCaptureOutcome& outcome = acquired.outcome;
+    const auto& editors = collaborators_.editors;
+    QPointer<EditorViewModel> editor;
+    if (acquired.document) {
+        acquired.document->loadCapture(outcome.capturedImage);
+        editors->adopt(acquired.document, name);
+        editor = acquired.document.get();
+    } else {
+        editors->open(outcome.capturedImage, name);
+        editor = editors->currentEditorViewModel();
+    }
     // Afterwards: an editor that is closed for it takes the picture before with it.
-    collaborators_.editors->open(outcome.capturedImage, name);
     set_lastCapturedImage(outcome.capturedImage);
-    const QPointer<EditorViewModel> editor(collaborators_.editors->currentEditorViewModel());
     // Once the window is up.
     QMetaObject::invokeMethod(
         this,
@@ -238,10 +268,10 @@ void CaptureCoordinator::openEditor(const RegionCaptureOutcome& outcome, const Q
 
 void CaptureCoordinator::openImage(Image image, QString name) {
     const QSizeF size = image.pointSize();
-    RegionCaptureOutcome outcome;
-    outcome.capturedImage = {std::move(image), QRectF(QPointF(), size),
-                             QDateTime::currentDateTime()};
-    openEditor(outcome, name);
+    Acquired acquired;
+    acquired.outcome.capturedImage = {std::move(image), QRectF(QPointF(), size),
+                                      QDateTime::currentDateTime()};
+    openEditor(acquired, name);
 }
 
 FlowFailure CaptureCoordinator::failureOf(const std::exception& error) {
@@ -251,6 +281,7 @@ FlowFailure CaptureCoordinator::failureOf(const std::exception& error) {
 void CaptureCoordinator::report(const FlowFailure& failure) {
     if (failure.isCancelled()) return;
     set_lastFailure(failure);
+    if (failure.isReported()) return;
     launch(collaborators_.failures->show(failure, stop_.get_token()), this);
 }
 

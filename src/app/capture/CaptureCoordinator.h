@@ -2,6 +2,7 @@
 
 #include "app/capture/CaptureRequest.h"
 #include "app/capture/CaptureSaver.h"
+#include "app/capture/ScrollingFlow.h"
 #include "core/Published.h"
 
 namespace kestrio {
@@ -32,6 +33,8 @@ class CaptureCoordinator : public QObject {
 
     void startRegionCapture();
     void startWindowCapture();
+    /// The mode is that of the settings where absent.
+    void startScrollingCapture(std::optional<ScrollingCaptureMode> mode = std::nullopt);
     /// Nothing happens while another one counts down. Captures that start meanwhile win.
     void startDelayedCapture(int seconds, CaptureKind kind);
     /// Calls off a capture that counts down; nothing happens where none does.
@@ -55,21 +58,26 @@ class CaptureCoordinator : public QObject {
     void report(const FlowFailure& failure);
 
   private:
-    void begin(CaptureKind kind);
-    Task<> runAndReport(CaptureKind kind);
+    void begin(CaptureRequest request);
+    Task<> runAndReport(CaptureRequest request);
     Task<> countDownAndBegin(int seconds, CaptureKind kind);
     /// False where the count was called off.
     Task<bool> countDown(int seconds, std::stop_token stop);
-    Task<RegionCaptureOutcome> acquire(CaptureKind kind, std::stop_token stop);
+    /// What a capture yields, and the document that shows it already.
+    struct Acquired {
+        RegionCaptureOutcome outcome;
+        std::shared_ptr<EditorViewModel> document = nullptr;
+    };
+    Task<Acquired> acquire(CaptureRequest request, std::stop_token stop);
     using Turn = std::shared_ptr<ScreenTurn>;
 
-    Task<CaptureReport> carryOut(RegionCaptureOutcome outcome, QString output, Turn turn,
+    Task<CaptureReport> carryOut(Acquired acquired, QString output, Turn turn,
                                  std::stop_token stop);
     /// Throws ExportError::clipboardFailed.
     Task<> copy(Image image);
     /// The path; empty where the editor has got the picture.
-    Task<QString> quickSave(RegionCaptureOutcome outcome, Turn turn, std::stop_token stop);
-    void openEditor(const RegionCaptureOutcome& outcome, const QString& name = {});
+    Task<QString> quickSave(Acquired acquired, Turn turn, std::stop_token stop);
+    void openEditor(const Acquired& acquired, const QString& name = {});
 
     CaptureCollaborators collaborators_;
     CaptureSaver saver_;

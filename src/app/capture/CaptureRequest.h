@@ -2,12 +2,14 @@
 
 #include "capture/CaptureAction.h"
 
+#include "scrolling/capture/ScrollingCaptureServiceProtocol.h"
+
 #include <QString>
 #include <optional>
 
 namespace kestrio {
 
-enum class CaptureKind { region, window, display };
+enum class CaptureKind { region, window, display, scrolling };
 
 /// A capture as somebody asks for it.
 struct CaptureRequest {
@@ -20,6 +22,8 @@ struct CaptureRequest {
     /// The file that the picture is written to as it was captured; empty for none. It wins over
     /// opening the editor.
     QString output = {};
+    /// How a scrolling capture goes.
+    ScrollingCaptureRequest scrolling = {};
 };
 
 /// What became of it.

@@ -14,12 +14,20 @@ namespace {
 
 void addCaptureOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(Kestrio::tr(
-        "Captures the screen: a region or a window of the user's choice, or the display under the "
-        "pointer. Without an option for what becomes of the picture, the user decides, or the "
+        "Captures the screen: a region or a window of the user's choice, the display under the "
+        "pointer, or a page that is scrolled. Without an option for what becomes of the picture, "
+        "the user decides, or the "
         "editor opens."));
-    parser.addPositionalArgument(QStringLiteral("WHAT"), Kestrio::tr("region, window or display"));
+    parser.addPositionalArgument(QStringLiteral("WHAT"),
+                                 Kestrio::tr("region, window, display or scrolling"));
     parser.addOption(
         {QStringLiteral("delay"), Kestrio::tr("wait so many seconds first"), QStringLiteral("S")});
+    parser.addOption(
+        {QStringLiteral("auto"), Kestrio::tr("scrolling: let Kestrio scroll down to the end")});
+    parser.addOption({QStringLiteral("region"),
+                      Kestrio::tr("scrolling: this part of the desktop, in points; --auto then "
+                                  "begins by itself"),
+                      QStringLiteral("X,Y,W,H")});
     parser.addOption({QStringLiteral("edit"), Kestrio::tr("open the picture in the editor")});
     parser.addOption({QStringLiteral("copy"), Kestrio::tr("put it on the clipboard")});
     parser.addOption({QStringLiteral("pin"), Kestrio::tr("pin it to the desktop")});
@@ -37,7 +45,7 @@ CaptureKind kindFrom(const QStringList& positional) {
         const auto kind = fromRawString<CaptureKind>(positional.front().toStdString());
         if (kind) return *kind;
     }
-    throw UsageError(Kestrio::tr("say what to capture: region, window or display"));
+    throw UsageError(Kestrio::tr("say what to capture: region, window, display or scrolling"));
 }
 
 int delayFrom(const QCommandLineParser& parser) {
@@ -60,6 +68,16 @@ std::optional<CaptureAction> actionFrom(const QCommandLineParser& parser) {
     return action;
 }
 
+std::vector<double> regionOption(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("region"))) return {};
+    const std::vector<double> region = regionFrom(parser.value(QStringLiteral("region")));
+    if (region.empty()) {
+        throw UsageError(Kestrio::tr(
+            "--region takes left, top, width and height in points, as in 100,80,800,600"));
+    }
+    return region;
+}
+
 QString outputFrom(const QCommandLineParser& parser) {
     if (!parser.isSet(QStringLiteral("output"))) return {};
     const QString path = absolutePath(parser.value(QStringLiteral("output")));
@@ -76,7 +94,7 @@ std::optional<CaptureVerb> captureRequestFrom(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        printHelp(parser, "capture [options] region|window|display");
+        printHelp(parser, "capture [options] region|window|display|scrolling");
         return std::nullopt;
     }
     CaptureVerb verb;
@@ -84,6 +102,9 @@ std::optional<CaptureVerb> captureRequestFrom(const QStringList& arguments) {
     verb.delay = delayFrom(parser);
     verb.action = actionFrom(parser);
     verb.output = outputFrom(parser);
+    verb.isAutomatic = parser.isSet(QStringLiteral("auto"));
+    verb.region = regionOption(parser);
+    if (const QString fault = faultOf(verb); !fault.isEmpty()) throw UsageError(fault);
     verb.isUnattended = ::isatty(STDERR_FILENO) == 0;
     return verb;
 }

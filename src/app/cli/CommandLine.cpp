@@ -21,8 +21,8 @@ namespace {
 
 constexpr CliVerb verbs[] = {
     {"", nullptr, runResident, DisplayNeed::windows, activateInstance},
-    {"capture", Kestrio::marked("capture a region, a window or a display"), runCapture,
-     DisplayNeed::windows, handOverCapture},
+    {"capture", Kestrio::marked("capture a region, a window, a display or a scrolled page"),
+     runCapture, DisplayNeed::windows, handOverCapture},
     {"edit", Kestrio::marked("open the editor on a picture"), runEdit, DisplayNeed::windows,
      handOverEdit},
     {"render", Kestrio::marked("set pictures on a backdrop and write them as files"), runRender},

@@ -16,11 +16,14 @@ class FlowFailure {
         alert,             ///< the user reads title and text
     };
 
-    /// `title` heads the alert; flows that show none leave it out.
+    /// `title` heads the alert where the error's area has no title of its own; flows that show none
+    /// leave it out.
     static FlowFailure from(const std::exception& error, const QString& title = {});
 
     Case which() const { return which_; }
     bool isCancelled() const { return which_ == Case::cancelled; }
+    /// The user has been told already.
+    bool isReported() const { return isReported_; }
     const QString& title() const { return title_; }
     /// What the alert says below its title.
     const QString& text() const { return text_; }
@@ -37,6 +40,7 @@ class FlowFailure {
     QString title_;
     QString text_;
     QString reason_;
+    bool isReported_ = false;
 };
 
 }  // namespace kestrio

@@ -49,6 +49,12 @@ QString readOptions(const QVariantMap& options, CaptureVerb& verb) {
         } else if (key == u"action") {
             verb.action = fromRawString<CaptureAction>(value.toStdString());
             if (verb.action) continue;
+        } else if (key == u"auto") {
+            verb.isAutomatic = option->toBool();
+            if (option->typeId() == QMetaType::Bool) continue;
+        } else if (key == u"region") {
+            verb.region = regionFrom(value);
+            if (!verb.region.empty()) continue;
         } else if (key == u"output") {
             verb.output = value;
             // An empty one would mean none.

@@ -96,17 +96,21 @@ void AppDelegate::showStatusItem() {
         [settings = parts_.settings, actions = menuActions(), captures = parts_.captures] {
             return captureMenu(settings->load(), actions, captures->countdownRemaining());
         });
-    followCountdown();
+    followCaptures();
     connect(parts_.captures.get(), &CaptureCoordinator::countdownRemainingChanged, this,
-            &AppDelegate::followCountdown);
+            &AppDelegate::followCaptures);
+    connect(parts_.scrollingNotice.get(), &ScrollingNotice::textChanged, this,
+            &AppDelegate::followCaptures);
     parts_.platform.statusItem->show(statusItem_);
 }
 
-void AppDelegate::followCountdown() {
+void AppDelegate::followCaptures() {
     const int seconds = parts_.captures->countdownRemaining();
     statusItem_->set_icon(seconds > 0 ? countdownIcon(seconds) : idleStatusBarIcon());
+    const QString notice = parts_.scrollingNotice->text();
+    const QString idle = notice.isEmpty() ? QStringLiteral("Kestrio") : notice;
     statusItem_->set_toolTip(seconds > 0 ? Kestrio::tr("Kestrio captures in %1s").arg(seconds)
-                                         : QStringLiteral("Kestrio"));
+                                         : idle);
     Q_EMIT statusItem_->menuChanged();
 }
 
@@ -115,6 +119,10 @@ StatusMenuActions AppDelegate::menuActions() {
     StatusMenuActions actions;
     actions.captureRegion = [captures] { captures->startRegionCapture(); };
     actions.captureWindow = [captures] { captures->startWindowCapture(); };
+    actions.captureScrolling = [captures] { captures->startScrollingCapture(); };
+    actions.captureScrollingByItself = [captures] {
+        captures->startScrollingCapture(ScrollingCaptureMode::automatic);
+    };
     actions.captureLater = [captures](int seconds, CaptureKind kind) {
         captures->startDelayedCapture(seconds, kind);
     };
@@ -130,6 +138,8 @@ void AppDelegate::bindHotkeys() {
     const auto& captures = parts_.captures;
     hotkeys_->setHandler(HotkeyAction::region, [captures] { captures->startRegionCapture(); });
     hotkeys_->setHandler(HotkeyAction::window, [captures] { captures->startWindowCapture(); });
+    hotkeys_->setHandler(HotkeyAction::scrolling,
+                         [captures] { captures->startScrollingCapture(); });
 }
 
 void AppDelegate::bindShortcuts() {

@@ -34,7 +34,7 @@ class AppDelegate : public QObject {
     void bindHotkeys();
     void bindShortcuts();
     void showStatusItem();
-    void followCountdown();
+    void followCaptures();
     void watchForTray();
     Task<> explainHowToReach();
     void giveBackMemoryWhenIdle();

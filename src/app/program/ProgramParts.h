@@ -2,6 +2,7 @@
 
 #include "app/capture/CaptureCoordinator.h"
 #include "app/program/CountdownPresenter.h"
+#include "app/program/ScrollingNotice.h"
 #include "app/shell/EditorWindowCoordinator.h"
 #include "platform/PlatformServices.h"
 
@@ -23,6 +24,8 @@ struct ProgramParts {
     std::shared_ptr<DraftService> drafts;
     std::shared_ptr<EditorWindowCoordinator> editors;
     std::shared_ptr<CaptureCoordinator> captures;
+    /// What a long capture says where it has no room on the screen; empty outside of one.
+    std::shared_ptr<ScrollingNotice> scrollingNotice;
     std::shared_ptr<CountdownPresenter> countdown;
 
     static ProgramParts make(const PlatformServices& platform);

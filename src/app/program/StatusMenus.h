@@ -10,6 +10,8 @@ namespace kestrio {
 struct StatusMenuActions {
     std::function<void()> captureRegion;
     std::function<void()> captureWindow;
+    std::function<void()> captureScrolling;  ///< in the mode of the settings
+    std::function<void()> captureScrollingByItself;
     std::function<void(int seconds, CaptureKind kind)> captureLater;
     std::function<void()> cancelCountdown;
     std::function<void()> pasteFromClipboard;

@@ -83,7 +83,8 @@ QVariantMap SettingsController::values() const {
 
 QVariantMap SettingsController::choices() const {
     return {{QStringLiteral("appLanguage"), languages(model_.settings().appLanguage)},
-            {QStringLiteral("defaultExportFormat"), rows(exportFormats)}};
+            {QStringLiteral("defaultExportFormat"), rows(exportFormats)},
+            {QStringLiteral("scrollingCaptureMode"), rows(scrollingCaptureModes)}};
 }
 
 QVariantList SettingsController::tabs() const {

@@ -22,6 +22,24 @@ constexpr Field toggle(const char* name) {
             }};
 }
 
+template <auto member>
+QVariant readRaw(const AppSettings& settings) {
+    return rawString(settings.*member);
+}
+
+template <auto member>
+void writeRaw(AppSettings& settings, const QVariant& value) {
+    using Choice = std::remove_reference_t<decltype(settings.*member)>;
+    const auto chosen = fromRawString<Choice>(value.toString().toStdString());
+    if (chosen) settings.*member = *chosen;
+}
+
+// One of a few values, known by its raw string.
+template <auto member>
+constexpr Field choice(const char* name) {
+    return {name, readRaw<member>, writeRaw<member>};
+}
+
 constexpr Field fields[] = {
     toggle<&AppSettings::autoCopyToClipboard>("autoCopyToClipboard"),
     toggle<&AppSettings::snapToWindowInRegionCapture>("snapToWindowInRegionCapture"),
@@ -35,12 +53,8 @@ constexpr Field fields[] = {
      [](AppSettings& settings, const QVariant& value) {
          settings.fileNamingPattern = value.toString();
      }},
-    {"defaultExportFormat",
-     [](const AppSettings& settings) { return QVariant(rawString(settings.defaultExportFormat)); },
-     [](AppSettings& settings, const QVariant& value) {
-         const auto format = fromRawString<ExportFormat>(value.toString().toStdString());
-         if (format) settings.defaultExportFormat = *format;
-     }},
+    choice<&AppSettings::defaultExportFormat>("defaultExportFormat"),
+    choice<&AppSettings::scrollingCaptureMode>("scrollingCaptureMode"),
 };
 
 }  // namespace

@@ -27,6 +27,14 @@ SettingsPage {
         }
     }
     SettingsCard {
+        title: qsTranslate("Kestrio", "Scrolling capture")
+        SettingsChoice {
+            controller: tab.controller
+            field: "scrollingCaptureMode"
+            label: qsTranslate("Kestrio", "Mode")
+        }
+    }
+    SettingsCard {
         title: qsTranslate("Kestrio", "After the capture")
         SettingsSwitch {
             controller: tab.controller
