@@ -173,18 +173,30 @@ ScrollingStitchOutcome ScrollingStitchEngine::refuse(const JudgedMotion& motion)
 
 ScrollingStitchEngine::Join ScrollingStitchEngine::prepare(const StitchFramePtr& frame,
                                                            const JudgedMotion& motion) const {
+    // Rows above a button that floats over the content are as good as any, as long as the frames
+    // have enough of them in common.
+    const int bar = motion.bands.bottom;
+    Join join = prepareAbove(frame, motion, std::max(bar, motion.exactBands.widgets));
+    if (join.isGap) join = prepareAbove(frame, motion, bar);
+    join.seam = seamOf(join);
+    const int growth = std::max(join.inset - fixedBottomInset_, 0);
+    join.trim =
+        growth + std::clamp(join.overlap - join.seam, 0, std::max(content_.height() - growth, 0));
+    return join;
+}
+
+// Without its seam. `bottom` is what must be kept apart of the frame.
+ScrollingStitchEngine::Join ScrollingStitchEngine::prepareAbove(const StitchFramePtr& frame,
+                                                                const JudgedMotion& motion,
+                                                                int bottom) const {
     const int height = frame->image().height();
     Join join{frame, motion};
     // A band that was taken for too tall shrinks to what stays, and one that is new grows it.
-    join.inset = std::max(std::min(fixedBottomInset_, motion.bottomLimit), motion.bands.bottom);
+    join.inset = std::max(std::min(fixedBottomInset_, motion.exactBands.bottomLimit), bottom);
     join.usable = std::max(height - join.inset, 1);
-    const int growth = std::max(join.inset - fixedBottomInset_, 0);
-    const int known = height - motion.deltaY - fixedBottomInset_ - growth;
+    const int known = height - motion.deltaY - std::max(join.inset, fixedBottomInset_);
     join.isGap = known < motion.bands.top;
     join.overlap = std::clamp(known, 0, join.usable);
-    join.seam = seamOf(join);
-    join.trim =
-        growth + std::clamp(join.overlap - join.seam, 0, std::max(content_.height() - growth, 0));
     return join;
 }
 

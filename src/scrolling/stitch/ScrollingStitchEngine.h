@@ -76,6 +76,7 @@ class ScrollingStitchEngine {
     ScrollingStitchOutcome keepStill(const StitchFramePtr& frame, const JudgedMotion& motion);
     ScrollingStitchOutcome append(const StitchFramePtr& frame, const JudgedMotion& motion);
     Join prepare(const StitchFramePtr& frame, const JudgedMotion& motion) const;
+    Join prepareAbove(const StitchFramePtr& frame, const JudgedMotion& motion, int bottom) const;
     int seamOf(const Join& join) const;
     ScrollingStitchOutcome commit(const Join& join);
     ScrollingStitchOutcome refuseSize();
