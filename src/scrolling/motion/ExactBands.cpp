@@ -9,6 +9,7 @@ namespace {
 // Fewer cells that stay are a caret or a coincidence.
 constexpr int fewestCells = 6;
 constexpr int fewestForeignRows = 2;
+constexpr int fewestWidgetRows = 3;
 // Of five strips, one may differ within a band: a clock or a caret changes it.
 constexpr int toleratedDivisor = 5;
 // The parts of the height in which bars are sought, and that what stays may take.
@@ -43,7 +44,7 @@ class BandSearch {
         found.bands.bottom = bottomBar(bottomStays ? common.bottom : 0);
         found.bottomLimit = common.bottom;
         for (int strip = 0; strip < frames_.current.strips(); ++strip)
-            if (!isSidebar(strip)) found.widgets = std::max(found.widgets, widgetHeight(strip));
+            found.widgets = std::max(found.widgets, widgetHeight(strip));
         return found;
     }
 
@@ -118,29 +119,32 @@ class BandSearch {
         return rows >= fewestForeignRows ? tallest : 0;
     }
 
-    // A button floats over a margin as well as over what moves, but a strip that stays further up
-    // too is a sidebar.
-    bool isSidebar(int strip) const {
-        const std::uint32_t* unchanged = frames_.unchangedCells(strip);
-        const bool staysInMiddle =
-            std::any_of(unchanged + height_ / barDivisor, unchanged + height_ / tallestDivisor,
-                        [](std::uint32_t cell) { return cell != 0; });
-        return staysInMiddle && std::ranges::find(strips_, strip) == strips_.end();
-    }
-
-    // Cells that stay although the motion would have taken them elsewhere.
-    int widgetHeight(int strip) const {
+    // The rows of a strip, from `from` on, that stay although the motion would have taken them
+    // elsewhere: how many of them say so, and the highest.
+    struct StayingRows {
+        int count = 0;
+        int highest = 0;
+    };
+    StayingRows stayingRows(int strip, int from, int to) const {
         const std::uint32_t* unchanged = frames_.unchangedCells(strip);
         const std::uint32_t* before = frames_.previous.hashes(strip);
         const std::uint32_t* now = frames_.current.hashes(strip);
-        int cells = 0, highest = height_;
-        for (int y = height_ - 1; y >= height_ - height_ / tallestDivisor; --y) {
+        StayingRows rows{0, to};
+        for (int y = to - 1; y >= from; --y) {
             if (!unchanged[y]) continue;
             if (y >= deltaY_ && now[y - deltaY_] == before[y]) continue;
-            ++cells;
-            highest = y;
+            ++rows.count;
+            rows.highest = y;
         }
-        return cells >= fewestCells ? height_ - highest : 0;
+        return rows;
+    }
+
+    // A strip that stays further up too is a sidebar.
+    int widgetHeight(int strip) const {
+        const int half = height_ - height_ / tallestDivisor;
+        if (stayingRows(strip, height_ / barDivisor, half).count >= fewestWidgetRows) return 0;
+        const StayingRows rows = stayingRows(strip, half, height_);
+        return rows.count >= fewestWidgetRows ? height_ - rows.highest : 0;
     }
 
     const ComparedFrames& frames_;

@@ -178,6 +178,7 @@ ScrollingStitchEngine::Join ScrollingStitchEngine::prepare(const StitchFramePtr&
     const int bar = motion.bands.bottom;
     Join join = prepareAbove(frame, motion, std::max(bar, motion.exactBands.widgets));
     if (join.isGap) join = prepareAbove(frame, motion, bar);
+    if (join.isGap) join = prepareRestored(frame, motion, bar);
     join.seam = seamOf(join);
     const int growth = std::max(join.inset - fixedBottomInset_, 0);
     join.trim =
@@ -195,6 +196,20 @@ ScrollingStitchEngine::Join ScrollingStitchEngine::prepareAbove(const StitchFram
     join.inset = std::max(std::min(fixedBottomInset_, motion.exactBands.bottomLimit), bottom);
     join.usable = std::max(height - join.inset, 1);
     const int known = height - motion.deltaY - std::max(join.inset, fixedBottomInset_);
+    join.isGap = known < motion.bands.top;
+    join.overlap = std::clamp(known, 0, join.usable);
+    return join;
+}
+
+// With rows of the last frame that were kept apart although they are no bar's.
+ScrollingStitchEngine::Join ScrollingStitchEngine::prepareRestored(const StitchFramePtr& frame,
+                                                                   const JudgedMotion& motion,
+                                                                   int bar) const {
+    const int height = frame->image().height();
+    const int kept = std::min(fixedBottomInset_, std::max(motion.exactBands.bottomLimit, bar));
+    Join join = prepareAbove(frame, motion, bar);
+    join.restored = fixedBottomInset_ - kept;
+    const int known = height - motion.deltaY - std::max(join.inset, kept);
     join.isGap = known < motion.bands.top;
     join.overlap = std::clamp(known, 0, join.usable);
     return join;
@@ -232,13 +247,15 @@ ScrollingStitchOutcome ScrollingStitchEngine::append(const StitchFramePtr& frame
 ScrollingStitchOutcome ScrollingStitchEngine::commit(const Join& join) {
     const QImage& image = join.frame->image();
     const int before = totalHeight();
-    const int projected = content_.height() - join.trim + join.usable - join.seam + join.inset;
+    const int projected =
+        content_.height() + join.restored - join.trim + join.usable - join.seam + join.inset;
     if (!fits(projected)) return outcome(Disposition::outputLimitReached, join.motion.confidence);
     auto strip = makeSegment(image, join.seam, join.usable - join.seam);
     std::optional<Segment> footer;
     if (join.inset > 0) footer = makeSegment(image, image.height() - join.inset, join.inset);
     const bool lacksFooter = !footer && join.inset > 0;
-    if (!strip || lacksFooter || !content_.trimTail(join.trim)) {
+    const bool isRestored = join.restored == 0 || restoreRows(join.restored);
+    if (!strip || lacksFooter || !isRestored || !content_.trimTail(join.trim)) {
         ++matchFailureCount_;
         return outcome(Disposition::matchFailed, join.motion.confidence);
     }
@@ -260,6 +277,17 @@ ScrollingStitchOutcome ScrollingStitchEngine::commit(const Join& join) {
     appended.horizontalOffsetPixels = join.motion.horizontalOffset;
     appended.motionPixels = join.motion.deltaY;
     return appended;
+}
+
+// Makes rows of the band at the bottom content again.
+bool ScrollingStitchEngine::restoreRows(int rows) {
+    const QImage& image = reference_->image();
+    auto restored = makeSegment(image, image.height() - fixedBottomInset_, rows);
+    if (!restored) return false;
+    content_.append(std::move(*restored));
+    fixedBottomInset_ -= rows;
+    footer_ = makeSegment(image, image.height() - fixedBottomInset_, fixedBottomInset_);
+    return true;
 }
 
 void ScrollingStitchEngine::settle() {
