@@ -93,6 +93,7 @@ ScrollingStitchOutcome ScrollingStitchEngine::ingestAsBreak(const QImage& image)
     if (!lastFrame_) return seed(analysed(image));
     if (image.size() != lastFrame_->image().size()) return refuseSize();
     settle();
+    restoreFooterUnlessShown(image);
     Join join{analysed(image), {}};
     join.motion.deltaY = image.height();
     join.inset = fixedBottomInset_;
@@ -100,6 +101,17 @@ ScrollingStitchOutcome ScrollingStitchEngine::ingestAsBreak(const QImage& image)
     const ScrollingStitchOutcome added = commit(join);
     history_ = {};
     return added;
+}
+
+// What was kept apart belongs to the rows above a break, unless it is a bar that stands there
+// still.
+void ScrollingStitchEngine::restoreFooterUnlessShown(const QImage& frame) {
+    if (!footer_) return;
+    const auto bottom = makeSegment(frame, frame.height() - footer_->height, footer_->height);
+    if (bottom && bottom->storage.decoded() == footer_->storage.decoded()) return;
+    content_.append(std::move(*footer_));
+    footer_.reset();
+    fixedBottomInset_ = 0;
 }
 
 ScrollingStitchOutcome ScrollingStitchEngine::refuseSize() {

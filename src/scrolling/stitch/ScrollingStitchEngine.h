@@ -82,6 +82,7 @@ class ScrollingStitchEngine {
     int seamOf(const Join& join) const;
     bool restoreRows(int rows);
     ScrollingStitchOutcome commit(const Join& join);
+    void restoreFooterUnlessShown(const QImage& frame);
     ScrollingStitchOutcome refuseSize();
     StitchFramePtr analysed(const QImage& image) const;
     void refreshFooter(const QImage& frame);
