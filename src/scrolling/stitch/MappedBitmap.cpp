@@ -55,7 +55,7 @@ QImage makeMappedBitmap(QSize size, QImage::Format format) {
         ::munmap(address, length);
         return {};
     }
-    mapping.release();
+    static_cast<void>(mapping.release());  // the bitmap's now
     return bitmap;
 }
 
