@@ -20,6 +20,8 @@ constexpr int rivalDivisor = 4;
 constexpr int rivalContradictions = 3;
 // Rows that repeat match under many motions; so many cells that do not must match too.
 constexpr int fewestDistinctMatches = 6;
+// So many do not match by chance, whatever else speaks against a motion.
+constexpr int fewestLikelyMatches = 48;
 // A motion is far ahead of another where it explains nine fifths of what that explains.
 constexpr int farAhead = 9, farAheadOf = 5;
 // Motions that are looked at more closely, of those with the best evidence.
@@ -131,6 +133,7 @@ ExactMotion ExactComparison::search(int mostUp, int mostDown) const {
     motion.hasExactRows = mostMatched * exactRowsDivisor >= movableCells_;
     const std::size_t best = bestIndex(found, deltas);
     motion.deltaY = deltas[best];
+    motion.likely = likelyMotion(found, deltas);
     motion.evidence = evidenceBetweenBands(motion.deltaY);
     if (!motion.evidence.showsMotion()) return motion;
     const auto strips = movingStrips(motion.deltaY);
@@ -169,6 +172,25 @@ std::size_t ExactComparison::bestIndex(const std::vector<MotionEvidence>& found,
     considerFirst([](const MotionEvidence& each) { return each.score(); });
     considerFirst([](const MotionEvidence& each) { return each.followed; });
     return best;
+}
+
+std::optional<int> ExactComparison::likelyMotion(const std::vector<MotionEvidence>& found,
+                                                 const std::vector<int>& deltas) const {
+    std::vector<std::size_t> order(found.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    const auto promising = order.begin() + std::ptrdiff_t(std::min(found.size(), promisingMotions));
+    std::ranges::partial_sort(order, promising, std::ranges::greater(),
+                              [&](std::size_t i) { return found[i].matched; });
+    int best = 0, second = 0, bestDelta = 0;
+    for (auto at = order.begin(); at != promising; ++at) {
+        const int distinct = distinctMatches(deltas[*at]);
+        second = std::max(second, std::min(distinct, best));
+        if (distinct <= best) continue;
+        best = distinct;
+        bestDelta = deltas[*at];
+    }
+    if (best < fewestLikelyMatches || second * rivalDivisor >= best) return std::nullopt;
+    return bestDelta;
 }
 
 MotionEvidence ExactComparison::evidenceBetweenBands(int deltaY) const {

@@ -44,6 +44,9 @@ struct ExactMotion {
     /// Whether rows confirm it that do not repeat. Of frames with an unknown distance between them,
     /// nothing else does.
     bool isDistinct = false;
+    /// The motion, where one is unknown, under which many rows come back that occur only once, while
+    /// more speaks against it, as where a video plays.
+    std::optional<int> likely;
     /// Whether rows come back bit for bit under any motion at all: text that is drawn anew between
     /// two pixels never does.
     bool hasExactRows = false;
@@ -84,6 +87,8 @@ class ExactComparison {
     std::size_t bestIndex(const std::vector<MotionEvidence>& found,
                           const std::vector<int>& deltas) const;
     void weighAlternatives(ExactMotion& motion) const;
+    std::optional<int> likelyMotion(const std::vector<MotionEvidence>& found,
+                                    const std::vector<int>& deltas) const;
 
     const RowSignature& previous_;
     const RowSignature& current_;

@@ -105,10 +105,20 @@ class Judgement {
             case Verdict::ambiguous:
                 return ambiguous();
             case Verdict::still:
-            case Verdict::unknown:
                 break;
+            case Verdict::unknown:
+                return acrossBlank();
         }
         return std::nullopt;
+    }
+
+    // Blank rows tell nothing; where nothing else is shared, a steady rhythm goes on.
+    std::optional<JudgedMotion> acrossBlank() const {
+        const int expected = history_.previousDeltaY.value_or(0);
+        const bool isPossible = history_.isSteady && history_.isConsecutive && expected > 0 &&
+                                expected < frames_.current.image().height();
+        if (!isPossible || rows_.isMostlyStill() || rows_.hasContent(expected)) return std::nullopt;
+        return moved(expected);
     }
 
     JudgedMotion unmovedUnlessKnown(Kind kind, double confidence) const {
@@ -149,6 +159,8 @@ class Judgement {
             case Verdict::unknown:
                 break;
         }
+        if (exact_.likely && *exact_.likely >= near.least && *exact_.likely <= near.most)
+            return moved(*exact_.likely);
         if (!refined) return byLikeness(estimate, near);
         if (isConfirmed(*refined)) return moved(*refined);
         const bool isInexact = rows_.evidence(*refined).share() < inexactShare;
@@ -163,8 +175,10 @@ class Judgement {
 
     // The estimate as it is, made as exact as pixels allow that are never quite the same.
     JudgedMotion byLikeness(const ScrollingMotionEstimate& estimate, MotionRange near) const {
-        if (!rows_.hasContent(std::min(estimate.deltaY, frames_.current.image().height() - 1)))
-            return refused(ScrollingStitchDisposition::discontinuity, StitchObstacle::noEvidence);
+        if (!rows_.hasContent(std::min(estimate.deltaY, frames_.current.image().height() - 1))) {
+            return acrossBlank().value_or(
+                refused(ScrollingStitchDisposition::discontinuity, StitchObstacle::noEvidence));
+        }
         if (history_.isExact || exact_.hasExactRows || rows_.isMostlyStill())
             return contradictory();
         JudgedMotion motion;

@@ -231,6 +231,22 @@ TEST(StitchEngineTest, IgnoresWhatMovesInPlace) {
     EXPECT_TRUE(picture.copy(0, 0, 290, picture.height()) == truth.copy(0, 0, 290, truth.height()));
 }
 
+TEST(StitchEngineTest, FollowsAPageBesideALargeVideo) {
+    const ScrolledFrames& page = plainPage();
+    QImage noise = noisePicture(QSize(480, 300), QImage::Format_RGB32);
+    ScrollingStitchEngine engine;
+    for (int i = 0; i < 4; ++i) {
+        // The video scrolls with the page and shows something else in each frame.
+        QImage frame = page.at(i * 260);
+        noise = noise.mirrored(i % 2 == 0, i % 2 == 1).copy(0, i, 480, 300);
+        QPainter(&frame).drawImage(320, 500 - i * 260, noise);
+        EXPECT_TRUE(engine.ingest(frame).appended) << i;
+    }
+    const QImage picture = stitched(engine);
+    ASSERT_EQ(picture.height(), 600 + 780);
+    EXPECT_TRUE(picture.copy(0, 0, 300, 1380) == page.joined(0, 780).copy(0, 0, 300, 1380));
+}
+
 TEST(StitchEngineTest, LimitsItsOutput) {
     ScrollingStitchConfig config;
     config.maximumOutputBytes = 800 * 4 * 700;
