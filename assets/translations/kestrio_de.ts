@@ -3022,5 +3022,9 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Mode</source>
         <translation>Art</translation>
     </message>
+    <message>
+        <source>The region does not lie on the screen.</source>
+        <translation>Der Bereich liegt nicht auf dem Bildschirm.</translation>
+    </message>
 </context>
 </TS>
