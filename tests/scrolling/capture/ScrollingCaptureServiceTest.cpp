@@ -286,6 +286,19 @@ TEST_F(ScrollingCaptureServiceTest, EndsAtItsLimits) {
     service.reset();
     *result = {};
     source->region.reset();
+    config.maxFrameCount = 10;
+    make();
+    startManual();
+    for (int y = 0; y <= 1140; y += 60)
+        scrollTo(y);
+    EXPECT_FALSE(result->isDone()) << "as many frames, but hardly more rows";
+    scrollTo(1210);
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(result->captured->image.bitmap().height(), 1610);
+
+    service.reset();
+    *result = {};
+    source->region.reset();
     timeout = std::chrono::milliseconds(300);
     make();
     startManual();
