@@ -174,7 +174,7 @@ class ShellTest(resident.ResidentTestCase):
             desktop.run(["xclip", "-quiet", "-selection", "clipboard", "-t", "image/png", picture], "xclip")
             wait_until(lambda: "image/png" in desktop.clipboard_targets(), "the other program's picture")
             desktop.process("xclip").send_signal(resident.signal.SIGSTOP)
-            self.choose(desktop, *["Down"] * 4)
+            self.choose(desktop, *["Down"] * 6)
             time.sleep(0.3)
             desktop.end("xclip")
             self.open_overlay(desktop)
