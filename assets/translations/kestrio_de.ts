@@ -3026,5 +3026,9 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>The region does not lie on the screen.</source>
         <translation>Der Bereich liegt nicht auf dem Bildschirm.</translation>
     </message>
+    <message>
+        <source>The temporary folder %1 has no room for so tall a picture.</source>
+        <translation>Der temporäre Ordner %1 hat keinen Platz für ein so hohes Bild.</translation>
+    </message>
 </context>
 </TS>

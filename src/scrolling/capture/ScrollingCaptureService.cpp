@@ -1,5 +1,6 @@
 #include "scrolling/capture/ScrollingCaptureService.h"
 
+#include <QDir>
 #include <QScopeGuard>
 
 #include "capture/IdleLimit.h"
@@ -25,8 +26,11 @@ ScrollingStitchEngine::Config engineConfig(const ScrollingCaptureConfig& config)
 
 QImage requirePicture(const ScrollingStitchSnapshot& snapshot) {
     if (snapshot.acceptedFrameCount < 1) throw ScrollingCaptureError(Case::insufficientFrames);
-    if (snapshot.image.isNull()) throw ScrollingCaptureError(Case::stitchingFailed);
-    return snapshot.image;
+    if (!snapshot.image.isNull()) return snapshot.image;
+    if (!snapshot.needsTemporaryFile) throw ScrollingCaptureError(Case::stitchingFailed);
+    throw ScrollingCaptureError::systemError(
+        Kestrio::tr("The temporary folder %1 has no room for so tall a picture.")
+            .arg(QDir::toNativeSeparators(QDir::tempPath())));
 }
 
 }  // namespace
