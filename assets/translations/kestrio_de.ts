@@ -3022,5 +3022,13 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Mode</source>
         <translation>Art</translation>
     </message>
+    <message>
+        <source>The region does not lie on the screen.</source>
+        <translation>Der Bereich liegt nicht auf dem Bildschirm.</translation>
+    </message>
+    <message>
+        <source>The temporary folder %1 has no room for so tall a picture.</source>
+        <translation>Der temporäre Ordner %1 hat keinen Platz für ein so hohes Bild.</translation>
+    </message>
 </context>
 </TS>

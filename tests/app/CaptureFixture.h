@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ScriptedScrollingCapture.h"
 #include "app/capture/CaptureCoordinator.h"
 #include "capture/CaptureError.h"
 
@@ -91,6 +92,8 @@ class RecordingToasts : public Toasts {
 /// A coordinator whose every collaborator is the test's.
 struct CaptureFixture : testing::Test {
     std::shared_ptr<ScriptedScreenCapture> service = std::make_shared<ScriptedScreenCapture>();
+    std::shared_ptr<ScriptedScrollingCapture> scrollingService =
+        std::make_shared<ScriptedScrollingCapture>();
     std::shared_ptr<SessionArbiter> sessions = std::make_shared<SessionArbiter>();
     std::shared_ptr<RecordingEditors> editors = std::make_shared<RecordingEditors>();
     std::shared_ptr<RecordingPins> pins = std::make_shared<RecordingPins>();
@@ -115,6 +118,7 @@ struct CaptureFixture : testing::Test {
     CaptureCollaborators collaborators() {
         CaptureCollaborators with;
         with.screenCapture = service;
+        with.scrollingCapture = scrollingService;
         with.sessions = sessions;
         with.editors = editors;
         with.pins = pins;

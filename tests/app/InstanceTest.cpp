@@ -42,9 +42,19 @@ struct InstanceTest : CaptureFixture {
     /// Once the capture is under way.
     template <typename Action>
     void later(Action action) {
+        later(action, *service);
+    }
+    template <typename Action>
+    void laterScrolling(Action action) {
+        later(action, *scrollingService);
+    }
+
+  private:
+    template <typename Action, typename Service>
+    void later(Action action, Service& service) {
         auto* timer = new QTimer(captures.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, action] {
-            if (!service->isPending()) return;
+        QObject::connect(timer, &QTimer::timeout, timer, [&service, timer, action] {
+            if (!service.isPending()) return;
             timer->stop();
             action();
         });
@@ -81,11 +91,17 @@ TEST_F(InstanceTest, EachVerbIsWrittenWithItsOwnFields) {
     capture.delay = 3;
     capture.output = QStringLiteral("/a.png");
     capture.isUnattended = true;
+    CaptureVerb scrolled;
+    scrolled.kind = CaptureKind::scrolling;
+    scrolled.isAutomatic = true;
+    scrolled.region = {1, 2.5, 300, 400};
     const Row rows[] = {
         {ActivateVerb(), R"({"verb":"activate"})"},
         {EditVerb{QStringLiteral("/a.png"), 2}, R"({"verb":"edit","file":"/a.png","density":2})"},
         {capture,
-         R"({"verb":"capture","kind":"window","delay":3,"action":"pin","output":"/a.png","isUnattended":true})"},
+         R"({"verb":"capture","kind":"window","delay":3,"action":"pin","output":"/a.png","isAutomatic":false,"region":[],"isUnattended":true})"},
+        {scrolled,
+         R"({"verb":"capture","kind":"scrolling","delay":0,"output":"","isAutomatic":true,"region":[1,2.5,300,400],"isUnattended":false})"},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(encodeJsonText(row.request), row.line);
@@ -97,6 +113,56 @@ TEST_F(InstanceTest, EachVerbIsWrittenWithItsOwnFields) {
     EXPECT_EQ(std::get<EditVerb>(edit).density, 4);
 }
 
+TEST_F(InstanceTest, RegionsAreFourNumbersWithAnArea) {
+    EXPECT_EQ(regionFrom(QStringLiteral("10, -20.5,800,600")),
+              (std::vector<double>{10, -20.5, 800, 600}));
+    for (const char* text : {"", "10,20,800", "10,20,800,600,1", "10,20,800,x", "10,20,0,600",
+                             "10,20,800,-1", "nan,20,800,600", "10,20,inf,600", "1e9,20,800,600"}) {
+        EXPECT_TRUE(regionFrom(QString::fromLatin1(text)).empty()) << text;
+    }
+}
+
+TEST_F(InstanceTest, OnlyScrollingCapturesTakeWhatIsTheirs) {
+    const auto verb = [](CaptureKind kind, bool isAutomatic, std::vector<double> region) {
+        CaptureVerb made;
+        made.kind = kind;
+        made.isAutomatic = isAutomatic;
+        made.region = std::move(region);
+        return made;
+    };
+    using enum CaptureKind;
+    EXPECT_TRUE(faultOf(verb(scrolling, false, {})).isEmpty());
+    EXPECT_TRUE(faultOf(verb(scrolling, true, {1, 2, 300, 400})).isEmpty());
+    for (const CaptureVerb& faulty :
+         {verb(region, true, {}), verb(display, false, {1, 2, 300, 400}),
+          verb(scrolling, true, {1, 2, 300}), verb(scrolling, true, {1, 2, 300, -400})}) {
+        EXPECT_FALSE(faultOf(faulty).isEmpty());
+    }
+
+    const CaptureRequest request = verb(scrolling, true, {1, 2, 300, 400}).captureRequest();
+    EXPECT_EQ(request.scrolling.mode, ScrollingCaptureMode::automatic);
+    EXPECT_EQ(request.scrolling.region, QRectF(1, 2, 300, 400));
+    const CaptureRequest plain = verb(scrolling, false, {}).captureRequest();
+    EXPECT_FALSE(plain.scrolling.mode);
+    EXPECT_FALSE(plain.scrolling.region);
+}
+
+TEST_F(InstanceTest, ScrollingCapturesEndWithTheStatusOfTheirFailure) {
+    ASSERT_TRUE(server->listen(socket));
+    using Case = ScrollingCaptureError::Case;
+    CaptureVerb request = pinning();
+    request.kind = CaptureKind::scrolling;
+    request.isUnattended = true;
+    laterScrolling([this] { scrollingService->fail(Case::cancelled); });
+    EXPECT_EQ(ask(request).status, static_cast<int>(ExitStatus::cancelled));
+    laterScrolling(
+        [this] { scrollingService->fail(ScrollingCaptureError(Case::lowConfidence).reported()); });
+    const InstanceReply failed = ask(request);
+    EXPECT_EQ(failed.status, static_cast<int>(ExitStatus::failed));
+    EXPECT_EQ(failed.message, ScrollingCaptureError(Case::lowConfidence).errorDescription());
+    EXPECT_TRUE(alerts->requests.empty()) << "the user has been told";
+}
+
 TEST_F(InstanceTest, FailuresThatNobodyWouldReadAreToldOnTheDesktop) {
     ASSERT_TRUE(server->listen(socket));
     CaptureVerb request = pinning();
@@ -104,6 +170,19 @@ TEST_F(InstanceTest, FailuresThatNobodyWouldReadAreToldOnTheDesktop) {
     later([this] { service->fail(CaptureError::Case::captureTimeout); });
     ask(request);
     EXPECT_EQ(alerts->requests.size(), 1U);
+}
+
+TEST_F(InstanceTest, NoWindowOpensOverACaptureThatGoesOn) {
+    ASSERT_TRUE(server->listen(socket));
+    CaptureVerb request = pinning();
+    request.isUnattended = true;
+    captures->startScrollingCapture();
+    ASSERT_TRUE(scrollingService->isPending());
+    EXPECT_EQ(ask(request).status, static_cast<int>(ExitStatus::failed));
+    EXPECT_TRUE(alerts->requests.empty());
+    EXPECT_TRUE(scrollingService->isPending());
+    scrollingService->fail(ScrollingCaptureError::Case::cancelled);
+    EXPECT_TRUE(waitForEnd());
 }
 
 TEST_F(InstanceTest, PicturesToEditComeFromAFileOrTheClipboard) {

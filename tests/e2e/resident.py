@@ -103,6 +103,22 @@ class ResidentTestCase(unittest.TestCase):
         (left, top), (right, bottom) = REGION
         return desktop.screenshot((left, top, right, bottom))
 
+    def open_menu(self, desktop):
+        """That of the program's icon, which with_tray() makes room for."""
+        width, height = desktop.size
+        panel = (0, height - PANEL_HEIGHT, width, height)
+        icon = wait_until(lambda: desktop.screenshot(panel).getbbox(), "an icon in the tray")
+        desktop.wait_for_stillness(panel)
+        before = desktop.screenshot().tobytes()
+        desktop.click(((icon[0] + icon[2]) // 2, panel[1] + (icon[1] + icon[3]) // 2), button=3)
+        wait_until(lambda: desktop.screenshot().tobytes() != before, "the menu")
+        desktop.wait_for_stillness()
+
+    def choose(self, desktop, *keys):
+        """An entry of the menu, by the keys that lead to it."""
+        self.open_menu(desktop)
+        desktop.key(*keys, "Return")
+
 
 def main():
     """Runs the tests of the calling script.

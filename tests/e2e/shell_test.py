@@ -14,7 +14,7 @@ from PIL import Image
 
 import resident
 from desktop import Desktop, wait_until
-from resident import ALERT, EDITOR, OVERLAY, PANEL_HEIGHT, PICKER, SETTINGS, with_tray
+from resident import ALERT, EDITOR, OVERLAY, PICKER, SETTINGS, with_tray
 
 HELD_KEYS = """<?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard>
@@ -36,20 +36,6 @@ def with_two_displays(desktop):
 
 
 class ShellTest(resident.ResidentTestCase):
-    def open_menu(self, desktop):
-        width, height = desktop.size
-        panel = (0, height - PANEL_HEIGHT, width, height)
-        icon = wait_until(lambda: desktop.screenshot(panel).getbbox(), "an icon in the tray")
-        desktop.wait_for_stillness(panel)
-        before = desktop.screenshot().tobytes()
-        desktop.click(((icon[0] + icon[2]) // 2, panel[1] + (icon[1] + icon[3]) // 2), button=3)
-        wait_until(lambda: desktop.screenshot().tobytes() != before, "the menu")
-        desktop.wait_for_stillness()
-
-    def choose(self, desktop, *keys):
-        self.open_menu(desktop)
-        desktop.key(*keys, "Return")
-
     def test_the_menu_of_the_tray(self):
         with self.resident(prepare=with_tray) as desktop:
             self.choose(desktop, "Down")
@@ -188,7 +174,7 @@ class ShellTest(resident.ResidentTestCase):
             desktop.run(["xclip", "-quiet", "-selection", "clipboard", "-t", "image/png", picture], "xclip")
             wait_until(lambda: "image/png" in desktop.clipboard_targets(), "the other program's picture")
             desktop.process("xclip").send_signal(resident.signal.SIGSTOP)
-            self.choose(desktop, *["Down"] * 4)
+            self.choose(desktop, *["Down"] * 6)
             time.sleep(0.3)
             desktop.end("xclip")
             self.open_overlay(desktop)

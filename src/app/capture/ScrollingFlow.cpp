@@ -1,6 +1,7 @@
 #include "app/capture/ScrollingFlow.h"
 
 #include "core/Localisation.h"
+#include "core/Log.h"
 
 #include <QScopeGuard>
 #include <exception>
@@ -20,7 +21,12 @@ ScrollingCaptureServiceProtocol::StateObserver openingObserver(
         const auto opener = editors.lock();
         if (!shown || !opener) return;
         shown->awaitCapture();
-        opener->adopt(shown, {});
+        try {
+            opener->adopt(shown, {});
+        } catch (const Error& error) {
+            // The picture is wanted all the same: the window is tried again with it.
+            logLine("ScrollingFlow", error.errorDescription());
+        }
     };
 }
 

@@ -103,7 +103,9 @@ Task<InstanceReply> InstanceCommands::carryOut(CaptureVerb verb, std::stop_token
     } catch (const std::exception& error) {
         const FlowFailure failure = CaptureCoordinator::failureOf(error);
         reply = InstanceReply::failed(failure);
-        if (captures && verb.isUnattended) captures->report(failure);
+        // A window of it would be in the picture of the capture that goes on.
+        const bool isFree = captures && !captures->isCapturing();
+        if (isFree && verb.isUnattended) captures->report(failure);
     }
     co_return reply;
 }

@@ -50,6 +50,7 @@ std::shared_ptr<ScrollingCaptureService> scrollingCapture(
     if (!platform.makeScreenStream) return nullptr;
     ScrollingCaptureDependencies with;
     with.permission = platform.screenPermission;
+    with.displays = platform.displays;
     with.settings = parts.settings;
     with.regionSelector = std::move(regions);
     with.snapshots = std::move(snapshots);

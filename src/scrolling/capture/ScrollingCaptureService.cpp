@@ -1,5 +1,6 @@
 #include "scrolling/capture/ScrollingCaptureService.h"
 
+#include <QDir>
 #include <QScopeGuard>
 
 #include "capture/IdleLimit.h"
@@ -25,8 +26,11 @@ ScrollingStitchEngine::Config engineConfig(const ScrollingCaptureConfig& config)
 
 QImage requirePicture(const ScrollingStitchSnapshot& snapshot) {
     if (snapshot.acceptedFrameCount < 1) throw ScrollingCaptureError(Case::insufficientFrames);
-    if (snapshot.image.isNull()) throw ScrollingCaptureError(Case::stitchingFailed);
-    return snapshot.image;
+    if (!snapshot.image.isNull()) return snapshot.image;
+    if (!snapshot.needsTemporaryFile) throw ScrollingCaptureError(Case::stitchingFailed);
+    throw ScrollingCaptureError::systemError(
+        Kestrio::tr("The temporary folder %1 has no room for so tall a picture.")
+            .arg(QDir::toNativeSeparators(QDir::tempPath())));
 }
 
 }  // namespace
@@ -45,6 +49,7 @@ struct ScrollingCaptureService::Shared {
                                               ScrollingCaptureRequest request,
                                               std::stop_token stop);
     Task<QRectF> chooseRegion(std::stop_token stop);
+    QRectF onDesktop(const QRectF& region) const;
     Task<> limitTime(std::shared_ptr<ScrollingRun> run);
     static Task<ScrollingEnding> takeFrames(std::shared_ptr<Shared> self,
                                             std::shared_ptr<ScrollingRun> run,
@@ -122,6 +127,7 @@ Task<CapturedImage> ScrollingCaptureService::Shared::captureSession(
         auto choosing = self->chooseRegion(stop);
         region = co_await choosing;
     }
+    region = self->onDesktop(region);
     if (region.width() < smallestSide || region.height() < smallestSide)
         throw ScrollingCaptureError(Case::regionTooSmall);
     if (isAttended) {
@@ -174,6 +180,19 @@ Task<QRectF> ScrollingCaptureService::Shared::chooseRegion(std::stop_token stop)
     auto selecting = withIdleLimit<RegionCaptureResult>(with.idleLimit, stop, select);
     const RegionCaptureResult result = co_await selecting;
     co_return result.rect;
+}
+
+// What lies beside the screen would be missing from each frame, so that frames and region would no
+// longer fit each other, and a middle out there takes no wheel.
+QRectF ScrollingCaptureService::Shared::onDesktop(const QRectF& region) const {
+    QRectF desktop;
+    for (const Display& display : with.displays->displays())
+        desktop |= display.bounds;
+    if (!region.intersects(desktop)) {
+        throw ScrollingCaptureError::systemError(
+            Kestrio::tr("The region does not lie on the screen."));
+    }
+    return region & desktop;
 }
 
 Task<> ScrollingCaptureService::Shared::limitTime(std::shared_ptr<ScrollingRun> run) {

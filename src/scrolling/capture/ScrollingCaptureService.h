@@ -2,6 +2,7 @@
 
 #include "capture/RegionSelector.h"
 #include "capture/ScreenSnapshotProvider.h"
+#include "platform/Displays.h"
 #include "platform/ScreenPermission.h"
 #include "platform/SyntheticScroll.h"
 #include "scrolling/capture/AutomaticScrolling.h"
@@ -15,6 +16,7 @@ namespace kestrio {
 /// What the service works with.
 struct ScrollingCaptureDependencies {
     std::shared_ptr<ScreenPermission> permission;
+    std::shared_ptr<Displays> displays;
     std::shared_ptr<AppSettingsServiceProtocol> settings;
     std::shared_ptr<RegionSelector> regionSelector;
     std::shared_ptr<ScreenSnapshotProviderProtocol> snapshots;

@@ -11,6 +11,9 @@ namespace {
 // Pixels; the panel shows it smaller on dense displays.
 constexpr QSize thumbnailSize(320, 240);
 
+// Of its height that a frame must add, on average, for the limit of frames to hold.
+constexpr double leastFrameShare = 0.4;
+
 // Smooth at the price of its size and not of the frame's.
 QImage thumbnailOf(const QImage& frame) {
     return frame.scaled(thumbnailSize * 2, Qt::KeepAspectRatio, Qt::FastTransformation)
@@ -43,8 +46,15 @@ void ScrollingRun::accept(const QImage& frame, const ScrollingStitchOutcome& out
                               outcome.reachedBottom,
                               {}});
     Q_EMIT frameCaptured(session_->nextSequenceNumber(), frame);
-    if (session_->nextSequenceNumber() >= session_->config().maxFrameCount)
-        end({ScrollingEnding::Kind::finished});
+    if (isFull(frame.height(), outcome.totalHeightPixels)) end({ScrollingEnding::Kind::finished});
+}
+
+// While somebody scrolls smoothly, a frame adds a few rows only, and a hundred of them are a few
+// seconds: those count as fewer.
+bool ScrollingRun::isFull(int frameHeight, int totalHeight) const {
+    const int limit = session_->config().maxFrameCount;
+    return session_->nextSequenceNumber() >= limit &&
+           totalHeight >= limit * leastFrameShare * frameHeight;
 }
 
 void ScrollingRun::showOutcome(const ScrollingStitchOutcome& outcome) {

@@ -53,6 +53,7 @@ class ScrollingRun : public QObject {
     Q_SIGNAL void frameCaptured(int count, const QImage& frame);
 
   private:
+    bool isFull(int frameHeight, int totalHeight) const;
     void cancel() { end({ScrollingEnding::Kind::cancelled}); }
 
     std::shared_ptr<CaptureSession> session_;

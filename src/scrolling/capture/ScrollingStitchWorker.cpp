@@ -139,6 +139,7 @@ ScrollingStitchSnapshot ScrollingStitchWorker::composed(int generation) {
     snapshot.acceptedFrameCount = engine_.acceptedFrameCount();
     snapshot.totalHeightPixels = engine_.totalHeight();
     snapshot.retainedStorageBytes = engine_.retainedStorageBytes();
+    snapshot.needsTemporaryFile = engine_.needsTemporaryFile();
     snapshot.matchFailureCount = engine_.matchFailureCount();
     const std::lock_guard lock(stateLock_);
     snapshot.droppedFrameCount = droppedFrames_;

@@ -22,6 +22,7 @@ struct ScrollingStitchSnapshot {
     double processingTime = 0;
     double renderingTime = 0;
     int matchFailureCount = 0;
+    bool needsTemporaryFile = false;  ///< the pixels of the picture lie in a file, or should
 };
 
 /// Gives the engine a thread of its own. At most one frame waits for it, the newest (the first,

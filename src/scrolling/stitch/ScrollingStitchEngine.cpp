@@ -308,6 +308,10 @@ void ScrollingStitchEngine::settle() {
     commit(join);
 }
 
+bool ScrollingStitchEngine::needsTemporaryFile() const {
+    return qint64(pixelBytes) * width_ * totalHeight() >= config_.mappedRenderingThresholdBytes;
+}
+
 QImage ScrollingStitchEngine::compose() const {
     if (content_.isEmpty() || !fits(totalHeight())) return {};
     return composeLongImage({content_.segments(), footer_ ? &*footer_ : nullptr, width_,

@@ -46,6 +46,8 @@ class ScrollingStitchEngine {
     void settle();
     /// The picture so far; null where there is none, or no room for it. Changes nothing.
     QImage compose() const;
+    /// Whether the picture is so large that compose() keeps its pixels in the temporary folder.
+    bool needsTemporaryFile() const;
     void reset();
 
     /// Rows of the picture, the band at the bottom included.

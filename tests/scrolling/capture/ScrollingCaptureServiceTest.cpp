@@ -5,6 +5,7 @@
 #include "scrolling/capture/ScriptedPresenter.h"
 #include "scrolling/capture/ScrolledScreen.h"
 #include "support/NoisePicture.h"
+#include "support/ScriptedDisplays.h"
 #include "support/ScriptedScreenPermission.h"
 #include "support/Waiting.h"
 
@@ -22,6 +23,7 @@ struct ScrollingCaptureServiceTest : testing::Test {
     std::shared_ptr<ChosenRegion> selector = std::make_shared<ChosenRegion>();
     std::shared_ptr<ScriptedScreenPermission> permission =
         std::make_shared<ScriptedScreenPermission>();
+    std::shared_ptr<ScriptedDisplays> displays = std::make_shared<ScriptedDisplays>();
     std::vector<ScrollingCaptureError> asked;
     bool keeps = false;
     ScrollingCaptureConfig config;
@@ -38,6 +40,9 @@ struct ScrollingCaptureServiceTest : testing::Test {
 
     ScrollingCaptureServiceTest() {
         selector->region = QRectF(QPointF(), screen->size());
+        Display display;
+        display.bounds = QRectF(QPointF(), screen->size());
+        displays->setDisplays({display});
         config.autoScroll.stabilizationCheckInterval = std::chrono::milliseconds(5);
         config.autoScroll.interStepDelay = std::chrono::milliseconds(1);
     }
@@ -45,6 +50,7 @@ struct ScrollingCaptureServiceTest : testing::Test {
     void make() {
         ScrollingCaptureDependencies with;
         with.permission = permission;
+        with.displays = displays;
         with.settings =
             std::make_shared<AppSettingsService>(std::make_shared<MemoryUserDefaults>());
         with.regionSelector = selector;
@@ -155,6 +161,15 @@ TEST_F(ScrollingCaptureServiceTest, BeginsByItselfInAGivenRegion) {
     EXPECT_EQ(presenter->startedCount, 1);
 }
 
+TEST_F(ScrollingCaptureServiceTest, LeavesOutWhatLiesBesideTheScreen) {
+    start(ScrollingCaptureMode::manual, QRectF(200, -50, 600, 400));
+    ASSERT_TRUE(waitUntil([this] { return source->region.has_value(); }));
+    EXPECT_EQ(source->region, QRectF(200, 0, 400, 350));
+    EXPECT_EQ(presenter->begun.front().region, QRectF(200, 0, 400, 350));
+    stop.request_stop();
+    expectError(Case::cancelled);
+}
+
 TEST_F(ScrollingCaptureServiceTest, RefusesWhatCannotBegin) {
     permission->isGranted = false;
     start(ScrollingCaptureMode::manual);
@@ -166,6 +181,16 @@ TEST_F(ScrollingCaptureServiceTest, RefusesWhatCannotBegin) {
     selector->region = QRectF(0, 0, 49, 200);
     start(ScrollingCaptureMode::manual);
     expectError(Case::regionTooSmall);
+
+    for (const QRectF& beside : {QRectF(600, 0, 300, 300), QRectF(-300, 900, 200, 200)}) {
+        *result = {};
+        start(ScrollingCaptureMode::automatic, beside);
+        expectError(Case::systemError);
+    }
+    *result = {};
+    start(ScrollingCaptureMode::automatic, QRectF(560, 0, 300, 300));
+    expectError(Case::regionTooSmall);
+    EXPECT_TRUE(presenter->begun.empty());
 
     *result = {};
     selector->region.reset();
@@ -257,6 +282,19 @@ TEST_F(ScrollingCaptureServiceTest, EndsAtItsLimits) {
         scrollTo(y);
     ASSERT_TRUE(waitForEnd());
     ASSERT_TRUE(result->captured);
+
+    service.reset();
+    *result = {};
+    source->region.reset();
+    config.maxFrameCount = 10;
+    make();
+    startManual();
+    for (int y = 0; y <= 1140; y += 60)
+        scrollTo(y);
+    EXPECT_FALSE(result->isDone()) << "as many frames, but hardly more rows";
+    scrollTo(1210);
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(result->captured->image.bitmap().height(), 1610);
 
     service.reset();
     *result = {};

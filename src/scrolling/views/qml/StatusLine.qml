@@ -6,7 +6,7 @@ import Kestrio.Ui
 Text {
     id: line
     property int lineCount: 2
-    Layout.preferredHeight: Math.ceil(lineCount * metrics.lineSpacing)
+    Layout.preferredHeight: lineCount * Math.ceil(metrics.lineSpacing)
     maximumLineCount: lineCount
     wrapMode: Text.Wrap
     elide: Text.ElideRight
