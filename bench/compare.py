@@ -1,10 +1,11 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Runs the benchmarks beside other programs on this machine and prints the ratios.
 
-usage: bench/compare.py [--skia FOLDER] [--webp]
+usage: bench/compare.py [--skia FOLDER] [--webp] [--stitch]
 
 FOLDER holds the Skia peer (compose.mjs and package.json); it is copied and installed with npm.
---webp adds the slow comparison with cwebp (package webp). Needs a release build.
+--webp adds the slow comparison with cwebp (package webp). --stitch measures the joining of frames instead, its
+estimator beside OpenCV's features (package python3-opencv). Needs a release build.
 """
 import argparse
 import json
@@ -20,15 +21,17 @@ ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "release"
 SAMPLE = ROOT / "tests" / "support" / "pictures" / "dashboard-4k.png"
 BITMAP_BYTES = 3840 * 2160 * 4
+FRAME, STEP, PAGE_ROWS = (2560, 1440), 432, 8640  # pixels, as in bench/stitch.cpp
+STITCHED_FRAMES = 300
 
 
-def medians(program, pattern):
+def medians(program, pattern, repetitions=7):
     """The median milliseconds of each benchmark that matches."""
     command = [BUILD / "bench" / program, f"--benchmark_filter={pattern}", "--benchmark_format=json",
-               "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true"]
+               f"--benchmark_repetitions={repetitions}", "--benchmark_report_aggregates_only=true"]
     report = json.loads(subprocess.run(command, capture_output=True, check=True,
                                        env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}).stdout)
-    return {row["run_name"].removesuffix("/real_time"): row["real_time"]
+    return {row["run_name"].split("/process_time")[0].removesuffix("/real_time"): row["real_time"]
             for row in report["benchmarks"] if row["aggregate_name"] == "median"}
 
 
@@ -105,11 +108,69 @@ def compare_webp():
     tell("WebP beside cwebp", statistics.median(ours), 1.0, statistics.median(theirs), unit="s")
 
 
+def write_page(file):
+    """The page of bench/stitch.cpp, which two pixels a point make twice as large."""
+    command = [BUILD / "e2e" / "scrolling_page", "--size", f"{FRAME[0] // 2}x{FRAME[1] // 2}",
+               "--rows", str(PAGE_ROWS // 2), "--write-page", file]
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "QT_SCALE_FACTOR": "2"}
+    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, env=environment) as process:
+        process.stdout.readline()  # as soon as the window shows it
+        process.terminate()
+
+
+def write_frames(page, folder):
+    """The files of a long capture of the page, which begins anew where it ends."""
+    from PIL import Image
+    whole = Image.open(page)
+    names = []
+    for y in range(0, whole.height, STEP):
+        frame = Image.new("RGB", FRAME)
+        for top in (-y, whole.height - y):
+            frame.paste(whole, (0, top))
+        names.append(folder / f"{y}.png")
+        frame.save(names[-1], compress_level=1)
+    return [names[number % len(names)] for number in range(STITCHED_FRAMES)]
+
+
+def compare_estimators(page):
+    def peer():
+        command = ["/usr/bin/python3", ROOT / "bench" / "peers" / "orb_motion.py", page, str(FRAME[1]), str(STEP)]
+        return json.loads(subprocess.run(command, capture_output=True, check=True).stdout)["orb_ms"]
+
+    before = peer()
+    ours = medians("bench_stitch", "estimate/plain")["estimate/plain"]
+    tell("motion of a frame beside ORB", ours, 0.2, (before + peer()) / 2)
+
+
+def compare_stitching():
+    with tempfile.TemporaryDirectory() as place:
+        page = Path(place) / "page.png"
+        write_page(page)
+        compare_estimators(page)
+        ours = medians("bench_stitch", "ingest|analyse|compressStrip|compose")
+        tell("joining a frame", ours["ingest/plain"], 33)
+        tell("joining a frame with bars", ours["ingest/bars"], 33)
+        tell("of it, finding out about the frame", ours["analyse"], None)
+        tell("of it, compressing its strip", ours["compressStrip"], None)
+        growth = medians("bench_stitch", "growth", 3)
+        late, early = (growth[f"growth/{count}/iterations:15"] for count in (290, 10))
+        tell("joining a frame, late beside early", late, 1.2, early)
+        output = Path(place) / "out.png"
+        seconds, peak = timed([BUILD / "kestrio", "stitch", *write_frames(page, Path(place)), "-o", output], 1)
+    bitmap = FRAME[0] * 4 * (FRAME[1] + (STITCHED_FRAMES - 1) * STEP)
+    tell(f"kestrio stitch, {STITCHED_FRAMES} frames", seconds, None, unit="s")
+    tell("its peak memory beside the bitmap", (peak - bitmap) / 1e6, 400, unit="MB")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
     parser.add_argument("--skia", type=Path, help="folder of the Skia peer")
     parser.add_argument("--webp", action="store_true", help="compare with cwebp too")
+    parser.add_argument("--stitch", action="store_true", help="measure the joining of frames instead")
     options = parser.parse_args()
+    if options.stitch:
+        compare_stitching()
+        return
     if options.skia:
         compare_with_skia(options.skia)
     compare_process()

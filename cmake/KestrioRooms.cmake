@@ -52,10 +52,15 @@ function(kestrio_views name)
   string(SUBSTRING "${name}" 0 1 initial)
   string(TOUPPER "${initial}" initial)
   string(SUBSTRING "${name}" 1 -1 rest)
+  # For the tools, which look up bases of types there.
+  set(dependencies QtQuick)
+  if(NOT name STREQUAL "ui")
+    list(APPEND dependencies Kestrio.Ui)
+  endif()
   add_library(kestrio_${name}_views STATIC ${sources})
   qt_add_qml_module(kestrio_${name}_views URI Kestrio.${initial}${rest} VERSION 1.0 NO_PLUGIN
                     OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/Kestrio/${initial}${rest}"
-                    RESOURCE_PREFIX /qt/qml DEPENDENCIES QtQuick QML_FILES ${qml_files})
+                    RESOURCE_PREFIX /qt/qml DEPENDENCIES ${dependencies} QML_FILES ${qml_files})
   target_include_directories(kestrio_${name}_views PRIVATE views)
   target_link_libraries(kestrio_${name}_views PUBLIC kestrio_${name} Qt6::Quick ${VIEWS_LINKS})
   # What the QML compiler writes shadows its own parameters.

@@ -29,8 +29,13 @@ struct SettingsViewModelTest : testing::Test {
     /// As another start of the program reads them.
     AppSettings stored() const { return AppSettingsService(defaults).load(); }
 
+    /// As a view changes a field.
     void change(const char* field, const QVariant& value) {
-        model->change(withSetting(model->settings(), QString::fromLatin1(field), value));
+        SettingsFields fields(*model);
+        QObject* const changed = fields.property(field).value<QObject*>();
+        ASSERT_TRUE(changed) << field;
+        EXPECT_EQ(changed->objectName(), QLatin1String(field));
+        EXPECT_TRUE(changed->setProperty("value", value));
     }
 };
 
@@ -47,7 +52,7 @@ TEST_F(SettingsViewModelTest, NonsenseChangesNothing) {
     const AppSettings before = model->settings();
     change("defaultExportFormat", QStringLiteral("tiff"));
     change("defaultSavePath", QString());
-    change("noSuchField", 7);
+    change("appLanguage", QStringLiteral("xx"));
     EXPECT_EQ(model->settings(), before);
 }
 

@@ -7,6 +7,7 @@ from pathlib import Path
 import check_cmake
 import check_includes
 import check_paths
+import check_qml
 import check_translations
 
 
@@ -118,6 +119,19 @@ class Translations(unittest.TestCase):
     def test_fragments_and_foreign_contexts_are_found(self):
         texts = table(("Saved to ", "Gespeichert "), context="SavePanel")
         self.assertEqual(len(list(check_translations.source_faults(texts))), 2)
+
+
+class QmlNames(unittest.TestCase):
+    def test_unknown_names_of_own_types_and_maps_are_found(self):
+        report = ('Warning: A.qml:3:9: Property "valu" not found on type "kestrio::SettingsText"\n'
+                  "        text: field.valu\n"
+                  'Warning: A.qml:4:9: Property "path" not found on type "QVariantMap"\n'
+                  'Warning: A.qml:5:9: Property "hovered" not found on type "QQuickItem"\n'
+                  "Warning: A.qml:6:9: Unqualified access\n")
+        self.assertEqual([line.split()[0] for line in check_qml.faults(report)], ["A.qml:3:9:", "A.qml:4:9:"])
+
+    def test_no_files_are_a_fault(self):
+        self.assertEqual(len(check_qml.check("qmllint", "", tree({"app/A.h": ""}))), 1)
 
 
 if __name__ == "__main__":

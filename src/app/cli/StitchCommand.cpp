@@ -184,7 +184,8 @@ Task<ExitStatus> stitch(StitchOptions options, std::stop_token stop) {
     }
     if (options.isJson && !printDocument(jsonOf(result, savedPath))) co_return ExitStatus::failed;
     const bool allRead = std::ranges::all_of(result.frames, &StitchedFrame::wasRead);
-    co_return savedPath.isEmpty() || !allRead ? ExitStatus::failed : ExitStatus::done;
+    const bool isWhole = !savedPath.isEmpty() && allRead && !result.isIncomplete;
+    co_return isWhole ? ExitStatus::done : ExitStatus::failed;
 }
 
 }  // namespace

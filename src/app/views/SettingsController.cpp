@@ -1,39 +1,12 @@
 #include "app/views/SettingsController.h"
 
-#include "app/language/Translations.h"
-#include "app/views/SettingsFields.h"
+#include "app/views/ChoiceRows.h"
 #include "core/Localisation.h"
 #include "library/export/FileNaming.h"
 
 #include <QCoreApplication>
 
 namespace kestrio {
-
-namespace {
-
-template <typename E>
-QVariantMap choice(const EnumRow<E>& row) {
-    return {{QStringLiteral("id"), QString::fromLatin1(row.raw)},
-            {QStringLiteral("name"), displayName(row.value)}};
-}
-
-template <typename Table>
-QVariantList rows(const Table& table) {
-    QVariantList list;
-    for (const auto& row : table)
-        list << choice(row);
-    return list;
-}
-
-// What is set stays to be seen, even where there is no table of it.
-QVariantList languages(AppLanguage current) {
-    QVariantList list;
-    for (const auto& row : appLanguages)
-        if (isTranslated(row.value) || row.value == current) list << choice(row);
-    return list;
-}
-
-}  // namespace
 
 SettingsController::SettingsController(const SettingsServices& services,
                                        std::shared_ptr<PermissionManager> permissions,
@@ -66,7 +39,7 @@ SettingsController::~SettingsController() = default;
 
 void SettingsController::relayModel() {
     using Model = SettingsViewModel;
-    connect(&model_, &Model::settingsChanged, this, &SettingsController::valuesChanged);
+    connect(&model_, &Model::settingsChanged, this, &SettingsController::exampleNameChanged);
     connect(&model_, &Model::settingsChanged, this, &SettingsController::hotkeysChanged);
     connect(&model_, &Model::selectedTabChanged, this, &SettingsController::tabChanged);
     connect(&model_, &Model::cachedThemesChanged, this, &SettingsController::themesChanged);
@@ -74,37 +47,13 @@ void SettingsController::relayModel() {
     connect(&model_, &Model::messageChanged, this, &SettingsController::messageChanged);
 }
 
-QVariantMap SettingsController::values() const {
-    QVariantMap values = settingsValues(model_.settings());
-    values[QStringLiteral("appLanguage")] = rawString(model_.settings().appLanguage);
-    values[QStringLiteral("launchAtLogin")] = model_.settings().launchAtLogin;
-    return values;
-}
-
-QVariantMap SettingsController::choices() const {
-    return {{QStringLiteral("appLanguage"), languages(model_.settings().appLanguage)},
-            {QStringLiteral("defaultExportFormat"), rows(exportFormats)},
-            {QStringLiteral("scrollingCaptureMode"), rows(scrollingCaptureModes)}};
-}
-
 QVariantList SettingsController::tabs() const {
-    return rows(settingsTabs);
+    return choiceRows(settingsTabs);
 }
 
 void SettingsController::setTab(const QString& id) {
     if (const auto tab = fromRawString<SettingsTab>(id.toStdString())) {
         model_.set_selectedTab(*tab);
-    }
-}
-
-void SettingsController::set(const QString& field, const QVariant& value) {
-    if (field == u"launchAtLogin") {
-        model_.setLaunchAtLogin(value.toBool());
-    } else if (field == u"appLanguage") {
-        const auto language = fromRawString<AppLanguage>(value.toString().toStdString());
-        if (language) model_.setLanguage(*language);
-    } else {
-        model_.change(withSetting(model_.settings(), field, value));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "app/settings/SettingsViewModel.h"
 #include "app/settings/ShortcutRecorder.h"
 #include "app/shell/PermissionManager.h"
+#include "app/views/SettingsFields.h"
 #include "platform/Appearance.h"
 #include "platform/DesktopWords.h"
 
@@ -11,16 +12,13 @@
 
 namespace kestrio {
 
-/// The settings as their QML views see them: values by the name of their field and one operation
-/// for each thing that a view offers. Main thread.
+/// The settings as their QML views see them: their fields and one operation for each thing that a
+/// view offers. Main thread.
 class SettingsController : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The window's owner makes it")
-    /// Fields by name; what is chosen from a list holds the raw name of the choice.
-    Q_PROPERTY(QVariantMap values READ values NOTIFY valuesChanged)
-    /// Lists for pickers by the name of their field, each row {id, name}.
-    Q_PROPERTY(QVariantMap choices READ choices CONSTANT)
+    Q_PROPERTY(kestrio::SettingsFields* fields READ fields CONSTANT)
     Q_PROPERTY(QVariantList tabs READ tabs CONSTANT)
     Q_PROPERTY(QString tab READ tab WRITE setTab NOTIFY tabChanged)
     /// Rows {id, label, keys, isRecording, note} of the hotkeys that do something.
@@ -30,7 +28,7 @@ class SettingsController : public QObject {
     /// What naming patterns may hold, each {id, name}.
     Q_PROPERTY(QVariantList namingVariables READ namingVariables CONSTANT)
     /// A file name as the naming pattern makes it now.
-    Q_PROPERTY(QString exampleName READ exampleName NOTIFY valuesChanged)
+    Q_PROPERTY(QString exampleName READ exampleName NOTIFY exampleNameChanged)
     Q_PROPERTY(bool needsRestart READ needsRestart NOTIFY needsRestartChanged)
     Q_PROPERTY(QString message READ message NOTIFY messageChanged)
     Q_PROPERTY(bool isScreenReadable READ isScreenReadable NOTIFY permissionChanged)
@@ -49,8 +47,7 @@ class SettingsController : public QObject {
 
     SettingsViewModel& model() { return model_; }
 
-    QVariantMap values() const;
-    QVariantMap choices() const;
+    SettingsFields* fields() { return &fields_; }
     QVariantList tabs() const;
     QString tab() const { return rawString(model_.selectedTab()); }
     void setTab(const QString& id);
@@ -69,8 +66,6 @@ class SettingsController : public QObject {
     bool isDark() const;
     bool isMotionReduced() const;
 
-    /// Changes a field of `values`. Unknown names and values of another kind change nothing.
-    Q_INVOKABLE void set(const QString& field, const QVariant& value);
     Q_INVOKABLE void chooseSavePath();
     /// Starts recording a hotkey, or ends it without a change.
     Q_INVOKABLE void toggleRecording(int hotkey);
@@ -80,7 +75,7 @@ class SettingsController : public QObject {
     Q_INVOKABLE void openScreenSettings() { permissions_->openSettings(); }
     Q_INVOKABLE void refreshPermission() { permissions_->refresh(); }
 
-    Q_SIGNAL void valuesChanged();
+    Q_SIGNAL void exampleNameChanged();
     Q_SIGNAL void tabChanged();
     Q_SIGNAL void hotkeysChanged();
     Q_SIGNAL void themesChanged();
@@ -96,6 +91,7 @@ class SettingsController : public QObject {
     void adopt(const HotkeyConfig& config);
 
     SettingsViewModel model_;
+    SettingsFields fields_{model_};
     std::shared_ptr<HotkeyManager> hotkeyManager_;
     std::shared_ptr<PermissionManager> permissions_;
     std::shared_ptr<Appearance> appearance_;

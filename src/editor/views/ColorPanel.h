@@ -5,8 +5,9 @@
 
 namespace kestrio {
 
-/// The eyedropper, the colours picked last, and colours as texts. Main thread.
-class ColorPanel : public ColorPicking {
+/// The eyedropper, the colours picked last, and colours as texts. Main thread. The base has its
+/// whole name, by which the QML tools look it up.
+class ColorPanel : public kestrio::ColorPicking {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Part of the editor")

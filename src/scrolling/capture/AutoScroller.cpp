@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "imaging/FrameSimilarity.h"
+#include "imaging/filters/FrameSimilarity.h"
 
 namespace kestrio {
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "core/Parallel.h"
+#include "core/Simd.h"
 
 namespace kestrio {
 
@@ -45,17 +46,21 @@ bool hasArc(unsigned mask) {
     return run != 0;
 }
 
-// Of nine in a row, at least two lie on the compass points.
-bool mayBeCorner(const std::uint8_t* centre, std::ptrdiff_t stride, int threshold) {
-    const int value = *centre;
-    int brighter = 0, darker = 0;
-    for (const std::ptrdiff_t step :
-         {-3 * stride, std::ptrdiff_t(3), 3 * stride, std::ptrdiff_t(-3)}) {
-        const int difference = centre[step] - value;
-        brighter += difference > threshold;
-        darker += difference < -threshold;
+// Marks what may be a corner in a row: of nine in a row on the circle, at least two lie on the
+// compass points.
+KESTRIO_SIMD void markCandidates(const std::uint8_t* row, std::ptrdiff_t stride, int threshold,
+                                 std::uint8_t* __restrict marks, int count) {
+    const std::uint8_t* above = row - 3 * stride;
+    const std::uint8_t* below = row + 3 * stride;
+    for (int x = 0; x < count; ++x) {
+        const int brighter = row[x] + threshold, darker = row[x] - threshold;
+        const int left = row[x - 3], right = row[x + 3], up = above[x], down = below[x];
+        const int countOfBrighter =
+            (up > brighter) + (down > brighter) + (left > brighter) + (right > brighter);
+        const int countOfDarker =
+            (up < darker) + (down < darker) + (left < darker) + (right < darker);
+        marks[x] = static_cast<std::uint8_t>((countOfBrighter >= 2) | (countOfDarker >= 2));
     }
-    return brighter >= 2 || darker >= 2;
 }
 
 void keepStrongest(std::vector<Corner>& corners, int count) {
@@ -75,8 +80,13 @@ std::vector<Corner> cornersOfGridRow(const GrayFrame& frame, const ScrollingMoti
     int y = std::max(gridRow * grid.side, grid.margin);
     y += (stride - (y - grid.margin) % stride) % stride;
     const int end = std::min((gridRow + 1) * grid.side, frame.height() - grid.margin);
+    const int width = frame.width() - 2 * grid.margin;
+    std::vector<std::uint8_t> marks(width);
     for (; y < end; y += stride) {
+        markCandidates(frame.row(y) + grid.margin, frame.width(), config.fastThreshold,
+                       marks.data(), width);
         for (int x = grid.margin; x < frame.width() - grid.margin; x += stride) {
+            if (!marks[x - grid.margin]) continue;
             const int score = cornerScore(frame, x, y, config.fastThreshold);
             if (score > 0) cells[x / grid.side].push_back({x, y, score});
         }
@@ -94,7 +104,6 @@ std::vector<Corner> cornersOfGridRow(const GrayFrame& frame, const ScrollingMoti
 int cornerScore(const GrayFrame& frame, int x, int y, int threshold) {
     const std::ptrdiff_t stride = frame.width();
     const std::uint8_t* centre = frame.row(y) + x;
-    if (!mayBeCorner(centre, stride, threshold)) return 0;
     unsigned brighter = 0, darker = 0;
     int score = 0;
     for (int i = 0; i < ringSize; ++i) {

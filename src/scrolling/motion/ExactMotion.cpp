@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <numeric>
 
 #include "core/Parallel.h"
 #include "core/Simd.h"
@@ -21,14 +22,15 @@ constexpr int rivalContradictions = 3;
 constexpr int fewestDistinctMatches = 6;
 // A motion is far ahead of another where it explains nine fifths of what that explains.
 constexpr int farAhead = 9, farAheadOf = 5;
+// Motions that are looked at more closely, of those with the best evidence.
+constexpr std::size_t promisingMotions = 6;
+// Of five strips, one may differ in a row at which old and new rows meet.
+constexpr int toleratedDivisor = 5;
 // The part of what moved that must come back bit for bit under some motion.
 constexpr int exactRowsDivisor = 5;
-// The part of the height in which bands at the top and the bottom are sought.
-constexpr int bandDivisor = 4;
 // The share of the evidence that makes a motion certain.
 constexpr double certainShare = 0.8;
 constexpr int minimumBand = 32;
-constexpr int fewestFixedRows = 2;
 
 // The keys of a strip of the frame that content left (`from`) and of the one that it came to.
 struct StripPair {
@@ -57,75 +59,21 @@ KESTRIO_SIMD void countCells(StripPair strip, int count, MotionEvidence* evidenc
     evidence->contradicted += contradicted;
 }
 
-// Strips of ten that may differ within a band.
-constexpr int toleratedDivisor = 5;
-// The part of the height that a band takes at most.
-constexpr int tallestBandDivisor = 2;
-
 }  // namespace
-
-// What the rows at one end of a frame tell about a band there.
-struct ExactComparison::BandEvidence {
-    int fixedCells = 0;
-    int foreignRows = 0;
-    int foreignHeight = 0;
-
-    void add(const RowTally& row, int rowsToEdge, bool isUnchanged, int strips) {
-        if (isUnchanged) fixedCells += row.fixed;
-        if (!row.isForeign(strips)) return;
-        ++foreignRows;
-        foreignHeight = rowsToEdge;
-    }
-
-    int height(int unchangedRows) const {
-        const int staying = fixedCells >= fewestCells ? unchangedRows : 0;
-        return std::max(staying, foreignRows >= fewestFixedRows ? foreignHeight : 0);
-    }
-};
-
-// A row that stays may show little, but nothing of what moves.
-bool ExactComparison::RowTally::isFixed(int strips) const {
-    return fixed >= std::max(1, strips / toleratedDivisor) && fixed > followed;
-}
-
-// Content that merely fails to show what it should may be an animation, unless it is most of the
-// row.
-bool ExactComparison::RowTally::isForeign(int strips) const {
-    return foreign * 2 >= strips && foreign > followed;
-}
 
 bool MotionEvidence::showsMotion() const {
     return matched >= fewestCells && matched >= contradicted;
 }
 
 ExactComparison::ExactComparison(const RowSignature& previous, const RowSignature& current)
-    : previous_(previous),
-      current_(current),
-      unchanged_(std::size_t(current.height()) * current.strips()) {
+    : previous_(previous), current_(current), frames_(compareFrames(previous, current)) {
     const std::uint32_t* before = previous.hashes(0);
     const std::uint32_t* now = current.hashes(0);
     const std::uint32_t* keys = current.keys(0);
-    for (std::size_t i = 0; i < unchanged_.size(); ++i) {
-        unchanged_[i] = before[i] == now[i] && keys[i] != 0 ? ~0u : 0u;
+    for (std::size_t i = 0; i < frames_.unchanged.size(); ++i) {
         changedCells_ += before[i] != now[i];
         movableCells_ += before[i] != now[i] && keys[i] != 0;
     }
-    for (int strip = 0; strip < current.strips(); ++strip)
-        edges_.push_back(edgesOf(strip));
-}
-
-ExactComparison::StripEdges ExactComparison::edgesOf(int strip) const {
-    const int height = current_.height();
-    const std::uint32_t* before = previous_.hashes(strip);
-    const std::uint32_t* now = current_.hashes(strip);
-    StripEdges edges;
-    while (edges.top < height && before[edges.top] == now[edges.top])
-        ++edges.top;
-    const auto fromBottom = [height](int rows) { return height - 1 - rows; };
-    while (edges.bottom < height - edges.top &&
-           before[fromBottom(edges.bottom)] == now[fromBottom(edges.bottom)])
-        ++edges.bottom;
-    return edges;
 }
 
 MotionEvidence ExactComparison::evidence(int deltaY, FixedBands bands) const {
@@ -133,13 +81,13 @@ MotionEvidence ExactComparison::evidence(int deltaY, FixedBands bands) const {
     const int distance = std::abs(deltaY);
     MotionEvidence evidence;
     for (int strip = 0; strip < current_.strips(); ++strip) {
-        const StripEdges edges{std::max(edges_[strip].top, bands.top),
-                               std::max(edges_[strip].bottom, bands.bottom)};
+        const StripEdges edges{std::max(frames_.edges[strip].top, bands.top),
+                               std::max(frames_.edges[strip].bottom, bands.bottom)};
         // The key of the first row depends on the band above it.
         const int from = edges.top + 1;
         const int rows = height - from - edges.bottom - distance;
         if (rows <= 0) continue;
-        const std::uint32_t* unchanged = unchanged_.data() + std::size_t(strip) * height + from;
+        const std::uint32_t* unchanged = frames_.unchangedCells(strip) + from;
         const std::uint32_t* before = previous_.keys(strip) + from;
         const std::uint32_t* now = current_.keys(strip) + from;
         StripPair pair{before + distance, now, unchanged + distance, unchanged};
@@ -155,7 +103,7 @@ bool ExactComparison::isMostlyStill() const {
     for (int strip = 0; strip < current_.strips(); ++strip) {
         const std::uint32_t* before = previous_.hashes(strip);
         const std::uint32_t* now = current_.hashes(strip);
-        const std::uint32_t* unchanged = unchanged_.data() + std::size_t(strip) * height;
+        const std::uint32_t* unchanged = frames_.unchangedCells(strip);
         for (int y = height / 4; y < height - height / 4; ++y) {
             stayed += unchanged[y] != 0;
             changed += before[y] != now[y];
@@ -179,29 +127,53 @@ ExactMotion ExactComparison::search(int mostUp, int mostDown) const {
             found[i] = evidence(deltas[i]);
     });
     if (found.empty()) return motion;
-    const auto best = std::ranges::max_element(found, {}, &MotionEvidence::score);
-    motion.evidence = *best;
-    motion.deltaY = deltas[std::size_t(best - found.begin())];
     const int mostMatched = std::ranges::max(found, {}, &MotionEvidence::matched).matched;
     motion.hasExactRows = mostMatched * exactRowsDivisor >= movableCells_;
-    if (!best->showsMotion()) return motion;
+    const std::size_t best = bestIndex(found, deltas);
+    motion.deltaY = deltas[best];
+    motion.evidence = evidenceBetweenBands(motion.deltaY);
+    if (!motion.evidence.showsMotion()) return motion;
     const auto strips = movingStrips(motion.deltaY);
     if (std::ranges::find(strips, true) == strips.end()) return motion;
     for (std::size_t i = 0; i < found.size(); ++i) {
-        if (found[i].followed * rivalDivisor >= best->followed &&
-            found[i].contradicted <= best->contradicted + rivalContradictions) {
+        if (found[i].followed * rivalDivisor >= found[best].followed &&
+            found[i].contradicted <= found[best].contradicted + rivalContradictions) {
             motion.alternatives.push_back(deltas[i]);
         }
-    }
-    // A band that is new contradicts every motion.
-    if (motion.deltaY > 0) {
-        const FixedBands bands = fixedBands(motion.deltaY).bands;
-        const MotionEvidence between = evidence(motion.deltaY, bands);
-        if (between.showsMotion()) motion.evidence = between;
     }
     if (motion.evidence.share() < certainShare) return motion;
     weighAlternatives(motion);
     return motion;
+}
+
+// Bars contradict every motion, and small overlaps the least of all: the best of those that look
+// promising either way is the one with the best evidence between its bars.
+std::size_t ExactComparison::bestIndex(const std::vector<MotionEvidence>& found,
+                                       const std::vector<int>& deltas) const {
+    std::vector<std::size_t> order(found.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    const std::size_t count = std::min(found.size(), promisingMotions);
+    const auto promising = order.begin() + std::ptrdiff_t(count);
+    std::size_t best = 0;
+    int bestScore = std::numeric_limits<int>::min();
+    const auto considerFirst = [&](auto rank) {
+        std::ranges::partial_sort(order, promising, std::ranges::greater(),
+                                  [&](std::size_t i) { return rank(found[i]); });
+        for (auto at = order.begin(); at != promising; ++at) {
+            const int score = evidenceBetweenBands(deltas[*at]).score();
+            if (score <= bestScore) continue;
+            bestScore = score;
+            best = *at;
+        }
+    };
+    considerFirst([](const MotionEvidence& each) { return each.score(); });
+    considerFirst([](const MotionEvidence& each) { return each.followed; });
+    return best;
+}
+
+MotionEvidence ExactComparison::evidenceBetweenBands(int deltaY) const {
+    if (deltaY < 0) return evidence(deltaY);
+    return evidence(deltaY, fixedBands(deltaY).bands);
 }
 
 // Of several motions, the one is true under which rows match that occur only once; else one that
@@ -235,7 +207,7 @@ int ExactComparison::distinctMatches(int deltaY) const {
     for (int strip = 0; strip < current_.strips(); ++strip) {
         const std::uint32_t* before = previous_.distinctKeys(strip);
         const std::uint32_t* now = current_.distinctKeys(strip);
-        const std::uint32_t* unchanged = unchanged_.data() + std::size_t(strip) * height;
+        const std::uint32_t* unchanged = frames_.unchangedCells(strip);
         for (int y = std::max(-deltaY, 0); y < height - std::max(deltaY, 0); ++y)
             matches += now[y] != 0 && now[y] == before[y + deltaY] && unchanged[y] == 0;
     }
@@ -268,7 +240,7 @@ std::vector<bool> ExactComparison::movingStrips(int deltaY) const {
     for (int strip = 0; strip < current_.strips(); ++strip) {
         const std::uint32_t* now = current_.keys(strip);
         const std::uint32_t* before = previous_.keys(strip);
-        const std::uint32_t* unchanged = unchanged_.data() + std::size_t(strip) * height;
+        const std::uint32_t* unchanged = frames_.unchangedCells(strip);
         int followed = 0, stayed = 0;
         for (int y = 0; y < height; ++y) {
             const int origin = y + deltaY;
@@ -282,62 +254,19 @@ std::vector<bool> ExactComparison::movingStrips(int deltaY) const {
     return moving;
 }
 
-ExactComparison::RowTally ExactComparison::tally(int y, int deltaY,
-                                                 const std::vector<bool>& strips) const {
-    const int height = current_.height();
-    RowTally row;
-    for (int strip = 0; strip < current_.strips(); ++strip) {
-        if (!strips[strip]) continue;
-        const std::uint32_t now = current_.keys(strip)[y];
-        const bool isInside = y + deltaY < height - edges_[strip].bottom;
-        const std::uint32_t origin = isInside ? previous_.keys(strip)[y + deltaY] : 0;
-        if (isInside && now == origin) {
-            row.followed += now != 0;
-        } else if (unchanged_[std::size_t(strip) * height + y]) {
-            ++row.fixed;
-        } else if (isInside) {
-            ++row.foreign;
-        }
-    }
-    return row;
-}
-
-// Rows at the top and the bottom that are the same in both frames in nearly all strips: a clock or
-// a caret changes a few.
-ExactComparison::StripEdges ExactComparison::commonEdges(const std::vector<bool>& strips) const {
-    std::vector<int> tops, bottoms;
-    for (int strip = 0; strip < current_.strips(); ++strip) {
-        if (!strips[strip]) continue;
-        tops.push_back(edges_[strip].top);
-        bottoms.push_back(edges_[strip].bottom);
-    }
-    if (tops.empty()) return {};
-    std::ranges::sort(tops);
-    std::ranges::sort(bottoms);
-    const std::size_t index = tops.size() / toleratedDivisor;
-    const int tallest = current_.height() / tallestBandDivisor;
-    return {std::min(tops[index], tallest), std::min(bottoms[index], tallest)};
-}
-
 ExactBands ExactComparison::fixedBands(int deltaY) const {
-    const int height = current_.height();
-    const auto strips = movingStrips(deltaY);
-    const int count = std::max(int(std::ranges::count(strips, true)), 1);
-    const StripEdges edges = commonEdges(strips);
-    BandEvidence top, bottom;
-    for (int y = 0; y < height / bandDivisor; ++y)
-        top.add(tally(y, deltaY, strips), y + 1, y < edges.top, count);
-    for (int rows = 1; rows <= height / bandDivisor; ++rows)
-        bottom.add(tally(height - rows, deltaY, strips), rows, rows <= edges.bottom, count);
-    return {{top.height(edges.top), bottom.height(edges.bottom)}, edges.bottom};
+    return findBands(frames_, deltaY, movingStrips(deltaY));
 }
 
 int ExactComparison::firstSoundRow(int deltaY, int begin, int end) const {
     const auto strips = movingStrips(deltaY);
-    const int count = std::max(int(std::ranges::count(strips, true)), 1);
+    const int count = int(std::ranges::count(strips, true));
     for (int y = end - 1; y >= begin; --y) {
-        const RowTally row = tally(y, deltaY, strips);
-        if (row.isForeign(count) || row.isFixed(count)) return y + 1;
+        int unsound = 0;
+        for (int strip = 0; strip < current_.strips(); ++strip)
+            unsound +=
+                strips[strip] && current_.hashes(strip)[y] != previous_.hashes(strip)[y + deltaY];
+        if (unsound > 0 && unsound * toleratedDivisor >= count) return y + 1;
     }
     return begin;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "scrolling/motion/FixedBands.h"
+#include "scrolling/motion/ExactBands.h"
 #include "scrolling/motion/RowFallback.h"
 #include "scrolling/motion/RowSignature.h"
 
@@ -49,12 +49,6 @@ struct ExactMotion {
     bool hasExactRows = false;
 };
 
-/// What stays where it is, row by row, while the rest of a frame moves.
-struct ExactBands {
-    FixedBands bands;     ///< what is known to stay, or to have appeared
-    int bottomLimit = 0;  ///< a band at the bottom is not taller: the rows above have changed
-};
-
 /// Compares two frames of one size row by row. Keeps references to the signatures.
 class ExactComparison {
   public:
@@ -84,33 +78,16 @@ class ExactComparison {
     int firstSoundRow(int deltaY, int begin, int end) const;
 
   private:
-    struct RowTally {
-        int fixed = 0;     ///< cells that stayed as they were
-        int foreign = 0;   ///< cells that show something else than the motion brings there
-        int followed = 0;  ///< cells that the motion explains
-
-        bool isFixed(int strips) const;
-        bool isForeign(int strips) const;
-    };
-    struct BandEvidence;
-
-    /// Rows of a strip that are the same in both frames, at its top and its bottom.
-    struct StripEdges {
-        int top = 0;
-        int bottom = 0;
-    };
-
-    StripEdges edgesOf(int strip) const;
-    int distinctMatches(int deltaY) const;
-    void weighAlternatives(ExactMotion& motion) const;
     std::vector<bool> movingStrips(int deltaY) const;
-    RowTally tally(int y, int deltaY, const std::vector<bool>& strips) const;
-    StripEdges commonEdges(const std::vector<bool>& strips) const;
+    int distinctMatches(int deltaY) const;
+    MotionEvidence evidenceBetweenBands(int deltaY) const;
+    std::size_t bestIndex(const std::vector<MotionEvidence>& found,
+                          const std::vector<int>& deltas) const;
+    void weighAlternatives(ExactMotion& motion) const;
 
     const RowSignature& previous_;
     const RowSignature& current_;
-    std::vector<std::uint32_t> unchanged_;  // as the keys; all bits where a cell with a key stayed
-    std::vector<StripEdges> edges_;
+    const ComparedFrames frames_;
     int changedCells_ = 0;
     int movableCells_ = 0;  // with a key, and changed
 };

@@ -9,6 +9,7 @@ namespace kestrio {
 namespace {
 
 constexpr int gridSide = 6;
+constexpr int gridCells = gridSide * gridSide;
 constexpr double scorePerInlier = 0.7;
 
 struct Motion {
@@ -40,13 +41,13 @@ int median(const std::vector<const FeatureMatch*>& matches, int FeatureMatch::*f
 }
 
 double coverage(const std::vector<const FeatureMatch*>& matches, QSize frame) {
-    std::bitset<gridSide * gridSide> cells;
+    std::bitset<gridCells> cells;
     for (const FeatureMatch* match : matches) {
         const int column = std::clamp(match->previousX * gridSide / frame.width(), 0, gridSide - 1);
         const int row = std::clamp(match->previousY * gridSide / frame.height(), 0, gridSide - 1);
-        cells.set(std::size_t(row * gridSide + column));
+        cells.set(std::size_t(row) * gridSide + std::size_t(column));
     }
-    return double(cells.count()) / (gridSide * gridSide);
+    return double(cells.count()) / gridCells;
 }
 
 }  // namespace

@@ -26,7 +26,10 @@ void release(void* info) {
 }
 
 int openNamelessFile() {
-    QByteArray path = QFile::encodeName(QDir::tempPath()) + "/Kestrio-long-image.XXXXXX";
+    // Qt names none where the environment's does not exist, and what follows would lie in the root.
+    const QString folder = QDir::tempPath();
+    if (folder.isEmpty()) return -1;
+    QByteArray path = QFile::encodeName(folder) + "/Kestrio-long-image.XXXXXX";
     const int file = ::mkostemp(path.data(), O_CLOEXEC);
     if (file >= 0) ::unlink(path.constData());
     return file;
@@ -52,7 +55,7 @@ QImage makeMappedBitmap(QSize size, QImage::Format format) {
         ::munmap(address, length);
         return {};
     }
-    mapping.release();
+    static_cast<void>(mapping.release());  // the bitmap's now
     return bitmap;
 }
 

@@ -90,9 +90,8 @@ class Judgement {
         motion.kind = Kind::moved;
         motion.deltaY = deltaY;
         motion.isExact = true;
-        const ExactBands fixed = rows_.fixedBands(deltaY);
-        motion.bands = fixed.bands;
-        motion.bottomLimit = fixed.bottomLimit;
+        motion.exactBands = rows_.fixedBands(deltaY);
+        motion.bands = motion.exactBands.bands;
         motion.confidence = rows_.evidence(deltaY, motion.bands).share();
         return motion;
     }
@@ -173,7 +172,7 @@ class Judgement {
         const int height = frames_.current.image().height();
         motion.bands = {estimate.topFixedHeight,
                         std::min(estimate.bottomFixedHeight, height / insetDivisor)};
-        motion.bottomLimit = height;
+        motion.exactBands.bottomLimit = height;
         motion.deltaY =
             likeliestMotion(frames_.last.image(), frames_.current.image(), near, motion.bands);
         motion.confidence = estimate.confidence;

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "scrolling/motion/FixedBands.h"
+#include "scrolling/motion/ExactBands.h"
 #include "scrolling/stitch/ScrollingStitchOutcome.h"
 #include "scrolling/stitch/StitchFrame.h"
 
@@ -33,8 +33,8 @@ struct JudgedMotion {
     double confidence = 0;
     /// What stays at the top and the bottom, in pixels of the frames, where moved.
     FixedBands bands = {};
-    /// No band at the bottom is taller.
-    int bottomLimit = 0;
+    /// What is known beyond them, where the frames agree bit for bit.
+    ExactBands exactBands = {};
     /// Where the frames agree bit for bit: the seam must not lie above this row.
     bool isExact = false;
     ScrollingStitchDisposition disposition =

@@ -93,6 +93,7 @@ ScrollingStitchOutcome ScrollingStitchEngine::ingestAsBreak(const QImage& image)
     if (!lastFrame_) return seed(analysed(image));
     if (image.size() != lastFrame_->image().size()) return refuseSize();
     settle();
+    restoreFooterUnlessShown(image);
     Join join{analysed(image), {}};
     join.motion.deltaY = image.height();
     join.inset = fixedBottomInset_;
@@ -100,6 +101,17 @@ ScrollingStitchOutcome ScrollingStitchEngine::ingestAsBreak(const QImage& image)
     const ScrollingStitchOutcome added = commit(join);
     history_ = {};
     return added;
+}
+
+// What was kept apart belongs to the rows above a break, unless it is a bar that stands there
+// still.
+void ScrollingStitchEngine::restoreFooterUnlessShown(const QImage& frame) {
+    if (!footer_) return;
+    const auto bottom = makeSegment(frame, frame.height() - footer_->height, footer_->height);
+    if (bottom && bottom->storage.decoded() == footer_->storage.decoded()) return;
+    content_.append(std::move(*footer_));
+    footer_.reset();
+    fixedBottomInset_ = 0;
 }
 
 ScrollingStitchOutcome ScrollingStitchEngine::refuseSize() {
@@ -173,18 +185,45 @@ ScrollingStitchOutcome ScrollingStitchEngine::refuse(const JudgedMotion& motion)
 
 ScrollingStitchEngine::Join ScrollingStitchEngine::prepare(const StitchFramePtr& frame,
                                                            const JudgedMotion& motion) const {
+    // Rows above a button that floats over the content are as good as any, as long as the frames
+    // have enough of them in common.
+    const int bar = motion.bands.bottom;
+    Join join = prepareAbove(frame, motion, std::max(bar, motion.exactBands.widgets));
+    if (join.isGap) join = prepareAbove(frame, motion, bar);
+    if (join.isGap) join = prepareRestored(frame, motion, bar);
+    join.seam = seamOf(join);
+    const int growth = std::max(join.inset - fixedBottomInset_, 0);
+    join.trim =
+        growth + std::clamp(join.overlap - join.seam, 0, std::max(content_.height() - growth, 0));
+    return join;
+}
+
+// Without its seam. `bottom` is what must be kept apart of the frame.
+ScrollingStitchEngine::Join ScrollingStitchEngine::prepareAbove(const StitchFramePtr& frame,
+                                                                const JudgedMotion& motion,
+                                                                int bottom) const {
     const int height = frame->image().height();
     Join join{frame, motion};
     // A band that was taken for too tall shrinks to what stays, and one that is new grows it.
-    join.inset = std::max(std::min(fixedBottomInset_, motion.bottomLimit), motion.bands.bottom);
+    join.inset = std::max(std::min(fixedBottomInset_, motion.exactBands.bottomLimit), bottom);
     join.usable = std::max(height - join.inset, 1);
-    const int growth = std::max(join.inset - fixedBottomInset_, 0);
-    const int known = height - motion.deltaY - fixedBottomInset_ - growth;
+    const int known = height - motion.deltaY - std::max(join.inset, fixedBottomInset_);
     join.isGap = known < motion.bands.top;
     join.overlap = std::clamp(known, 0, join.usable);
-    join.seam = seamOf(join);
-    join.trim =
-        growth + std::clamp(join.overlap - join.seam, 0, std::max(content_.height() - growth, 0));
+    return join;
+}
+
+// With rows of the last frame that were kept apart although they are no bar's.
+ScrollingStitchEngine::Join ScrollingStitchEngine::prepareRestored(const StitchFramePtr& frame,
+                                                                   const JudgedMotion& motion,
+                                                                   int bar) const {
+    const int height = frame->image().height();
+    const int kept = std::min(fixedBottomInset_, std::max(motion.exactBands.bottomLimit, bar));
+    Join join = prepareAbove(frame, motion, bar);
+    join.restored = fixedBottomInset_ - kept;
+    const int known = height - motion.deltaY - std::max(join.inset, kept);
+    join.isGap = known < motion.bands.top;
+    join.overlap = std::clamp(known, 0, join.usable);
     return join;
 }
 
@@ -220,13 +259,15 @@ ScrollingStitchOutcome ScrollingStitchEngine::append(const StitchFramePtr& frame
 ScrollingStitchOutcome ScrollingStitchEngine::commit(const Join& join) {
     const QImage& image = join.frame->image();
     const int before = totalHeight();
-    const int projected = content_.height() - join.trim + join.usable - join.seam + join.inset;
+    const int projected =
+        content_.height() + join.restored - join.trim + join.usable - join.seam + join.inset;
     if (!fits(projected)) return outcome(Disposition::outputLimitReached, join.motion.confidence);
     auto strip = makeSegment(image, join.seam, join.usable - join.seam);
     std::optional<Segment> footer;
     if (join.inset > 0) footer = makeSegment(image, image.height() - join.inset, join.inset);
     const bool lacksFooter = !footer && join.inset > 0;
-    if (!strip || lacksFooter || !content_.trimTail(join.trim)) {
+    const bool isRestored = join.restored == 0 || restoreRows(join.restored);
+    if (!strip || lacksFooter || !isRestored || !content_.trimTail(join.trim)) {
         ++matchFailureCount_;
         return outcome(Disposition::matchFailed, join.motion.confidence);
     }
@@ -248,6 +289,17 @@ ScrollingStitchOutcome ScrollingStitchEngine::commit(const Join& join) {
     appended.horizontalOffsetPixels = join.motion.horizontalOffset;
     appended.motionPixels = join.motion.deltaY;
     return appended;
+}
+
+// Makes rows of the band at the bottom content again.
+bool ScrollingStitchEngine::restoreRows(int rows) {
+    const QImage& image = reference_->image();
+    auto restored = makeSegment(image, image.height() - fixedBottomInset_, rows);
+    if (!restored) return false;
+    content_.append(std::move(*restored));
+    fixedBottomInset_ -= rows;
+    footer_ = makeSegment(image, image.height() - fixedBottomInset_, fixedBottomInset_);
+    return true;
 }
 
 void ScrollingStitchEngine::settle() {

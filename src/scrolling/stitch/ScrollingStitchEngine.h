@@ -67,6 +67,7 @@ class ScrollingStitchEngine {
         int overlap = 0;     ///< rows that are known already
         int seam = 0;        ///< the first row to be used
         int trim = 0;        ///< stored rows that it replaces
+        int restored = 0;    ///< rows that were taken for a band, but are needed as content
         bool isGap = false;  ///< rows between what is known and the frame were never shown
     };
 
@@ -78,8 +79,12 @@ class ScrollingStitchEngine {
     ScrollingStitchOutcome keepStill(const StitchFramePtr& frame, const JudgedMotion& motion);
     ScrollingStitchOutcome append(const StitchFramePtr& frame, const JudgedMotion& motion);
     Join prepare(const StitchFramePtr& frame, const JudgedMotion& motion) const;
+    Join prepareAbove(const StitchFramePtr& frame, const JudgedMotion& motion, int bottom) const;
+    Join prepareRestored(const StitchFramePtr& frame, const JudgedMotion& motion, int bar) const;
     int seamOf(const Join& join) const;
+    bool restoreRows(int rows);
     ScrollingStitchOutcome commit(const Join& join);
+    void restoreFooterUnlessShown(const QImage& frame);
     ScrollingStitchOutcome refuseSize();
     StitchFramePtr analysed(const QImage& image) const;
     void refreshFooter(const QImage& frame);

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "imaging/FrameSimilarity.h"
+#include "imaging/filters/FrameSimilarity.h"
 #include "scrolling/motion/RowSignature.h"
 #include "scrolling/motion/ScrollingMotionEstimator.h"
 

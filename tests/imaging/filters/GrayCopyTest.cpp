@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "imaging/FrameSimilarity.h"
+#include "imaging/filters/FrameSimilarity.h"
 #include "support/NoisePicture.h"
 
 namespace kestrio {

@@ -90,6 +90,21 @@ TEST(CornersTest, AreTheStrongestOfEachCellInsideTheMargin) {
     EXPECT_TRUE(findCorners(low, {}).empty());
 }
 
+TEST(CornersTest, MissNoneThatScores) {
+    ScrollingMotionConfig config;
+    config.featuresPerCell = config.maximumFeatures = 1 << 20;
+    const QSize odd(331, 207);
+    for (const GrayFrame& frame :
+         {textFrame(), makeGrayFrame(noisePicture(odd, QImage::Format_RGB32), 840)}) {
+        std::size_t expected = 0;
+        for (int y = 16; y < frame.height() - 16; y += 2)
+            for (int x = 16; x < frame.width() - 16; x += 2)
+                expected += cornerScore(frame, x, y, config.fastThreshold) > 0;
+        EXPECT_GT(expected, 60u);
+        EXPECT_EQ(findCorners(frame, config).size(), expected);
+    }
+}
+
 int distanceOf(const Feature& a, const Feature& b) {
     int distance = 0;
     for (int i = 0; i < 4; ++i)

@@ -180,6 +180,36 @@ TEST(StitchEngineTest, KeepsLateBarsOutOfTheMiddle) {
     EXPECT_TRUE(picture.copy(0, 980, 800, 70) == bar);
 }
 
+// What lies over the page at one place of the window, with the page shining through.
+QImage covered(const ScrolledFrames& page, int y, QRect place, QColor color) {
+    QImage frame = page.at(y);
+    QPainter painter(&frame);
+    painter.fillRect(place, color);
+    painter.fillRect(place.x() + 10, place.y() + 12, 60, 9, Qt::black);
+    return frame;
+}
+
+TEST(StitchEngineTest, KeepsTranslucentBarsAndFloatingButtonsToTheEnd) {
+    const ScrolledFrames& page = plainPage();
+    const QRect bar(0, 540, 800, 60), button(700, 500, 80, 60);
+    for (const auto& [place, color] :
+         {std::pair(bar, QColor(255, 240, 200, 200)), std::pair(button, QColor(200, 30, 30))}) {
+        for (const int step : {40, 170, 330}) {
+            ScrollingStitchEngine engine;
+            for (int i = 0; i < 5; ++i)
+                engine.ingest(covered(page, i * step, place, color));
+            const QImage picture = stitched(engine);
+            const int last = 4 * step;
+            ASSERT_EQ(picture.size(), QSize(800, 600 + last)) << step;
+            EXPECT_TRUE(picture.copy(0, 0, 800, last + place.y()) ==
+                        page.joined(0, last).copy(0, 0, 800, last + place.y()))
+                << step;
+            EXPECT_TRUE(picture.copy(0, last, 800, 600).copy(place) ==
+                        covered(page, last, place, color).copy(place));
+        }
+    }
+}
+
 TEST(StitchEngineTest, IgnoresWhatMovesInPlace) {
     const ScrolledFrames& page = plainPage();
     ScrollingStitchEngine engine;

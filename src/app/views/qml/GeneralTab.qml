@@ -8,13 +8,11 @@ SettingsPage {
 
     SettingsCard {
         SettingsSwitch {
-            controller: tab.controller
-            field: "launchAtLogin"
+            field: tab.controller.fields.launchAtLogin
             label: qsTranslate("Kestrio", "Launch at login")
         }
         SettingsChoice {
-            controller: tab.controller
-            field: "appLanguage"
+            field: tab.controller.fields.appLanguage
             label: qsTranslate("Kestrio", "Language")
         }
     }
@@ -22,8 +20,7 @@ SettingsPage {
         title: qsTranslate("Kestrio", "Saving")
         SavePathRow { controller: tab.controller }
         SettingsChoice {
-            controller: tab.controller
-            field: "defaultExportFormat"
+            field: tab.controller.fields.defaultExportFormat
             label: qsTranslate("Kestrio", "Format")
         }
         NamingRow { controller: tab.controller }

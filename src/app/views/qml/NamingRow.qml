@@ -7,6 +7,7 @@ import Kestrio.Ui
 ColumnLayout {
     id: row
     required property SettingsController controller
+    readonly property SettingsText pattern: controller.fields.fileNamingPattern
     Layout.fillWidth: true
     spacing: Theme.tiny
 
@@ -21,9 +22,9 @@ ColumnLayout {
         TextBox {
             objectName: "fileNamingPattern"
             Layout.preferredWidth: 260
-            text: row.controller.values.fileNamingPattern
+            text: row.pattern.value
             Accessible.name: qsTranslate("Kestrio", "File names")
-            onEdited: text => row.controller.set("fileNamingPattern", text)
+            onEdited: text => row.pattern.value = text
         }
     }
     RowLayout {
@@ -34,7 +35,7 @@ ColumnLayout {
             Chip {
                 required property var modelData
                 text: modelData.id
-                onClicked: row.controller.set("fileNamingPattern", row.controller.values.fileNamingPattern + modelData.id)
+                onClicked: row.pattern.value += modelData.id
                 Hint { isWanted: parent.hovered; words: parent.modelData.name }
             }
         }

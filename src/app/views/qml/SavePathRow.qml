@@ -17,7 +17,7 @@ RowLayout {
     }
     Text {
         Layout.fillWidth: true
-        text: row.controller.values.defaultSavePath
+        text: row.controller.fields.defaultSavePath.value
         font.pixelSize: Theme.bodySize
         color: Theme.secondaryText
         horizontalAlignment: Text.AlignRight

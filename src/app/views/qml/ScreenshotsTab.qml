@@ -10,35 +10,30 @@ SettingsPage {
     SettingsCard {
         title: qsTranslate("Kestrio", "Selecting a region")
         SettingsSwitch {
-            controller: tab.controller
-            field: "confirmBeforeEditing"
+            field: tab.controller.fields.confirmBeforeEditing
             label: qsTranslate("Kestrio", "Confirm before editing")
             explanation: qsTranslate("Kestrio", "Adjust the selection, then edit, copy, save or pin it. Otherwise the editor opens at once.")
         }
         SettingsSwitch {
-            controller: tab.controller
-            field: "snapToWindowInRegionCapture"
+            field: tab.controller.fields.snapToWindowInRegionCapture
             label: qsTranslate("Kestrio", "Snap to windows")
         }
         SettingsSwitch {
-            controller: tab.controller
-            field: "showMagnifierInRegionCapture"
+            field: tab.controller.fields.showMagnifierInRegionCapture
             label: qsTranslate("Kestrio", "Show the magnifier")
         }
     }
     SettingsCard {
         title: qsTranslate("Kestrio", "Scrolling capture")
         SettingsChoice {
-            controller: tab.controller
-            field: "scrollingCaptureMode"
+            field: tab.controller.fields.scrollingCaptureMode
             label: qsTranslate("Kestrio", "Mode")
         }
     }
     SettingsCard {
         title: qsTranslate("Kestrio", "After the capture")
         SettingsSwitch {
-            controller: tab.controller
-            field: "autoCopyToClipboard"
+            field: tab.controller.fields.autoCopyToClipboard
             label: qsTranslate("Kestrio", "Copy to the clipboard automatically")
         }
     }

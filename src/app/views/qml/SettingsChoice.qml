@@ -6,10 +6,9 @@ import Kestrio.Ui
 // A list for one field of the settings.
 RowLayout {
     id: row
-    required property SettingsController controller
-    required property string field
+    required property SettingsSelection field
     property string label
-    readonly property var choices: controller.choices[field]
+    readonly property var choices: field.choices
     Layout.fillWidth: true
 
     Text {
@@ -19,11 +18,11 @@ RowLayout {
         color: Theme.text
     }
     ChoiceBox {
-        objectName: row.field
+        objectName: row.field.objectName
         Layout.preferredWidth: 200
         name: row.label
         choices: row.choices.map(choice => choice.name)
-        current: (row.choices.find(choice => choice.id === row.controller.values[row.field]) ?? {name: ""}).name
-        onChosen: name => row.controller.set(row.field, row.choices.find(choice => choice.name === name).id)
+        current: (row.choices.find(choice => choice.id === row.field.value) ?? {name: ""}).name
+        onChosen: name => row.field.value = row.choices.find(choice => choice.name === name).id
     }
 }

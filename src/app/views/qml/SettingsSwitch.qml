@@ -6,8 +6,7 @@ import Kestrio.Ui
 // A switch for one field of the settings, with a line below that says more.
 ColumnLayout {
     id: row
-    required property SettingsController controller
-    required property string field
+    required property SettingsFlag field
     property string label
     property string explanation
     Layout.fillWidth: true
@@ -15,12 +14,12 @@ ColumnLayout {
 
     Toggle {
         Layout.fillWidth: true
-        objectName: row.field
+        objectName: row.field.objectName
         text: row.label
-        checked: row.controller.values[row.field]
+        checked: row.field.value
         onToggled: {
-            row.controller.set(row.field, checked)
-            checked = Qt.binding(() => row.controller.values[row.field])
+            row.field.value = checked
+            checked = Qt.binding(() => row.field.value)
         }
     }
     Text {

@@ -1,4 +1,4 @@
-#include "imaging/FrameSimilarity.h"
+#include "imaging/filters/FrameSimilarity.h"
 
 #include <cstdlib>
 
