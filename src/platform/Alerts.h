@@ -16,13 +16,14 @@ struct AlertTextField {
 };
 
 /// A question with a few answers. The first button is the one that Return takes, the last one is
-/// what Escape and closing stand for.
+/// what Escape and closing stand for, unless another one is named.
 struct AlertRequest {
     AlertStyle style = AlertStyle::warning;
     QString title;
     QString text;
     QStringList buttons;  ///< "OK" alone where empty
     std::optional<AlertTextField> textField = std::nullopt;
+    std::optional<int> escapeButton = std::nullopt;  ///< an index of `buttons`
 };
 
 struct AlertAnswer {

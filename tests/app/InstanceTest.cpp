@@ -51,10 +51,10 @@ struct InstanceTest : CaptureFixture {
 
   private:
     template <typename Action, typename Service>
-    void later(Action action, Service& service) {
+    void later(Action action, Service& pending) {
         auto* timer = new QTimer(captures.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [&service, timer, action] {
-            if (!service.isPending()) return;
+        QObject::connect(timer, &QTimer::timeout, timer, [&pending, timer, action] {
+            if (!pending.isPending()) return;
             timer->stop();
             action();
         });

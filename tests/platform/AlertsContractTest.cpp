@@ -80,12 +80,13 @@ Task<> await(Task<AlertAnswer> task, Outcome* outcome) {
 class AlertsContract : public testing::TestWithParam<Candidate<Desk>> {
   protected:
     void ask(QStringList buttons, std::stop_token stop = {},
-             std::optional<AlertTextField> field = std::nullopt) {
+             std::optional<AlertTextField> field = std::nullopt,
+             std::optional<int> escapeButton = std::nullopt) {
         outcome_ = {};
-        await(desk_->alerts()->ask(
-                  {AlertStyle::critical, QStringLiteral("Burn <it>?"),
-                   QStringLiteral("There is\nno way back."), std::move(buttons), std::move(field)},
-                  std::move(stop)),
+        await(desk_->alerts()->ask({AlertStyle::critical, QStringLiteral("Burn <it>?"),
+                                    QStringLiteral("There is\nno way back."), std::move(buttons),
+                                    std::move(field), escapeButton},
+                                   std::move(stop)),
               &outcome_);
         EXPECT_TRUE(waitUntil([this] { return desk_->isPending(); }));
     }
@@ -111,6 +112,9 @@ TEST_P(AlertsContract, TellWhichButtonWasPressed) {
     ask(three_);
     desk_->escape();
     EXPECT_EQ(answer(), 2);
+    ask(three_, {}, std::nullopt, 0);
+    desk_->escape();
+    EXPECT_EQ(answer(), 0);
     ask({});
     desk_->choose(0);
     EXPECT_EQ(answer(), 0);

@@ -37,17 +37,18 @@ class ScriptedAlerts : public Alerts {
 
     /// The user presses Escape.
     void dismiss() {
-        if (isPending()) answer(open_->back().lastButton);
+        if (isPending()) answer(open_->back().escapeButton);
     }
 
     Task<AlertAnswer> ask(AlertRequest request, std::stop_token stop) override {
-        const int lastButton = std::max(static_cast<int>(request.buttons.size()) - 1, 0);
+        const int escapeButton = request.escapeButton.value_or(
+            std::max(static_cast<int>(request.buttons.size()) - 1, 0));
         const auto number = requests.size();
         const QString text = request.textField ? request.textField->text : QString();
         requests.push_back(std::move(request));
         const Completion<AlertAnswer> answered(std::move(stop));
         const auto open = open_;  // the double may be gone once this goes on
-        open->push_back({number, answered, lastButton, text});
+        open->push_back({number, answered, escapeButton, text});
         if (choice) answer(*choice);
         const auto close = qScopeGuard([open, number] {
             std::erase_if(*open, [number](const Open& each) { return each.number == number; });
@@ -59,7 +60,7 @@ class ScriptedAlerts : public Alerts {
     struct Open {
         std::size_t number;
         Completion<AlertAnswer> done;
-        int lastButton;
+        int escapeButton;
         QString text;
     };
 

@@ -28,6 +28,7 @@ Task<bool> asksToKeep(std::shared_ptr<Alerts> alerts, ScrollingCaptureError erro
     request.title = Kestrio::tr("Scrolling Capture Error");
     request.text = error.errorDescription();
     request.buttons = {Kestrio::tr("Keep What Was Captured"), Kestrio::tr("Discard")};
+    request.escapeButton = 0;  // it loses nothing
     auto shown = alerts->show(std::move(request), std::move(stop));
     const int button = co_await shown;
     co_return button == 0;

@@ -62,9 +62,10 @@ QList<QAbstractButton*> addButtons(QMessageBox* box, const AlertRequest& request
                                                                 : QMessageBox::DestructiveRole;
         QPushButton* button = box->addButton(title, role);
         if (buttons.isEmpty()) box->setDefaultButton(button);
-        box->setEscapeButton(button);
         buttons << button;
+        box->setEscapeButton(button);
     }
+    if (request.escapeButton) box->setEscapeButton(buttons.value(*request.escapeButton));
     return buttons;
 }
 
@@ -97,15 +98,15 @@ Task<AlertAnswer> QtAlerts::ask(AlertRequest request, std::stop_token stop) {
     });
     const QList<QAbstractButton*> buttons = addButtons(box, request);
     QLineEdit* const field = request.textField ? addTextField(box, request) : nullptr;
-    const int lastButton = static_cast<int>(buttons.size()) - 1;
+    const int escapeButton = request.escapeButton.value_or(static_cast<int>(buttons.size()) - 1);
     const Completion<AlertAnswer> done(std::move(stop));
-    QObject::connect(box, &QMessageBox::finished, box, [box, buttons, field, done, lastButton] {
+    QObject::connect(box, &QMessageBox::finished, box, [box, buttons, field, done, escapeButton] {
         const auto index = buttons.indexOf(box->clickedButton());
-        done.succeed(
-            {index < 0 ? lastButton : static_cast<int>(index), field ? field->text() : QString()});
+        done.succeed({index < 0 ? escapeButton : static_cast<int>(index),
+                      field ? field->text() : QString()});
     });
-    QObject::connect(box, &QObject::destroyed, [done, lastButton] {
-        done.succeed({lastButton, {}});
+    QObject::connect(box, &QObject::destroyed, [done, escapeButton] {
+        done.succeed({escapeButton, {}});
     });
     QObject::connect(&lifetime_, &QObject::destroyed, box, &QDialog::reject);
     box->show();
