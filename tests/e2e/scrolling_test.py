@@ -301,9 +301,10 @@ class ScrollingTest(resident.ResidentTestCase):
     def test_what_was_captured_before_a_failure_is_kept_or_not(self):
         with self.resident_with_page(rows=6000) as desktop:
             def cover():
-                desktop.run(["xterm", "-geometry", "70x20+200+160", "-title", "in front"], "cover")
+                desktop.run(["xterm", "-geometry", "200x70+0+0", "-title", "in front"], "cover")
             process = self.spoil(desktop, cover)
-            desktop.key("Return")
+            # Dismissing the alert keeps it too.
+            desktop.key("Escape")
             self.assertEqual(self.end_of(process), (0, ""))
             self.assert_top_of_page(desktop, self.delivered(desktop), cut=16)
             desktop.file.unlink()
@@ -313,7 +314,7 @@ class ScrollingTest(resident.ResidentTestCase):
             desktop.wait_for_stillness(VIEW)
 
             process = self.spoil(desktop, lambda: desktop.end("page"))
-            desktop.key("Escape")
+            desktop.key("Tab", "space")
             status, complaint = self.end_of(process)
             self.assertEqual(status, 1)
             self.assertIn("confidence", complaint)
