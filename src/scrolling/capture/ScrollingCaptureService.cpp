@@ -24,6 +24,15 @@ ScrollingStitchEngine::Config engineConfig(const ScrollingCaptureConfig& config)
     return engine;
 }
 
+StitchingMetrics metricsOf(const ScrollingStitchSnapshot& snapshot) {
+    StitchingMetrics metrics;
+    metrics.overlapDetectionTime = snapshot.processingTime;
+    metrics.renderingTime = snapshot.renderingTime;
+    metrics.totalTime = snapshot.processingTime + snapshot.renderingTime;
+    metrics.frameCount = snapshot.acceptedFrameCount;
+    return metrics;
+}
+
 QImage requirePicture(const ScrollingStitchSnapshot& snapshot) {
     if (snapshot.acceptedFrameCount < 1) throw ScrollingCaptureError(Case::insufficientFrames);
     if (!snapshot.image.isNull()) return snapshot.image;
@@ -41,6 +50,8 @@ struct ScrollingCaptureService::Shared {
     StateObserver observer;
     std::stop_source owner;  // ends with the service
     bool isActive = false;
+    StitchingMetrics lastMetrics;
+    std::vector<StitchingWarning> lastWarnings;
 
     static Task<CapturedImage> capture(std::shared_ptr<Shared> self,
                                        ScrollingCaptureRequest request, std::stop_token stop);
@@ -62,7 +73,8 @@ struct ScrollingCaptureService::Shared {
     bool mayScroll() const;
     static Task<bool> isKept(std::shared_ptr<Shared> self, std::shared_ptr<ScrollingRun> run,
                              ScrollingCaptureError error, std::stop_token stop);
-    static Task<CapturedImage> finish(std::shared_ptr<ScrollingRun> run);
+    static Task<CapturedImage> finish(std::shared_ptr<Shared> self,
+                                      std::shared_ptr<ScrollingRun> run);
 };
 
 ScrollingCaptureService::ScrollingCaptureService(ScrollingCaptureDependencies dependencies,
@@ -78,6 +90,14 @@ ScrollingCaptureService::~ScrollingCaptureService() {
 
 void ScrollingCaptureService::setStateObserver(StateObserver observer) {
     shared_->observer = std::move(observer);
+}
+
+const StitchingMetrics& ScrollingCaptureService::lastStitchingMetrics() const {
+    return shared_->lastMetrics;
+}
+
+const std::vector<StitchingWarning>& ScrollingCaptureService::lastStitchingWarnings() const {
+    return shared_->lastWarnings;
 }
 
 Task<CapturedImage> ScrollingCaptureService::startScrollingCapture(ScrollingCaptureRequest request,
@@ -159,7 +179,7 @@ Task<CapturedImage> ScrollingCaptureService::Shared::captureSession(
             if (!keeps) throw error.reported();
         }
     }
-    auto finishing = finish(run);
+    auto finishing = finish(self, run);
     co_return co_await finishing;
 }
 
@@ -265,11 +285,14 @@ Task<bool> ScrollingCaptureService::Shared::isKept(std::shared_ptr<Shared> self,
     co_return co_await asking;
 }
 
-Task<CapturedImage> ScrollingCaptureService::Shared::finish(std::shared_ptr<ScrollingRun> run) {
+Task<CapturedImage> ScrollingCaptureService::Shared::finish(std::shared_ptr<Shared> self,
+                                                            std::shared_ptr<ScrollingRun> run) {
     run->session().set_state({Phase::stitching});
     run->presenter().showStitching();
     const auto finishing = run->worker().finish();
     const ScrollingStitchSnapshot snapshot = co_await finishing;
+    self->lastMetrics = metricsOf(snapshot);
+    self->lastWarnings = run->warnings();
     CapturedImage captured;
     captured.image = Image(requirePicture(snapshot), run->displayScaleForOutput());
     captured.captureRect = run->region();

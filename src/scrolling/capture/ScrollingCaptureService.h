@@ -42,6 +42,10 @@ class ScrollingCaptureService : public ScrollingCaptureServiceProtocol {
     Task<CapturedImage> startScrollingCapture(ScrollingCaptureRequest request,
                                               std::stop_token stop) override;
 
+    /// Of the last capture that was put together.
+    const StitchingMetrics& lastStitchingMetrics() const;
+    const std::vector<StitchingWarning>& lastStitchingWarnings() const;
+
   private:
     struct Shared;
 

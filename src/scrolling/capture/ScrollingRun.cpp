@@ -14,6 +14,9 @@ constexpr QSize thumbnailSize(320, 240);
 // Of its height that a frame must add, on average, for the limit of frames to hold.
 constexpr double leastFrameShare = 0.4;
 
+// Frames of which less is certain were joined by their looks alone, or beside much that moves.
+constexpr double certainConfidence = 0.8;
+
 // Smooth at the price of its size and not of the frame's.
 QImage thumbnailOf(const QImage& frame) {
     return frame.scaled(thumbnailSize * 2, Qt::KeepAspectRatio, Qt::FastTransformation)
@@ -36,6 +39,9 @@ ScrollingRun::ScrollingRun(std::shared_ptr<CaptureSession> session,
 
 void ScrollingRun::accept(const QImage& frame, const ScrollingStitchOutcome& outcome) {
     displayScaleForOutput_ = std::max(frame.width() / std::max(region().width(), 1.0), 1.0);
+    if (outcome.confidence < certainConfidence)
+        warnings_.emplace_back(
+            LowConfidenceMatch{session_->nextSequenceNumber(), outcome.confidence});
     session_->addFrame(frame);
     if (session_->state().phase == CaptureSessionState::Phase::selectingRegion)
         session_->set_state({CaptureSessionState::Phase::capturing});

@@ -6,6 +6,7 @@
 #include "scrolling/capture/CaptureSession.h"
 #include "scrolling/capture/ScrollingPresenter.h"
 #include "scrolling/capture/ScrollingStitchWorker.h"
+#include "scrolling/capture/StitchingMetrics.h"
 
 namespace kestrio {
 
@@ -47,6 +48,9 @@ class ScrollingRun : public QObject {
     /// To be awaited once.
     const Completion<ScrollingEnding>& ended() const { return ended_; }
 
+    /// What is doubtful about the picture so far.
+    const std::vector<StitchingWarning>& warnings() const { return warnings_; }
+
     /// Pixels a point of the frames, at least 1.
     double displayScaleForOutput() const { return displayScaleForOutput_; }
 
@@ -61,6 +65,7 @@ class ScrollingRun : public QObject {
     std::shared_ptr<ScrollingPresenter> presenter_;
     std::stop_source stop_;
     Completion<ScrollingEnding> ended_;
+    std::vector<StitchingWarning> warnings_;
     double displayScaleForOutput_ = 1;
     std::stop_callback<std::function<void()>> relay_;  // last: may call at once
 };

@@ -44,8 +44,8 @@ struct ExactMotion {
     /// Whether rows confirm it that do not repeat. Of frames with an unknown distance between them,
     /// nothing else does.
     bool isDistinct = false;
-    /// The motion, where one is unknown, under which many rows come back that occur only once, while
-    /// more speaks against it, as where a video plays.
+    /// The motion, where one is unknown, under which many rows come back that occur only once,
+    /// while more speaks against it, as where a video plays.
     std::optional<int> likely;
     /// Whether rows come back bit for bit under any motion at all: text that is drawn anew between
     /// two pixels never does.

@@ -129,6 +129,9 @@ TEST_F(ScrollingCaptureServiceTest, JoinsWhatTheUserScrolls) {
     EXPECT_EQ(result->captured->captureRect, QRectF(0, 0, 600, 400));
     EXPECT_FALSE(presenter->isShown);
     EXPECT_GE(source->stopCount, 1);
+    EXPECT_EQ(service->lastStitchingMetrics().frameCount, 4);
+    EXPECT_GT(service->lastStitchingMetrics().overlapDetectionTime, 0);
+    EXPECT_TRUE(service->lastStitchingWarnings().empty());
     EXPECT_EQ(phases, (std::vector{Phase::selectingRegion, Phase::capturing, Phase::stitching,
                                    Phase::completed}));
 }
