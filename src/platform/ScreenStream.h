@@ -79,7 +79,7 @@ class ScreenStream {
 };
 
 /// The display on which the region can be streamed: the one that holds its midpoint, or the first.
-/// Throws ScreenStreamError where there is none or where the region leaves it.
+/// Throws ScreenStreamError where no display is connected or the region leaves it.
 Display displayForStream(const std::vector<Display>& displays, QRectF region);
 
 }  // namespace kestrio

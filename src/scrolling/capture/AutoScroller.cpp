@@ -77,7 +77,7 @@ Task<QImage> AutoScroller::picture(QRectF rectangle) {
         const Image image = co_await capturing;
         taken = image.bitmap();
     } catch (const std::exception&) {
-        // A display that is just being set up anew: the next picture may succeed.
+        // A display that is being reconfigured: the next picture may succeed.
     }
     co_return taken;
 }

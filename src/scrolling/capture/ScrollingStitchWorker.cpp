@@ -108,7 +108,7 @@ void ScrollingStitchWorker::deliverPending(int generation) {
         }
         const PendingOutcomeDelivery delivery = std::move(pendingDeliveries_.front());
         pendingDeliveries_.pop_front();
-        // A copy: the handler may begin anew.
+        // A copy: the handler may start the worker again.
         const OutcomeHandler handler = outcomeHandler_;
         lock.unlock();
         handler(delivery.frame, delivery.outcome);

@@ -36,7 +36,7 @@ class ScrollingStitchWorker {
     explicit ScrollingStitchWorker(ScrollingStitchEngine::Config config);
     ~ScrollingStitchWorker();
 
-    /// Begins anew; `handler` is called on the main thread for frames that are submitted.
+    /// Starts over; `handler` is called on the main thread for frames that are submitted.
     void start(OutcomeHandler handler);
     /// Forgets everything; what still goes on of it comes to nothing.
     void reset() { restart({}); }

@@ -32,7 +32,7 @@ constexpr const auto& enumTable(CaptureAction) {
 inline constexpr int longestDelay = 3600;
 bool isDelay(int seconds);
 
-/// Left, top, width and height of a text such as "10,20,800,600"; empty where it is none.
+/// Left, top, width and height of a text such as "10,20,800,600"; empty for any other text.
 std::vector<double> regionFrom(const QString& text);
 
 /// Captures; the fields are those of CaptureRequest.
