@@ -2712,7 +2712,7 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Die Verbindung zum Bildschirm ist abgebrochen</translation>
     </message>
     <message>
-        <source>The screen does not tell what changes on it</source>
+        <source>The screen does not report what changes on it</source>
         <translation>Der Bildschirm meldet nicht, was sich auf ihm ändert</translation>
     </message>
     <message>

@@ -42,7 +42,7 @@ StreamScrollingFrameSource::~StreamScrollingFrameSource() {
 void StreamScrollingFrameSource::setFrameHandler(FrameHandler handler) {
     if (!handler) return stream_->setFrameHandler({});
     stream_->setFrameHandler([handler = std::move(handler), next = 0](StreamedFrame frame) mutable {
-        // A change without an extent is none.
+        // Nothing has changed in an empty extent.
         if (next > 0 && frame.dirtyRects.empty()) return;
         handler(sourceFrame(std::move(frame), next++));
     });

@@ -14,7 +14,7 @@ struct Corner {
     bool operator==(const Corner&) const = default;
 };
 
-/// The score of a pixel as a corner, 0 where it is none: nine neighbours in a row, on a circle of
+/// The score of a pixel as a corner, 0 for other pixels: nine neighbours in a row, on a circle of
 /// radius 3, are all brighter or all darker by more than `threshold`. The pixel is at least 3
 /// pixels from each side. (Rosten and Drummond, Machine Learning for High-Speed Corner Detection,
 /// 2006.)

@@ -47,7 +47,7 @@ struct ExactMotion {
     /// The motion, where one is unknown, under which many rows come back that occur only once,
     /// while more speaks against it, as where a video plays.
     std::optional<int> likely;
-    /// Whether rows come back bit for bit under any motion at all: text that is drawn anew between
+    /// Whether rows come back bit for bit under any motion at all: text that is redrawn between
     /// two pixels never does.
     bool hasExactRows = false;
 };

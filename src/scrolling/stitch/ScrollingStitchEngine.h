@@ -44,7 +44,8 @@ class ScrollingStitchEngine {
     /// Adds the rows of the newest frame where it has moved too little to be added so far. Before
     /// compose(), at the end.
     void settle();
-    /// The picture so far; null where there is none, or no room for it. Changes nothing.
+    /// The picture so far; null before the first frame, and where memory or disk have no room for
+    /// it. Changes nothing.
     QImage compose() const;
     /// Whether the picture is so large that compose() keeps its pixels in the temporary folder.
     bool needsTemporaryFile() const;

@@ -32,7 +32,7 @@ ScreenReading::ScreenReading(QRect pixels) : pixels_(pixels) {
 
 void ScreenReading::watchChanges() {
     if (!connection_.hasExtension(&xcb_damage_id) || !connection_.hasExtension(&xcb_xfixes_id))
-        throw ScreenStreamError(Kestrio::tr("The screen does not tell what changes on it"));
+        throw ScreenStreamError(Kestrio::tr("The screen does not report what changes on it"));
     xcb_connection_t* handle = connection_.handle();
     damageEvent_ = xcb_get_extension_data(handle, &xcb_damage_id)->first_event + XCB_DAMAGE_NOTIFY;
     // Both refuse whoever has not said which version it speaks.

@@ -26,11 +26,11 @@ class ScreenReading {
     /// The part as it is now, which counts as a change nowhere.
     Picture readAll();
     /// The part with all that has changed in it since the last reading, at one moment; nothing is
-    /// read, and the picture is null, where nothing has. Afterwards the server tells of the next
+    /// read, and the picture is null, where nothing has. Afterwards the server reports the next
     /// change.
     Picture readChanges();
 
-    /// Whether the server has told that something changed somewhere on the screen since the last
+    /// Whether the server has reported a change somewhere on the screen since the last
     /// reading.
     bool hasHeardOfChanges();
     /// Becomes readable when the server says something.

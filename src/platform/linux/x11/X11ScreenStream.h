@@ -7,7 +7,7 @@
 
 namespace kestrio {
 
-/// Reads the root window whenever the X server tells of changes in the region, in a thread with a
+/// Reads the root window whenever the X server reports changes in the region, in a thread with a
 /// connection of its own. Ends by itself where the display of the region goes, moves or changes its
 /// scale, or the server goes.
 class X11ScreenStream : public ScreenStream {
