@@ -3030,5 +3030,29 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>The temporary folder %1 has no room for so tall a picture.</source>
         <translation>Der temporäre Ordner %1 hat keinen Platz für ein so hohes Bild.</translation>
     </message>
+    <message>
+        <source>Recognition failed: %1</source>
+        <translation>Texterkennung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Failed to process image</source>
+        <translation>Das Bild konnte nicht verarbeitet werden</translation>
+    </message>
+    <message>
+        <source>OCR timed out. Try with a smaller image.</source>
+        <translation>Die Texterkennung hat zu lange gedauert. Versuchen Sie es mit einem kleineren Bild.</translation>
+    </message>
+    <message>
+        <source>Invalid image</source>
+        <translation>Ungültiges Bild</translation>
+    </message>
+    <message>
+        <source>No text detected in image</source>
+        <translation>Kein Text im Bild gefunden</translation>
+    </message>
+    <message>
+        <source>Selected region is outside image bounds</source>
+        <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
+    </message>
 </context>
 </TS>

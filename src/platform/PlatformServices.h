@@ -18,6 +18,7 @@
 #include "platform/Sounds.h"
 #include "platform/StatusItem.h"
 #include "platform/SyntheticScroll.h"
+#include "platform/TextRecognizer.h"
 #include "platform/WindowList.h"
 
 #include <functional>
@@ -44,6 +45,7 @@ struct PlatformServices {
     std::shared_ptr<Sounds> sounds;
     std::shared_ptr<Sharing> sharing;
     std::shared_ptr<SyntheticScroll> syntheticScroll;
+    std::shared_ptr<TextRecognizer> textRecognizer;
     /// A stream for each use; empty where the platform has none.
     std::function<std::shared_ptr<ScreenStream>()> makeScreenStream;
 };
