@@ -3054,5 +3054,21 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Selected region is outside image bounds</source>
         <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
     </message>
+    <message>
+        <source>Text recognition is not installed: %1 is missing. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist nicht installiert: %1 fehlt. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: the list of characters does not fit the model. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: Die Zeichenliste passt nicht zum Modell. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>The text recognition engine failed: %1</source>
+        <translation>Die Texterkennung ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: %1 cannot be loaded. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: %1 lässt sich nicht laden. Installieren Sie Kestrio erneut.</translation>
+    </message>
 </context>
 </TS>

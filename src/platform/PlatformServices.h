@@ -68,4 +68,7 @@ PlatformServices makePlatformServices();
 /// Needs a GUI application.
 std::shared_ptr<Pasteboard> makePasteboard();
 
+/// Text recognition alone, for the same. Needs an application object.
+std::shared_ptr<TextRecognizer> makeTextRecognizer();
+
 }  // namespace kestrio

@@ -12,6 +12,7 @@
 #include "platform/linux/TextPasting.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
+#include "platform/linux/recognition/EngineTextRecognizer.h"
 #include "platform/linux/share/XdgSharing.h"
 #include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/x11/X11GlobalHotkeys.h"
@@ -58,11 +59,16 @@ PlatformServices makePlatformServices() {
     services.sounds = std::make_shared<ThemeSounds>();
     services.sharing = std::make_shared<XdgSharing>();
     services.syntheticScroll = std::make_shared<X11SyntheticScroll>(xServer, services.displays);
+    services.textRecognizer = makeTextRecognizer();
     services.makeScreenStream = [displays = services.displays] {
         return std::make_shared<X11ScreenStream>(displays);
     };
     installX11KeyLookup();
     return services;
+}
+
+std::shared_ptr<TextRecognizer> makeTextRecognizer() {
+    return std::make_shared<EngineTextRecognizer>(recognitionFiles());
 }
 
 std::shared_ptr<Pasteboard> makePasteboard() {
