@@ -3054,5 +3054,9 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Selected region is outside image bounds</source>
         <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
     </message>
+    <message>
+        <source>Text cannot be recognised on this system.</source>
+        <translation>Auf diesem System lässt sich kein Text erkennen.</translation>
+    </message>
 </context>
 </TS>
