@@ -22,17 +22,21 @@ void requirePicture(const Image& image) {
     throw OCRError(hadSize ? OCRError::Case::imageConversionFailed : OCRError::Case::invalidImage);
 }
 
-// Fractions that were divided and added up may be over 1 by an error of rounding.
+// Fractions that were divided and added up may be off by an error of rounding.
+constexpr double rounding = 1e-9;
+
 bool isInside(const QRectF& fractions) {
-    constexpr double rounding = 1e-9;
     return fractions.x() >= 0 && fractions.y() >= 0 && fractions.width() > 0 &&
            fractions.height() > 0 && fractions.right() <= 1 + rounding &&
            fractions.bottom() <= 1 + rounding;
 }
 
-// Every pixel that the region touches.
+// Every pixel that the region touches; those of a region that was made of pixels exactly.
 QRect pixelsIn(const QRectF& fractions, QSize size) {
-    return pixelsFromNormalized(fractions, size).toAlignedRect() & QRect(QPoint(), size);
+    const double slack = rounding * std::max(size.width(), size.height());
+    const QRectF pixels = pixelsFromNormalized(fractions, size);
+    const QRect touched = pixels.adjusted(slack, slack, -slack, -slack).toAlignedRect();
+    return touched & QRect(QPoint(), size);
 }
 
 std::vector<OCRResult> normalized(std::vector<RecognizedLine> lines, QSize size) {

@@ -116,6 +116,16 @@ TEST_F(OCRServiceTest, ReadsRegionsWithinThePictureOnly) {
     EXPECT_EQ(recognizer->requests.size(), 2U);
 }
 
+TEST_F(OCRServiceTest, RegionsMadeOfPixelsComeBackAsThese) {
+    const Image image = picture(200, {331, 97});
+    for (int left = 0; left < 330; left += 7) {
+        const QRect region(left, left % 90, 331 - left, 97 - left % 90);
+        const QRectF fractions = normalizedFromPixels(region, image.pixelSize());
+        runUntilDone(service.recognizeText(image, fractions, {}));
+        ASSERT_EQ(recognizer->requests.back().region, region);
+    }
+}
+
 TEST_F(OCRServiceTest, NoPictureIsNoWork) {
     EXPECT_EQ(failureOf([&] { read(Image()); }), OCRError(OCRError::Case::invalidImage));
     EXPECT_EQ(failureOf([&] { read(Image(QImage(), QSizeF(20, 20))); }),
