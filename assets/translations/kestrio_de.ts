@@ -3086,5 +3086,13 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>name one picture to read</source>
         <translation>nennen Sie ein Bild, das gelesen werden soll</translation>
     </message>
+    <message>
+        <source>This language pair isn&apos;t supported.</source>
+        <translation>Dieses Sprachpaar wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>No translation was returned.</source>
+        <translation>Es kam keine Übersetzung zurück.</translation>
+    </message>
 </context>
 </TS>
