@@ -3094,5 +3094,13 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>No translation was returned.</source>
         <translation>Es kam keine Übersetzung zurück.</translation>
     </message>
+    <message>
+        <source>Choose a target language.</source>
+        <translation>Wählen Sie eine Zielsprache.</translation>
+    </message>
+    <message>
+        <source>Translation session is unavailable.</source>
+        <translation>Es ist keine Übersetzung verfügbar.</translation>
+    </message>
 </context>
 </TS>
