@@ -3054,5 +3054,113 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Selected region is outside image bounds</source>
         <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
     </message>
+    <message>
+        <source>Pattern not found: %1</source>
+        <translation>Muster nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Cannot save built-in patterns as custom patterns</source>
+        <translation>Eingebaute Muster lassen sich nicht als eigene Muster sichern</translation>
+    </message>
+    <message>
+        <source>Pattern with ID %1 already exists. Use updateCustomPattern instead.</source>
+        <translation>Ein Muster mit der ID %1 gibt es schon. Verwenden Sie stattdessen updateCustomPattern.</translation>
+    </message>
+    <message>
+        <source>Cannot update built-in patterns</source>
+        <translation>Eingebaute Muster lassen sich nicht ändern</translation>
+    </message>
+    <message>
+        <source>Failed to encode patterns: %1</source>
+        <translation>Die Muster ließen sich nicht kodieren: %1</translation>
+    </message>
+    <message>
+        <source>Email Address</source>
+        <translation>E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches standard email addresses</source>
+        <translation>Findet übliche E-Mail-Adressen</translation>
+    </message>
+    <message>
+        <source>Credit Card Number</source>
+        <translation>Kreditkartennummer</translation>
+    </message>
+    <message>
+        <source>Matches credit card numbers with optional separators</source>
+        <translation>Findet Kreditkartennummern mit oder ohne Trennzeichen</translation>
+    </message>
+    <message>
+        <source>IPv4 Address</source>
+        <translation>IPv4-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches IPv4 addresses</source>
+        <translation>Findet IPv4-Adressen</translation>
+    </message>
+    <message>
+        <source>IPv6 Address</source>
+        <translation>IPv6-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches IPv6 addresses</source>
+        <translation>Findet IPv6-Adressen</translation>
+    </message>
+    <message>
+        <source>API Key</source>
+        <translation>API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Matches common API key formats</source>
+        <translation>Findet übliche Formate von API-Schlüsseln</translation>
+    </message>
+    <message>
+        <source>Phone Number</source>
+        <translation>Telefonnummer</translation>
+    </message>
+    <message>
+        <source>Matches phone numbers in various formats</source>
+        <translation>Findet Telefonnummern in verschiedenen Schreibweisen</translation>
+    </message>
+    <message>
+        <source>AWS Access Key</source>
+        <translation>AWS-Zugriffsschlüssel</translation>
+    </message>
+    <message>
+        <source>Matches AWS access key IDs</source>
+        <translation>Findet IDs von AWS-Zugriffsschlüsseln</translation>
+    </message>
+    <message>
+        <source>GitHub Token</source>
+        <translation>GitHub-Token</translation>
+    </message>
+    <message>
+        <source>Matches GitHub personal access tokens</source>
+        <translation>Findet persönliche Zugriffstoken von GitHub</translation>
+    </message>
+    <message>
+        <source>Social Security Number</source>
+        <translation>Sozialversicherungsnummer</translation>
+    </message>
+    <message>
+        <source>Matches US SSN format (XXX-XX-XXXX)</source>
+        <translation>Findet Nummern der US-Sozialversicherung (XXX-XX-XXXX)</translation>
+    </message>
+    <message>
+        <source>MAC Address</source>
+        <translation>MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches MAC addresses</source>
+        <translation>Findet MAC-Adressen</translation>
+    </message>
+    <message>
+        <source>JWT Token</source>
+        <translation>JWT-Token</translation>
+    </message>
+    <message>
+        <source>Matches JSON Web Tokens</source>
+        <translation>Findet JSON-Web-Tokens</translation>
+    </message>
 </context>
 </TS>
