@@ -14,6 +14,8 @@ pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET libtiff-4)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-composite xcb-damage xcb-randr xcb-shape xcb-shm xcb-xfixes xcb-xtest)
 pkg_check_modules(CANBERRA REQUIRED IMPORTED_TARGET libcanberra)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-i18n)
+pkg_check_modules(PSL REQUIRED IMPORTED_TARGET libpsl)
+find_library(PHONENUMBER_LIBRARY phonenumber REQUIRED)
 
 if(NOT KESTRIO_FUZZ)
   find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools Qml Quick)

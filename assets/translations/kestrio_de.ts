@@ -3162,5 +3162,21 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Matches JSON Web Tokens</source>
         <translation>Findet JSON-Web-Tokens</translation>
     </message>
+    <message>
+        <source>OCR failed: %1</source>
+        <translation>Texterkennung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Processing failed: %1</source>
+        <translation>Verarbeitung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>No image provided for scanning</source>
+        <translation>Es ist kein Bild zum Durchsuchen da</translation>
+    </message>
+    <message>
+        <source>The pattern %1 took too long.</source>
+        <translation>Das Muster %1 hat zu lange gebraucht.</translation>
+    </message>
 </context>
 </TS>
