@@ -3175,6 +3175,38 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Es ist kein Bild zum Durchsuchen da</translation>
     </message>
     <message>
+        <source>Text cannot be recognised on this system.</source>
+        <translation>Auf diesem System lässt sich kein Text erkennen.</translation>
+    </message>
+    <message>
+        <source>print the text of a picture</source>
+        <translation>den Text eines Bildes ausgeben</translation>
+    </message>
+    <message>
+        <source>Prints the text of a picture, line by line in reading order.</source>
+        <translation>Gibt den Text eines Bildes aus, Zeile für Zeile in Lesereihenfolge.</translation>
+    </message>
+    <message>
+        <source>a picture</source>
+        <translation>ein Bild</translation>
+    </message>
+    <message>
+        <source>read this part of the picture only, in pixels</source>
+        <translation>nur diesen Teil des Bildes lesen, in Pixeln</translation>
+    </message>
+    <message>
+        <source>print the lines as JSON, with their places in pixels, how sure their reading is, and whether they are code</source>
+        <translation>die Zeilen als JSON ausgeben, mit ihrer Lage in Pixeln, wie sicher sie gelesen sind und ob sie Code sind</translation>
+    </message>
+    <message>
+        <source>--region takes left, top, width and height in pixels, as in 100,80,800,600</source>
+        <translation>--region verlangt links, oben, Breite und Höhe in Pixeln, etwa 100,80,800,600</translation>
+    </message>
+    <message>
+        <source>name one picture to read</source>
+        <translation>nennen Sie ein Bild, das gelesen werden soll</translation>
+    </message>
+    <message>
         <source>The pattern %1 took too long.</source>
         <translation>Das Muster %1 hat zu lange gebraucht.</translation>
     </message>

@@ -68,4 +68,7 @@ PlatformServices makePlatformServices();
 /// Needs a GUI application.
 std::shared_ptr<Pasteboard> makePasteboard();
 
+/// The same for reading text; null where the platform cannot.
+std::shared_ptr<TextRecognizer> makeTextRecognizer();
+
 }  // namespace kestrio

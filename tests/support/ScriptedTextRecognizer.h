@@ -27,7 +27,9 @@ class ScriptedTextRecognizer : public TextRecognizer {
             throw;
         }
         if (failure) throw *failure;
-        co_return lines;
+        // QCoro moves out of what is returned by name, also where it is no local variable.
+        std::vector<RecognizedLine> read = lines;
+        co_return read;
     }
 };
 

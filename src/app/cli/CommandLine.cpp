@@ -3,6 +3,7 @@
 #include "app/cli/CaptureCommand.h"
 #include "app/cli/EditCommand.h"
 #include "app/cli/HoldClipboardCommand.h"
+#include "app/cli/OcrCommand.h"
 #include "app/cli/RenderCommand.h"
 #include "app/cli/ResidentProgram.h"
 #include "app/cli/StitchCommand.h"
@@ -27,6 +28,7 @@ constexpr CliVerb verbs[] = {
      handOverEdit},
     {"render", Kestrio::marked("set pictures on a backdrop and write them as files"), runRender},
     {"stitch", Kestrio::marked("join frames of a scrolled page into one tall picture"), runStitch},
+    {"ocr", Kestrio::marked("print the text of a picture"), runOcr},
     {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},
 };
 

@@ -58,6 +58,7 @@ PlatformServices makePlatformServices() {
     services.sounds = std::make_shared<ThemeSounds>();
     services.sharing = std::make_shared<XdgSharing>();
     services.syntheticScroll = std::make_shared<X11SyntheticScroll>(xServer, services.displays);
+    services.textRecognizer = makeTextRecognizer();
     services.makeScreenStream = [displays = services.displays] {
         return std::make_shared<X11ScreenStream>(displays);
     };
@@ -67,6 +68,10 @@ PlatformServices makePlatformServices() {
 
 std::shared_ptr<Pasteboard> makePasteboard() {
     return std::make_shared<QtPasteboard>();
+}
+
+std::shared_ptr<TextRecognizer> makeTextRecognizer() {
+    return nullptr;
 }
 
 }  // namespace kestrio
