@@ -3210,5 +3210,53 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>The pattern %1 took too long.</source>
         <translation>Das Muster %1 hat zu lange gebraucht.</translation>
     </message>
+    <message>
+        <source>cover private data in a picture</source>
+        <translation>private Daten in einem Bild abdecken</translation>
+    </message>
+    <message>
+        <source>Finds private data in a picture and writes the picture with it covered.</source>
+        <translation>Findet private Daten in einem Bild und schreibt das Bild, in dem sie abgedeckt sind.</translation>
+    </message>
+    <message>
+        <source>solid, pixelate or blur; solid unless given, since text under the others can be reconstructed</source>
+        <translation>solid, pixelate oder blur; sonst solid, da sich Text unter den anderen rekonstruieren lässt</translation>
+    </message>
+    <message>
+        <source>what to look for, with commas between: %1; unless given, what the settings have switched on</source>
+        <translation>wonach gesucht wird, durch Kommas getrennt: %1; sonst nach allem, was in den Einstellungen eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>print what is found and write no picture</source>
+        <translation>ausgeben, was gefunden wird, und kein Bild schreiben</translation>
+    </message>
+    <message>
+        <source>print what is found as JSON</source>
+        <translation>als JSON ausgeben, was gefunden wird</translation>
+    </message>
+    <message>
+        <source>unknown type &quot;%1&quot;; known are %2</source>
+        <translation>unbekannter Typ „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>give only one of -o and --list</source>
+        <translation>geben Sie nur eines von -o und --list an</translation>
+    </message>
+    <message>
+        <source>say where the result goes: -o OUTPUT; or give --list</source>
+        <translation>sagen Sie, wohin das Ergebnis soll: -o OUTPUT; oder geben Sie --list an</translation>
+    </message>
+    <message>
+        <source>name one picture to redact</source>
+        <translation>nennen Sie ein Bild, in dem etwas abgedeckt werden soll</translation>
+    </message>
+    <message>
+        <source>unknown kind &quot;%1&quot;; known are %2</source>
+        <translation>unbekannte Art „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>No sensitive information detected</source>
+        <translation>Keine sensiblen Daten gefunden</translation>
+    </message>
 </context>
 </TS>

@@ -82,15 +82,13 @@ PatternMatcher::ActiveList PatternMatcher::compiled(const std::vector<SensitiveP
 }
 
 void PatternMatcher::reload() {
+    if (!patternStorage_) return;
     auto builtIn = builtInPatterns();
-    std::vector<SensitivePattern> custom;
-    if (patternStorage_) {
-        const auto states = patternStorage_->builtInEnabledStates();
-        for (SensitivePattern& pattern : builtIn)
-            pattern.isEnabled = states.at(pattern.id);
-        custom = patternStorage_->loadCustomPatterns();
-    }
-    auto list = std::make_shared<const ActiveList>(compiled(builtIn, custom));
+    const auto states = patternStorage_->builtInEnabledStates();
+    for (SensitivePattern& pattern : builtIn)
+        pattern.isEnabled = states.at(pattern.id);
+    auto list = std::make_shared<const ActiveList>(
+        compiled(builtIn, patternStorage_->loadCustomPatterns()));
     const std::lock_guard lock(mutex_);
     active_ = std::move(list);
 }

@@ -72,9 +72,9 @@ std::vector<PatternMatch> deduplicated(std::vector<PatternMatch> matches);
 
 class PatternMatcher : public PatternMatcherProtocol {
   public:
-    /// The patterns that everybody has and those in `storage`, which may be null.
+    /// The patterns that everybody has and those in `storage`.
     explicit PatternMatcher(std::shared_ptr<PatternStorageServiceProtocol> storage);
-    /// Exactly these.
+    /// Exactly these; reload() changes nothing.
     PatternMatcher(const std::vector<SensitivePattern>& builtIn,
                    const std::vector<SensitivePattern>& custom);
 
@@ -96,7 +96,7 @@ class PatternMatcher : public PatternMatcherProtocol {
                                const std::vector<SensitivePattern>& custom);
     std::shared_ptr<const ActiveList> active() const;
 
-    std::shared_ptr<PatternStorageServiceProtocol> patternStorage_;
+    std::shared_ptr<PatternStorageServiceProtocol> patternStorage_;  ///< may be null
     mutable std::mutex mutex_;  ///< of `active_`, which reload() replaces while others search
     std::shared_ptr<const ActiveList> active_;
 };

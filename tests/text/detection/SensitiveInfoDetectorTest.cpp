@@ -34,7 +34,8 @@ class ScriptedOCRService : public OCRServiceProtocol {
         const auto pause = sleepFor(std::chrono::milliseconds(1), stop);
         co_await pause;
         if (fail) fail();
-        co_return lines;
+        auto copy = lines;  // GCC 12 moves from a member that is returned
+        co_return copy;
     }
     Task<std::vector<OCRResultWithConfidence>> recognizeText(Image, std::stop_token) override {
         co_return {};
@@ -61,7 +62,8 @@ class SensitiveInfoDetectorTest : public testing::Test {
     }
 
     std::shared_ptr<ScriptedOCRService> reading = std::make_shared<ScriptedOCRService>();
-    std::shared_ptr<PatternMatcher> matcher = std::make_shared<PatternMatcher>(nullptr);
+    std::shared_ptr<PatternMatcher> matcher =
+        std::make_shared<PatternMatcher>(builtInPatterns(), std::vector<SensitivePattern>());
     SensitiveInfoDetector detector{reading, matcher};
     Image picture{QImage(pictureSize, QImage::Format_RGB32)};
 };
