@@ -98,6 +98,7 @@ class DraftsTest(resident.ResidentTestCase):
             desktop.wait_for_window(ALERT)
             self.answer(desktop, "Return")
             restored = self.assert_restored(desktop, drawn, desktop.process("kestrio"), "killed twice")
+            desktop.wait_for_window("first")
             desktop.key("ctrl+c")
             wait_until(lambda: "image/png" in desktop.clipboard_targets(), "the picture on the clipboard")
             self.wait_for_drafts(desktop, 0)

@@ -69,6 +69,11 @@ int cutWithin(const std::vector<bool>& columns, int first, int end) {
     return best;
 }
 
+/// The height of the ink that a strip has room for.
+double shownInk(const LineImage& line) {
+    return std::max<double>(line.inkHeight(), lowestInk * line.ink.height);
+}
+
 }  // namespace
 
 LineImage lineImage(const QImage& picture, QRect area) {
@@ -98,11 +103,33 @@ std::vector<bool> inkColumns(const LineImage& line, int limit) {
     return columns;
 }
 
+double characterPitch(const LineImage& line) {
+    const auto columns = inkColumns(line);
+    const int widestGap = line.inkHeight() / 2;
+    int runs = 0;
+    int width = 0;
+    int gap = widestGap;
+    for (int x = line.left; x < line.right; ++x) {
+        if (!columns[static_cast<size_t>(x)]) {
+            ++gap;
+            continue;
+        }
+        runs += gap > 0;
+        width += 1 + std::min(gap, widestGap);
+        gap = 0;
+    }
+    return runs == 0 ? line.inkHeight() : static_cast<double>(width) / runs;
+}
+
+double stripScale(const LineImage& line, int height) {
+    return height / (shownInk(line) * (1 + 2 * marginAbove));
+}
+
 std::vector<LineStrip> lineStrips(const LineImage& line, const StripShape& shape) {
-    const double inkHeight = std::max<double>(line.inkHeight(), lowestInk * line.ink.height);
-    const double rows = inkHeight * (1 + 2 * marginAbove);
+    const double inkHeight = shownInk(line);
+    const double across = stripScale(line, shape.height) * shape.stretch;
+    const double rows = shape.height / stripScale(line, shape.height);
     const double middle = (line.top + line.bottom) / 2.0;
-    const double across = shape.height / rows * shape.stretch;
     const auto columns = inkColumns(line);
     const double margin = inkHeight * marginBeside;
     const int step = std::max(8, static_cast<int>(shape.widest / across));

@@ -38,6 +38,13 @@ struct LineStrip {
     double scale = 1;  ///< pixels of the strip for one of the plane, across
 };
 
+/// The usual distance from one character to the next, in columns, as far as gaps tell; characters
+/// that touch count as one.
+double characterPitch(const LineImage& line);
+
+/// Pixels of a strip of this height for one of the line's plane.
+double stripScale(const LineImage& line, int height);
+
 struct StripShape {
     int height = 48;     ///< pixels
     int widest = 960;    ///< pixels, about

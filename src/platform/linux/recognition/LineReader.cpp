@@ -13,11 +13,13 @@ namespace {
 constexpr int stripHeight = 48;   // pixels; the only one that the model takes
 constexpr int widestStrip = 960;  // beyond that its attention takes more than its share of time
 constexpr int noCharacter = 0;    // the class
-// The reader takes as long as strips are wide. Most lines are sure to be read in narrow ones; small
-// proportional type, in which letters are only a step apart then, needs wide ones.
-constexpr double narrow = 0.86;
-constexpr double wide = 1.25;
-constexpr double sure = 0.965;
+// The reader takes as long as strips are wide, and needs about two steps for a character. Where
+// characters touch, so that their number cannot be told, it may want wider ones.
+constexpr double characterWidth = 16.5;  // pixels of a strip
+constexpr double narrowest = 0.7;
+constexpr double widest = 1.2;
+constexpr double wide = 1.3;
+constexpr double sure = 0.955;
 
 Tensor modelInput(const GrayPlane& strip) {
     const size_t pixels = strip.values.size();
@@ -122,7 +124,9 @@ class StripDecoder {
 }  // namespace
 
 Glyphs LineReader::read(const LineImage& line, std::stop_token stop) const {
-    Glyphs glyphs = readOnce(line, narrow, stop);
+    const double stretch = std::clamp(
+        characterWidth / (characterPitch(line) * stripScale(line, stripHeight)), narrowest, widest);
+    Glyphs glyphs = readOnce(line, stretch, stop);
     const double confidence = meanConfidence(glyphs);
     if (confidence >= sure || countOf(glyphs, Script::ideograph) > 0) return glyphs;
     Glyphs again = readOnce(line, wide, stop);

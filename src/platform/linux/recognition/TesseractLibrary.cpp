@@ -153,18 +153,15 @@ TesseractLibrary::TesseractLibrary() : functions_(std::make_unique<Functions>())
 TesseractLibrary::~TesseractLibrary() = default;
 
 std::unique_ptr<TesseractLibrary::Instance> TesseractLibrary::take(const std::string& model) {
-    {
-        const std::lock_guard guard(lock_);
-        const auto found = std::find_if(idle_.begin(), idle_.end(), [&model](const auto& instance) {
-            return instance->model() == model;
-        });
-        if (found != idle_.end()) {
-            auto instance = std::move(*found);
-            idle_.erase(found);
-            return instance;
-        }
-    }
-    return std::make_unique<Instance>(*functions_, model);
+    // Instances are made one at a time: the library sets up what all of them share with the first.
+    const std::lock_guard guard(lock_);
+    const auto found = std::find_if(idle_.begin(), idle_.end(), [&model](const auto& instance) {
+        return instance->model() == model;
+    });
+    if (found == idle_.end()) return std::make_unique<Instance>(*functions_, model);
+    auto instance = std::move(*found);
+    idle_.erase(found);
+    return instance;
 }
 
 void TesseractLibrary::giveBack(std::unique_ptr<Instance> instance) {
