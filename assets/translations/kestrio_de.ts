@@ -3258,5 +3258,60 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>No sensitive information detected</source>
         <translation>Keine sensiblen Daten gefunden</translation>
     </message>
+    <message>
+        <source>Cover sensitive information with</source>
+        <translation>Sensible Daten abdecken mit</translation>
+    </message>
+    <message>
+        <source>Text under a blur or a mosaic can be reconstructed by somebody who tries. Choose Solid for what must stay secret.</source>
+        <translation>Text unter Weichzeichner oder Mosaik lässt sich mit etwas Mühe rekonstruieren. Wählen Sie „Einfarbig“ für alles, was geheim bleiben muss.</translation>
+    </message>
+    <message>
+        <source>Nothing of what a solid mark covers is left in the finished picture.</source>
+        <translation>Von dem, was eine deckende Fläche verbirgt, bleibt im fertigen Bild nichts übrig.</translation>
+    </message>
+    <message>
+        <source>Look at the picture afterwards: not everything is recognised.</source>
+        <translation>Sehen Sie sich das Bild danach an: Nicht alles wird erkannt.</translation>
+    </message>
+    <message>
+        <source>Redact</source>
+        <translation>Abdecken</translation>
+    </message>
+    <message>
+        <source>Scanning…</source>
+        <translation>Suche …</translation>
+    </message>
+    <message>
+        <source>Stop looking for sensitive information</source>
+        <translation>Suche nach sensiblen Daten beenden</translation>
+    </message>
+    <message>
+        <source>How sensitive information is covered</source>
+        <translation>Wie sensible Daten abgedeckt werden</translation>
+    </message>
+    <message>
+        <source>Redact sensitive information</source>
+        <translation>Sensible Daten abdecken</translation>
+    </message>
+    <message>
+        <source>No screenshot loaded</source>
+        <translation>Kein Bildschirmfoto geladen</translation>
+    </message>
+    <message>
+        <source>Auto-redact failed: %1</source>
+        <translation>Automatisches Abdecken fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Redacted 1 sensitive item</source>
+        <translation>1 sensible Stelle abgedeckt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Redacted %n sensitive items</source>
+        <translation>
+            <numerusform>%n sensible Stelle abgedeckt</numerusform>
+            <numerusform>%n sensible Stellen abgedeckt</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>
