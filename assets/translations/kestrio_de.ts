@@ -3055,6 +3055,22 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
     </message>
     <message>
+        <source>Text recognition is not installed: %1 is missing. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist nicht installiert: %1 fehlt. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: the list of characters does not fit the model. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: Die Zeichenliste passt nicht zum Modell. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>The text recognition engine failed: %1</source>
+        <translation>Die Texterkennung ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: %1 cannot be loaded. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: %1 lässt sich nicht laden. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
         <source>Pattern not found: %1</source>
         <translation>Muster nicht gefunden: %1</translation>
     </message>
@@ -3205,6 +3221,22 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>name one picture to read</source>
         <translation>nennen Sie ein Bild, das gelesen werden soll</translation>
+    </message>
+    <message>
+        <source>This language pair isn&apos;t supported.</source>
+        <translation>Dieses Sprachpaar wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>No translation was returned.</source>
+        <translation>Es kam keine Übersetzung zurück.</translation>
+    </message>
+    <message>
+        <source>Choose a target language.</source>
+        <translation>Wählen Sie eine Zielsprache.</translation>
+    </message>
+    <message>
+        <source>Translation session is unavailable.</source>
+        <translation>Es ist keine Übersetzung verfügbar.</translation>
     </message>
     <message>
         <source>The pattern %1 took too long.</source>

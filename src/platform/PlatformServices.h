@@ -8,6 +8,7 @@
 #include "platform/FileReveal.h"
 #include "platform/FloatingWindows.h"
 #include "platform/GlobalHotkeys.h"
+#include "platform/LanguageIdentifier.h"
 #include "platform/LoginItem.h"
 #include "platform/MemoryPressure.h"
 #include "platform/Pasteboard.h"
@@ -19,6 +20,7 @@
 #include "platform/StatusItem.h"
 #include "platform/SyntheticScroll.h"
 #include "platform/TextRecognizer.h"
+#include "platform/Translator.h"
 #include "platform/WindowList.h"
 
 #include <functional>
@@ -46,6 +48,8 @@ struct PlatformServices {
     std::shared_ptr<Sharing> sharing;
     std::shared_ptr<SyntheticScroll> syntheticScroll;
     std::shared_ptr<TextRecognizer> textRecognizer;
+    std::shared_ptr<LanguageIdentifier> languageIdentifier;
+    std::shared_ptr<Translator> translator;
     /// A stream for each use; empty where the platform has none.
     std::function<std::shared_ptr<ScreenStream>()> makeScreenStream;
 };
@@ -68,7 +72,7 @@ PlatformServices makePlatformServices();
 /// Needs a GUI application.
 std::shared_ptr<Pasteboard> makePasteboard();
 
-/// The same for reading text; null where the platform cannot.
+/// Text recognition alone, for the same. Needs an application object.
 std::shared_ptr<TextRecognizer> makeTextRecognizer();
 
 }  // namespace kestrio

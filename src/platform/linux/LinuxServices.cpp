@@ -12,7 +12,10 @@
 #include "platform/linux/TextPasting.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
+#include "platform/linux/recognition/EngineTextRecognizer.h"
 #include "platform/linux/share/XdgSharing.h"
+#include "platform/linux/translation/ApertiumTranslator.h"
+#include "platform/linux/translation/Cld2LanguageIdentifier.h"
 #include "platform/linux/x11/X11FloatingWindows.h"
 #include "platform/linux/x11/X11GlobalHotkeys.h"
 #include "platform/linux/x11/X11ScreenGrabber.h"
@@ -59,6 +62,8 @@ PlatformServices makePlatformServices() {
     services.sharing = std::make_shared<XdgSharing>();
     services.syntheticScroll = std::make_shared<X11SyntheticScroll>(xServer, services.displays);
     services.textRecognizer = makeTextRecognizer();
+    services.languageIdentifier = std::make_shared<Cld2LanguageIdentifier>();
+    services.translator = std::make_shared<ApertiumTranslator>();
     services.makeScreenStream = [displays = services.displays] {
         return std::make_shared<X11ScreenStream>(displays);
     };
@@ -66,12 +71,12 @@ PlatformServices makePlatformServices() {
     return services;
 }
 
-std::shared_ptr<Pasteboard> makePasteboard() {
-    return std::make_shared<QtPasteboard>();
+std::shared_ptr<TextRecognizer> makeTextRecognizer() {
+    return std::make_shared<EngineTextRecognizer>(recognitionFiles());
 }
 
-std::shared_ptr<TextRecognizer> makeTextRecognizer() {
-    return nullptr;
+std::shared_ptr<Pasteboard> makePasteboard() {
+    return std::make_shared<QtPasteboard>();
 }
 
 }  // namespace kestrio
