@@ -3345,5 +3345,101 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
             <numerusform>%n sensible Stellen abgedeckt</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Built-in Patterns</source>
+        <translation>Eingebaute Muster</translation>
+    </message>
+    <message>
+        <source>These patterns detect common sensitive information types.</source>
+        <translation>Diese Muster erkennen übliche Arten sensibler Daten.</translation>
+    </message>
+    <message>
+        <source>Custom Patterns</source>
+        <translation>Eigene Muster</translation>
+    </message>
+    <message>
+        <source>Create your own patterns to detect custom data formats.</source>
+        <translation>Legen Sie eigene Muster an, um andere Datenformate zu erkennen.</translation>
+    </message>
+    <message>
+        <source>No custom patterns yet</source>
+        <translation>Noch keine eigenen Muster</translation>
+    </message>
+    <message>
+        <source>Click &apos;Add Pattern&apos; to create one</source>
+        <translation>Klicken Sie auf „Muster hinzufügen“, um eines anzulegen</translation>
+    </message>
+    <message>
+        <source>Add Pattern</source>
+        <translation>Muster hinzufügen</translation>
+    </message>
+    <message>
+        <source>Example Patterns</source>
+        <translation>Beispielmuster</translation>
+    </message>
+    <message>
+        <source>Use these as templates for your own patterns.</source>
+        <translation>Verwenden Sie diese als Vorlagen für eigene Muster.</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Edit Pattern</source>
+        <translation>Muster bearbeiten</translation>
+    </message>
+    <message>
+        <source>Pattern Name</source>
+        <translation>Name des Musters</translation>
+    </message>
+    <message>
+        <source>Regex Pattern</source>
+        <translation>Regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Sensitive information</source>
+        <translation>Sensible Daten</translation>
+    </message>
+    <message>
+        <source>Auto-blur sensitive info</source>
+        <translation>Sensible Daten automatisch abdecken</translation>
+    </message>
+    <message>
+        <source>Looks for it in every picture that opens in the editor and covers it. Look at the result: not everything is recognised, and text under a blur can be reconstructed.</source>
+        <translation>Sucht sie in jedem Bild, das sich im Editor öffnet, und deckt sie ab. Sehen Sie sich das Ergebnis an: Nicht alles wird erkannt, und Text unter einem Weichzeichner lässt sich rekonstruieren.</translation>
+    </message>
+    <message>
+        <source>Failed to update pattern: %1</source>
+        <translation>Das Muster ließ sich nicht ändern: %1</translation>
+    </message>
+    <message>
+        <source>Please provide a valid and safe regex pattern</source>
+        <translation>Bitte geben Sie einen gültigen und sicheren regulären Ausdruck an</translation>
+    </message>
+    <message>
+        <source>Failed to save pattern: %1</source>
+        <translation>Das Muster ließ sich nicht sichern: %1</translation>
+    </message>
+    <message>
+        <source>Failed to delete pattern: %1</source>
+        <translation>Das Muster ließ sich nicht löschen: %1</translation>
+    </message>
+    <message>
+        <source>Invalid regex pattern</source>
+        <translation>Ungültiger regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Pattern is unsafe or too complex</source>
+        <translation>Der Ausdruck ist unsicher oder zu verwickelt</translation>
+    </message>
+    <message>
+        <source>Valid regex pattern</source>
+        <translation>Gültiger regulärer Ausdruck</translation>
+    </message>
 </context>
 </TS>
