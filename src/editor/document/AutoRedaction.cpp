@@ -98,7 +98,7 @@ Task<> AutoRedaction::autoRedact() {
 
 void AutoRedaction::cover(const Image& picture, std::vector<DetectionResult> detections) {
     const RedactionRequest request{inPoints(std::move(detections), picture), picture.pointSize(),
-                                   redactionPadding, kind()};
+                                   redactionPadding, kind(), MarkMerging::nearby};
     const auto blurs = redaction_->makeAnnotations(request);
     if (blurs.empty()) {
         editor_.set_toastMessage(Kestrio::tr("No sensitive information detected"));

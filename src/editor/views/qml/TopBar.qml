@@ -103,7 +103,7 @@ Rectangle {
             commands: bar.commands
             command: "redact"
             symbol: bar.controller.redaction.isScanning ? "xmark" : "redact"
-            text: bar.controller.redaction.isScanning && !bar.isNarrow ? qsTranslate("Kestrio", "Scanning…") : ""
+            text: bar.controller.redaction.isScanning && bar.width > 1280 ? qsTranslate("Kestrio", "Scanning…") : ""
             tip: bar.controller.redaction.isScanning ? qsTranslate("Kestrio", "Stop looking for sensitive information")
                 : commands.title(command)
             checked: bar.controller.redaction.isScanning
