@@ -3290,5 +3290,156 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>No sensitive information detected</source>
         <translation>Keine sensiblen Daten gefunden</translation>
     </message>
+    <message>
+        <source>Cover sensitive information with</source>
+        <translation>Sensible Daten abdecken mit</translation>
+    </message>
+    <message>
+        <source>Text under a blur or a mosaic can be reconstructed by somebody who tries. Choose Solid for what must stay secret.</source>
+        <translation>Text unter Weichzeichner oder Mosaik lässt sich mit etwas Mühe rekonstruieren. Wählen Sie „Einfarbig“ für alles, was geheim bleiben muss.</translation>
+    </message>
+    <message>
+        <source>Nothing of what a solid mark covers is left in the finished picture.</source>
+        <translation>Von dem, was eine deckende Fläche verbirgt, bleibt im fertigen Bild nichts übrig.</translation>
+    </message>
+    <message>
+        <source>Look at the picture afterwards: not everything is recognised.</source>
+        <translation>Sehen Sie sich das Bild danach an: Nicht alles wird erkannt.</translation>
+    </message>
+    <message>
+        <source>Redact</source>
+        <translation>Abdecken</translation>
+    </message>
+    <message>
+        <source>Scanning…</source>
+        <translation>Suche …</translation>
+    </message>
+    <message>
+        <source>Stop looking for sensitive information</source>
+        <translation>Suche nach sensiblen Daten beenden</translation>
+    </message>
+    <message>
+        <source>How sensitive information is covered</source>
+        <translation>Wie sensible Daten abgedeckt werden</translation>
+    </message>
+    <message>
+        <source>Redact sensitive information</source>
+        <translation>Sensible Daten abdecken</translation>
+    </message>
+    <message>
+        <source>No screenshot loaded</source>
+        <translation>Kein Bildschirmfoto geladen</translation>
+    </message>
+    <message>
+        <source>Auto-redact failed: %1</source>
+        <translation>Automatisches Abdecken fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Redacted 1 sensitive item</source>
+        <translation>1 sensible Stelle abgedeckt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Redacted %n sensitive items</source>
+        <translation>
+            <numerusform>%n sensible Stelle abgedeckt</numerusform>
+            <numerusform>%n sensible Stellen abgedeckt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Built-in Patterns</source>
+        <translation>Eingebaute Muster</translation>
+    </message>
+    <message>
+        <source>These patterns detect common sensitive information types.</source>
+        <translation>Diese Muster erkennen übliche Arten sensibler Daten.</translation>
+    </message>
+    <message>
+        <source>Custom Patterns</source>
+        <translation>Eigene Muster</translation>
+    </message>
+    <message>
+        <source>Create your own patterns to detect custom data formats.</source>
+        <translation>Legen Sie eigene Muster an, um andere Datenformate zu erkennen.</translation>
+    </message>
+    <message>
+        <source>No custom patterns yet</source>
+        <translation>Noch keine eigenen Muster</translation>
+    </message>
+    <message>
+        <source>Click &apos;Add Pattern&apos; to create one</source>
+        <translation>Klicken Sie auf „Muster hinzufügen“, um eines anzulegen</translation>
+    </message>
+    <message>
+        <source>Add Pattern</source>
+        <translation>Muster hinzufügen</translation>
+    </message>
+    <message>
+        <source>Example Patterns</source>
+        <translation>Beispielmuster</translation>
+    </message>
+    <message>
+        <source>Use these as templates for your own patterns.</source>
+        <translation>Verwenden Sie diese als Vorlagen für eigene Muster.</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Edit Pattern</source>
+        <translation>Muster bearbeiten</translation>
+    </message>
+    <message>
+        <source>Pattern Name</source>
+        <translation>Name des Musters</translation>
+    </message>
+    <message>
+        <source>Regex Pattern</source>
+        <translation>Regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Sensitive information</source>
+        <translation>Sensible Daten</translation>
+    </message>
+    <message>
+        <source>Auto-blur sensitive info</source>
+        <translation>Sensible Daten automatisch abdecken</translation>
+    </message>
+    <message>
+        <source>Looks for it in every picture that opens in the editor and covers it. Look at the result: not everything is recognised, and text under a blur can be reconstructed.</source>
+        <translation>Sucht sie in jedem Bild, das sich im Editor öffnet, und deckt sie ab. Sehen Sie sich das Ergebnis an: Nicht alles wird erkannt, und Text unter einem Weichzeichner lässt sich rekonstruieren.</translation>
+    </message>
+    <message>
+        <source>Failed to update pattern: %1</source>
+        <translation>Das Muster ließ sich nicht ändern: %1</translation>
+    </message>
+    <message>
+        <source>Please provide a valid and safe regex pattern</source>
+        <translation>Bitte geben Sie einen gültigen und sicheren regulären Ausdruck an</translation>
+    </message>
+    <message>
+        <source>Failed to save pattern: %1</source>
+        <translation>Das Muster ließ sich nicht sichern: %1</translation>
+    </message>
+    <message>
+        <source>Failed to delete pattern: %1</source>
+        <translation>Das Muster ließ sich nicht löschen: %1</translation>
+    </message>
+    <message>
+        <source>Invalid regex pattern</source>
+        <translation>Ungültiger regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Pattern is unsafe or too complex</source>
+        <translation>Der Ausdruck ist unsicher oder zu verwickelt</translation>
+    </message>
+    <message>
+        <source>Valid regex pattern</source>
+        <translation>Gültiger regulärer Ausdruck</translation>
+    </message>
 </context>
 </TS>

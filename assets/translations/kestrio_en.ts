@@ -31,5 +31,12 @@
             <numerusform>%Ln frames, %1 px</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Redacted %n sensitive items</source>
+        <translation>
+            <numerusform>Redacted %n sensitive item</numerusform>
+            <numerusform>Redacted %n sensitive items</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -13,7 +13,8 @@ TEST_F(EditorWindowCoordinatorTest, WhatACaptureBringsGoesIntoItsOwnDocument) {
     with.screenCapture = service;
     with.sessions = std::make_shared<SessionArbiter>();
     with.editors = editors;
-    with.editorSteps = standardEditorSteps();
+    with.editorSteps = standardEditorSteps(
+        std::make_shared<AppSettingsService>(std::make_shared<MemoryUserDefaults>()));
     std::size_t brought = 0;
     with.editorSteps.push_back([&brought](EditorViewModel& editor, const RegionCaptureOutcome&) {
         brought = editor.annotationVM().annotations().size();

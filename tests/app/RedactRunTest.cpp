@@ -1,6 +1,7 @@
 #include "app/cli/RedactReport.h"
 
 #include "core/Json.h"
+#include "support/ScriptedDetector.h"
 
 #include <gtest/gtest.h>
 
@@ -8,17 +9,6 @@
 
 namespace kestrio {
 namespace {
-
-class ScriptedDetector : public SensitiveInfoDetectorProtocol {
-  public:
-    std::vector<DetectionResult> results;
-
-    QString obstacle() const override { return {}; }
-    Task<std::vector<DetectionResult>> detect(Image, std::stop_token) override {
-        auto copy = results;  // GCC 12 moves from a member that is returned
-        co_return copy;
-    }
-};
 
 const std::vector<DetectionResult> found = {
     {SensitiveInfoType::email, QStringLiteral("ann@example.org"), {20.4, 30.2, 60, 11.5}, 0.98765},

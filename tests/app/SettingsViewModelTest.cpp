@@ -23,7 +23,7 @@ struct SettingsViewModelTest : testing::Test {
 
     std::unique_ptr<SettingsViewModel> makeModel() {
         return std::make_unique<SettingsViewModel>(
-            SettingsServices{settings, defaults, themes, hotkeys, loginItem, dialogs});
+            SettingsServices{settings, defaults, themes, hotkeys, loginItem, dialogs, {}, {}});
     }
 
     /// As another start of the program reads them.

@@ -218,6 +218,18 @@ struct Tour {
         controller.editor().toggleAnnotationMode();
     }
 
+    void openRedactionKinds() {
+        auto* button = view->findChild<QQuickItem*>(QStringLiteral("editor.redact.kinds"));
+        ASSERT_NE(button, nullptr);
+        QMetaObject::invokeMethod(button, "clicked");
+        look();
+        window.controller().redaction()->setKind(QStringLiteral("solid"));
+        EXPECT_FALSE(window.controller().redaction()->isReversible());
+        look();
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &escape);
+    }
+
     /// Those of which nothing was seen; files of a single object leave no trace of their own.
     QStringList unseenFiles() const {
         QStringList unseen;
@@ -252,6 +264,7 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     appearance->set_isDark(true);
     tour.openSheets();
     tour.openShareMenu();
+    tour.openRedactionKinds();
     tour.annotate();
     tour.crop();
     tour.pickColour();

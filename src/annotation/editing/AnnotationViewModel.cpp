@@ -81,6 +81,15 @@ void AnnotationViewModel::addAnnotation(const AnyAnnotation& annotation) {
     historyService_.record({AddOperation{annotation}});
 }
 
+void AnnotationViewModel::addAnnotations(const std::vector<AnyAnnotation>& annotations) {
+    CompactedBatch batch;
+    for (const AnyAnnotation& annotation : annotations) {
+        appendRecord(annotation);
+        batch.operations.push_back({AddOperation{annotation}});
+    }
+    if (!batch.operations.empty()) historyService_.record({std::move(batch)});
+}
+
 void AnnotationViewModel::applyAnnotation(const AnyAnnotation& annotation) {
     AnyAnnotation* record = find(annotation.id());
     if (!record) return;

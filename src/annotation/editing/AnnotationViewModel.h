@@ -79,6 +79,8 @@ class AnnotationViewModel : public QObject {
     /// Moves all records and what undo knows of them, as when the picture's origin moves.
     void translateAll(const QPointF& offset);
     void addAnnotation(const AnyAnnotation& annotation);
+    /// The same with several at once, as one step of undo.
+    void addAnnotations(const std::vector<AnyAnnotation>& annotations);
     /// Replaces the record of the same id and leaves no step of undo.
     void applyAnnotation(const AnyAnnotation& annotation);
     /// Replaces the record of the same id; one step of undo where the two are not equal.

@@ -11,10 +11,16 @@ void takeOverAnnotations(EditorViewModel& editor, const RegionCaptureOutcome& ou
                            outcome.choice.toolColor);
 }
 
+void redactWhereWanted(AppSettingsServiceProtocol& settings, EditorViewModel& editor) {
+    if (settings.load().autoRedactOnCapture) launch(editor.autoRedaction().autoRedact(), &editor);
+}
+
 }  // namespace
 
-std::vector<EditorStep> standardEditorSteps() {
-    return {takeOverAnnotations};
+std::vector<EditorStep> standardEditorSteps(std::shared_ptr<AppSettingsServiceProtocol> settings) {
+    return {takeOverAnnotations, [settings](EditorViewModel& editor, const RegionCaptureOutcome&) {
+                redactWhereWanted(*settings, editor);
+            }};
 }
 
 }  // namespace kestrio

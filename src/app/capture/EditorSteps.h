@@ -14,6 +14,6 @@ namespace kestrio {
 using EditorStep = std::function<void(EditorViewModel&, const RegionCaptureOutcome&)>;
 
 /// The steps of the program, in the order in which they are carried out.
-std::vector<EditorStep> standardEditorSteps();
+std::vector<EditorStep> standardEditorSteps(std::shared_ptr<AppSettingsServiceProtocol> settings);
 
 }  // namespace kestrio

@@ -41,7 +41,8 @@ Image covered(const Image& image, const std::vector<DetectionResult>& detections
               RedactionKind kind, const std::stop_token& stop) {
     // One pixel a point, so that marks count in pixels.
     const QSizeF size = image.pixelSize();
-    const auto marks = RedactionService().makeAnnotations({detections, size, padding, kind});
+    const auto marks = RedactionService().makeAnnotations(
+        {detections, size, padding, kind, MarkMerging::separate});
     if (marks.empty()) return image;
     const Image picture(image.bitmap(), size);
     Image result =

@@ -24,8 +24,14 @@ std::unique_ptr<InstanceLock>& lock() {
 
 SettingsServices settingsServices(const ProgramParts& parts,
                                   const std::shared_ptr<HotkeyManager>& hotkeys) {
-    return {parts.settings, parts.userDefaults,       parts.themes,
-            hotkeys,        parts.platform.loginItem, parts.platform.fileDialogs};
+    return {parts.settings,
+            parts.userDefaults,
+            parts.themes,
+            hotkeys,
+            parts.platform.loginItem,
+            parts.platform.fileDialogs,
+            std::make_shared<PatternStorageService>(parts.userDefaults),
+            parts.platform.textRecognizer};
 }
 
 }  // namespace

@@ -84,7 +84,7 @@ CaptureCollaborators collaboratorsOf(const ProgramParts& parts) {
     made.scrollingCapture = scrollingCapture(parts, snapshots, regions);
     made.sessions = parts.sessions;
     made.editors = parts.editors;
-    made.editorSteps = standardEditorSteps();
+    made.editorSteps = standardEditorSteps(parts.settings);
     made.pins = parts.pins;
     made.exporter = parts.exporter;
     made.settings = parts.settings;

@@ -4,8 +4,10 @@
 #include "app/settings/SettingsTab.h"
 #include "platform/FileDialogs.h"
 #include "platform/LoginItem.h"
+#include "platform/TextRecognizer.h"
 #include "render/stores/ThemeStorageService.h"
 #include "settings/AppSettingsService.h"
+#include "text/patterns/PatternStorageService.h"
 
 #include <QTimer>
 
@@ -19,6 +21,8 @@ struct SettingsServices {
     std::shared_ptr<HotkeyManager> hotkeys;
     std::shared_ptr<LoginItem> loginItem;
     std::shared_ptr<FileDialogs> fileDialogs;
+    std::shared_ptr<PatternStorageServiceProtocol> patterns;
+    std::shared_ptr<TextRecognizer> textRecognizer;  ///< may be null
 };
 
 /// The settings as the settings window edits them. Changes are written and take effect a moment

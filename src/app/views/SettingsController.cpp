@@ -13,6 +13,8 @@ SettingsController::SettingsController(const SettingsServices& services,
                                        std::shared_ptr<Appearance> appearance, QObject* parent)
     : QObject(parent),
       model_(services),
+      patterns_(services.patterns),
+      textRecognizer_(services.textRecognizer),
       hotkeyManager_(services.hotkeys),
       permissions_(std::move(permissions)),
       appearance_(std::move(appearance)),
@@ -45,6 +47,11 @@ void SettingsController::relayModel() {
     connect(&model_, &Model::cachedThemesChanged, this, &SettingsController::themesChanged);
     connect(&model_, &Model::needsRestartChanged, this, &SettingsController::needsRestartChanged);
     connect(&model_, &Model::messageChanged, this, &SettingsController::messageChanged);
+}
+
+QString SettingsController::readingObstacle() const {
+    return textRecognizer_ ? textRecognizer_->obstacle()
+                           : Kestrio::tr("Text cannot be recognised on this system.");
 }
 
 QVariantList SettingsController::tabs() const {

@@ -3,6 +3,7 @@
 #include "app/settings/SettingsViewModel.h"
 #include "app/settings/ShortcutRecorder.h"
 #include "app/shell/PermissionManager.h"
+#include "app/views/PatternPanel.h"
 #include "app/views/SettingsFields.h"
 #include "platform/Appearance.h"
 #include "platform/DesktopWords.h"
@@ -19,6 +20,9 @@ class SettingsController : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The window's owner makes it")
     Q_PROPERTY(kestrio::SettingsFields* fields READ fields CONSTANT)
+    Q_PROPERTY(kestrio::PatternPanel* patterns READ patterns CONSTANT)
+    /// Why no private data can be found on this machine; empty where it can.
+    Q_PROPERTY(QString readingObstacle READ readingObstacle CONSTANT)
     Q_PROPERTY(QVariantList tabs READ tabs CONSTANT)
     Q_PROPERTY(QString tab READ tab WRITE setTab NOTIFY tabChanged)
     /// Rows {id, label, keys, isRecording, note} of the hotkeys that do something.
@@ -48,6 +52,8 @@ class SettingsController : public QObject {
     SettingsViewModel& model() { return model_; }
 
     SettingsFields* fields() { return &fields_; }
+    PatternPanel* patterns() { return &patterns_; }
+    QString readingObstacle() const;
     QVariantList tabs() const;
     QString tab() const { return rawString(model_.selectedTab()); }
     void setTab(const QString& id);
@@ -92,6 +98,8 @@ class SettingsController : public QObject {
 
     SettingsViewModel model_;
     SettingsFields fields_{model_};
+    PatternPanel patterns_;
+    std::shared_ptr<TextRecognizer> textRecognizer_;
     std::shared_ptr<HotkeyManager> hotkeyManager_;
     std::shared_ptr<PermissionManager> permissions_;
     std::shared_ptr<Appearance> appearance_;

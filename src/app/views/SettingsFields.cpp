@@ -36,6 +36,9 @@ const SettingsFlag::Row SettingsFields::launchAtLoginRow = {
     [](const AppSettings& settings) { return settings.launchAtLogin; },
     [](SettingsViewModel& model, const bool& value) { model.setLaunchAtLogin(value); }};
 
+const SettingsFlag::Row SettingsFields::autoRedactOnCaptureRow =
+    direct<bool, &AppSettings::autoRedactOnCapture>;
+
 const SettingsFlag::Row SettingsFields::autoCopyToClipboardRow =
     direct<bool, &AppSettings::autoCopyToClipboard>;
 

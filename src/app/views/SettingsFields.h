@@ -28,6 +28,7 @@ class SettingsFields : public QObject {
     KESTRIO_SETTINGS_FIELD(SettingsFlag, snapToWindowInRegionCapture)
     KESTRIO_SETTINGS_FIELD(SettingsFlag, showMagnifierInRegionCapture)
     KESTRIO_SETTINGS_FIELD(SettingsFlag, confirmBeforeEditing)
+    KESTRIO_SETTINGS_FIELD(SettingsFlag, autoRedactOnCapture)
     KESTRIO_SETTINGS_FIELD(SettingsText, defaultSavePath)
     KESTRIO_SETTINGS_FIELD(SettingsText, fileNamingPattern)
     KESTRIO_SETTINGS_FIELD(SettingsSelection, defaultExportFormat)

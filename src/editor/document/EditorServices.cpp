@@ -1,5 +1,7 @@
 #include "editor/document/EditorServices.h"
 
+#include "text/recognition/OCRService.h"
+
 namespace kestrio {
 
 EditorServices makeEditorServices(const PlatformServices& platform,
@@ -11,6 +13,10 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.stylePersistence = std::make_shared<EditorStylePersistenceService>(userDefaults);
     services.themes = std::make_shared<ThemeStorageService>(userDefaults);
     services.enhancement = std::make_shared<AIEnhancementService>();
+    services.detector = std::make_shared<SensitiveInfoDetector>(
+        std::make_shared<OCRService>(platform.textRecognizer),
+        std::make_shared<PatternMatcher>(std::make_shared<PatternStorageService>(userDefaults)));
+    services.redaction = std::make_shared<RedactionService>();
     services.settings = std::make_shared<AppSettingsService>(userDefaults);
     services.userDefaults = std::move(userDefaults);
     services.pasteboard = platform.pasteboard;

@@ -9,6 +9,7 @@
 #include "render/stores/EditorStylePersistenceService.h"
 #include "render/stores/ThemeStorageService.h"
 #include "settings/AppSettingsService.h"
+#include "text/redaction/RedactionService.h"
 
 namespace kestrio {
 
@@ -20,6 +21,8 @@ struct EditorServices {
     std::shared_ptr<ThemeStorageServiceProtocol> themes;
     std::shared_ptr<WatermarkServiceProtocol> watermark;
     std::shared_ptr<AIEnhancementServiceProtocol> enhancement;
+    std::shared_ptr<SensitiveInfoDetectorProtocol> detector;  ///< may be null: nothing is searched
+    std::shared_ptr<RedactionServiceProtocol> redaction;      ///< null only where `detector` is
     std::shared_ptr<UserDefaults> userDefaults;
     std::shared_ptr<Pasteboard> pasteboard;
     std::shared_ptr<MemoryPressure> memoryPressure;  ///< may be null

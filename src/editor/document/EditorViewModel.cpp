@@ -11,6 +11,7 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
       styleModel_(services.stylePersistence),
       annotationSession_(services),
       enhancement_(*this, services.enhancement),
+      autoRedaction_(*this, services),
       outputModel_(*this, services),
       watermarkVM_(services.watermark),
       historyManager_(HistoryManager<EditorSnapshot>::greatestHistorySize,
@@ -224,6 +225,20 @@ void EditorViewModel::startAnnotating(const std::vector<AnyAnnotation>& annotati
     } else {
         leaveAnnotationMode();
     }
+}
+
+void EditorViewModel::addMarks(const std::vector<AnyAnnotation>& marks) {
+    finishEditing();
+    if (!annotationVM().annotationsVisible()) annotationVM().toggleVisibility();
+    if (isAnnotationMode()) {
+        annotationVM().addAnnotations(marks);
+        synchroniseAnnotations();
+    } else {
+        std::vector<AnyAnnotation> all = annotations();
+        all.insert(all.end(), marks.begin(), marks.end());
+        annotationSession_.reset(all);
+    }
+    recordSnapshot();
 }
 
 void EditorViewModel::toggleColorPicker(AnnotationSession::UseColor use) {

@@ -3,6 +3,7 @@
 #include "annotation/history/HistoryManager.h"
 #include "editor/crop/CropSession.h"
 #include "editor/document/AnnotationSession.h"
+#include "editor/document/AutoRedaction.h"
 #include "editor/document/EditorState.h"
 #include "editor/document/OutputModel.h"
 #include "editor/document/PictureEnhancement.h"
@@ -58,6 +59,8 @@ class EditorViewModel : public QObject {
     const CropSession& cropSession() const { return cropSession_; }
     PictureEnhancement& enhancement() { return enhancement_; }
     const PictureEnhancement& enhancement() const { return enhancement_; }
+    AutoRedaction& autoRedaction() { return autoRedaction_; }
+    const AutoRedaction& autoRedaction() const { return autoRedaction_; }
     OutputModel& outputModel() { return outputModel_; }
     const OutputModel& outputModel() const { return outputModel_; }
     WatermarkViewModel& watermarkVM() { return watermarkVM_; }
@@ -132,6 +135,8 @@ class EditorViewModel : public QObject {
     /// are given.
     void startAnnotating(const std::vector<AnyAnnotation>& annotations,
                          std::optional<AnnotationTool> tool, std::optional<CodableColor> color);
+    /// Adds marks to the annotations, as one step of undo, and shows all of these; modes stay.
+    void addMarks(const std::vector<AnyAnnotation>& marks);
     /// Starts or ends picking a colour from the picture; see AnnotationSession::startPicking().
     void toggleColorPicker(AnnotationSession::UseColor use = {});
     void enterCropMode();
@@ -176,6 +181,7 @@ class EditorViewModel : public QObject {
     AnnotationSession annotationSession_;
     CropSession cropSession_;
     PictureEnhancement enhancement_;
+    AutoRedaction autoRedaction_;
     OutputModel outputModel_;
     WatermarkViewModel watermarkVM_;
     HistoryManager<EditorSnapshot> historyManager_;

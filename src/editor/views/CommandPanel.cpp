@@ -20,6 +20,8 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
             &CommandPanel::refreshEnabled);
     connect(&editor.annotationVM(), &AnnotationViewModel::selectedAnnotationChanged, this,
             &CommandPanel::refreshEnabled);
+    connect(&editor.autoRedaction(), &AutoRedaction::isScanningChanged, this,
+            &CommandPanel::refreshEnabled);
     connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::refreshEnabled);
     connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::refreshEnabled);
 }

@@ -8,6 +8,7 @@
 #include "editor/views/CropPanel.h"
 #include "editor/views/EditorChoices.h"
 #include "editor/views/OutputPanel.h"
+#include "editor/views/RedactionPanel.h"
 #include "editor/views/SharePanel.h"
 #include "editor/views/StyleFields.h"
 #include "editor/views/ThemePanel.h"
@@ -30,6 +31,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::CommandPanel* commands READ commands CONSTANT)
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
+    Q_PROPERTY(kestrio::RedactionPanel* redaction READ redaction CONSTANT)
     Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
@@ -83,6 +85,7 @@ class EditorController : public QObject {
     CommandPanel* commands() { return &commands_; }
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
+    RedactionPanel* redaction() { return &redaction_; }
     SharePanel* share() { return &share_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
@@ -179,6 +182,7 @@ class EditorController : public QObject {
     CropPanel crop_;
     OutputPanel output_;
     ClosingPanel closing_;
+    RedactionPanel redaction_;
     SharePanel share_;
     CommandPanel commands_;
     ThemePanel themes_;

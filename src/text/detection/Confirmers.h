@@ -30,6 +30,11 @@ std::optional<TextRange> wholeSecretKey(const QString& text, const TextRange& hi
 /// Places where an address in short form, "::" among its numbers, may be.
 std::vector<TextRange> shortIPv6Candidates(const QString& text);
 
+/// Addresses that lack a sign after a bad reading: one of the two colons of the short form, or a
+/// dot where the words before announce an address. They need no more confirming.
+std::vector<TextRange> misreadIPv6Addresses(const QString& text);
+std::vector<TextRange> misreadIPv4Addresses(const QString& text);
+
 /// Keys as they look after a bad reading: the prefix misspelt or without its underscores, spaces
 /// within. They need no more confirming.
 std::vector<TextRange> misreadSecretKeys(const QString& text);

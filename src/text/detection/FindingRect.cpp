@@ -8,9 +8,10 @@ namespace kestrio {
 namespace {
 
 // In heights of the line. Recognisers place the edges of characters within a fifth of that, and
-// smoothed edges reach a pixel further; the space before the next word is a quarter and more.
-constexpr double sideMargin = 0.2;
-constexpr double edgeMargin = 0.1;
+// smoothed edges reach a pixel further; the space before the next word is a quarter and more. A
+// line's own height may be that of its digits alone, above and below which nothing stands.
+constexpr double sideMargin = 0.25;
+constexpr double edgeMargin = 0.2;
 constexpr double smallestMargin = 1.0;  // pixels
 
 QRectF coveredCharacters(const RecognizedLine& line, const TextRange& range) {

@@ -62,6 +62,16 @@ bool isNumberOfSomethingElse(const QString& text, const TextRange& token) {
     return product.match(before).hasMatch() || suffix.match(after).hasMatch();
 }
 
+std::vector<TextRange> rangesOf(const QRegularExpression& form, const QString& text) {
+    std::vector<TextRange> ranges;
+    auto found = form.globalMatch(text);
+    while (found.hasNext()) {
+        const auto match = found.next();
+        ranges.push_back({int(match.capturedStart()), int(match.capturedLength())});
+    }
+    return ranges;
+}
+
 // The part of a text made of an address's units, from which the sentence's own colons and stops
 // were taken.
 TextRange hexToken(const QString& text, const TextRange& hit) {
@@ -121,12 +131,32 @@ std::optional<TextRange> wholeIPv4Address(const QString& text, const TextRange& 
 std::vector<TextRange> shortIPv6Candidates(const QString& text) {
     static const QRegularExpression form(
         QStringLiteral(R"((?:(?:[0-9a-fA-F]{1,4}:)+|:):(?:[0-9a-fA-F]{1,4}:)*[0-9a-fA-F]{1,4})"));
-    std::vector<TextRange> ranges;
-    auto found = form.globalMatch(text);
-    while (found.hasNext()) {
-        const auto match = found.next();
-        ranges.push_back({int(match.capturedStart()), int(match.capturedLength())});
-    }
+    return rangesOf(form, text);
+}
+
+std::vector<TextRange> misreadIPv6Addresses(const QString& text) {
+    // Of the networks that are in use, so that no time of day and no ratio is meant.
+    static const QRegularExpression form(
+        QStringLiteral(
+            R"((?<![\w:.])(?:fe80|f[cd][0-9a-f]{2}|2001|2a0[0-9a-f])(?::[0-9a-f]{1,4}){1,6})"
+            R"((?:%\w+)?(?![\w:]))"),
+        QRegularExpression::CaseInsensitiveOption);
+    return rangesOf(form, text);
+}
+
+std::vector<TextRange> misreadIPv4Addresses(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral(R"((?<![\w.])(?:\d{4,6}\.\d{1,3}\.\d{1,3}|\d{1,3}\.\d{4,6}\.\d{1,3})"
+                       R"(|\d{1,3}\.\d{1,3}\.\d{4,6})(?![\w.]))"));
+    static const QRegularExpression announcement(
+        QStringLiteral(
+            R"((?:\b(?:inet|brd|addr(?:ess)?|ip|host|ping|gateway|dns|nameserver|peer|via))"
+            R"(|@|://)[\s:=]*$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    std::vector<TextRange> ranges = rangesOf(form, text);
+    std::erase_if(ranges, [&text](const TextRange& range) {
+        return !announcement.match(text.left(range.start)).hasMatch();
+    });
     return ranges;
 }
 

@@ -133,20 +133,18 @@ struct LineSearch::Harvest {
 void LineSearch::harvestForm(const VisualLine& line, const ReadingForm& form,
                              Harvest& harvest) const {
     const QString& text = form.text.text;
-    bool hasPhoneHit = false;
     for (const PatternMatch& hit : matcher_.findAllMatches(text, scan_)) {
         if (!hit.isBuiltIn) {
             harvest.add(form, hit.type, hit.range);
         } else if (const auto whole = confirmed(text, hit)) {
             harvest.add(form, hit.type, *whole);
         } else {
-            hasPhoneHit = hasPhoneHit || hit.type == SensitiveInfoType::phoneNumber;
             const TextRange origin = form.text.originOf(hit.range);
             if (!form.joinsNumbers && isPlausible(text, hit) && !isCertain(line, origin))
                 harvest.add(harvest.refused, form, hit.type, hit.range);
         }
     }
-    if (hasPhoneHit) {
+    if (matcher_.isActive(SensitiveInfoType::phoneNumber)) {
         for (const TextRange& number : phoneNumbersIn(text, {region_, form.joinsNumbers}))
             harvest.add(form, SensitiveInfoType::phoneNumber, number);
     }
@@ -154,11 +152,17 @@ void LineSearch::harvestForm(const VisualLine& line, const ReadingForm& form,
         for (const TextRange& key : misreadSecretKeys(text))
             harvest.add(form, SensitiveInfoType::apiKey, key);
     }
+    if (matcher_.isActive(SensitiveInfoType::ipv4)) {
+        for (const TextRange& address : misreadIPv4Addresses(text))
+            harvest.add(form, SensitiveInfoType::ipv4, address);
+    }
     if (matcher_.isActive(SensitiveInfoType::ipv6)) {
         for (const TextRange& candidate : shortIPv6Candidates(text)) {
             if (const auto whole = wholeIPv6Address(text, candidate))
                 harvest.add(form, SensitiveInfoType::ipv6, *whole);
         }
+        for (const TextRange& address : misreadIPv6Addresses(text))
+            harvest.add(form, SensitiveInfoType::ipv6, address);
     }
 }
 

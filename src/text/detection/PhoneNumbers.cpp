@@ -81,7 +81,8 @@ bool isBare(const QString& number) {
     return std::ranges::all_of(number, isAsciiDigit);
 }
 
-// Digits that go on before or behind it are of a longer number or an identifier.
+// Digits that go on before or behind it are of a longer number or an identifier. Before a sign the
+// space is often lost.
 bool isCutOut(const QString& text, const TextRange& range) {
     const auto goesOn = [&text](int beside, int beyond) {
         const QChar unit = unitAt(text, beside);
@@ -89,7 +90,9 @@ bool isCutOut(const QString& text, const TextRange& range) {
         return (unit == u'-' || unit == u'.' || unit == u'/' || unit == u':') &&
                isAsciiDigit(unitAt(text, beyond));
     };
-    return goesOn(range.start - 1, range.start - 2) || goesOn(range.end(), range.end() + 1);
+    const bool startsWithDigit = isAsciiDigit(unitAt(text, range.start));
+    return (startsWithDigit && goesOn(range.start - 1, range.start - 2)) ||
+           goesOn(range.end(), range.end() + 1);
 }
 
 struct Candidate {
@@ -125,6 +128,27 @@ bool isAccepted(const QString& text, const Candidate& candidate, const PhoneSear
     if (isCalledOtherwise(before, text.mid(candidate.range.end()))) return false;
     if (search.joinsNumbers && isBare(number)) return candidate.isValid && number.startsWith(u'0');
     return candidate.isValid || isWrittenNorthAmerican(number);
+}
+
+// What begins with a plus sign and is written in groups, or like a number of North America, of
+// which a digit may be missing: recognisers read a pair of digits as one.
+std::vector<TextRange> writtenPhones(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral(R"(\+\d{1,3}[-. (]+(?:\d+[-. )(]+){1,4}\d{2,5})"
+                       R"(|\([2-9]\d\d\) ?(\d)\1[-. ]\d{4}|\b[2-9]\d\d([-. ])(\d)\3\2\d{4})"
+                       R"(|\b(\d)\4([-. ])\d{3}\5\d{4})"));
+    std::vector<TextRange> ranges;
+    auto found = form.globalMatch(text);
+    while (found.hasNext()) {
+        const auto match = found.next();
+        const TextRange range{int(match.capturedStart()), int(match.capturedLength())};
+        const int digits = digitCount(match.captured());
+        const QString before = text.left(range.start);
+        if (digits > smallestDigitCount && digits <= greatestDigitCount && !isCutOut(text, range) &&
+            !isCalledOtherwise(before, text.mid(range.end())))
+            ranges.push_back(range);
+    }
+    return ranges;
 }
 
 // What stands behind a word like "phone", whatever the library makes of it.
@@ -170,8 +194,9 @@ std::vector<TextRange> phoneNumbersIn(const QString& text, const PhoneSearch& se
                 numbers.push_back(candidate.range);
         }
     }
-    for (const TextRange& called : calledPhones(text)) {
-        if (!overlapsAny(numbers, called)) numbers.push_back(called);
+    for (const auto& others : {writtenPhones(text), calledPhones(text)}) {
+        for (const TextRange& other : others)
+            if (!overlapsAny(numbers, other)) numbers.push_back(other);
     }
     std::ranges::sort(numbers, {}, &TextRange::start);
     return numbers;

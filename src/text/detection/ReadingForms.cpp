@@ -178,7 +178,8 @@ QChar digitFor(QChar letter) {
 
 // Letters for digits in numbers and in what has the colons of an address.
 MappedText withDigits(MappedText form) {
-    static const QRegularExpression single(QStringLiteral("(?<=[0-9] )[lIOo|](?= [0-9])"));
+    static const QRegularExpression single(
+        QStringLiteral(R"((?<=[0-9] )[lIOo|](?= [0-9])|(?<=\+)[lI|](?=[ (-]))"));
     auto singles = single.globalMatch(form.text);
     while (singles.hasNext()) {
         const int place = int(singles.next().capturedStart());
@@ -203,6 +204,28 @@ MappedText withDigits(MappedText form) {
         }
     }
     return form;
+}
+
+// A space behind words that are written before numbers and addresses, where it was lost.
+MappedText withSplitLabels(const MappedText& from) {
+    static const QRegularExpression label(
+        QStringLiteral(R"(\b(?:inet|brd|addr|ip|host|from|to|at|dns|nameserver|server|via|src|dst)"
+                       R"(|ping|phone|tel|fax|mobile|call|card|visa)(?=\d))"
+                       R"(|(?:inet6|server|ping6)(?=[0-9a-f]{1,4}:))"),
+        QRegularExpression::CaseInsensitiveOption);
+    MappedText result;
+    int last = 0;
+    const auto take = [&](int end) {
+        for (; last < end; ++last)
+            result.append(from.text[last], from.origins[size_t(last)]);
+    };
+    auto found = label.globalMatch(from.text);
+    while (found.hasNext()) {
+        take(int(found.next().capturedEnd()));
+        result.append(u' ', -1);
+    }
+    take(int(from.text.size()));
+    return result;
 }
 
 // Digits for letters in the last label of a host, which has none.
@@ -234,11 +257,13 @@ std::vector<ReadingForm> readingForms(const VisualLine& line) {
     MappedText plain = given;
     std::ranges::transform(plain.text, plain.text.begin(), plainUnit);
     add(given, false);
-    for (const MappedText& each : {plain, withoutSeams(plain, line), withDigits(plain)}) {
+    for (const MappedText& each :
+         {plain, withoutSeams(plain, line), withDigits(plain), withSplitLabels(plain)}) {
         std::vector<ReadingForm> spacings = {{each, false}};
         for (const Side side : {Side::behind, Side::before, Side::both})
             spacings.push_back({withTightSigns(each, line, side), false});
         spacings.push_back({withTightNumbers(each, line), true});
+        spacings.push_back({withTightNumbers(withTightSigns(each, line, Side::both), line), true});
         for (MappedText& joined : withSingleJoints(each, line))
             spacings.push_back({std::move(joined), true});
         for (const ReadingForm& spacing : spacings) {

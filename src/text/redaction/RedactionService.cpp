@@ -63,10 +63,11 @@ std::vector<BlurAnnotation> RedactionService::makeAnnotations(
         const QRectF rect = padded(detection.boundingBox, request.padding, request.imageSize);
         if (!rect.isEmpty()) rects.push_back(rect);
     }
+    if (request.merging == MarkMerging::nearby) rects = merged(std::move(rects));
     const double intensity =
         request.kind == RedactionKind::solid ? opaqueIntensity : defaultIntensity;
     std::vector<BlurAnnotation> annotations;
-    for (const QRectF& rect : merged(std::move(rects))) {
+    for (const QRectF& rect : rects) {
         annotations.push_back({QUuid::createUuid(), rect, defaultBlurRadius, noColor, 0,
                                blurTypeOf(request.kind), intensity});
     }

@@ -17,11 +17,18 @@ constexpr const auto& enumTable(RedactionKind) {
     return redactionKinds;
 }
 
+/// What becomes of rectangles that nearly touch.
+enum class MarkMerging {
+    nearby,    ///< one mark, easy to handle; covers what lies between them too
+    separate,  ///< a mark each, which covers no more than asked for
+};
+
 struct RedactionRequest {
     std::vector<DetectionResult> detections;
     QSizeF imageSize;    ///< in the unit of the detections' rectangles
     double padding = 0;  ///< on every side of each, in the same unit
     RedactionKind kind = RedactionKind::blur;
+    MarkMerging merging = MarkMerging::nearby;
 };
 
 /// Turns what was found into marks that cover it.
@@ -33,8 +40,8 @@ class RedactionServiceProtocol {
     /// Rectangles that nearly touch become one.
     virtual std::vector<BlurAnnotation> makeBlurAnnotations(
         const std::vector<DetectionResult>& detections, QSizeF imageSize, double padding) const = 0;
-    /// The same of any kind. Solid ones leave nothing of what they cover; text under the others can
-    /// be reconstructed by somebody who tries.
+    /// The same of any kind, merged or not. Solid ones leave nothing of what they cover; text under
+    /// the others can be reconstructed by somebody who tries.
     virtual std::vector<BlurAnnotation> makeAnnotations(const RedactionRequest& request) const = 0;
 };
 
@@ -43,7 +50,8 @@ class RedactionService : public RedactionServiceProtocol {
     std::vector<BlurAnnotation> makeBlurAnnotations(const std::vector<DetectionResult>& detections,
                                                     QSizeF imageSize,
                                                     double padding) const override {
-        return makeAnnotations({detections, imageSize, padding, RedactionKind::blur});
+        return makeAnnotations(
+            {detections, imageSize, padding, RedactionKind::blur, MarkMerging::nearby});
     }
     std::vector<BlurAnnotation> makeAnnotations(const RedactionRequest& request) const override;
 };

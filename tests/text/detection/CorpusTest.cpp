@@ -38,11 +38,28 @@ bool hits(const DetectionResult& result, const ReadLine& line) {
     });
 }
 
+// An expression that does not compile finds nothing and only warns.
+class WarningCount {
+  public:
+    WarningCount() {
+        count = 0;
+        previous_ = qInstallMessageHandler(&WarningCount::take);
+    }
+    ~WarningCount() { qInstallMessageHandler(previous_); }
+    Q_DISABLE_COPY_MOVE(WarningCount)
+    static inline int count = 0;
+
+  private:
+    static void take(QtMsgType, const QMessageLogContext&, const QString&) { ++count; }
+    QtMessageHandler previous_;
+};
+
 Score scoreOf(unsigned seed, ReadingQuality quality) {
     const PatternMatcher matcher(builtInPatterns(), {});
     PatternScan scan;
     std::mt19937 random(seed);
     Score score;
+    const WarningCount warnings;
     for (const CorpusLine& line : corpusLines(seed, lineCount)) {
         const ReadLine read = readLine(line, 100, quality, random);
         const auto found =
@@ -63,6 +80,7 @@ Score scoreOf(unsigned seed, ReadingQuality quality) {
                                          QStringLiteral(" in: ") + read.text;
         }
     }
+    EXPECT_EQ(WarningCount::count, 0);
     return score;
 }
 

@@ -113,7 +113,8 @@ TEST_F(SensitiveInfoDetectorTest, DropsWhatIsCertainlySomethingElse) {
     for (const char* text :
          {"icon@2x.png", "std::vector<int> d::e", "Version 10.2.3.4", "4111 1111 1111 1112",
           "id 550e8400-e29b-41d4-a716-446655440000", "mask 255.255.255.0", "1.3.6.1.4.1",
-          "Chrome/120.0.0.0", "order 415-555-0132", "12 345 678", "x[1::2]",
+          "Chrome/120.0.0.0", "order 415-555-0132", "12 345 678", "release 12.0.1104",
+          "at 2024:10:15 and 10:20:30", "@@ -120,7 +120,9 @@", "x[1::2]",
           "key_derivationfunctionparameters"})
         EXPECT_EQ(textsIn(QString::fromLatin1(text)), QStringList()) << text;
     // Where the reading is doubtful, the first digit may have been another one.
@@ -131,6 +132,11 @@ TEST_F(SensitiveInfoDetectorTest, TakesTheWholeToken) {
              {"ann@shop.co. uk", "ann@shop.co.uk"},
              {"tel +33 1 23 45 67 89", "+33 1 23 45 67 89"},
              {"(555) 123-4567 home", "(555) 123-4567"},
+             {"Phone(212)555-0056", "(212)555-0056"},
+             {"| 55-123-1760 |", "55-123-1760"},
+             {"inet6 fe80:7f21:70f9/64", "fe80:7f21:70f9"},
+             {"inet8.8.130.53/24", "8.8.130.53"},
+             {"brd 85214.247.159", "85214.247.159"},
              {"sk live 4eC39HqLyjWDarjtT1zdp7dc", "sk live 4eC39HqLyjWDarjtT1zdp7dc"},
              {"card 4lll-1111-1111-111I", "4111-1111-1111-1111"}})
         EXPECT_EQ(textsIn(QString::fromLatin1(text)), QStringList(QString::fromLatin1(secret)));

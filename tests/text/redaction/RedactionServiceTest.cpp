@@ -50,12 +50,19 @@ TEST(RedactionService, JoinsWhatNearlyTouchesInTheOrderOfTheFirst) {
               1u);
 }
 
+TEST(RedactionService, KeepsMarksApartWhereAsked) {
+    const auto marks = RedactionService().makeAnnotations(
+        {found({{10, 10, 50, 10}, {10, 21, 90, 10}}), pictureSize, 1, RedactionKind::solid,
+         MarkMerging::separate});
+    EXPECT_EQ(rectsOf(marks), (std::vector<QRectF>{{9, 9, 52, 12}, {9, 20, 92, 12}}));
+}
+
 TEST(RedactionService, CoversOpaquelyWhereItIsToBeSolid) {
     for (const auto& [kind, type, intensity] :
          {std::tuple(RedactionKind::pixelate, BlurType::pixelate, 0.5),
           std::tuple(RedactionKind::solid, BlurType::solid, 1.0)}) {
-        const auto marks =
-            RedactionService().makeAnnotations({found({{10, 10, 50, 10}}), pictureSize, 2, kind});
+        const auto marks = RedactionService().makeAnnotations(
+            {found({{10, 10, 50, 10}}), pictureSize, 2, kind, MarkMerging::nearby});
         ASSERT_EQ(marks.size(), 1u);
         EXPECT_EQ(marks[0].blurType, type);
         EXPECT_EQ(marks[0].intensity, intensity);

@@ -45,6 +45,16 @@ SettingsPage {
         }
     }
     SettingsCard {
+        title: qsTranslate("Kestrio", "Sensitive information")
+        SettingsSwitch {
+            field: tab.controller.fields.autoRedactOnCapture
+            label: qsTranslate("Kestrio", "Auto-blur sensitive info")
+            explanation: tab.controller.readingObstacle !== "" ? tab.controller.readingObstacle
+                : qsTranslate("Kestrio", "Looks for it in every picture that opens in the editor and covers it. Look at the result: not everything is recognised, and text under a blur can be reconstructed.")
+        }
+    }
+    PatternCards { panel: tab.controller.patterns }
+    SettingsCard {
         title: qsTranslate("Kestrio", "Your pictures")
         Text {
             Layout.fillWidth: true

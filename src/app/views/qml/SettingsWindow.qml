@@ -49,5 +49,13 @@ Window {
     Component { id: privacyTab; PrivacyTab { controller: window.controller } }
     Component { id: aboutTab; AboutTab { controller: window.controller } }
 
-    Shortcut { sequences: [StandardKey.Close, "Esc"]; onActivated: window.close() }
+    Loader {
+        anchors.fill: parent
+        // Stays once it was needed.
+        active: window.controller.patterns.isSheetShown || item !== null
+        sourceComponent: PatternSheet { panel: window.controller.patterns }
+    }
+
+    Shortcut { sequences: [StandardKey.Close]; onActivated: window.close() }
+    Shortcut { sequence: "Esc"; enabled: !window.controller.patterns.isSheetShown; onActivated: window.close() }
 }

@@ -20,6 +20,14 @@ Rectangle {
             onClosed: destroy()
         }
     }
+    Component {
+        id: redactionKinds
+        RedactionPopover {
+            controller: bar.controller
+            y: kindsButton.height
+            onClosed: destroy()
+        }
+    }
     signal enhanceRequested()
     signal resetRequested()
 
@@ -89,6 +97,24 @@ Rectangle {
             symbol: "sparkles"
             tip: qsTranslate("Kestrio", "Enhance the picture")
             onClicked: bar.enhanceRequested()
+        }
+        CommandButton {
+            objectName: "editor.redact"
+            commands: bar.commands
+            command: "redact"
+            symbol: bar.controller.redaction.isScanning ? "xmark" : "redact"
+            text: bar.controller.redaction.isScanning && bar.width > 1280 ? qsTranslate("Kestrio", "Scanning…") : ""
+            tip: bar.controller.redaction.isScanning ? qsTranslate("Kestrio", "Stop looking for sensitive information")
+                : commands.title(command)
+            checked: bar.controller.redaction.isScanning
+        }
+        IconButton {
+            id: kindsButton
+            objectName: "editor.redact.kinds"
+            symbol: "chevron.down"
+            tip: qsTranslate("Kestrio", "How sensitive information is covered")
+            implicitWidth: 22
+            onClicked: redactionKinds.createObject(kindsButton).open()
         }
         Item { Layout.fillWidth: true }
         IconButton {
