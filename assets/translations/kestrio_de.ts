@@ -3102,5 +3102,164 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>Translation session is unavailable.</source>
         <translation>Es ist keine Übersetzung verfügbar.</translation>
     </message>
+    <message>
+        <source>No screenshot loaded</source>
+        <translation>Kein Bild geladen</translation>
+    </message>
+    <message>
+        <source>OCR failed: %1</source>
+        <translation>Texterkennung fehlgeschlagen: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Found %n blocks of text</source>
+        <translation>
+            <numerusform>%n Textblock gefunden</numerusform>
+            <numerusform>%n Textblöcke gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copied all text to clipboard</source>
+        <translation>Gesamter Text in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Copied translation to clipboard</source>
+        <translation>Übersetzung in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Copied all translations to clipboard</source>
+        <translation>Alle Übersetzungen in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>The clipboard took nothing</source>
+        <translation>Die Zwischenablage hat nichts angenommen</translation>
+    </message>
+    <message>
+        <source>Scanning text...</source>
+        <translation>Text wird erkannt …</translation>
+    </message>
+    <message>
+        <source>Code · %1</source>
+        <translation>Code · %1</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Copy this block</source>
+        <translation>Diesen Block kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Translation</source>
+        <translation>Übersetzung kopieren</translation>
+    </message>
+    <message>
+        <source>Translate Anyway</source>
+        <translation>Trotzdem übersetzen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy All</source>
+        <translation>Alles kopieren</translation>
+    </message>
+    <message>
+        <source>Show Results</source>
+        <translation>Ergebnisse zeigen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>OCR &amp; Translation</source>
+        <translation>Texterkennung und Übersetzung</translation>
+    </message>
+    <message>
+        <source>Clear the text</source>
+        <translation>Text verwerfen</translation>
+    </message>
+    <message>
+        <source>Blocks</source>
+        <translation>Blöcke</translation>
+    </message>
+    <message>
+        <source>Full Text</source>
+        <translation>Gesamter Text</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>Übersetzung</translation>
+    </message>
+    <message>
+        <source>Target language</source>
+        <translation>Zielsprache</translation>
+    </message>
+    <message>
+        <source>Choose a target language</source>
+        <translation>Zielsprache wählen</translation>
+    </message>
+    <message>
+        <source>Translate All</source>
+        <translation>Alles übersetzen</translation>
+    </message>
+    <message>
+        <source>Copy all translations</source>
+        <translation>Alle Übersetzungen kopieren</translation>
+    </message>
+    <message>
+        <source>Scanning text... Click to stop.</source>
+        <translation>Text wird erkannt … Klicken zum Abbrechen.</translation>
+    </message>
+    <message>
+        <source>Stop reading the text</source>
+        <translation>Texterkennung abbrechen</translation>
+    </message>
+    <message>
+        <source>Hide the text</source>
+        <translation>Text ausblenden</translation>
+    </message>
+    <message>
+        <source>Read the text of the picture</source>
+        <translation>Text des Bildes lesen</translation>
+    </message>
+    <message>
+        <source>Waiting to translate</source>
+        <translation>Wartet auf die Übersetzung</translation>
+    </message>
+    <message>
+        <source>Translating…</source>
+        <translation>Wird übersetzt …</translation>
+    </message>
+    <message>
+        <source>Translation failed</source>
+        <translation>Übersetzung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Code block skipped</source>
+        <translation>Codeblock übersprungen</translation>
+    </message>
+    <message>
+        <source>Already in the target language</source>
+        <translation>Bereits in der Zielsprache</translation>
+    </message>
+    <message>
+        <source>Loading languages…</source>
+        <translation>Sprachen werden geladen …</translation>
+    </message>
+    <message>
+        <source>Translation unavailable</source>
+        <translation>Übersetzung nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Ready to translate</source>
+        <translation>Bereit zum Übersetzen</translation>
+    </message>
+    <message>
+        <source>Translation complete</source>
+        <translation>Übersetzung abgeschlossen</translation>
+    </message>
 </context>
 </TS>

@@ -31,5 +31,12 @@
             <numerusform>%Ln frames, %1 px</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Found %n blocks of text</source>
+        <translation>
+            <numerusform>Found %n block of text</numerusform>
+            <numerusform>Found %n blocks of text</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

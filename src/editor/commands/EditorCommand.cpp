@@ -50,6 +50,14 @@ void toggleShortcuts(Editor& editor) {
     editor.set_isShortcutOverlayVisible(!editor.isShortcutOverlayVisible());
 }
 
+void toggleReading(Editor& editor) {
+    if (editor.ocrVM().isScanning()) {
+        editor.ocrVM().cancelScan();
+    } else {
+        launch(editor.performOCR(), &editor);
+    }
+}
+
 bool isFree(const Editor&, const Actions& actions) {
     return !actions.isBusy();
 }
@@ -198,6 +206,31 @@ constexpr EditorCommand commands[] = {
      .run = [](Editor& editor, Actions&) { editor.leaveAnnotationMode(); },
      .isEnabled = [](const Editor& editor, const Actions&) { return editor.isAnnotationMode(); },
      .isListed = false},
+    {.id = "cancelReading",
+     .category = view,
+     .scope = canvas,
+     .title = Kestrio::marked("Stop reading the text"),
+     .keys = "Esc",
+     .run = [](Editor& editor, Actions&) { editor.ocrVM().cancelScan(); },
+     .isEnabled = [](const Editor& editor, const Actions&) { return editor.ocrVM().isScanning(); },
+     .isListed = false},
+    {.id = "hideText",
+     .category = view,
+     .scope = canvas,
+     .title = Kestrio::marked("Hide the text"),
+     .keys = "Esc",
+     .run = [](Editor& editor, Actions&) { editor.ocrVM().set_showResultsPanel(false); },
+     .isEnabled = [](const Editor& editor,
+                     const Actions&) { return editor.ocrVM().showResultsPanel(); },
+     .isListed = false},
+    {.id = "readText",
+     .category = view,
+     .scope = window,
+     .title = Kestrio::marked("Read the text of the picture"),
+     .keys = "Ctrl+T",
+     .run = [](Editor& editor, Actions&) { toggleReading(editor); },
+     .isEnabled = [](const Editor& editor,
+                     const Actions&) { return !editor.screenshot().isNull(); }},
     {.id = "eyedropper",
      .category = view,
      .scope = canvas,

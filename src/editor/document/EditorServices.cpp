@@ -1,5 +1,7 @@
 #include "editor/document/EditorServices.h"
 
+#include "text/recognition/OCRService.h"
+
 namespace kestrio {
 
 EditorServices makeEditorServices(const PlatformServices& platform,
@@ -19,6 +21,9 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.fileReveal = platform.fileReveal;
     services.sharing = platform.sharing;
     services.appearance = platform.appearance;
+    services.ocr = std::make_shared<OCRService>(platform.textRecognizer);
+    services.translation =
+        std::make_shared<OCRTranslationService>(platform.translator, platform.languageIdentifier);
     return services;
 }
 

@@ -14,12 +14,15 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
     keyboard_.activate();
     using Editor = EditorViewModel;
     for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged,
-                              &Editor::isShortcutOverlayVisibleChanged})
+                              &Editor::isShortcutOverlayVisibleChanged, &Editor::screenshotChanged})
         connect(&editor, signal, this, &CommandPanel::refreshEnabled);
     connect(&editor.annotationSession(), &AnnotationSession::isAnnotationModeChanged, this,
             &CommandPanel::refreshEnabled);
     connect(&editor.annotationVM(), &AnnotationViewModel::selectedAnnotationChanged, this,
             &CommandPanel::refreshEnabled);
+    using Text = OCRViewModel;
+    for (const auto signal : {&Text::isScanningChanged, &Text::showResultsPanelChanged})
+        connect(&editor.ocrVM(), signal, this, &CommandPanel::refreshEnabled);
     connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::refreshEnabled);
     connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::refreshEnabled);
 }

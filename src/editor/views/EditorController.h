@@ -10,6 +10,7 @@
 #include "editor/views/OutputPanel.h"
 #include "editor/views/SharePanel.h"
 #include "editor/views/StyleFields.h"
+#include "editor/views/TextPanel.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -31,6 +32,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::CropPanel* crop READ crop CONSTANT)
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
     Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
+    Q_PROPERTY(kestrio::TextPanel* text READ text CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(kestrio::StyleFields* style READ style CONSTANT)
@@ -84,6 +86,7 @@ class EditorController : public QObject {
     CropPanel* crop() { return &crop_; }
     OutputPanel* output() { return &output_; }
     SharePanel* share() { return &share_; }
+    TextPanel* text() { return &text_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     StyleFields* style() { return &style_; }
@@ -181,6 +184,7 @@ class EditorController : public QObject {
     ClosingPanel closing_;
     SharePanel share_;
     CommandPanel commands_;
+    TextPanel text_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     StyleFields style_;

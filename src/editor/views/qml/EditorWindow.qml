@@ -7,6 +7,7 @@ Window {
     id: window
     required property EditorController controller
     property real panelWidth: 288
+    property real textPanelWidth: 320
 
     width: 1200
     height: 800
@@ -52,9 +53,20 @@ Window {
                 Layout.fillHeight: true
                 controller: window.controller
             }
+            // In the place of the style's panel, so that the picture keeps its room.
+            Loader {
+                Layout.fillHeight: true
+                Layout.preferredWidth: window.textPanelWidth
+                active: window.controller.text.isShown
+                visible: active
+                sourceComponent: TextResults {
+                    panel: window.controller.text
+                    onWidened: by => window.textPanelWidth = Math.max(240, Math.min(520, window.textPanelWidth + by))
+                }
+            }
             RightPanel {
                 Layout.fillHeight: true
-                Layout.preferredWidth: window.controller.isPanelShown ? window.panelWidth : 0
+                Layout.preferredWidth: window.controller.isPanelShown && !window.controller.text.isShown ? window.panelWidth : 0
                 visible: Layout.preferredWidth > 0
                 controller: window.controller
                 onWidened: by => window.panelWidth = Math.max(190, Math.min(420, window.panelWidth + by))

@@ -90,6 +90,14 @@ Rectangle {
             tip: qsTranslate("Kestrio", "Enhance the picture")
             onClicked: bar.enhanceRequested()
         }
+        CommandButton {
+            objectName: "editor.readText"
+            commands: bar.commands
+            command: "readText"
+            symbol: bar.controller.text.isScanning ? "xmark" : "text.viewfinder"
+            tip: bar.controller.text.isScanning ? qsTranslate("Kestrio", "Scanning text... Click to stop.") : bar.commands.title(command)
+            checked: bar.controller.text.isShown
+        }
         Item { Layout.fillWidth: true }
         IconButton {
             objectName: "marksHidden"

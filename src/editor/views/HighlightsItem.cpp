@@ -1,0 +1,89 @@
+#include "editor/views/HighlightsItem.h"
+
+#include <QQuickWindow>
+#include <QSGRectangleNode>
+
+namespace kestrio {
+
+namespace {
+
+constexpr double lineWidth = 1;  // points
+constexpr double gap = 2;        // points between a line of text and its frame
+constexpr double fillOpacity = 0.10;
+constexpr double strongFillOpacity = 0.28;
+constexpr double lineOpacity = 0.55;
+
+}  // namespace
+
+HighlightsItem::HighlightsItem(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+    connect(this, &HighlightsItem::colorChanged, this, &QQuickItem::update);
+    connect(this, &HighlightsItem::hoveredChanged, this, &QQuickItem::update);
+}
+
+void HighlightsItem::setPanel(TextPanel* panel) {
+    if (panel_ == panel) return;
+    panel_ = panel;
+    if (panel_) {
+        connect(&panel_->text(), &OCRViewModel::highlightedRegionsChanged, this,
+                &QQuickItem::update);
+    }
+    update();
+    Q_EMIT panelChanged();
+}
+
+void HighlightsItem::setHovered(int index) {
+    if (std::exchange(hovered_, index) != index) Q_EMIT hoveredChanged();
+}
+
+int HighlightsItem::blockAt(const QPointF& place) const {
+    if (!panel_ || width() <= 0 || height() <= 0) return -1;
+    return panel_->text().regionAt({place.x() / width(), 1 - place.y() / height()});
+}
+
+QRectF HighlightsItem::blockRect(int index) const {
+    if (!panel_ || index < 0 || index >= int(panel_->text().highlightedRegions().size())) return {};
+    const QRectF bounds = panel_->text().highlightedRegions()[std::size_t(index)].bounds;
+    return {bounds.x() * width(), (1 - bounds.bottom()) * height(), bounds.width() * width(),
+            bounds.height() * height()};
+}
+
+void HighlightsItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    update();
+}
+
+void HighlightsItem::appendFrame(QSGNode* node, const QRectF& rect, bool isStrong) const {
+    const auto append = [&](const QRectF& part, double opacity) {
+        QColor color = color_;
+        color.setAlphaF(float(opacity));
+        QSGRectangleNode* const made = window()->createRectangleNode();
+        made->setRect(part);
+        made->setColor(color);
+        node->appendChildNode(made);
+    };
+    append(rect, isStrong ? strongFillOpacity : fillOpacity);
+    append({rect.left(), rect.top(), rect.width(), lineWidth}, lineOpacity);
+    append({rect.left(), rect.bottom() - lineWidth, rect.width(), lineWidth}, lineOpacity);
+    append({rect.left(), rect.top(), lineWidth, rect.height()}, lineOpacity);
+    append({rect.right() - lineWidth, rect.top(), lineWidth, rect.height()}, lineOpacity);
+}
+
+// A rectangle of the scene for each line and fill: these are drawn by every renderer, and cost the
+// main loop nothing while the view moves.
+QSGNode* HighlightsItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+    if (!node) node = new QSGNode;
+    while (QSGNode* const child = node->firstChild()) {
+        node->removeChildNode(child);
+        delete child;
+    }
+    if (!panel_) return node;
+    const auto& regions = panel_->text().highlightedRegions();
+    for (int index = 0; index < int(regions.size()); ++index) {
+        const bool isStrong = index == hovered_ || regions[std::size_t(index)].isSelected;
+        appendFrame(node, blockRect(index).adjusted(-gap, -gap, gap, gap), isStrong);
+    }
+    return node;
+}
+
+}  // namespace kestrio
