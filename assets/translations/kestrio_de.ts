@@ -3055,6 +3055,142 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Der gewählte Bereich liegt außerhalb des Bildes</translation>
     </message>
     <message>
+        <source>Text recognition is not installed: %1 is missing. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist nicht installiert: %1 fehlt. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: the list of characters does not fit the model. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: Die Zeichenliste passt nicht zum Modell. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>The text recognition engine failed: %1</source>
+        <translation>Die Texterkennung ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>Text recognition is damaged: %1 cannot be loaded. Install Kestrio again.</source>
+        <translation>Die Texterkennung ist beschädigt: %1 lässt sich nicht laden. Installieren Sie Kestrio erneut.</translation>
+    </message>
+    <message>
+        <source>Pattern not found: %1</source>
+        <translation>Muster nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Cannot save built-in patterns as custom patterns</source>
+        <translation>Eingebaute Muster lassen sich nicht als eigene Muster sichern</translation>
+    </message>
+    <message>
+        <source>Pattern with ID %1 already exists. Use updateCustomPattern instead.</source>
+        <translation>Ein Muster mit der ID %1 gibt es schon. Verwenden Sie stattdessen updateCustomPattern.</translation>
+    </message>
+    <message>
+        <source>Cannot update built-in patterns</source>
+        <translation>Eingebaute Muster lassen sich nicht ändern</translation>
+    </message>
+    <message>
+        <source>Failed to encode patterns: %1</source>
+        <translation>Die Muster ließen sich nicht kodieren: %1</translation>
+    </message>
+    <message>
+        <source>Email Address</source>
+        <translation>E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches standard email addresses</source>
+        <translation>Findet übliche E-Mail-Adressen</translation>
+    </message>
+    <message>
+        <source>Credit Card Number</source>
+        <translation>Kreditkartennummer</translation>
+    </message>
+    <message>
+        <source>Matches credit card numbers with optional separators</source>
+        <translation>Findet Kreditkartennummern mit oder ohne Trennzeichen</translation>
+    </message>
+    <message>
+        <source>IPv4 Address</source>
+        <translation>IPv4-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches IPv4 addresses</source>
+        <translation>Findet IPv4-Adressen</translation>
+    </message>
+    <message>
+        <source>IPv6 Address</source>
+        <translation>IPv6-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches IPv6 addresses</source>
+        <translation>Findet IPv6-Adressen</translation>
+    </message>
+    <message>
+        <source>API Key</source>
+        <translation>API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Matches common API key formats</source>
+        <translation>Findet übliche Formate von API-Schlüsseln</translation>
+    </message>
+    <message>
+        <source>Phone Number</source>
+        <translation>Telefonnummer</translation>
+    </message>
+    <message>
+        <source>Matches phone numbers in various formats</source>
+        <translation>Findet Telefonnummern in verschiedenen Schreibweisen</translation>
+    </message>
+    <message>
+        <source>AWS Access Key</source>
+        <translation>AWS-Zugriffsschlüssel</translation>
+    </message>
+    <message>
+        <source>Matches AWS access key IDs</source>
+        <translation>Findet IDs von AWS-Zugriffsschlüsseln</translation>
+    </message>
+    <message>
+        <source>GitHub Token</source>
+        <translation>GitHub-Token</translation>
+    </message>
+    <message>
+        <source>Matches GitHub personal access tokens</source>
+        <translation>Findet persönliche Zugriffstoken von GitHub</translation>
+    </message>
+    <message>
+        <source>Social Security Number</source>
+        <translation>Sozialversicherungsnummer</translation>
+    </message>
+    <message>
+        <source>Matches US SSN format (XXX-XX-XXXX)</source>
+        <translation>Findet Nummern der US-Sozialversicherung (XXX-XX-XXXX)</translation>
+    </message>
+    <message>
+        <source>MAC Address</source>
+        <translation>MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>Matches MAC addresses</source>
+        <translation>Findet MAC-Adressen</translation>
+    </message>
+    <message>
+        <source>JWT Token</source>
+        <translation>JWT-Token</translation>
+    </message>
+    <message>
+        <source>Matches JSON Web Tokens</source>
+        <translation>Findet JSON-Web-Tokens</translation>
+    </message>
+    <message>
+        <source>OCR failed: %1</source>
+        <translation>Texterkennung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Processing failed: %1</source>
+        <translation>Verarbeitung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>No image provided for scanning</source>
+        <translation>Es ist kein Bild zum Durchsuchen da</translation>
+    </message>
+    <message>
         <source>Text cannot be recognised on this system.</source>
         <translation>Auf diesem System lässt sich kein Text erkennen.</translation>
     </message>
@@ -3260,6 +3396,56 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>Translation complete</source>
         <translation>Übersetzung abgeschlossen</translation>
+        <source>The pattern %1 took too long.</source>
+        <translation>Das Muster %1 hat zu lange gebraucht.</translation>
+    </message>
+    <message>
+        <source>cover private data in a picture</source>
+        <translation>private Daten in einem Bild abdecken</translation>
+    </message>
+    <message>
+        <source>Finds private data in a picture and writes the picture with it covered.</source>
+        <translation>Findet private Daten in einem Bild und schreibt das Bild, in dem sie abgedeckt sind.</translation>
+    </message>
+    <message>
+        <source>solid, pixelate or blur; solid unless given, since text under the others can be reconstructed</source>
+        <translation>solid, pixelate oder blur; sonst solid, da sich Text unter den anderen rekonstruieren lässt</translation>
+    </message>
+    <message>
+        <source>what to look for, with commas between: %1; unless given, what the settings have switched on</source>
+        <translation>wonach gesucht wird, durch Kommas getrennt: %1; sonst nach allem, was in den Einstellungen eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>print what is found and write no picture</source>
+        <translation>ausgeben, was gefunden wird, und kein Bild schreiben</translation>
+    </message>
+    <message>
+        <source>print what is found as JSON</source>
+        <translation>als JSON ausgeben, was gefunden wird</translation>
+    </message>
+    <message>
+        <source>unknown type &quot;%1&quot;; known are %2</source>
+        <translation>unbekannter Typ „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>give only one of -o and --list</source>
+        <translation>geben Sie nur eines von -o und --list an</translation>
+    </message>
+    <message>
+        <source>say where the result goes: -o OUTPUT; or give --list</source>
+        <translation>sagen Sie, wohin das Ergebnis soll: -o OUTPUT; oder geben Sie --list an</translation>
+    </message>
+    <message>
+        <source>name one picture to redact</source>
+        <translation>nennen Sie ein Bild, in dem etwas abgedeckt werden soll</translation>
+    </message>
+    <message>
+        <source>unknown kind &quot;%1&quot;; known are %2</source>
+        <translation>unbekannte Art „%1“; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>No sensitive information detected</source>
+        <translation>Keine sensiblen Daten gefunden</translation>
     </message>
 </context>
 </TS>

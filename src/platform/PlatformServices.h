@@ -72,7 +72,7 @@ PlatformServices makePlatformServices();
 /// Needs a GUI application.
 std::shared_ptr<Pasteboard> makePasteboard();
 
-/// The same for reading text; null where the platform cannot.
+/// Text recognition alone, for the same. Needs an application object.
 std::shared_ptr<TextRecognizer> makeTextRecognizer();
 
 }  // namespace kestrio

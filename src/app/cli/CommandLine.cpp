@@ -4,6 +4,7 @@
 #include "app/cli/EditCommand.h"
 #include "app/cli/HoldClipboardCommand.h"
 #include "app/cli/OcrCommand.h"
+#include "app/cli/RedactCommand.h"
 #include "app/cli/RenderCommand.h"
 #include "app/cli/ResidentProgram.h"
 #include "app/cli/StitchCommand.h"
@@ -27,6 +28,7 @@ constexpr CliVerb verbs[] = {
     {"edit", Kestrio::marked("open the editor on a picture"), runEdit, DisplayNeed::windows,
      handOverEdit},
     {"render", Kestrio::marked("set pictures on a backdrop and write them as files"), runRender},
+    {"redact", Kestrio::marked("cover private data in a picture"), runRedact},
     {"stitch", Kestrio::marked("join frames of a scrolled page into one tall picture"), runStitch},
     {"ocr", Kestrio::marked("print the text of a picture"), runOcr},
     {"hold-clipboard", nullptr, runHoldClipboard, DisplayNeed::gui},

@@ -111,15 +111,6 @@ RenderOptions parsedOptions(const QCommandLineParser& parser) {
     return options;
 }
 
-// Said before the work and not after seconds of it.
-void requireFolder(const SaveTarget& output) {
-    const QString folder = folderOf(output.path());
-    if (fileKind(folder) != FileKind::folder) {
-        throw ExportError::fileWriteFailed(output.path(),
-                                           Kestrio::tr("the folder %1 does not exist").arg(folder));
-    }
-}
-
 struct Outputs {
     std::shared_ptr<ImageRendererServiceProtocol> renderer;
     std::shared_ptr<PictureExporterProtocol> exporter;

@@ -3,6 +3,7 @@
 #include "app/cli/CommandLine.h"
 #include "core/FileSystem.h"
 #include "core/Localisation.h"
+#include "imaging/ExportError.h"
 #include "library/export/FileNaming.h"
 #include "library/export/QuickSave.h"
 
@@ -82,6 +83,14 @@ std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice&
     RenderJob job{inputs.front(), choice.output, formatOfFile(choice)};
     refuseOverwritingInput(job);
     return {job};
+}
+
+void requireFolder(const SaveTarget& output) {
+    const QString folder = folderOf(output.path());
+    if (fileKind(folder) != FileKind::folder) {
+        throw ExportError::fileWriteFailed(output.path(),
+                                           Kestrio::tr("the folder %1 does not exist").arg(folder));
+    }
 }
 
 }  // namespace kestrio

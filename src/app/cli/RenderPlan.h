@@ -33,4 +33,8 @@ void requireInputs(const QStringList& inputs);
 std::vector<RenderJob> planRender(const QStringList& inputs, const OutputChoice& choice,
                                   const AppSettings& settings);
 
+/// Throws ExportError::fileWriteFailed where the folder of an output does not exist: before the
+/// work and not after seconds of it.
+void requireFolder(const SaveTarget& output);
+
 }  // namespace kestrio

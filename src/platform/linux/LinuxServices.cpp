@@ -12,6 +12,7 @@
 #include "platform/linux/TextPasting.h"
 #include "platform/linux/ThemeSounds.h"
 #include "platform/linux/XdgLoginItem.h"
+#include "platform/linux/recognition/EngineTextRecognizer.h"
 #include "platform/linux/share/XdgSharing.h"
 #include "platform/linux/translation/ApertiumTranslator.h"
 #include "platform/linux/translation/Cld2LanguageIdentifier.h"
@@ -70,12 +71,12 @@ PlatformServices makePlatformServices() {
     return services;
 }
 
-std::shared_ptr<Pasteboard> makePasteboard() {
-    return std::make_shared<QtPasteboard>();
+std::shared_ptr<TextRecognizer> makeTextRecognizer() {
+    return std::make_shared<EngineTextRecognizer>(recognitionFiles());
 }
 
-std::shared_ptr<TextRecognizer> makeTextRecognizer() {
-    return nullptr;
+std::shared_ptr<Pasteboard> makePasteboard() {
+    return std::make_shared<QtPasteboard>();
 }
 
 }  // namespace kestrio

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/linux/recognition/InkPlane.h"
+
+#include <vector>
+
+namespace kestrio {
+
+/// One line of text as ink, and where its ink stands.
+struct LineImage {
+    QRect area;      ///< of the picture; the plane shows all of it
+    GrayPlane ink;   ///< 0 is ink, 255 ground
+    int top = 0;     ///< the first row of the plane with ink of this line
+    int bottom = 0;  ///< behind its last row
+    int left = 0;    ///< the first column
+    int right = 0;   ///< behind the last
+
+    int inkHeight() const { return bottom - top; }
+    bool isEmpty() const { return bottom <= top || right <= left; }
+};
+
+/// A value of the plane from which on a pixel counts as ink.
+inline constexpr int inkLimit = 150;
+
+/// The line in an area that was found roughly: what belongs to the lines above and below is told by
+/// the empty rows between. Empty where nothing in the area stands out.
+LineImage lineImage(const QImage& picture, QRect area);
+
+/// Whether each column of the plane has ink in the line's rows.
+std::vector<bool> inkColumns(const LineImage& line);
+
+/// A part of a line in the height that the reader takes.
+struct LineStrip {
+    GrayPlane pixels;
+    double left = 0;   ///< column of the line's plane where it begins
+    double scale = 1;  ///< pixels of the strip for one of the plane, across
+};
+
+struct StripShape {
+    int height = 48;     ///< pixels
+    int widest = 960;    ///< pixels, about
+    double stretch = 1;  ///< of the width, relative to that of the line in this height
+};
+
+/// The line in strips of this shape, cut where it has gaps.
+std::vector<LineStrip> lineStrips(const LineImage& line, const StripShape& shape);
+
+}  // namespace kestrio
