@@ -3242,10 +3242,6 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <source>No screenshot loaded</source>
         <translation>Kein Bild geladen</translation>
     </message>
-    <message>
-        <source>OCR failed: %1</source>
-        <translation>Texterkennung fehlgeschlagen: %1</translation>
-    </message>
     <message numerus="yes">
         <source>Found %n blocks of text</source>
         <translation>
@@ -3394,8 +3390,6 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Bereit zum Übersetzen</translation>
     </message>
     <message>
-        <source>Translation complete</source>
-        <translation>Übersetzung abgeschlossen</translation>
         <source>The pattern %1 took too long.</source>
         <translation>Das Muster %1 hat zu lange gebraucht.</translation>
     </message>
@@ -3446,6 +3440,10 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>No sensitive information detected</source>
         <translation>Keine sensiblen Daten gefunden</translation>
+    </message>
+    <message>
+        <source>Translation complete</source>
+        <translation>Übersetzung abgeschlossen</translation>
     </message>
 </context>
 </TS>

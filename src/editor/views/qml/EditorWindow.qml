@@ -7,7 +7,6 @@ Window {
     id: window
     required property EditorController controller
     property real panelWidth: 288
-    property real textPanelWidth: 320
 
     width: 1200
     height: 800
@@ -56,12 +55,12 @@ Window {
             // In the place of the style's panel, so that the picture keeps its room.
             Loader {
                 Layout.fillHeight: true
-                Layout.preferredWidth: window.textPanelWidth
+                Layout.preferredWidth: window.panelWidth
                 active: window.controller.text.isShown
                 visible: active
                 sourceComponent: TextResults {
                     panel: window.controller.text
-                    onWidened: by => window.textPanelWidth = Math.max(240, Math.min(520, window.textPanelWidth + by))
+                    onWidened: by => window.widenPanel(by)
                 }
             }
             RightPanel {
@@ -69,7 +68,7 @@ Window {
                 Layout.preferredWidth: window.controller.isPanelShown && !window.controller.text.isShown ? window.panelWidth : 0
                 visible: Layout.preferredWidth > 0
                 controller: window.controller
-                onWidened: by => window.panelWidth = Math.max(190, Math.min(420, window.panelWidth + by))
+                onWidened: by => window.widenPanel(by)
             }
         }
         ThemeStrip {
@@ -118,6 +117,9 @@ Window {
     }
     Toast { id: toast }
 
+    function widenPanel(by) {
+        panelWidth = Math.max(190, Math.min(420, panelWidth + by))
+    }
     function nameTheme(id, name) {
         naming.active = true
         naming.item.themeId = id

@@ -123,8 +123,12 @@ Rectangle {
         }
         IconButton {
             symbol: "sidebar.right"
-            tip: bar.controller.isPanelShown ? qsTranslate("Kestrio", "Hide the panel") : qsTranslate("Kestrio", "Show the panel")
-            onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
+            readonly property bool hides: bar.controller.isPanelShown || bar.controller.text.isShown
+            tip: hides ? qsTranslate("Kestrio", "Hide the panel") : qsTranslate("Kestrio", "Show the panel")
+            onClicked: {
+                bar.controller.isPanelShown = !hides
+                bar.controller.text.isShown = false
+            }
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         CommandButton {
