@@ -259,6 +259,7 @@ struct Tour {
         click(place, Qt::LeftButton);
         look();
         EXPECT_EQ(pasteboard.contents().text, QStringLiteral("house"));
+        EXPECT_NE(view->grabWindow().pixelColor(place), QColor(Qt::white)) << "no frame there";
         text.clear();
         EXPECT_FALSE(text.isShown());
         look();

@@ -1,6 +1,7 @@
 #include "editor/views/HighlightsItem.h"
 
 #include <QQuickWindow>
+#include <QSGNode>
 #include <QSGRectangleNode>
 
 namespace kestrio {
@@ -72,7 +73,9 @@ void HighlightsItem::appendFrame(QSGNode* node, const QRectF& rect, bool isStron
 // A rectangle of the scene for each line and fill: these are drawn by every renderer, and cost the
 // main loop nothing while the view moves.
 QSGNode* HighlightsItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
-    if (!node) node = new QSGNode;
+    // Qt's renderer without a GPU knows the place of what is added later from its parent, and of
+    // all kinds of parents only from some.
+    if (!node) node = new QSGTransformNode;
     while (QSGNode* const child = node->firstChild()) {
         node->removeChildNode(child);
         delete child;
