@@ -986,10 +986,6 @@ Es ist noch da: Wählen Sie einen anderen Ordner.</translation>
         <translation>--delay erwartet ganze Sekunden von 0 bis %1</translation>
     </message>
     <message>
-        <source>choose one of --edit, --copy, --pin and --save</source>
-        <translation>wählen Sie eine der Optionen --edit, --copy, --pin und --save</translation>
-    </message>
-    <message>
         <source>open the editor on a picture</source>
         <translation>ein Bild im Editor öffnen</translation>
     </message>
@@ -3444,6 +3440,18 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>Translation complete</source>
         <translation>Übersetzung abgeschlossen</translation>
+    </message>
+    <message>
+        <source>open the picture in the editor and read its text</source>
+        <translation>das Bild im Editor öffnen und seinen Text lesen</translation>
+    </message>
+    <message>
+        <source>choose one of --edit, --copy, --pin, --ocr and --save</source>
+        <translation>wählen Sie eines von --edit, --copy, --pin, --ocr und --save</translation>
+    </message>
+    <message>
+        <source>Read the text</source>
+        <translation>Text lesen</translation>
     </message>
 </context>
 </TS>

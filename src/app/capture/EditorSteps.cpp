@@ -11,10 +11,14 @@ void takeOverAnnotations(EditorViewModel& editor, const RegionCaptureOutcome& ou
                            outcome.choice.toolColor);
 }
 
+void readText(EditorViewModel& editor, const RegionCaptureOutcome& outcome) {
+    if (outcome.choice.action == CaptureAction::ocr) launch(editor.performOCR(), &editor);
+}
+
 }  // namespace
 
 std::vector<EditorStep> standardEditorSteps() {
-    return {takeOverAnnotations};
+    return {takeOverAnnotations, readText};
 }
 
 }  // namespace kestrio
