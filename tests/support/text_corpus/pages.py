@@ -1,6 +1,7 @@
 """Pages of known text: what stands on them, in which face, size and colours, and where lines break."""
 import dataclasses
 import random
+import re
 
 PROSE = """The meeting starts at half past nine and should not take longer than forty minutes.
 Please read the attached report before we talk about next year's budget.
@@ -138,6 +139,8 @@ class Page:
     density: int
     width: int = 1280
     height: int = 720
+    token_colors: list = None  # for words of a line in turn
+    columns: list = None       # left edge, width, face, ink, ground and what stands there
 
 
 def _filled(source, random_, page, leading=1.6, columns=1):
@@ -194,14 +197,31 @@ def samples():
         yield page
 
 
-def html(page):
-    def escaped(text):
-        return text.replace("&", "&amp;").replace("<", "&lt;").replace(">", "&gt;")
+def _escaped(text):
+    return text.replace("&", "&amp;").replace("<", "&lt;").replace(">", "&gt;")
 
+
+def _colored(text, colors):
+    words = re.findall(r"\w+|\W+", text)
+    return "".join(f'<span style="color:{colors[len(word) % len(colors)]}">{_escaped(word)}</span>'
+                   for word in words)
+
+
+def _style_of(page, line):
+    for left, width, face, ink, _, _ in page.columns or []:
+        if left <= line.left < left + width:
+            return f";font-family:{face};color:{ink}"
+    return ""
+
+
+def html(page):
     lang = {"English": "en"}.get(page.kind, page.kind)
-    spans = "".join(f'<div style="left:{line.left}px;top:{line.top}px">{escaped(line.text)}</div>'
+    grounds = "".join(f'<div style="left:{left}px;top:0;width:{width}px;height:100%;background:{ground}"></div>'
+                      for left, width, _, _, ground, _ in page.columns or [])
+    spans = "".join(f'<div style="left:{line.left}px;top:{line.top}px{_style_of(page, line)}">'
+                    f"{_colored(line.text, page.token_colors) if page.token_colors else _escaped(line.text)}</div>"
                     for line in page.lines)
     return (f'<!doctype html><html lang="{lang}"><meta charset="utf-8"><style>'
-            f"body{{margin:0;background:{page.ground};color:{page.ink};overflow:hidden;"
+            f"html,body{{height:100%}}body{{margin:0;background:{page.ground};color:{page.ink};overflow:hidden;"
             f"font:{page.size}px/1.4 {page.face}}}"
-            f"div{{position:absolute;white-space:pre}}</style>{spans}</html>")
+            f"div{{position:absolute;white-space:pre}}</style>{grounds}{spans}</html>")

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Has a browser draw pages of known text, and writes what stands on them beside each picture.
 
-usage: render.py FOLDER [SEED | samples]
+usage: render.py FOLDER [SEED | samples | screens | dense]
 
 Needs chromium. Each page becomes NAME.png and NAME.json: its kind and its lines from the top, each with its
 place in pixels of the picture.
@@ -12,6 +12,7 @@ import sys
 from pathlib import Path
 
 import pages
+import screens
 
 
 def render(page, folder):
@@ -33,7 +34,9 @@ def main():
     folder = Path(sys.argv[1]).resolve()
     folder.mkdir(parents=True, exist_ok=True)
     what = sys.argv[2] if len(sys.argv) > 2 else "1"
-    for page in pages.samples() if what == "samples" else pages.pages(int(what)):
+    sets = {"samples": pages.samples, "screens": screens.pages_of_screens,
+            "dense": lambda: [screens.dense(1), screens.dense(2)]}
+    for page in sets.get(what, lambda: pages.pages(int(what)))():
         render(page, folder)
 
 

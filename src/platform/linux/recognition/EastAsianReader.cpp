@@ -19,6 +19,14 @@ bool isEastAsian(const Glyph& glyph) {
     return scriptOf(glyph.text) == Script::ideograph || scriptOf(glyph.text) == Script::kana;
 }
 
+/// Kana apart from the long vowel mark and the middle dot, for which dashes and dots are taken.
+int kanaCount(const Glyphs& glyphs) {
+    return static_cast<int>(std::count_if(glyphs.begin(), glyphs.end(), [](const Glyph& glyph) {
+        return scriptOf(glyph.text) == Script::kana && glyph.text != QStringLiteral("ー") &&
+               glyph.text != QStringLiteral("・");
+    }));
+}
+
 /// Whether the first reading may have missed or mistaken something that the others know.
 bool isDoubtful(const LineImage& line, const Glyphs& glyphs) {
     if (std::none_of(glyphs.begin(), glyphs.end(), isEastAsian)) {
@@ -44,7 +52,7 @@ Glyphs EastAsianReader::readAs(Language language, const LineImage& line, const G
     const Glyphs second = library_.read(line, isJapanese ? "jpn" : "chi_tra", stop);
     if (second.empty() || meanConfidence(second) < leastLine) return {};
     if (isJapanese) {
-        const int kana = countOf(second, Script::kana);
+        const int kana = kanaCount(second);
         const bool hasEastAsian = std::any_of(first.begin(), first.end(), isEastAsian);
         if (!hasEastAsian && meanConfidence(second) < sureKanaLine) return {};
         const bool isClear = kana >= kanaShare * static_cast<double>(second.size()) ||

@@ -9,7 +9,8 @@ namespace kestrio {
 
 namespace {
 
-constexpr int channelCount = 4;  // red, green, blue, and their luma
+constexpr size_t channelCount = 4;  // red, green, blue, and their luma
+constexpr size_t luma = 3;
 
 std::array<int, channelCount> channelsOf(QRgb pixel) {
     const int white = 255 - qAlpha(pixel);  // pixels are premultiplied
@@ -19,26 +20,48 @@ std::array<int, channelCount> channelsOf(QRgb pixel) {
     return {red, green, blue, (red * 77 + green * 150 + blue * 29) >> 8};
 }
 
-struct Range {
-    int low = 255;
-    int high = 0;
-    int width() const { return high - low; }
-};
-
-/// The channel that differs most between ink and ground; luma where others are hardly better.
-int channelOfMostContrast(const std::array<Range, channelCount>& ranges) {
-    constexpr int luma = 3;
-    constexpr int advantage = 24;
-    int best = luma;
-    int bestWidth = ranges[luma].width() + advantage;
-    for (int channel = 0; channel < luma; ++channel) {
-        const int width = ranges[static_cast<size_t>(channel)].width();
-        if (width > bestWidth) {
-            best = channel;
-            bestWidth = width;
-        }
+/// The pixels round an area.
+std::vector<QRgb> edgeOf(const QImage& picture, QRect area) {
+    std::vector<QRgb> edge;
+    for (const int y : {area.top(), area.bottom()}) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        edge.insert(edge.end(), row + area.left(), row + area.right() + 1);
     }
-    return best;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        edge.push_back(row[area.left()]);
+        edge.push_back(row[area.right()]);
+    }
+    return edge;
+}
+
+using Channels = std::array<int, channelCount>;
+
+/// The middle value of each channel at the edge: the ground, where most of the edge is ground.
+Channels groundOf(const std::vector<QRgb>& edge) {
+    Channels ground{};
+    std::vector<int> values(edge.size());
+    for (size_t channel = 0; channel < channelCount; ++channel) {
+        std::transform(edge.begin(), edge.end(), values.begin(),
+                       [channel](QRgb pixel) { return channelsOf(pixel)[channel]; });
+        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+        std::nth_element(values.begin(), middle, values.end());
+        ground[channel] = *middle;
+    }
+    return ground;
+}
+
+int distance(const Channels& a, const Channels& b) {
+    return std::max({std::abs(a[0] - b[0]), std::abs(a[1] - b[1]), std::abs(a[2] - b[2])});
+}
+
+/// Whether most of the edge has one colour.
+bool isPlain(const std::vector<QRgb>& edge, const Channels& ground) {
+    constexpr int tolerance = 20;
+    const auto same = std::count_if(edge.begin(), edge.end(), [&ground](QRgb pixel) {
+        return distance(channelsOf(pixel), ground) <= tolerance;
+    });
+    return same * 3 > static_cast<std::ptrdiff_t>(edge.size()) * 2;
 }
 
 /// Whether the frame of one pixel round the plane is rather dark.
@@ -49,6 +72,15 @@ bool isEdgeDark(const GrayPlane& plane) {
     for (int y = 0; y < plane.height; ++y)
         sum += plane.row(y)[0] + plane.row(y)[plane.width - 1];
     return sum < 127LL * 2 * (plane.width + plane.height);
+}
+
+/// Has values take all of 0 to 255.
+void stretch(GrayPlane& plane) {
+    const auto [lowest, highest] = std::minmax_element(plane.values.begin(), plane.values.end());
+    const int low = *lowest;
+    const int width = std::max(1, *highest - low);
+    for (std::uint8_t& value : plane.values)
+        value = static_cast<std::uint8_t>((value - low) * 255 / width);
 }
 
 /// The pixels of one axis that make a pixel of the result, and their weights.
@@ -95,29 +127,23 @@ void resampleRow(const std::uint8_t* source, const std::vector<Contribution>& co
 }  // namespace
 
 GrayPlane inkOf(const QImage& picture, QRect area) {
-    std::array<Range, channelCount> ranges;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const auto channels = channelsOf(row[x]);
-            for (size_t channel = 0; channel < channelCount; ++channel) {
-                ranges[channel].low = std::min(ranges[channel].low, channels[channel]);
-                ranges[channel].high = std::max(ranges[channel].high, channels[channel]);
-            }
-        }
-    }
-    const auto channel = static_cast<size_t>(channelOfMostContrast(ranges));
-    const int low = ranges[channel].low;
-    const int width = std::max(1, ranges[channel].width());
+    const auto edge = edgeOf(picture, area);
+    const Channels ground = groundOf(edge);
+    // Words of several colours are all apart from a plain ground; of another, brightness is left.
+    const bool hasPlainGround = isPlain(edge, ground);
+    const auto valueOf = [&](QRgb pixel) {
+        const Channels channels = channelsOf(pixel);
+        return hasPlainGround ? 255 - distance(channels, ground) : channels[luma];
+    };
     GrayPlane plane{area.width(), area.height(), {}};
     plane.values.reserve(static_cast<size_t>(area.width()) * static_cast<size_t>(area.height()));
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = area.left(); x <= area.right(); ++x)
-            plane.values.push_back(
-                static_cast<std::uint8_t>((channelsOf(row[x])[channel] - low) * 255 / width));
+            plane.values.push_back(static_cast<std::uint8_t>(valueOf(row[x])));
     }
-    if (isEdgeDark(plane))
+    stretch(plane);
+    if (!hasPlainGround && isEdgeDark(plane))
         for (std::uint8_t& value : plane.values)
             value = static_cast<std::uint8_t>(255 - value);
     return plane;

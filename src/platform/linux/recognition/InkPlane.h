@@ -17,9 +17,10 @@ struct GrayPlane {
     const std::uint8_t* row(int y) const { return values.data() + static_cast<size_t>(y) * width; }
 };
 
-/// A part of a picture as dark ink on a light ground, whatever its colours: the colour channel in
-/// which it has the most contrast, stretched to all of 0 to 255, and inverted where most of its
-/// edge is dark. Transparent pixels count as white. `area` lies within the picture.
+/// A part of a picture as dark ink on a light ground, whatever its colours, stretched to all of 0
+/// to 255: how far each pixel is from the ground, where the area's edge has one colour, otherwise
+/// its brightness, inverted where most of the edge is dark. Transparent pixels count as white.
+/// `area` lies within the picture.
 GrayPlane inkOf(const QImage& picture, QRect area);
 
 /// A part of a plane in another size. `area` is in pixels of the plane and may leave it, where the

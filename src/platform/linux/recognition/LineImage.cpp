@@ -25,7 +25,7 @@ std::vector<Band> bandsOf(const GrayPlane& plane) {
     for (int y = 0; y < plane.height; ++y) {
         const auto* row = plane.row(y);
         const auto ink = static_cast<int>(
-            std::count_if(row, row + plane.width, [](int value) { return value < inkLimit; }));
+            std::count_if(row, row + plane.width, [](int value) { return value < paleInkLimit; }));
         if (ink == 0) continue;
         if (bands.empty() || y - bands.back().end >= gap)
             bands.push_back({y, y + 1, ink});
@@ -80,7 +80,7 @@ LineImage lineImage(const QImage& picture, QRect area) {
     const Band band = mainBand(bandsOf(line.ink), line.ink.height);
     line.top = band.first;
     line.bottom = band.end;
-    const auto columns = inkColumns(line);
+    const auto columns = inkColumns(line, paleInkLimit);
     const auto first = std::find(columns.begin(), columns.end(), true);
     const auto last = std::find(columns.rbegin(), columns.rend(), true);
     line.left = static_cast<int>(first - columns.begin());
@@ -88,12 +88,12 @@ LineImage lineImage(const QImage& picture, QRect area) {
     return line;
 }
 
-std::vector<bool> inkColumns(const LineImage& line) {
+std::vector<bool> inkColumns(const LineImage& line, int limit) {
     std::vector<bool> columns(static_cast<size_t>(line.ink.width), false);
     for (int y = line.top; y < line.bottom; ++y) {
         const auto* row = line.ink.row(y);
         for (int x = 0; x < line.ink.width; ++x)
-            if (row[x] < inkLimit) columns[static_cast<size_t>(x)] = true;
+            if (row[x] < limit) columns[static_cast<size_t>(x)] = true;
     }
     return columns;
 }
@@ -116,7 +116,7 @@ std::vector<LineStrip> lineStrips(const LineImage& line, const StripShape& shape
         double left = first == line.left ? first - margin : first;
         const double right = end == line.right ? end + margin : end;
         const int steps = static_cast<int>(std::ceil((right - left) * across / widthStep));
-        const int width = std::max(shape.height, steps * widthStep);
+        const int width = std::max(2 * shape.height, steps * widthStep);
         left -= (width / across - (right - left)) / 2;
         strips.push_back({resampled(line.ink, QRectF(left, middle - rows / 2, width / across, rows),
                                     QSize(width, shape.height)),

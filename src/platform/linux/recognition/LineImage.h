@@ -19,15 +19,17 @@ struct LineImage {
     bool isEmpty() const { return bottom <= top || right <= left; }
 };
 
-/// A value of the plane from which on a pixel counts as ink.
+/// Values of the plane below which a pixel counts as ink: within a character, and at all, also
+/// where words of a line are paler than others.
 inline constexpr int inkLimit = 150;
+inline constexpr int paleInkLimit = 205;
 
 /// The line in an area that was found roughly: what belongs to the lines above and below is told by
 /// the empty rows between. Empty where nothing in the area stands out.
 LineImage lineImage(const QImage& picture, QRect area);
 
-/// Whether each column of the plane has ink in the line's rows.
-std::vector<bool> inkColumns(const LineImage& line);
+/// Whether each column of the plane has ink below this value in the line's rows.
+std::vector<bool> inkColumns(const LineImage& line, int limit = inkLimit);
 
 /// A part of a line in the height that the reader takes.
 struct LineStrip {

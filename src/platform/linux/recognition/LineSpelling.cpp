@@ -30,10 +30,11 @@ struct LetterTops {
 /// over.
 int bodyTop(const Glyph& glyph, const LineImage& line) {
     const int width = glyph.right - glyph.left;
+    const int limit = inkLimitOf(glyph, line);
     for (int y = glyph.top; y < glyph.bottom; ++y) {
         const auto* row = line.ink.row(y);
         const auto ink = std::count_if(row + glyph.left, row + glyph.right,
-                                       [](int value) { return value < inkLimit; });
+                                       [limit](int value) { return value < limit; });
         if (ink * 4 > width) return y;
     }
     return glyph.top;
@@ -112,14 +113,19 @@ void correctDigits(Glyphs& glyphs) {
     }
 }
 
-/// The letter O within a word of capitals, of which the reader makes a nought.
-void correctCapitals(Glyphs& glyphs) {
+/// A nought behind small letters, as in eth0, of which the reader makes a capital; and the letter O
+/// within a word of capitals, of which it makes a nought.
+void correctNoughts(Glyphs& glyphs) {
     const auto isCapital = [&glyphs](size_t at) {
         return at < glyphs.size() && glyphs[at].text[0].isUpper();
     };
     for (size_t at = 1; at < glyphs.size(); ++at) {
-        if (glyphs[at].text != QLatin1String("0") || glyphs[at].spacesBefore > 0) continue;
+        if (glyphs[at].spacesBefore > 0) continue;
         const bool isLast = at + 1 == glyphs.size() || glyphs[at + 1].spacesBefore > 0;
+        const bool endsWord = isLast || !glyphs[at + 1].text[0].isLetter();
+        if (glyphs[at].text == QLatin1String("O") && endsWord && glyphs[at - 1].text[0].isLower())
+            glyphs[at].text = QStringLiteral("0");
+        if (glyphs[at].text != QLatin1String("0")) continue;
         const bool isWithin =
             isCapital(at - 1) && (isLast ? at >= 2 && isCapital(at - 2) : isCapital(at + 1));
         if (isWithin) glyphs[at].text = QStringLiteral("O");
@@ -154,10 +160,25 @@ double distanceFromCells(const Glyphs& glyphs, double pitch) {
     return sum / static_cast<double>(glyphs.size());
 }
 
+/// Whether most characters of a word are one cell apart.
+bool isPitchOfWords(const Glyphs& glyphs, double pitch) {
+    constexpr double variation = 0.25;
+    constexpr double share = 0.9;
+    int pairs = 0;
+    int regular = 0;
+    for (size_t at = 1; at < glyphs.size(); ++at) {
+        if (glyphs[at].spacesBefore > 0) continue;
+        const double cells = (middleOf(glyphs[at]) - middleOf(glyphs[at - 1])) / pitch;
+        ++pairs;
+        regular += std::abs(cells - 1) < variation;
+    }
+    return regular >= share * pairs;
+}
+
 /// The distance from character to character where all have the same, in columns. Few characters
 /// may stand like that by chance.
 std::optional<double> fixedPitch(const Glyphs& glyphs) {
-    constexpr size_t fewestCharacters = 10;
+    constexpr size_t fewestCharacters = 8;
     constexpr double tolerance = 0.13;
     constexpr double variation = 0.12;
     const double usual = usualDistance(glyphs);
@@ -174,6 +195,7 @@ std::optional<double> fixedPitch(const Glyphs& glyphs) {
         least = error;
         best = span / cells;
     }
+    if (best && !isPitchOfWords(glyphs, *best)) best.reset();
     return best;
 }
 
@@ -209,38 +231,129 @@ SpaceLimits spaceLimits(const Glyphs& glyphs, double inkHeight) {
     return {middle - doubt, middle + doubt};
 }
 
+/// The gap from which on there is a space beside an East Asian character, of which most stand in
+/// the middle of a square. Marks, kana and whatever else has room of its own around it.
+double leastGapBesideWide(const Glyph& before, const Glyph& glyph) {
+    constexpr double afterFullSquare = 0.3;
+    constexpr double beforeLetter = 0.24;
+    constexpr double afterOthers = 0.9;
+    const auto isIdeograph = [](const Glyph& one) {
+        return scriptOf(one.text) == Script::ideograph;
+    };
+    const auto isLetter = [](const Glyph& one) {
+        return !isWide(one) && one.text[0].isLetterOrNumber();
+    };
+    if (isIdeograph(before) && isIdeograph(glyph)) return afterFullSquare;
+    if ((isIdeograph(before) && isLetter(glyph)) || (isLetter(before) && isIdeograph(glyph)))
+        return beforeLetter;
+    return afterOthers;
+}
+
 void spaceByGaps(Glyphs& glyphs, double inkHeight) {
-    constexpr double wide = 0.75;
     const SpaceLimits limits = spaceLimits(glyphs, inkHeight);
     for (size_t at = 1; at < glyphs.size(); ++at) {
         const double gap = (glyphs[at].left - glyphs[at - 1].right) / inkHeight;
-        const bool isBesideWide = isWide(glyphs[at]) || isWide(glyphs[at - 1]);
         int& spaces = glyphs[at].spacesBefore;
-        if (isWide(glyphs[at]) && isWide(glyphs[at - 1]))
-            spaces = gap > wide && spaces > 0 ? 1 : 0;
+        if (isWide(glyphs[at]) || isWide(glyphs[at - 1]))
+            spaces = gap > leastGapBesideWide(glyphs[at - 1], glyphs[at]) ? 1 : 0;
         else if (gap < limits.none)
             spaces = 0;
-        else if (gap > limits.certain && !isBesideWide)
+        else if (gap > limits.certain)
             spaces = 1;
     }
 }
 
-/// A pair of equal signs that the reader took for one: ink of two cells with a gap between.
-void doubleWideSigns(Glyphs& glyphs, const LineImage& line, double pitch) {
-    const auto columns = inkColumns(line);
+/// Runs of columns with ink within a character.
+std::vector<std::pair<int, int>> inkRuns(const Glyph& glyph, const LineImage& line) {
+    const auto columns = inkColumns(line, inkLimitOf(glyph, line));
+    std::vector<std::pair<int, int>> runs;
+    for (int x = glyph.left; x < glyph.right; ++x) {
+        if (!columns[static_cast<size_t>(x)]) continue;
+        if (!runs.empty() && runs.back().second == x)
+            ++runs.back().second;
+        else
+            runs.emplace_back(x, x + 1);
+    }
+    return runs;
+}
+
+/// Splits a character into one for each run of ink.
+void split(Glyphs& glyphs, size_t at, const std::vector<std::pair<int, int>>& runs) {
+    const Glyph whole = glyphs[at];
+    for (size_t index = 0; index < runs.size(); ++index) {
+        Glyph part = whole;
+        part.left = runs[index].first;
+        part.right = runs[index].second;
+        if (index > 0) part.spacesBefore = 0;
+        if (index == 0)
+            glyphs[at] = part;
+        else
+            glyphs.insert(glyphs.begin() + static_cast<std::ptrdiff_t>(at + index), part);
+    }
+}
+
+/// Whether runs of ink are the same sign again and again: as wide, and in the same rows.
+bool areRepeated(const Glyph& glyph, const LineImage& line,
+                 const std::vector<std::pair<int, int>>& runs) {
+    const int limit = inkLimitOf(glyph, line);
+    std::optional<std::pair<int, int>> rows;
+    const int width = runs.front().second - runs.front().first;
+    for (const auto& [left, right] : runs) {
+        int top = line.bottom;
+        int bottom = line.top;
+        for (int y = line.top; y < line.bottom; ++y) {
+            const auto* row = line.ink.row(y);
+            if (std::none_of(row + left, row + right, [limit](int value) { return value < limit; }))
+                continue;
+            top = std::min(top, y);
+            bottom = y;
+        }
+        if (!rows) rows.emplace(top, bottom);
+        if (std::abs(right - left - width) > 1 || std::abs(top - rows->first) > 1 ||
+            std::abs(bottom - rows->second) > 1)
+            return false;
+    }
+    return true;
+}
+
+/// Signs of one piece that stand beside each other, of which the reader saw fewer, as in `::` and
+/// rows of dashes; and empty brackets that it took for a ring.
+void splitRepeatedSigns(Glyphs& glyphs, const LineImage& line) {
     for (size_t at = 0; at < glyphs.size(); ++at) {
-        const Glyph whole = glyphs[at];
-        if (whole.text[0].isLetterOrNumber() || whole.right - whole.left < pitch * 1.5) continue;
-        const int middle = static_cast<int>(middleOf(whole));
-        const auto from = columns.begin() + middle - 1;
-        const bool hasGap = std::find(from, from + 3, false) != from + 3;
-        if (!hasGap) continue;
-        glyphs[at].right = middle;
-        Glyph second = whole;
-        second.left = middle + 1;
-        second.spacesBefore = 0;
-        glyphs.insert(glyphs.begin() + static_cast<std::ptrdiff_t>(at) + 1, second);
-        ++at;
+        const bool isRing = isIn(glyphs[at].text, "oO0");
+        if (!isRing && !isIn(glyphs[at].text, ":!-")) continue;
+        const auto runs = inkRuns(glyphs[at], line);
+        if (runs.size() < 2 || !areRepeated(glyphs[at], line, runs)) continue;
+        if (isRing && runs.size() > 2) continue;
+        split(glyphs, at, runs);
+        if (isRing) {
+            glyphs[at].text = QStringLiteral("(");
+            glyphs[at + 1].text = QStringLiteral(")");
+        }
+        at += runs.size() - 1;
+    }
+}
+
+/// Signs that fill two cells of a fixed pitch.
+void splitWideSigns(Glyphs& glyphs, const LineImage& line, double pitch) {
+    constexpr double leastWidth = 1.5;
+    for (size_t at = 0; at < glyphs.size(); ++at) {
+        if (glyphs[at].text[0].isLetterOrNumber() ||
+            glyphs[at].right - glyphs[at].left < leastWidth * pitch)
+            continue;
+        const auto runs = inkRuns(glyphs[at], line);
+        if (runs.size() == 2) split(glyphs, at, runs);
+    }
+}
+
+/// Backquotes, of which the reader makes carets and quotation marks.
+void correctBackquotes(Glyphs& glyphs, double inkHeight, bool hasFixedPitch) {
+    constexpr double narrowerThanCaret = 0.36;
+    for (Glyph& glyph : glyphs) {
+        const bool isNarrow = glyph.right - glyph.left < narrowerThanCaret * inkHeight;
+        if ((glyph.text == QLatin1String("^") && isNarrow) ||
+            (glyph.text == QStringLiteral("‘") && hasFixedPitch))
+            glyph.text = QStringLiteral("`");
     }
 }
 
@@ -251,16 +364,18 @@ void correctSpelling(Glyphs& glyphs, const LineImage& line) {
     const bool isLatin = countOf(glyphs, Script::ideograph) + countOf(glyphs, Script::kana) == 0;
     const double inkHeight = line.inkHeight();
     const auto pitch = isLatin ? fixedPitch(glyphs) : std::nullopt;
+    if (isLatin) splitRepeatedSigns(glyphs, line);
     if (pitch) {
-        doubleWideSigns(glyphs, line, *pitch);
+        splitWideSigns(glyphs, line, *pitch);
         spaceByPitch(glyphs, *pitch);
     } else {
         spaceByGaps(glyphs, inkHeight);
     }
     if (!isLatin) return;
+    correctBackquotes(glyphs, inkHeight, pitch.has_value());
     correctCase(glyphs, line);
     correctDigits(glyphs);
-    correctCapitals(glyphs);
+    correctNoughts(glyphs);
 }
 
 }  // namespace kestrio

@@ -37,6 +37,7 @@ int boundary(const std::vector<int>& ink, double from, double to) {
 }
 
 void shrinkToInk(Glyph& glyph, const LineImage& line) {
+    const int limit = inkLimitOf(glyph, line);
     int left = glyph.right;
     int right = glyph.left;
     int top = line.bottom;
@@ -44,7 +45,7 @@ void shrinkToInk(Glyph& glyph, const LineImage& line) {
     for (int y = line.top; y < line.bottom; ++y) {
         const auto* row = line.ink.row(y);
         for (int x = glyph.left; x < glyph.right; ++x) {
-            if (row[x] >= inkLimit) continue;
+            if (row[x] >= limit) continue;
             left = std::min(left, x);
             right = std::max(right, x + 1);
             top = std::min(top, y);
@@ -84,6 +85,16 @@ double meanConfidence(const Glyphs& glyphs) {
     for (const Glyph& glyph : glyphs)
         sum += glyph.confidence;
     return glyphs.empty() ? 0 : sum / static_cast<double>(glyphs.size());
+}
+
+int inkLimitOf(const Glyph& glyph, const LineImage& line) {
+    int darkest = 255;
+    for (int y = line.top; y < line.bottom; ++y) {
+        const auto* row = line.ink.row(y);
+        for (int x = glyph.left; x < glyph.right; ++x)
+            darkest = std::min<int>(darkest, row[x]);
+    }
+    return std::clamp(128 + darkest / 2, inkLimit, paleInkLimit);
 }
 
 void placeGlyphs(Glyphs& glyphs, const LineImage& line) {

@@ -31,6 +31,9 @@ int countOf(const Glyphs& glyphs, Script script);
 /// The mean of the characters' confidences; 0 for none.
 double meanConfidence(const Glyphs& glyphs);
 
+/// The value below which pixels of a character are ink: half of its own contrast.
+int inkLimitOf(const Glyph& glyph, const LineImage& line);
+
 /// Finds the ink of each character: the columns between it and its neighbours.
 void placeGlyphs(Glyphs& glyphs, const LineImage& line);
 
