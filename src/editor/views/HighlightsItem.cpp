@@ -54,37 +54,45 @@ void HighlightsItem::geometryChange(const QRectF& newGeometry, const QRectF& old
     update();
 }
 
-void HighlightsItem::appendFrame(QSGNode* node, const QRectF& rect, bool isStrong) const {
-    const auto append = [&](const QRectF& part, double opacity) {
+void HighlightsItem::placeFrame(QSGNode* frame, const QRectF& rect, bool isStrong) const {
+    const std::pair<QRectF, double> parts[] = {
+        {rect, isStrong ? strongFillOpacity : fillOpacity},
+        {{rect.left(), rect.top(), rect.width(), lineWidth}, lineOpacity},
+        {{rect.left(), rect.bottom() - lineWidth, rect.width(), lineWidth}, lineOpacity},
+        {{rect.left(), rect.top(), lineWidth, rect.height()}, lineOpacity},
+        {{rect.right() - lineWidth, rect.top(), lineWidth, rect.height()}, lineOpacity},
+    };
+    QSGNode* child = frame->firstChild();
+    for (const auto& [place, opacity] : parts) {
+        if (!child) frame->appendChildNode(child = window()->createRectangleNode());
+        auto* const part = static_cast<QSGRectangleNode*>(child);
         QColor color = color_;
         color.setAlphaF(float(opacity));
-        QSGRectangleNode* const made = window()->createRectangleNode();
-        made->setRect(part);
-        made->setColor(color);
-        node->appendChildNode(made);
-    };
-    append(rect, isStrong ? strongFillOpacity : fillOpacity);
-    append({rect.left(), rect.top(), rect.width(), lineWidth}, lineOpacity);
-    append({rect.left(), rect.bottom() - lineWidth, rect.width(), lineWidth}, lineOpacity);
-    append({rect.left(), rect.top(), lineWidth, rect.height()}, lineOpacity);
-    append({rect.right() - lineWidth, rect.top(), lineWidth, rect.height()}, lineOpacity);
+        part->setRect(place);
+        part->setColor(color);
+        child = child->nextSibling();
+    }
 }
 
-// A rectangle of the scene for each line and fill: these are drawn by every renderer, and cost the
-// main loop nothing while the view moves.
+// A rectangle of the scene for each line and fill: these are drawn by every renderer, and while the
+// view moves or the pointer passes over them, they only change.
 QSGNode* HighlightsItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     // Qt's renderer without a GPU knows the place of what is added later from its parent, and of
     // all kinds of parents only from some.
     if (!node) node = new QSGTransformNode;
-    while (QSGNode* const child = node->firstChild()) {
-        node->removeChildNode(child);
-        delete child;
+    const std::vector<OCRRegion> none;
+    const std::vector<OCRRegion>& regions = panel_ ? panel_->text().highlightedRegions() : none;
+    while (node->childCount() > int(regions.size())) {
+        QSGNode* const last = node->lastChild();
+        node->removeChildNode(last);
+        delete last;
     }
-    if (!panel_) return node;
-    const auto& regions = panel_->text().highlightedRegions();
-    for (int index = 0; index < int(regions.size()); ++index) {
+    while (node->childCount() < int(regions.size()))
+        node->appendChildNode(new QSGTransformNode);
+    QSGNode* frame = node->firstChild();
+    for (int index = 0; index < int(regions.size()); ++index, frame = frame->nextSibling()) {
         const bool isStrong = index == hovered_ || regions[std::size_t(index)].isSelected;
-        appendFrame(node, blockRect(index).adjusted(-gap, -gap, gap, gap), isStrong);
+        placeFrame(frame, blockRect(index).adjusted(-gap, -gap, gap, gap), isStrong);
     }
     return node;
 }

@@ -39,7 +39,7 @@ class HighlightsItem : public QQuickItem {
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
   private:
-    void appendFrame(QSGNode* node, const QRectF& rect, bool isStrong) const;
+    void placeFrame(QSGNode* frame, const QRectF& rect, bool isStrong) const;
 
     QPointer<TextPanel> panel_;
     int hovered_ = -1;
