@@ -3303,7 +3303,7 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     </message>
     <message>
         <source>OCR &amp; Translation</source>
-        <translation>Texterkennung und Übersetzung</translation>
+        <translation>Text und Übersetzung</translation>
     </message>
     <message>
         <source>Clear the text</source>
