@@ -3303,11 +3303,7 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     </message>
     <message>
         <source>OCR &amp; Translation</source>
-        <translation>Text und Übersetzung</translation>
-    </message>
-    <message>
-        <source>Clear the text</source>
-        <translation>Text verwerfen</translation>
+        <translation>Text, Übersetzung</translation>
     </message>
     <message>
         <source>Blocks</source>
@@ -3452,6 +3448,18 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>Read the text</source>
         <translation>Text lesen</translation>
+    </message>
+    <message>
+        <source>Drag over the text to read</source>
+        <translation>Ziehen Sie über den Text, der gelesen werden soll</translation>
+    </message>
+    <message>
+        <source>Choose no part of the text</source>
+        <translation>Keinen Teil des Textes wählen</translation>
+    </message>
+    <message>
+        <source>Read the text of a part</source>
+        <translation>Text eines Teils lesen</translation>
     </message>
 </context>
 </TS>

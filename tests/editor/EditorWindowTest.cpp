@@ -233,6 +233,19 @@ struct Tour {
         }
     }
 
+    void drag(QPoint from, QPoint to) {
+        const std::pair<QEvent::Type, QPoint> events[] = {{QEvent::MouseButtonPress, from},
+                                                          {QEvent::MouseMove, to},
+                                                          {QEvent::MouseButtonRelease, to}};
+        for (const auto& [type, place] : events) {
+            const bool isUp = type == QEvent::MouseButtonRelease;
+            QMouseEvent event(type, place, view->mapToGlobal(place),
+                              type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                              isUp ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(view, &event);
+        }
+    }
+
     /// Of which `pasteboard` takes what is copied.
     void readText(const MemoryPasteboard& pasteboard) {
         TextPanel& text = *window.controller().text();
@@ -260,6 +273,11 @@ struct Tour {
         look();
         EXPECT_EQ(pasteboard.contents().text, QStringLiteral("house"));
         EXPECT_NE(view->grabWindow().pixelColor(place), QColor(Qt::white)) << "no frame there";
+        window.controller().commands()->run(QStringLiteral("readRegion"));
+        look();
+        drag(frames->mapToScene(QPointF(0, 0)).toPoint(), place);
+        EXPECT_TRUE(waitUntil([&] { return !text.isScanning(); }));
+        EXPECT_TRUE(text.text().selectedRegion().has_value());
         text.clear();
         EXPECT_FALSE(text.isShown());
         look();

@@ -114,6 +114,14 @@ TEST_F(OCRViewModelTest, AnotherPictureEndsTheScanAndDropsItsText) {
     EXPECT_EQ(text().results().size(), 3U);
 }
 
+TEST_F(OCRViewModelTest, OtherModesEndTheChoiceOfARegion) {
+    for (const bool isAnnotating : {true, false}) {
+        text().set_isRegionSelectionMode(true);
+        isAnnotating ? editor->toggleAnnotationMode() : editor->enterCropMode();
+        EXPECT_FALSE(text().isRegionSelectionMode());
+    }
+}
+
 TEST_F(OCRViewModelTest, CancellingKeepsWhatWasFoundBefore) {
     scan();
     const auto before = text().results();

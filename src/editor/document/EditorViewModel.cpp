@@ -41,6 +41,10 @@ void EditorViewModel::connectUndo() {
 void EditorViewModel::connectText() {
     // What was read belongs to the picture in which it was read.
     connect(this, &EditorViewModel::screenshotChanged, &ocrVM_, &OCRViewModel::clear);
+    const auto endChoosing = [this] { ocrVM_.set_isRegionSelectionMode(false); };
+    connect(&annotationSession_, &AnnotationSession::isAnnotationModeChanged, this, endChoosing);
+    connect(&cropSession_, &CropSession::isCropModeChanged, this, endChoosing);
+    connect(&colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this, endChoosing);
     connect(&ocrVM_, &OCRViewModel::errorMessageChanged, this, [this] {
         if (!ocrVM_.errorMessage().isEmpty()) set_errorMessage(ocrVM_.errorMessage());
     });

@@ -67,6 +67,7 @@ Task<> OCRViewModel::scan(Image image) {
 
 void OCRViewModel::show(std::vector<OCRResultWithConfidence> found) {
     std::vector<OCRRegion> regions;
+    regions.reserve(found.size());
     for (const OCRResultWithConfidence& result : found)
         regions.push_back({QUuid::createUuid(), result.bounds, result.text, false});
     const int count = int(found.size());

@@ -21,7 +21,8 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
     connect(&editor.annotationVM(), &AnnotationViewModel::selectedAnnotationChanged, this,
             &CommandPanel::refreshEnabled);
     using Text = OCRViewModel;
-    for (const auto signal : {&Text::isScanningChanged, &Text::showResultsPanelChanged})
+    for (const auto signal : {&Text::isScanningChanged, &Text::showResultsPanelChanged,
+                              &Text::isRegionSelectionModeChanged})
         connect(&editor.ocrVM(), signal, this, &CommandPanel::refreshEnabled);
     connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::refreshEnabled);
     connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::refreshEnabled);

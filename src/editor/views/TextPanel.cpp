@@ -9,6 +9,7 @@ TextPanel::TextPanel(EditorViewModel& editor, QObject* parent)
     using Text = OCRViewModel;
     using Translation = OCRTranslationModel;
     connect(&text(), &Text::isScanningChanged, this, &TextPanel::scanChanged);
+    connect(&text(), &Text::isRegionSelectionModeChanged, this, &TextPanel::choosingChanged);
     connect(&text(), &Text::showResultsPanelChanged, this, &TextPanel::shownChanged);
     connect(&text(), &Text::resultsChanged, this, &TextPanel::resultsChanged);
     Translation& translation = text().translation();
@@ -67,6 +68,15 @@ QString TextPanel::status() const {
             return Kestrio::tr("Translation failed");
     }
     return {};
+}
+
+void TextPanel::readRegion(const QRectF& part) {
+    const QRectF inside = part.normalized() & QRectF(0, 0, 1, 1);
+    text().set_isRegionSelectionMode(false);
+    if (inside.isEmpty()) return;
+    text().set_selectedRegion(
+        QRectF(inside.x(), 1 - inside.bottom(), inside.width(), inside.height()));
+    launch(editor_.performOCR(), &editor_);
 }
 
 void TextPanel::loadLanguages() {

@@ -24,6 +24,8 @@ class TextPanel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Part of the editor")
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY scanChanged)
+    /// The pointer chooses what is read next.
+    Q_PROPERTY(bool isChoosing READ isChoosing NOTIFY choosingChanged)
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY shownChanged)
     Q_PROPERTY(bool hasResults READ hasResults NOTIFY resultsChanged)
     Q_PROPERTY(kestrio::TextBlocks* blocks READ blocks CONSTANT)
@@ -45,6 +47,7 @@ class TextPanel : public QObject {
     OCRViewModel& text() { return editor_.ocrVM(); }
     const OCRViewModel& text() const { return editor_.ocrVM(); }
     bool isScanning() const { return text().isScanning(); }
+    bool isChoosing() const { return text().isRegionSelectionMode(); }
     bool isShown() const { return text().showResultsPanel(); }
     void setShown(bool isShown) { text().set_showResultsPanel(isShown); }
     bool hasResults() const { return !text().results().empty(); }
@@ -63,6 +66,8 @@ class TextPanel : public QObject {
     QString status() const;
 
     Q_INVOKABLE void cancelScan() { text().cancelScan(); }
+    /// Reads a part of the picture, in fractions from its top left; what lies outside is left out.
+    Q_INVOKABLE void readRegion(const QRectF& part);
     Q_INVOKABLE void clear() { text().clear(); }
     /// Finds out what can be translated into, once.
     Q_INVOKABLE void loadLanguages();
@@ -76,6 +81,7 @@ class TextPanel : public QObject {
     Q_INVOKABLE void copyAllTranslations() { text().copyAllTranslations(); }
 
     Q_SIGNAL void scanChanged();
+    Q_SIGNAL void choosingChanged();
     Q_SIGNAL void shownChanged();
     Q_SIGNAL void resultsChanged();
     Q_SIGNAL void displayModeChanged();

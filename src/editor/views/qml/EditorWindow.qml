@@ -60,6 +60,7 @@ Window {
                 visible: active
                 sourceComponent: TextResults {
                     panel: window.controller.text
+                    commands: window.controller.commands
                     onWidened: by => window.widenPanel(by)
                 }
             }

@@ -34,7 +34,7 @@ Item {
         anchors.fill: board
         // Marks, the crop frame and the eyedropper have the pointer to themselves.
         active: stage.controller.text.hasResults && !stage.controller.isAnnotationMode
-            && !stage.controller.isCropMode && !stage.controller.colors.isPicking
+            && !stage.controller.isCropMode && !stage.controller.colors.isPicking && !stage.controller.text.isChoosing
         LayoutMirroring.enabled: false
         LayoutMirroring.childrenInherit: true
         sourceComponent: TextHighlights {
@@ -71,6 +71,16 @@ Item {
         visible: y > -height
         Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
         sourceComponent: AnnotationPalette { controller: stage.controller }
+    }
+    Loader {
+        anchors.fill: board
+        active: stage.controller.text.isChoosing
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
+        sourceComponent: TextRegion {
+            panel: stage.controller.text
+            canvas: board
+        }
     }
     Loader {
         anchors.horizontalCenter: parent.horizontalCenter

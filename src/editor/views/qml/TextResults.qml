@@ -9,6 +9,7 @@ Rectangle {
     id: results
     objectName: "ocr.translation.panel"
     required property TextPanel panel
+    required property CommandPanel commands
     // The edge beside the canvas was dragged this far away from the panel, in points.
     signal widened(real by)
     color: Theme.surface
@@ -41,15 +42,16 @@ Rectangle {
                 color: Theme.text
                 elide: Text.ElideRight
             }
+            CommandButton {
+                commands: results.commands
+                command: "readRegion"
+                symbol: "viewfinder"
+                checked: results.panel.isChoosing
+            }
             IconButton {
                 symbol: "doc.on.doc"
                 tip: qsTranslate("Kestrio", "Copy All")
                 onClicked: results.panel.copyAll()
-            }
-            IconButton {
-                symbol: "trash"
-                tip: qsTranslate("Kestrio", "Clear the text")
-                onClicked: results.panel.clear()
             }
             IconButton {
                 symbol: "xmark"
