@@ -986,10 +986,6 @@ Es ist noch da: Wählen Sie einen anderen Ordner.</translation>
         <translation>--delay erwartet ganze Sekunden von 0 bis %1</translation>
     </message>
     <message>
-        <source>choose one of --edit, --copy, --pin and --save</source>
-        <translation>wählen Sie eine der Optionen --edit, --copy, --pin und --save</translation>
-    </message>
-    <message>
         <source>open the editor on a picture</source>
         <translation>ein Bild im Editor öffnen</translation>
     </message>
@@ -3239,6 +3235,153 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
         <translation>Es ist keine Übersetzung verfügbar.</translation>
     </message>
     <message>
+        <source>No screenshot loaded</source>
+        <translation>Kein Bild geladen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Found %n blocks of text</source>
+        <translation>
+            <numerusform>%n Textblock gefunden</numerusform>
+            <numerusform>%n Textblöcke gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copied all text to clipboard</source>
+        <translation>Gesamter Text in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Copied translation to clipboard</source>
+        <translation>Übersetzung in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Copied all translations to clipboard</source>
+        <translation>Alle Übersetzungen in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>The clipboard took nothing</source>
+        <translation>Die Zwischenablage hat nichts angenommen</translation>
+    </message>
+    <message>
+        <source>Scanning text...</source>
+        <translation>Text wird erkannt …</translation>
+    </message>
+    <message>
+        <source>Code · %1</source>
+        <translation>Code · %1</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Copy this block</source>
+        <translation>Diesen Block kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Translation</source>
+        <translation>Übersetzung kopieren</translation>
+    </message>
+    <message>
+        <source>Translate Anyway</source>
+        <translation>Trotzdem übersetzen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy All</source>
+        <translation>Alles kopieren</translation>
+    </message>
+    <message>
+        <source>Show Results</source>
+        <translation>Ergebnisse zeigen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>OCR &amp; Translation</source>
+        <translation>Text, Übersetzung</translation>
+    </message>
+    <message>
+        <source>Blocks</source>
+        <translation>Blöcke</translation>
+    </message>
+    <message>
+        <source>Full Text</source>
+        <translation>Gesamter Text</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>Übersetzung</translation>
+    </message>
+    <message>
+        <source>Target language</source>
+        <translation>Zielsprache</translation>
+    </message>
+    <message>
+        <source>Choose a target language</source>
+        <translation>Zielsprache wählen</translation>
+    </message>
+    <message>
+        <source>Translate All</source>
+        <translation>Alles übersetzen</translation>
+    </message>
+    <message>
+        <source>Copy all translations</source>
+        <translation>Alle Übersetzungen kopieren</translation>
+    </message>
+    <message>
+        <source>Scanning text... Click to stop.</source>
+        <translation>Text wird erkannt … Klicken zum Abbrechen.</translation>
+    </message>
+    <message>
+        <source>Stop reading the text</source>
+        <translation>Texterkennung abbrechen</translation>
+    </message>
+    <message>
+        <source>Hide the text</source>
+        <translation>Text ausblenden</translation>
+    </message>
+    <message>
+        <source>Read the text of the picture</source>
+        <translation>Text des Bildes lesen</translation>
+    </message>
+    <message>
+        <source>Waiting to translate</source>
+        <translation>Wartet auf die Übersetzung</translation>
+    </message>
+    <message>
+        <source>Translating…</source>
+        <translation>Wird übersetzt …</translation>
+    </message>
+    <message>
+        <source>Translation failed</source>
+        <translation>Übersetzung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Code block skipped</source>
+        <translation>Codeblock übersprungen</translation>
+    </message>
+    <message>
+        <source>Already in the target language</source>
+        <translation>Bereits in der Zielsprache</translation>
+    </message>
+    <message>
+        <source>Loading languages…</source>
+        <translation>Sprachen werden geladen …</translation>
+    </message>
+    <message>
+        <source>Translation unavailable</source>
+        <translation>Übersetzung nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Ready to translate</source>
+        <translation>Bereit zum Übersetzen</translation>
+    </message>
+    <message>
         <source>The pattern %1 took too long.</source>
         <translation>Das Muster %1 hat zu lange gebraucht.</translation>
     </message>
@@ -3325,10 +3468,6 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>Redact sensitive information</source>
         <translation>Sensible Daten abdecken</translation>
-    </message>
-    <message>
-        <source>No screenshot loaded</source>
-        <translation>Kein Bildschirmfoto geladen</translation>
     </message>
     <message>
         <source>Auto-redact failed: %1</source>
@@ -3440,6 +3579,34 @@ Alles andere funktioniert auch hier: Machen Sie ein Bildschirmfoto mit dem Werkz
     <message>
         <source>Valid regex pattern</source>
         <translation>Gültiger regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Translation complete</source>
+        <translation>Übersetzung abgeschlossen</translation>
+    </message>
+    <message>
+        <source>open the picture in the editor and read its text</source>
+        <translation>das Bild im Editor öffnen und seinen Text lesen</translation>
+    </message>
+    <message>
+        <source>choose one of --edit, --copy, --pin, --ocr and --save</source>
+        <translation>wählen Sie eines von --edit, --copy, --pin, --ocr und --save</translation>
+    </message>
+    <message>
+        <source>Read the text</source>
+        <translation>Text lesen</translation>
+    </message>
+    <message>
+        <source>Drag over the text to read</source>
+        <translation>Ziehen Sie über den Text, der gelesen werden soll</translation>
+    </message>
+    <message>
+        <source>Choose no part of the text</source>
+        <translation>Keinen Teil des Textes wählen</translation>
+    </message>
+    <message>
+        <source>Read the text of a part</source>
+        <translation>Text eines Teils lesen</translation>
     </message>
 </context>
 </TS>

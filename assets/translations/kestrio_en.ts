@@ -38,5 +38,12 @@
             <numerusform>Redacted %n sensitive items</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Found %n blocks of text</source>
+        <translation>
+            <numerusform>Found %n block of text</numerusform>
+            <numerusform>Found %n blocks of text</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -35,6 +35,29 @@ TEST_F(EditorWindowCoordinatorTest, WhatACaptureBringsGoesIntoItsOwnDocument) {
     EXPECT_FALSE(later.isAnnotationMode());
 }
 
+TEST_F(EditorWindowCoordinatorTest, TheTextOfACaptureIsReadWhereThatWasAskedFor) {
+    const auto service = std::make_shared<ScriptedScreenCapture>();
+    CaptureCollaborators with;
+    with.screenCapture = service;
+    with.sessions = std::make_shared<SessionArbiter>();
+    with.editors = editors;
+    with.editorSteps = standardEditorSteps();
+    CaptureCoordinator captures(with);
+    recognizer->lines = {evenLine(QStringLiteral("Hello"), QRectF(2, 2, 20, 8))};
+    for (const CaptureAction action : {CaptureAction::edit, CaptureAction::ocr}) {
+        captures.startRegionCapture();
+        service->finish(CaptureFixture::outcome(action));
+        ASSERT_TRUE(waitUntil([&captures] { return !captures.isCapturing(); }));
+        EditorViewModel* const captured = editors->currentEditorViewModel();
+        ASSERT_NE(captured, nullptr);
+        const bool isAsked = action == CaptureAction::ocr;
+        waitUntil([&] { return !isAsked || captured->ocrVM().showResultsPanel(); });
+        runEvents();
+        EXPECT_EQ(captured->ocrVM().results().size(), isAsked ? 1U : 0U);
+        EXPECT_EQ(recognizer->requests.size(), isAsked ? 1U : 0U);
+    }
+}
+
 // As a capture does that shows its window before it has its picture.
 TEST_F(EditorWindowCoordinatorTest, ADocumentIsAdoptedBeforeItsPictureIsThere) {
     const std::shared_ptr<EditorViewModel> document = editors->makeDocument();

@@ -10,6 +10,8 @@
 #include "support/ScriptedAppearance.h"
 #include "support/ScriptedFileDialogs.h"
 #include "support/ScriptedRenderer.h"
+#include "support/ScriptedTextRecognizer.h"
+#include "text/recognition/OCRService.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -45,6 +47,7 @@ struct EditorsFixture : testing::Test {
     QTemporaryDir folder;
     QString draftsPath = folder.filePath(QStringLiteral("drafts"));
     std::shared_ptr<DraftService> drafts = std::make_shared<DraftService>(draftsPath);
+    std::shared_ptr<ScriptedTextRecognizer> recognizer = std::make_shared<ScriptedTextRecognizer>();
     std::shared_ptr<EditorWindowCoordinator> editors = makeEditors();
     int endings = 0;
     std::optional<Quitting> quitting;
@@ -71,6 +74,7 @@ struct EditorsFixture : testing::Test {
         all.fileReveal = std::make_shared<RecordingFileReveal>();
         all.appearance = std::make_shared<ScriptedAppearance>();
         all.drafts = drafts;
+        all.ocr = std::make_shared<OCRService>(recognizer);
         return all;
     }
 

@@ -115,11 +115,12 @@ class CaptureTest(resident.ResidentTestCase):
     def test_each_button_of_the_toolbar_ends_its_way(self):
         # Points from the toolbar's middle, and what has to come of a click there.
         endings = {
-            "pin": (197, lambda desktop: desktop.windows(PIN)),
-            "copy": (231, lambda desktop: "image/png" in desktop.clipboard_targets()),
-            "save": (265, lambda desktop: list(desktop.save_folder.glob("Kestrio_*.webp"))),
-            "cancel": (307, lambda desktop: not desktop.windows(OVERLAY)),
-            "done": (341, lambda desktop: desktop.windows(EDITOR)),
+            "pin": (180, lambda desktop: desktop.windows(PIN)),
+            "copy": (214, lambda desktop: "image/png" in desktop.clipboard_targets()),
+            "save": (248, lambda desktop: list(desktop.save_folder.glob("Kestrio_*.webp"))),
+            "ocr": (282, lambda desktop: desktop.windows(EDITOR)),
+            "cancel": (324, lambda desktop: not desktop.windows(OVERLAY)),
+            "done": (358, lambda desktop: desktop.windows(EDITOR)),
         }
         with self.resident() as desktop:
             desktop.save_folder = Path(desktop.environment["HOME"]) / "Desktop"
@@ -131,6 +132,10 @@ class CaptureTest(resident.ResidentTestCase):
                     desktop.click((sum(x for x, _ in REGION) // 2 + place, REGION[1][1] + 32))
                     wait_until(lambda: has_ended(desktop), f"what {name!r} is for")
                     self.assert_gone(desktop, OVERLAY)
+                    if desktop.windows(EDITOR):
+                        desktop.wait_for_window(EDITOR)
+                        desktop.close()
+                        desktop.wait_for_no_window(EDITOR)
             file, = desktop.save_folder.iterdir()
             self.assertEqual(Image.open(file).size, (400, 300))
 

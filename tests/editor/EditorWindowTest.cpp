@@ -1,6 +1,12 @@
 #include "editor/WindowFixture.h"
 #include "editor/views/CanvasItem.h"
+#include "editor/views/HighlightsItem.h"
+#include "support/ScriptedLanguageIdentifier.h"
 #include "support/ScriptedSharing.h"
+#include "support/ScriptedTextRecognizer.h"
+#include "support/ScriptedTranslator.h"
+#include "support/Waiting.h"
+#include "text/recognition/OCRService.h"
 
 #include <QDir>
 #include <QQmlContext>
@@ -230,6 +236,65 @@ struct Tour {
         QCoreApplication::sendEvent(view, &escape);
     }
 
+    void click(QPoint place, Qt::MouseButton button) {
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool isDown = type == QEvent::MouseButtonPress;
+            QMouseEvent event(type, place, view->mapToGlobal(place), button,
+                              isDown ? button : Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(view, &event);
+        }
+    }
+
+    void drag(QPoint from, QPoint to) {
+        const std::pair<QEvent::Type, QPoint> events[] = {{QEvent::MouseButtonPress, from},
+                                                          {QEvent::MouseMove, to},
+                                                          {QEvent::MouseButtonRelease, to}};
+        for (const auto& [type, place] : events) {
+            const bool isUp = type == QEvent::MouseButtonRelease;
+            QMouseEvent event(type, place, view->mapToGlobal(place),
+                              type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                              isUp ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(view, &event);
+        }
+    }
+
+    /// Of which `pasteboard` takes what is copied.
+    void readText(const MemoryPasteboard& pasteboard) {
+        TextPanel& text = *window.controller().text();
+        window.controller().commands()->run(QStringLiteral("readText"));
+        look();
+        EXPECT_TRUE(waitUntil([&] { return text.isShown(); }));
+        look();
+        EXPECT_TRUE(waitUntil([&] { return text.canTranslate(); }));
+        text.chooseLanguage(text.languages().front());
+        text.translateAll();
+        EXPECT_TRUE(waitUntil([&] { return !text.isTranslating(); }));
+        look();
+        text.setDisplayMode(QStringLiteral("fullText"));
+        look();
+        // A right click on a block and a left one.
+        const auto* frames = view->findChild<HighlightsItem*>(QStringLiteral("textHighlights"));
+        ASSERT_NE(frames, nullptr);
+        const QPoint place = frames->mapToScene(frames->blockRect(0).center()).toPoint();
+        click(place, Qt::RightButton);
+        look();
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(view, &escape);
+        look(250);
+        click(place, Qt::LeftButton);
+        look();
+        EXPECT_EQ(pasteboard.contents().text, QStringLiteral("house"));
+        EXPECT_NE(view->grabWindow().pixelColor(place), QColor(Qt::white)) << "no frame there";
+        window.controller().commands()->run(QStringLiteral("readRegion"));
+        look();
+        drag(frames->mapToScene(QPointF(0, 0)).toPoint(), place);
+        EXPECT_TRUE(waitUntil([&] { return !text.isScanning(); }));
+        EXPECT_TRUE(text.text().selectedRegion().has_value());
+        text.clear();
+        EXPECT_FALSE(text.isShown());
+        look();
+    }
+
     /// Those of which nothing was seen; files of a single object leave no trace of their own.
     QStringList unseenFiles() const {
         QStringList unseen;
@@ -243,6 +308,20 @@ struct Tour {
     }
 };
 
+/// Two lines of text in every picture, and a translation of the first.
+void giveText(EditorServices& all) {
+    const auto recognizer = std::make_shared<ScriptedTextRecognizer>();
+    recognizer->duration = std::chrono::milliseconds(150);
+    recognizer->lines = {evenLine(QStringLiteral("house"), QRectF(20, 10, 300, 40)),
+                         evenLine(QStringLiteral("return 1"), QRectF(20, 70, 300, 40))};
+    const auto translator = std::make_shared<ScriptedTranslator>();
+    translator->translations = {{QStringLiteral("house"), QStringLiteral("casa")}};
+    const auto identifier = std::make_shared<ScriptedLanguageIdentifier>();
+    identifier->hypotheses[QStringLiteral("house")] = {QStringLiteral("en"), 0.9};
+    all.ocr = std::make_shared<OCRService>(recognizer);
+    all.translation = std::make_shared<OCRTranslationService>(translator, identifier);
+}
+
 TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     Warnings warnings;
     const auto programs = std::make_shared<ScriptedSharing>();
@@ -252,7 +331,10 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
                             {QStringLiteral("image/png")}}};
     EditorServices all = services();
     all.sharing = programs;
-    EditorWindow window(documentOn(picture({640, 400})), all, QStringLiteral("shot"));
+    giveText(all);
+    const auto document = std::make_shared<EditorViewModel>(all);
+    document->loadCapture({picture({640, 400}), {}, {}});
+    EditorWindow window(document, all, QStringLiteral("shot"));
     window.show();
     ASSERT_NE(window.window(), nullptr);
     Tour tour{window};
@@ -261,6 +343,7 @@ TEST_F(EditorWindowTest, EveryStateShowsWithoutComplaint) {
     tour.walkBackdrops();
     tour.walkPanels();
     tour.walkThemes();
+    tour.readText(*pasteboard);
     appearance->set_isDark(true);
     tour.openSheets();
     tour.openShareMenu();

@@ -38,7 +38,8 @@ bool needsUser(CaptureKind kind) {
 
 // Whether an editor will show the picture, as far as that is known before there is one.
 ScrolledOpening openingFor(const CaptureRequest& request) {
-    const bool wantsEditor = request.action.value_or(CaptureAction::edit) == CaptureAction::edit;
+    const CaptureAction action = request.action.value_or(CaptureAction::edit);
+    const bool wantsEditor = action == CaptureAction::edit || action == CaptureAction::ocr;
     return wantsEditor && request.output.isEmpty() ? ScrolledOpening::editor
                                                    : ScrolledOpening::nothing;
 }

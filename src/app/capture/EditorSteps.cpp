@@ -15,12 +15,17 @@ void redactWhereWanted(AppSettingsServiceProtocol& settings, EditorViewModel& ed
     if (settings.load().autoRedactOnCapture) launch(editor.autoRedaction().autoRedact(), &editor);
 }
 
+void readText(EditorViewModel& editor, const RegionCaptureOutcome& outcome) {
+    if (outcome.choice.action == CaptureAction::ocr) launch(editor.performOCR(), &editor);
+}
+
 }  // namespace
 
 std::vector<EditorStep> standardEditorSteps(std::shared_ptr<AppSettingsServiceProtocol> settings) {
-    return {takeOverAnnotations, [settings](EditorViewModel& editor, const RegionCaptureOutcome&) {
-                redactWhereWanted(*settings, editor);
-            }};
+    const EditorStep redact = [settings](EditorViewModel& editor, const RegionCaptureOutcome&) {
+        redactWhereWanted(*settings, editor);
+    };
+    return {takeOverAnnotations, redact, readText};
 }
 
 }  // namespace kestrio

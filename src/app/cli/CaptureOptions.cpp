@@ -32,6 +32,8 @@ void addCaptureOptions(QCommandLineParser& parser) {
     parser.addOption({QStringLiteral("copy"), Kestrio::tr("put it on the clipboard")});
     parser.addOption({QStringLiteral("pin"), Kestrio::tr("pin it to the desktop")});
     parser.addOption(
+        {QStringLiteral("ocr"), Kestrio::tr("open the picture in the editor and read its text")});
+    parser.addOption(
         {QStringLiteral("save"),
          Kestrio::tr("write it to the save folder of the settings and print its path")});
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
@@ -62,7 +64,8 @@ std::optional<CaptureAction> actionFrom(const QCommandLineParser& parser) {
     std::optional<CaptureAction> action;
     for (const auto& row : requestableActions) {
         if (!parser.isSet(QString::fromLatin1(row.raw))) continue;
-        if (action) throw UsageError(Kestrio::tr("choose one of --edit, --copy, --pin and --save"));
+        if (action)
+            throw UsageError(Kestrio::tr("choose one of --edit, --copy, --pin, --ocr and --save"));
         action = row.value;
     }
     return action;

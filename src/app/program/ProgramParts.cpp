@@ -11,6 +11,7 @@
 #include "scrolling/capture/StreamScrollingFrameSource.h"
 #include "scrolling/overlays/ScrollingOverlays.h"
 #include "scrolling/views/ScrollingStatusWindow.h"
+#include "text/recognition/OCRService.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -120,9 +121,10 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
     parts.themes = std::make_shared<ThemeStorageService>(parts.userDefaults);
     parts.drafts = std::make_shared<DraftService>();
     const auto styles = std::make_shared<EditorStylePersistenceService>(parts.userDefaults);
+    const auto ocr = std::make_shared<OCRService>(platform.textRecognizer);
     const auto makeServices = [platform, defaults = parts.userDefaults, settings = parts.settings,
                                pins = parts.pins, exporter = parts.exporter, themes = parts.themes,
-                               drafts = parts.drafts, styles] {
+                               drafts = parts.drafts, styles, ocr] {
         EditorServices services = makeEditorServices(platform, defaults);
         // One for all windows, so that a change in one reaches the others.
         services.settings = settings;
@@ -131,6 +133,7 @@ ProgramParts ProgramParts::make(const PlatformServices& platform) {
         services.pins = pins;
         services.exporter = exporter;
         services.drafts = drafts;
+        services.ocr = ocr;
         return services;
     };
     parts.editors = std::make_shared<EditorWindowCoordinator>(makeServices, parts.activation);

@@ -67,6 +67,8 @@ std::vector<ToolbarButton> actionButtons() {
                withKey(Kestrio::tr("Copy"), QStringLiteral("Ctrl+C"))),
         button(CaptureAction::save, QStringLiteral("square.and.arrow.down"),
                withKey(Kestrio::tr("Save"), QStringLiteral("Ctrl+S"))),
+        button(CaptureAction::ocr, QStringLiteral("text.viewfinder"),
+               withKey(Kestrio::tr("Read the text"), QStringLiteral("Ctrl+T"))),
     };
 }
 

@@ -17,6 +17,8 @@ std::optional<ToolbarCommand> controlCommand(int key) {
             return CaptureAction::save;
         case Qt::Key_P:
             return CaptureAction::pin;
+        case Qt::Key_T:
+            return CaptureAction::ocr;
         default:
             return std::nullopt;
     }

@@ -50,6 +50,28 @@ void toggleShortcuts(Editor& editor) {
     editor.set_isShortcutOverlayVisible(!editor.isShortcutOverlayVisible());
 }
 
+void toggleReading(Editor& editor) {
+    if (editor.ocrVM().isScanning()) {
+        editor.ocrVM().cancelScan();
+    } else {
+        editor.ocrVM().set_selectedRegion(std::nullopt);
+        launch(editor.performOCR(), &editor);
+    }
+}
+
+// The pointer is for nothing else meanwhile.
+void chooseTextRegion(Editor& editor) {
+    editor.leaveAnnotationMode();
+    if (editor.isCropMode()) editor.cancelCrop();
+    if (editor.colorPickerVM().isColorPickingMode()) editor.toggleColorPicker();
+    editor.ocrVM().cancelScan();
+    editor.ocrVM().set_isRegionSelectionMode(!editor.ocrVM().isRegionSelectionMode());
+}
+
+bool hasPicture(const Editor& editor, const Actions&) {
+    return !editor.screenshot().isNull();
+}
+
 bool isFree(const Editor&, const Actions& actions) {
     return !actions.isBusy();
 }
@@ -213,6 +235,46 @@ constexpr EditorCommand commands[] = {
      .run = [](Editor& editor, Actions&) { editor.leaveAnnotationMode(); },
      .isEnabled = [](const Editor& editor, const Actions&) { return editor.isAnnotationMode(); },
      .isListed = false},
+    {.id = "leaveTextRegion",
+     .category = view,
+     .scope = canvas,
+     .title = Kestrio::marked("Choose no part of the text"),
+     .keys = "Esc",
+     .run = [](Editor& editor, Actions&) { editor.ocrVM().set_isRegionSelectionMode(false); },
+     .isEnabled = [](const Editor& editor,
+                     const Actions&) { return editor.ocrVM().isRegionSelectionMode(); },
+     .isListed = false},
+    {.id = "cancelReading",
+     .category = view,
+     .scope = canvas,
+     .title = Kestrio::marked("Stop reading the text"),
+     .keys = "Esc",
+     .run = [](Editor& editor, Actions&) { editor.ocrVM().cancelScan(); },
+     .isEnabled = [](const Editor& editor, const Actions&) { return editor.ocrVM().isScanning(); },
+     .isListed = false},
+    {.id = "hideText",
+     .category = view,
+     .scope = canvas,
+     .title = Kestrio::marked("Hide the text"),
+     .keys = "Esc",
+     .run = [](Editor& editor, Actions&) { editor.ocrVM().set_showResultsPanel(false); },
+     .isEnabled = [](const Editor& editor,
+                     const Actions&) { return editor.ocrVM().showResultsPanel(); },
+     .isListed = false},
+    {.id = "readText",
+     .category = view,
+     .scope = window,
+     .title = Kestrio::marked("Read the text of the picture"),
+     .keys = "Ctrl+T",
+     .run = [](Editor& editor, Actions&) { toggleReading(editor); },
+     .isEnabled = hasPicture},
+    {.id = "readRegion",
+     .category = view,
+     .scope = window,
+     .title = Kestrio::marked("Read the text of a part"),
+     .keys = "Ctrl+Shift+T",
+     .run = [](Editor& editor, Actions&) { chooseTextRegion(editor); },
+     .isEnabled = hasPicture},
     {.id = "eyedropper",
      .category = view,
      .scope = canvas,

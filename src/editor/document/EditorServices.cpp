@@ -25,6 +25,9 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.fileReveal = platform.fileReveal;
     services.sharing = platform.sharing;
     services.appearance = platform.appearance;
+    services.ocr = std::make_shared<OCRService>(platform.textRecognizer);
+    services.translation =
+        std::make_shared<OCRTranslationService>(platform.translator, platform.languageIdentifier);
     return services;
 }
 

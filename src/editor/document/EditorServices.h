@@ -9,7 +9,9 @@
 #include "render/stores/EditorStylePersistenceService.h"
 #include "render/stores/ThemeStorageService.h"
 #include "settings/AppSettingsService.h"
+#include "text/recognition/OCRServiceProtocol.h"
 #include "text/redaction/RedactionService.h"
+#include "text/translation/OCRTranslationService.h"
 
 namespace kestrio {
 
@@ -32,7 +34,9 @@ struct EditorServices {
     std::shared_ptr<Appearance> appearance;  ///< may be null: light, with motion
     std::shared_ptr<Sharing> sharing;        ///< may be null: only files are copied
     std::shared_ptr<PinnedScreenshotCoordinatorProtocol> pins;  ///< may be null: nothing is pinned
-    std::shared_ptr<DraftService> drafts;  ///< may be null: nothing is kept on the disk
+    std::shared_ptr<DraftService> drafts;     ///< may be null: nothing is kept on the disk
+    std::shared_ptr<OCRServiceProtocol> ocr;  ///< may be null: nothing is read
+    std::shared_ptr<OCRTranslationServiceProtocol> translation;  ///< may be null
 };
 
 /// The real ones, on a desktop's services and the user's settings.

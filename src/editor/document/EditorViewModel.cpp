@@ -1,5 +1,6 @@
 #include "editor/document/EditorViewModel.h"
 
+#include "core/Localisation.h"
 #include "imaging/ExportError.h"
 #include "render/ImageComposer.h"
 #include "render/enhance/AutoBeautify.h"
@@ -13,10 +14,12 @@ EditorViewModel::EditorViewModel(EditorServices services, QObject* parent)
       enhancement_(*this, services.enhancement),
       autoRedaction_(*this, services),
       outputModel_(*this, services),
+      ocrVM_({services.ocr, services.translation, services.settings, services.pasteboard}),
       watermarkVM_(services.watermark),
       historyManager_(HistoryManager<EditorSnapshot>::greatestHistorySize,
                       services.memoryPressure.get()) {
     connectUndo();
+    connectText();
     connect(this, &EditorViewModel::screenshotChanged, this, [this] {
         annotationVM().set_pictureRect(QRectF(QPointF(), screenshot().pointSize()));
     });
@@ -34,6 +37,21 @@ void EditorViewModel::connectUndo() {
     connect(&annotationHistory, &AnnotationHistoryService::canRedoChanged, this, recompute);
     connect(&annotationSession_, &AnnotationSession::isAnnotationModeChanged, this, recompute);
     connect(&cropSession_, &CropSession::isCropModeChanged, this, recompute);
+}
+
+void EditorViewModel::connectText() {
+    // What was read belongs to the picture in which it was read.
+    connect(this, &EditorViewModel::screenshotChanged, &ocrVM_, &OCRViewModel::clear);
+    const auto endChoosing = [this] { ocrVM_.set_isRegionSelectionMode(false); };
+    connect(&annotationSession_, &AnnotationSession::isAnnotationModeChanged, this, endChoosing);
+    connect(&cropSession_, &CropSession::isCropModeChanged, this, endChoosing);
+    connect(&colorPickerVM(), &ColorPickerViewModel::isColorPickingModeChanged, this, endChoosing);
+    connect(&ocrVM_, &OCRViewModel::errorMessageChanged, this, [this] {
+        if (!ocrVM_.errorMessage().isEmpty()) set_errorMessage(ocrVM_.errorMessage());
+    });
+    connect(&ocrVM_, &OCRViewModel::successMessageChanged, this, [this] {
+        if (!ocrVM_.successMessage().isEmpty()) set_toastMessage(ocrVM_.successMessage());
+    });
 }
 
 EditorViewModel::~EditorViewModel() {
@@ -198,6 +216,15 @@ void EditorViewModel::useForBackdrop(const PickedColor& picked) {
 void EditorViewModel::replacePixels(const Image& image) {
     set_screenshot(Image(image.bitmap(), screenshot().pointSize()));
     recordSnapshot();
+}
+
+Task<> EditorViewModel::performOCR() {
+    if (screenshot().isNull()) {
+        set_errorMessage(Kestrio::tr("No screenshot loaded"));
+        co_return;
+    }
+    auto scanning = ocrVM_.scan(screenshot());
+    co_await scanning;
 }
 
 void EditorViewModel::toggleAnnotationMode() {

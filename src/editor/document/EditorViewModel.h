@@ -8,6 +8,7 @@
 #include "editor/document/OutputModel.h"
 #include "editor/document/PictureEnhancement.h"
 #include "editor/document/StyleModel.h"
+#include "editor/text/OCRViewModel.h"
 #include "imaging/CapturedImage.h"
 #include "library/drafts/DraftDocument.h"
 #include "render/watermark/WatermarkViewModel.h"
@@ -63,6 +64,8 @@ class EditorViewModel : public QObject {
     const AutoRedaction& autoRedaction() const { return autoRedaction_; }
     OutputModel& outputModel() { return outputModel_; }
     const OutputModel& outputModel() const { return outputModel_; }
+    OCRViewModel& ocrVM() { return ocrVM_; }
+    const OCRViewModel& ocrVM() const { return ocrVM_; }
     WatermarkViewModel& watermarkVM() { return watermarkVM_; }
     const WatermarkViewModel& watermarkVM() const { return watermarkVM_; }
 
@@ -153,6 +156,11 @@ class EditorViewModel : public QObject {
     /// Other pixels for the same picture, whose size in points stays; one step of undo.
     void replacePixels(const Image& image);
 
+    // Its text.
+
+    /// Reads the text of the picture; see OCRViewModel. Failures become errorMessage.
+    Task<> performOCR();
+
     // The finished picture.
 
     /// Finishes a drawing in progress. Throws ExportError::renderingFailed without a screenshot.
@@ -169,6 +177,7 @@ class EditorViewModel : public QObject {
     void enterAnnotationMode();
     void apply(const EditorSnapshot& snapshot);
     void connectUndo();
+    void connectText();
     void recomputeUndoFlags();
     void useForBackdrop(const PickedColor& picked);
     /// Replaces the picture by a part of itself; annotations stay on what they mark.
@@ -183,6 +192,7 @@ class EditorViewModel : public QObject {
     PictureEnhancement enhancement_;
     AutoRedaction autoRedaction_;
     OutputModel outputModel_;
+    OCRViewModel ocrVM_;
     WatermarkViewModel watermarkVM_;
     HistoryManager<EditorSnapshot> historyManager_;
     bool isCleanedUp_ = false;

@@ -202,6 +202,22 @@ QRectF CanvasItem::imageRect() const {
     return {viewport.canvasToView(content.topLeft()), viewport.canvasToView(content.bottomRight())};
 }
 
+QPointF CanvasItem::imageCorner() const {
+    if (!interaction_) return {};
+    const CanvasViewport& viewport = interaction_->viewport();
+    return viewport.canvasToView(viewport.contentRect().topLeft());
+}
+
+QSizeF CanvasItem::imageExtent() const {
+    if (!interaction_ || !interaction_->viewport().showsScreenshot()) return {0, 0};
+    const CanvasViewport& viewport = interaction_->viewport();
+    return viewport.contentRect().size() * viewport.scale();
+}
+
+double CanvasItem::imageTurn() const {
+    return interaction_ ? interaction_->viewport().rotation() : 0;
+}
+
 void CanvasItem::paint(QPainter* painter) {
     if (!interaction_ || interaction_->viewport().isEmpty()) return;
     painter->setRenderHint(QPainter::SmoothPixmapTransform);

@@ -31,6 +31,11 @@ class CanvasItem : public QQuickPaintedItem {
     Q_PROPERTY(QRectF numberEditorRect READ numberEditorRect NOTIFY viewChanged)
     /// Where the screenshot stands, in points of the item; for the crop frame.
     Q_PROPERTY(QRectF imageRect READ imageRect NOTIFY viewChanged)
+    /// For what lies on the screenshot and turns with it: its top left corner and its size before
+    /// it is turned, in points of the item, and by how many degrees it is turned clockwise.
+    Q_PROPERTY(QPointF imageCorner READ imageCorner NOTIFY viewChanged)
+    Q_PROPERTY(QSizeF imageExtent READ imageExtent NOTIFY viewChanged)
+    Q_PROPERTY(double imageTurn READ imageTurn NOTIFY viewChanged)
 
   public:
     explicit CanvasItem(QQuickItem* parent = nullptr);
@@ -49,6 +54,9 @@ class CanvasItem : public QQuickPaintedItem {
     QString editedText() const;
     QRectF numberEditorRect() const;
     QRectF imageRect() const;
+    QPointF imageCorner() const;
+    QSizeF imageExtent() const;
+    double imageTurn() const;
 
     /// The point of the screenshot under a point of the item.
     Q_INVOKABLE QPointF imagePoint(const QPointF& position) const;

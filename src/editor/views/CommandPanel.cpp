@@ -14,7 +14,7 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
     keyboard_.activate();
     using Editor = EditorViewModel;
     for (const auto signal : {&Editor::canUndoChanged, &Editor::canRedoChanged,
-                              &Editor::isShortcutOverlayVisibleChanged})
+                              &Editor::isShortcutOverlayVisibleChanged, &Editor::screenshotChanged})
         connect(&editor, signal, this, &CommandPanel::refreshEnabled);
     connect(&editor.annotationSession(), &AnnotationSession::isAnnotationModeChanged, this,
             &CommandPanel::refreshEnabled);
@@ -22,6 +22,10 @@ CommandPanel::CommandPanel(EditorViewModel& editor, ShortcutHintManager& hints, 
             &CommandPanel::refreshEnabled);
     connect(&editor.autoRedaction(), &AutoRedaction::isScanningChanged, this,
             &CommandPanel::refreshEnabled);
+    using Text = OCRViewModel;
+    for (const auto signal : {&Text::isScanningChanged, &Text::showResultsPanelChanged,
+                              &Text::isRegionSelectionModeChanged})
+        connect(&editor.ocrVM(), signal, this, &CommandPanel::refreshEnabled);
     connect(&panels.output, &OutputPanel::busyChanged, this, &CommandPanel::refreshEnabled);
     connect(&panels.share, &SharePanel::busyChanged, this, &CommandPanel::refreshEnabled);
 }

@@ -11,6 +11,7 @@
 #include "editor/views/RedactionPanel.h"
 #include "editor/views/SharePanel.h"
 #include "editor/views/StyleFields.h"
+#include "editor/views/TextPanel.h"
 #include "editor/views/ThemePanel.h"
 #include "editor/views/WatermarkPanel.h"
 
@@ -33,6 +34,7 @@ class EditorController : public QObject {
     Q_PROPERTY(kestrio::OutputPanel* output READ output CONSTANT)
     Q_PROPERTY(kestrio::RedactionPanel* redaction READ redaction CONSTANT)
     Q_PROPERTY(kestrio::SharePanel* share READ share CONSTANT)
+    Q_PROPERTY(kestrio::TextPanel* text READ text CONSTANT)
     Q_PROPERTY(kestrio::ThemePanel* themes READ themes CONSTANT)
     Q_PROPERTY(kestrio::WatermarkPanel* watermark READ watermark CONSTANT)
     Q_PROPERTY(kestrio::StyleFields* style READ style CONSTANT)
@@ -87,6 +89,7 @@ class EditorController : public QObject {
     OutputPanel* output() { return &output_; }
     RedactionPanel* redaction() { return &redaction_; }
     SharePanel* share() { return &share_; }
+    TextPanel* text() { return &text_; }
     ThemePanel* themes() { return &themes_; }
     WatermarkPanel* watermark() { return &watermark_; }
     StyleFields* style() { return &style_; }
@@ -185,6 +188,7 @@ class EditorController : public QObject {
     RedactionPanel redaction_;
     SharePanel share_;
     CommandPanel commands_;
+    TextPanel text_;
     ThemePanel themes_;
     WatermarkPanel watermark_;
     StyleFields style_;

@@ -81,7 +81,7 @@ constexpr LanguageRule languageRules[] = {
 };
 
 int indentationOf(const QString& text) {
-    const auto end = std::ranges::find_if_not(
+    const auto* const end = std::ranges::find_if_not(
         text, [](QChar character) { return character == u' ' || character == u'\t'; });
     return int(end - text.begin());
 }
@@ -98,7 +98,7 @@ bool isCode(const QString& text) {
 
 std::optional<QString> detectLanguage(const QString& text) {
     const Line line(text);
-    const auto rule = std::ranges::find_if(
+    const auto* const rule = std::ranges::find_if(
         languageRules, [&](const LanguageRule& each) { return each.holds(line); });
     if (rule == std::end(languageRules)) return std::nullopt;
     return QString::fromLatin1(rule->language);

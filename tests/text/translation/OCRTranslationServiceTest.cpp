@@ -124,8 +124,21 @@ TEST_F(OCRTranslationServiceTest, OffersEachReachableLanguageOnce) {
     EXPECT_NE(options[0], options[1]);
     for (const auto& option : options)
         EXPECT_TRUE(option.identifier == es || option.identifier == u"ca");
-    EXPECT_EQ((TranslationLanguageOption{QStringLiteral("qqq")}).displayName(),
-              QStringLiteral("qqq"));
+}
+
+TEST_F(OCRTranslationServiceTest, LanguagesAreNamedInThatOfTheProgram) {
+    const QLocale before;
+    const auto nameOf = [](const char* code) {
+        return TranslationLanguageOption{QString::fromLatin1(code)}.displayName();
+    };
+    QLocale::setDefault(QLocale(QLocale::German));
+    EXPECT_EQ(nameOf("es"), QStringLiteral("Spanisch"));
+    QLocale::setDefault(QLocale(QLocale::Spanish));
+    EXPECT_EQ(nameOf("en"), QStringLiteral("Ingl\u00e9s"));
+    QLocale::setDefault(QLocale::c());
+    EXPECT_EQ(nameOf("es"), QStringLiteral("Spanish"));
+    EXPECT_NE(nameOf("en"), nameOf("en-US"));
+    QLocale::setDefault(before);
 }
 
 TEST_F(OCRTranslationServiceTest, AStopEndsTheRun) {

@@ -18,11 +18,12 @@ constexpr const auto& enumTable(CaptureKind) {
 }
 
 /// What other programs may ask for in advance.
-inline constexpr EnumTable<CaptureAction, 4> requestableActions = {{
+inline constexpr EnumTable<CaptureAction, 5> requestableActions = {{
     {CaptureAction::edit, "edit"},
     {CaptureAction::copy, "copy"},
     {CaptureAction::save, "save"},
     {CaptureAction::pin, "pin"},
+    {CaptureAction::ocr, "ocr"},
 }};
 constexpr const auto& enumTable(CaptureAction) {
     return requestableActions;

@@ -52,12 +52,24 @@ Window {
                 Layout.fillHeight: true
                 controller: window.controller
             }
+            // In the place of the style's panel, so that the picture keeps its room.
+            Loader {
+                Layout.fillHeight: true
+                Layout.preferredWidth: window.panelWidth
+                active: window.controller.text.isShown
+                visible: active
+                sourceComponent: TextResults {
+                    panel: window.controller.text
+                    commands: window.controller.commands
+                    onWidened: by => window.widenPanel(by)
+                }
+            }
             RightPanel {
                 Layout.fillHeight: true
-                Layout.preferredWidth: window.controller.isPanelShown ? window.panelWidth : 0
+                Layout.preferredWidth: window.controller.isPanelShown && !window.controller.text.isShown ? window.panelWidth : 0
                 visible: Layout.preferredWidth > 0
                 controller: window.controller
-                onWidened: by => window.panelWidth = Math.max(190, Math.min(420, window.panelWidth + by))
+                onWidened: by => window.widenPanel(by)
             }
         }
         ThemeStrip {
@@ -106,6 +118,9 @@ Window {
     }
     Toast { id: toast }
 
+    function widenPanel(by) {
+        panelWidth = Math.max(190, Math.min(420, panelWidth + by))
+    }
     function nameTheme(id, name) {
         naming.active = true
         naming.item.themeId = id

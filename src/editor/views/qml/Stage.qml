@@ -32,6 +32,18 @@ Item {
     }
     Loader {
         anchors.fill: board
+        // Marks, the crop frame and the eyedropper have the pointer to themselves.
+        active: stage.controller.text.hasResults && !stage.controller.isAnnotationMode
+            && !stage.controller.isCropMode && !stage.controller.colors.isPicking && !stage.controller.text.isChoosing
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
+        sourceComponent: TextHighlights {
+            panel: stage.controller.text
+            canvas: board
+        }
+    }
+    Loader {
+        anchors.fill: board
         active: stage.controller.isCropMode
         // Lies on the picture, which is never mirrored.
         LayoutMirroring.enabled: false
@@ -59,6 +71,22 @@ Item {
         visible: y > -height
         Behavior on y { NumberAnimation { duration: Theme.motion; easing.type: Easing.OutCubic } }
         sourceComponent: AnnotationPalette { controller: stage.controller }
+    }
+    Loader {
+        anchors.fill: board
+        active: stage.controller.text.isChoosing
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
+        sourceComponent: TextRegion {
+            panel: stage.controller.text
+            canvas: board
+        }
+    }
+    Loader {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Theme.medium + board.anchors.topMargin
+        active: stage.controller.text.isScanning
+        sourceComponent: ScanningNote { panel: stage.controller.text }
     }
     Component {
         id: menu

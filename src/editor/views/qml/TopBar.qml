@@ -116,6 +116,14 @@ Rectangle {
             implicitWidth: 22
             onClicked: redactionKinds.createObject(kindsButton).open()
         }
+        CommandButton {
+            objectName: "editor.readText"
+            commands: bar.commands
+            command: "readText"
+            symbol: bar.controller.text.isScanning ? "xmark" : "text.viewfinder"
+            tip: bar.controller.text.isScanning ? qsTranslate("Kestrio", "Scanning text... Click to stop.") : bar.commands.title(command)
+            checked: bar.controller.text.isShown
+        }
         Item { Layout.fillWidth: true }
         IconButton {
             objectName: "marksHidden"
@@ -141,8 +149,12 @@ Rectangle {
         }
         IconButton {
             symbol: "sidebar.right"
-            tip: bar.controller.isPanelShown ? qsTranslate("Kestrio", "Hide the panel") : qsTranslate("Kestrio", "Show the panel")
-            onClicked: bar.controller.isPanelShown = !bar.controller.isPanelShown
+            readonly property bool hides: bar.controller.isPanelShown || bar.controller.text.isShown
+            tip: hides ? qsTranslate("Kestrio", "Hide the panel") : qsTranslate("Kestrio", "Show the panel")
+            onClicked: {
+                bar.controller.isPanelShown = !hides
+                bar.controller.text.isShown = false
+            }
         }
         Separator { Layout.leftMargin: 4; Layout.rightMargin: 4 }
         CommandButton {

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QLocale>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace kestrio {
@@ -105,7 +106,9 @@ QString apertiumText(const QByteArray& answer) {
             text += byte;
         }
     }
-    return QString::fromUtf8(text).trimmed();
+    // Words that the target language does without leave their spaces.
+    static const QRegularExpression spaces(QStringLiteral(" {2,}"));
+    return QString::fromUtf8(text).replace(spaces, QStringLiteral(" ")).trimmed();
 }
 
 }  // namespace kestrio

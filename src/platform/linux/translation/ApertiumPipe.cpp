@@ -3,9 +3,9 @@
 #include "platform/Translator.h"
 #include "platform/linux/translation/ApertiumModes.h"
 
-#include <signal.h>
 #include <unistd.h>
 #include <QCoreApplication>
+#include <csignal>
 
 namespace kestrio {
 

@@ -33,6 +33,7 @@ Task<std::vector<LanguagePair>> ApertiumTranslator::pairs(std::stop_token stop) 
     auto reading = installedModes(installation_, std::move(stop));
     const std::vector<ApertiumMode> modes = co_await reading;
     std::vector<LanguagePair> pairs;
+    pairs.reserve(modes.size());
     for (const ApertiumMode& mode : modes)
         pairs.push_back(mode.pair);
     co_return pairs;
