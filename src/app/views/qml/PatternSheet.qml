@@ -12,8 +12,8 @@ Sheet {
     title: panel.sheetTitle
     sheetWidth: 460
     onClosed: {
-        isShown = Qt.binding(() => panel.isSheetShown)
         panel.closeSheet()
+        isShown = Qt.binding(() => panel.isSheetShown)
     }
     onIsShownChanged: if (isShown) nameBox.forceActiveFocus()
 

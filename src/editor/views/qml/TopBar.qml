@@ -139,6 +139,11 @@ Rectangle {
             font.pixelSize: Theme.captionSize
             color: Theme.secondaryText
             visible: bar.width > 1040
+            // It is the first to go where words are long.
+            opacity: width < implicitWidth ? 0 : 1
+            Layout.fillWidth: true
+            Layout.minimumWidth: 0
+            Layout.maximumWidth: implicitWidth
             Layout.rightMargin: Theme.small
         }
         IconButton {
