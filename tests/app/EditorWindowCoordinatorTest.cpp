@@ -41,7 +41,8 @@ TEST_F(EditorWindowCoordinatorTest, TheTextOfACaptureIsReadWhereThatWasAskedFor)
     with.screenCapture = service;
     with.sessions = std::make_shared<SessionArbiter>();
     with.editors = editors;
-    with.editorSteps = standardEditorSteps();
+    with.editorSteps = standardEditorSteps(
+        std::make_shared<AppSettingsService>(std::make_shared<MemoryUserDefaults>()));
     CaptureCoordinator captures(with);
     recognizer->lines = {evenLine(QStringLiteral("Hello"), QRectF(2, 2, 20, 8))};
     for (const CaptureAction action : {CaptureAction::edit, CaptureAction::ocr}) {

@@ -257,6 +257,8 @@ void CaptureCoordinator::openEditor(const Acquired& acquired, const QString& nam
     }
     // Afterwards: an editor that is closed for it takes the picture before with it.
     set_lastCapturedImage(outcome.capturedImage);
+    // A long picture was no choice of the overlay, and takes longer to search than anybody waits.
+    if (acquired.document) return;
     // Once the window is up.
     QMetaObject::invokeMethod(
         this,

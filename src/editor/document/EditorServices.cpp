@@ -13,8 +13,9 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.stylePersistence = std::make_shared<EditorStylePersistenceService>(userDefaults);
     services.themes = std::make_shared<ThemeStorageService>(userDefaults);
     services.enhancement = std::make_shared<AIEnhancementService>();
+    services.ocr = std::make_shared<OCRService>(platform.textRecognizer);
     services.detector = std::make_shared<SensitiveInfoDetector>(
-        std::make_shared<OCRService>(platform.textRecognizer),
+        services.ocr,
         std::make_shared<PatternMatcher>(std::make_shared<PatternStorageService>(userDefaults)));
     services.redaction = std::make_shared<RedactionService>();
     services.settings = std::make_shared<AppSettingsService>(userDefaults);
@@ -25,7 +26,6 @@ EditorServices makeEditorServices(const PlatformServices& platform,
     services.fileReveal = platform.fileReveal;
     services.sharing = platform.sharing;
     services.appearance = platform.appearance;
-    services.ocr = std::make_shared<OCRService>(platform.textRecognizer);
     services.translation =
         std::make_shared<OCRTranslationService>(platform.translator, platform.languageIdentifier);
     return services;
