@@ -21,6 +21,8 @@ namespace {
 constexpr double leastConfidence = 0.55;
 /// The same for a line of one character or two, as which much of a picture may pass.
 constexpr double leastShortConfidence = 0.8;
+/// The same for a line of which the edge of the picture leaves a part.
+constexpr double leastCutConfidence = 0.9;
 
 QStringList readCharacters(const QByteArray& path) {
     QFile file(QFile::decodeName(path));
@@ -75,6 +77,14 @@ bool isText(const Glyphs& glyphs) {
 
 bool hasEastAsian(const Glyphs& glyphs) {
     return countOf(glyphs, Script::ideograph) + countOf(glyphs, Script::kana) > 0;
+}
+
+/// Whether the region's upper or lower edge runs through the line.
+bool isCutOff(const LineImage& image, QRect region) {
+    const bool isTopCut = image.top == 0 && image.area.top() == region.top();
+    const bool isBottomCut =
+        image.bottom == image.ink.height && image.area.bottom() == region.bottom();
+    return isTopCut || isBottomCut;
 }
 
 /// Boxes and crosses pass for ideographs: a few of them count only beside a line of more.
@@ -162,7 +172,8 @@ std::vector<RecognizedLine> TextEngine::read(const TextRecognitionRequest& reque
     forEachIndex(areas.size(), [&](size_t index) {
         if (stop.stop_requested()) throw Cancelled();
         images[index] = lineImage(picture, areas[index]);
-        readings[index] = readLine(images[index], page, stop);
+        const bool isCut = isCutOff(images[index], region);
+        readings[index] = readLine(images[index], isCut, page, stop);
     });
     dropLoneIdeographs(readings);
     std::vector<RecognizedLine> lines;
@@ -173,10 +184,11 @@ std::vector<RecognizedLine> TextEngine::read(const TextRecognitionRequest& reque
     return lines;
 }
 
-Glyphs TextEngine::readLine(const LineImage& image, PageLanguages& page,
+Glyphs TextEngine::readLine(const LineImage& image, bool isCut, PageLanguages& page,
                             const std::stop_token& stop) const {
     if (image.isEmpty()) return {};
     Glyphs glyphs = reader_->read(image, stop);
+    if (isCut && meanConfidence(glyphs) < leastCutConfidence) return {};
     placeGlyphs(glyphs, image);
     glyphs = eastAsian_->improved(image, std::move(glyphs), *reader_, page, stop);
     if (glyphs.empty() || !isText(glyphs)) return {};

@@ -24,7 +24,8 @@ class TextEngine {
   private:
     std::vector<QRect> findAreas(const QImage& picture, QRect region,
                                  const std::stop_token& stop) const;
-    Glyphs readLine(const LineImage& image, PageLanguages& page, const std::stop_token& stop) const;
+    Glyphs readLine(const LineImage& image, bool isCut, PageLanguages& page,
+                    const std::stop_token& stop) const;
 
     std::unique_ptr<TextAreaFinder> finder_;
     std::unique_ptr<LineReader> reader_;
