@@ -5,6 +5,7 @@
 #include "platform/linux/recognition/TextEngine.h"
 
 #include <malloc.h>
+#include <sys/mman.h>
 #include <QFile>
 
 namespace kestrio {
@@ -24,6 +25,23 @@ class JoinedStop {
     std::stop_callback<std::function<void()>> first_;
     std::stop_callback<std::function<void()>> second_;
 };
+
+/// Gives back the memory of code and constants of libraries that stay mapped after they are closed,
+/// as those with unique symbols do. These pages are read from the file again where they are wanted.
+void dropCodePages(const QByteArray& library) {
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    if (!maps.open(QIODevice::ReadOnly)) return;
+    for (const QByteArray& line : maps.readAll().split('\n')) {
+        // The part at the file's beginning holds constants; what the loader has written stands
+        // later.
+        const bool isUnwritten = line.contains(" r-xp ") || line.contains(" r--p 00000000 ");
+        if (!isUnwritten || !line.contains(library)) continue;
+        const QByteArrayList range = line.left(line.indexOf(' ')).split('-');
+        const quintptr start = range.value(0).toULongLong(nullptr, 16);
+        const quintptr end = range.value(1).toULongLong(nullptr, 16);
+        if (start < end) madvise(reinterpret_cast<void*>(start), end - start, MADV_DONTNEED);
+    }
+}
 
 }  // namespace
 
@@ -74,6 +92,7 @@ void EngineTextRecognizer::release() {
     queue_.async([engine = engine_, isLoaded = isLoaded_] {
         engine->reset();
         *isLoaded = false;
+        dropCodePages("libonnxruntime");
         malloc_trim(0);  // what the models took is in pieces that the allocator would keep
     });
 }
