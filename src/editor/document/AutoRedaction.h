@@ -19,7 +19,7 @@ class AutoRedaction : public QObject {
 
     /// Searches the picture and adds one mark for each place, as one step of undo; what came of it
     /// becomes the document's toastMessage or errorMessage. A picture that is replaced or cut
-    /// meanwhile is searched anew. Does nothing while it goes on already, and says nothing after
+    /// meanwhile is searched again. Does nothing while it goes on already, and says nothing after
     /// cancel().
     Task<> autoRedact();
     void cancel() { stop_.request_stop(); }

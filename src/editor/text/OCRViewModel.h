@@ -25,7 +25,7 @@ class OCRViewModel : public QObject {
     /// One for each result, in the same order.
     PUBLISHED(std::vector<OCRRegion>, highlightedRegions, {})
     PUBLISHED_WRITABLE(bool, showResultsPanel, false)
-    /// Empty where there is none.
+    /// Empty without an error.
     PUBLISHED(QString, errorMessage, {})
     PUBLISHED(QString, successMessage, {})
     /// The pointer chooses the region of the next scan.

@@ -24,7 +24,7 @@ struct LineImage {
 inline constexpr int inkLimit = 150;
 inline constexpr int paleInkLimit = 205;
 
-/// The line in an area that was found roughly: what belongs to the lines above and below is told by
+/// The line in an area that was found roughly: what belongs to the lines above and below is recognised by
 /// the empty rows between. Empty where nothing in the area stands out.
 LineImage lineImage(const QImage& picture, QRect area);
 

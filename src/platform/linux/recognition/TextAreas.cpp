@@ -40,6 +40,15 @@ SearchPlan searchPlan(QRect region) {
     }
 }
 
+bool isCutByTile(QRect area, QRect tile, QRect region) {
+    constexpr int closeness = 2;  // pixels
+    if (area.height() > tileOverlap - closeness) return false;
+    const bool isAtTop = tile.top() > region.top() && area.top() <= tile.top() + closeness;
+    const bool isAtBottom =
+        tile.bottom() < region.bottom() && area.bottom() >= tile.bottom() - closeness;
+    return isAtTop || isAtBottom;
+}
+
 std::vector<QRect> joinedAreas(std::vector<QRect> areas) {
     std::sort(areas.begin(), areas.end(),
               [](const QRect& a, const QRect& b) { return a.left() < b.left(); });

@@ -16,6 +16,9 @@ struct SearchPlan {
 /// The copy is as small as small type allows, and cut where it takes too much memory at once.
 SearchPlan searchPlan(QRect region);
 
+/// Whether an inner edge of a tile runs through the area, which the next tile has whole.
+bool isCutByTile(QRect area, QRect tile, QRect region);
+
 /// Areas that are one line: those that overlap, as at the edges of tiles, and neighbours in a row
 /// that are no further apart than words. The order is any.
 std::vector<QRect> joinedAreas(std::vector<QRect> areas);

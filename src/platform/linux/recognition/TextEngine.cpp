@@ -151,7 +151,8 @@ std::vector<QRect> TextEngine::findAreas(const QImage& picture, QRect region,
     std::vector<QRect> areas;
     for (const QRect& tile : plan.tiles) {
         const auto found = finder_->find(picture, tile, plan.scale, stop);
-        areas.insert(areas.end(), found.begin(), found.end());
+        std::copy_if(found.begin(), found.end(), std::back_inserter(areas),
+                     [&](QRect area) { return !isCutByTile(area, tile, region); });
     }
     return joinedAreas(std::move(areas));
 }
