@@ -47,7 +47,7 @@ class OCRViewModel : public QObject {
     void clear();
 
     /// The number of the region at a point in fractions from the bottom left, the smallest of
-    /// several; -1 where there is none.
+    /// several; -1 beside all of them.
     int regionAt(const QPointF& place) const;
 
     /// These put texts on the clipboard. Numbers count results; of others nothing is copied.

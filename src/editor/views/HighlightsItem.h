@@ -13,7 +13,7 @@ class HighlightsItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(kestrio::TextPanel* panel READ panel WRITE setPanel NOTIFY panelChanged)
-    /// The number of the block under the pointer; -1 where there is none.
+    /// The number of the block under the pointer; -1 beside all of them.
     Q_PROPERTY(int hovered READ hovered WRITE setHovered NOTIFY hoveredChanged)
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY colorChanged)
 
@@ -25,7 +25,7 @@ class HighlightsItem : public QQuickItem {
     int hovered() const { return hovered_; }
     void setHovered(int index);
 
-    /// The block at a point of the item; -1 where there is none.
+    /// The block at a point of the item; -1 beside all of them.
     Q_INVOKABLE int blockAt(const QPointF& place) const;
     /// Where a block is, in points of the item.
     Q_INVOKABLE QRectF blockRect(int index) const;
