@@ -29,7 +29,8 @@ struct RecognizedLine {
 struct TextRecognitionRequest {
     QImage picture;
     QRect region;           ///< pixels of the picture; empty for all of it
-    QStringList languages;  ///< BCP 47 tags of what may be written there, the likeliest first
+    QStringList languages;  ///< BCP 47 tags of what may be written there, the likeliest first;
+                            ///< empty for all that the engine knows
 };
 
 /// Text could not be read.

@@ -20,9 +20,6 @@ namespace kestrio {
 
 namespace {
 
-// Nobody waits before a window here: a long scrolled page may take its time, but not for ever.
-constexpr std::chrono::minutes longestReading(5);
-
 struct OcrOptions {
     QString input;
     std::optional<QRect> region;  // pixels
@@ -82,7 +79,8 @@ QByteArray documentOf(const OcrOptions& options,
 }
 
 Task<ExitStatus> readText(OcrOptions options, std::stop_token stop) {
-    const auto service = std::make_shared<OCRService>(makeTextRecognizer(), longestReading);
+    const auto service =
+        std::make_shared<OCRService>(makeTextRecognizer(), OCRService::unattendedTimeout);
     // Said at once, and not after a large picture was decoded.
     if (const QString obstacle = service->obstacle(); !obstacle.isEmpty())
         throw OCRError::recognitionFailed(obstacle);

@@ -6,7 +6,8 @@
 
 namespace kestrio {
 
-/// The text of a picture, a line for each of its own, in their order; empty for a picture without text.
+/// The text of a picture, a line for each of its own, in their order; empty for a picture without
+/// text.
 QByteArray plainTextOf(const std::vector<OCRResultWithConfidence>& results);
 
 /// The same with what is known of each line: "rect" is left, top, width and height in pixels from

@@ -15,9 +15,6 @@ namespace kestrio {
 
 namespace {
 
-// Nobody waits before a window here: a long scrolled page may take its time, but not for ever.
-constexpr std::chrono::minutes longestReading(5);
-
 struct RedactOptions {
     RedactRun run;
     bool isJson = false;
@@ -106,7 +103,8 @@ std::shared_ptr<PatternMatcherProtocol> matcherFor(const std::set<SensitiveInfoT
 }
 
 Task<ExitStatus> redact(RedactOptions options, std::stop_token stop) {
-    const auto reading = std::make_shared<OCRService>(makeTextRecognizer(), longestReading);
+    const auto reading =
+        std::make_shared<OCRService>(makeTextRecognizer(), OCRService::unattendedTimeout);
     // Said at once, and not after a large picture was decoded.
     if (const QString obstacle = reading->obstacle(); !obstacle.isEmpty())
         throw OCRError::recognitionFailed(obstacle);

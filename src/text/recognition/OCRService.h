@@ -15,6 +15,9 @@ class OCRService : public OCRServiceProtocol {
   public:
     /// How long reading may take in a window. What is over it is stopped.
     static constexpr std::chrono::milliseconds timeoutDuration{5000};
+    /// The same where nobody waits before a window: a long page may take its time, but not for
+    /// ever.
+    static constexpr std::chrono::minutes unattendedTimeout{5};
 
     /// `recognizer` may be null where the desktop has none.
     explicit OCRService(std::shared_ptr<TextRecognizer> recognizer,

@@ -44,11 +44,13 @@ bool isDoubtful(const LineImage& line, const Glyphs& glyphs) {
 }  // namespace
 
 Glyphs EastAsianReader::readAs(Language language, const LineImage& line, const Glyphs& first,
-                               const LineReader& reader, const std::stop_token& stop) {
+                               const LineReader& reader, const PageLanguages& page,
+                               const std::stop_token& stop) {
     constexpr int fewestKana = 2;
     constexpr double kanaShare = 0.15;
     constexpr double leastAgreement = 0.8;
     const bool isJapanese = language == Language::japanese;
+    if (!(isJapanese ? page.mayBeJapanese : page.mayBeTraditional)) return {};
     const Glyphs second = library_.read(line, isJapanese ? "jpn" : "chi_tra", stop);
     if (second.empty() || meanConfidence(second) < leastLine) return {};
     if (isJapanese) {
@@ -76,11 +78,11 @@ Glyphs EastAsianReader::improved(const LineImage& line, Glyphs first, const Line
     const bool isTraditionalLikelier = page.traditionalLines > 2 && page.japaneseLines == 0;
     const double leastBeforeJapanese = 0.85;
     if (isTraditionalLikelier) {
-        Glyphs better = readAs(Language::traditionalChinese, line, first, reader, stop);
+        Glyphs better = readAs(Language::traditionalChinese, line, first, reader, page, stop);
         if (meanConfidence(better) >= leastBeforeJapanese) return better;
     }
     for (const Language language : {Language::japanese, Language::traditionalChinese}) {
-        Glyphs better = readAs(language, line, first, reader, stop);
+        Glyphs better = readAs(language, line, first, reader, page, stop);
         if (better.empty()) continue;
         ++(language == Language::japanese ? page.japaneseLines : page.traditionalLines);
         return better;

@@ -7,8 +7,11 @@
 
 namespace kestrio {
 
-/// What the lines of a picture so far were written in: most are of one language.
+/// What lines of a picture may be written in, and what those so far were written in: most are of
+/// one language.
 struct PageLanguages {
+    bool mayBeJapanese = true;
+    bool mayBeTraditional = true;
     std::atomic<int> japaneseLines{0};
     std::atomic<int> traditionalLines{0};
 };
@@ -27,7 +30,7 @@ class EastAsianReader {
     enum class Language { japanese, traditionalChinese };
 
     Glyphs readAs(Language language, const LineImage& line, const Glyphs& first,
-                  const LineReader& reader, const std::stop_token& stop);
+                  const LineReader& reader, const PageLanguages& page, const std::stop_token& stop);
 
     TesseractLibrary library_;
 };

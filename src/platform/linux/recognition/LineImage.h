@@ -24,8 +24,8 @@ struct LineImage {
 inline constexpr int inkLimit = 150;
 inline constexpr int paleInkLimit = 205;
 
-/// The line in an area that was found roughly: what belongs to the lines above and below is recognised by
-/// the empty rows between. Empty where nothing in the area stands out.
+/// The line in an area that was found roughly: what belongs to the lines above and below is
+/// recognised by the empty rows between. Empty where nothing in the area stands out.
 LineImage lineImage(const QImage& picture, QRect area);
 
 /// Whether each column of the plane has ink below this value in the line's rows.

@@ -69,7 +69,7 @@ void correctCase(Glyphs& glyphs, const LineImage& line) {
     }
 }
 
-bool isDigitLike(const QString& character) {
+bool isDigit(const QString& character) {
     return isIn(character, "0123456789");
 }
 
@@ -98,7 +98,7 @@ void correctDigits(Glyphs& glyphs) {
             const bool looksLikeDigit = isIn(text, "OoIl|");
             const bool belongs = isColor ? isHexadecimal(text) : isIn(text, "0123456789.,:%$+-/");
             if (!looksLikeDigit && !belongs) break;
-            digits += isDigitLike(text);
+            digits += isDigit(text);
             alike += looksLikeDigit;
         }
         const auto isLetter = [&glyphs](size_t at) {

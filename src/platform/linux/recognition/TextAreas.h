@@ -20,7 +20,7 @@ SearchPlan searchPlan(QRect region);
 bool isCutByTile(QRect area, QRect tile, QRect region);
 
 /// Areas that are one line: those that overlap, as at the edges of tiles, and neighbours in a row
-/// that are no further apart than words. The order is any.
+/// that nearly touch. Columns of a table stay apart. The order is any.
 std::vector<QRect> joinedAreas(std::vector<QRect> areas);
 
 /// From the top to the bottom, and in a row from the left; lines are in a row where their middles

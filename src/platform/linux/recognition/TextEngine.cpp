@@ -2,6 +2,7 @@
 
 #include "core/Cancelled.h"
 #include "core/Localisation.h"
+#include "core/Priority.h"
 #include "platform/linux/recognition/LineSpelling.h"
 #include "platform/linux/recognition/TextAreas.h"
 
@@ -59,7 +60,10 @@ void forEachIndex(size_t count, const std::function<void(size_t)>& work) {
     {
         std::vector<std::jthread> helpers;
         for (int helper = 1; helper < coreCount(); ++helper)
-            helpers.emplace_back(run);
+            helpers.emplace_back([&run] {
+                stepBackForOthers();
+                run();
+            });
         run();
     }
     if (failure) std::rethrow_exception(failure);
@@ -77,6 +81,13 @@ bool isText(const Glyphs& glyphs) {
 
 bool hasEastAsian(const Glyphs& glyphs) {
     return countOf(glyphs, Script::ideograph) + countOf(glyphs, Script::kana) > 0;
+}
+
+/// Whether the picture may hold this language.
+bool isAsked(const TextRecognitionRequest& request, const QString& language) {
+    return request.languages.isEmpty() ||
+           std::any_of(request.languages.begin(), request.languages.end(),
+                       [&](const QString& tag) { return tag.startsWith(language); });
 }
 
 /// Whether the region's upper or lower edge runs through the line.
@@ -170,6 +181,8 @@ std::vector<RecognizedLine> TextEngine::read(const TextRecognitionRequest& reque
     std::vector<LineImage> images(areas.size());
     std::vector<Glyphs> readings(areas.size());
     PageLanguages page;
+    page.mayBeJapanese = isAsked(request, QStringLiteral("ja"));
+    page.mayBeTraditional = isAsked(request, QStringLiteral("zh-Hant"));
     forEachIndex(areas.size(), [&](size_t index) {
         if (stop.stop_requested()) throw Cancelled();
         images[index] = lineImage(picture, areas[index]);
